@@ -1,0 +1,11 @@
+# Built here from the sources Debian ships, never from its ready-made archive: so it follows the
+# word size and the sanitizers of the build it tests.
+find_path(GOOGLETEST_SOURCE_DIR googletest/include/gtest/gtest.h PATHS /usr/src/googletest
+          NO_DEFAULT_PATH)
+
+if(GOOGLETEST_SOURCE_DIR)
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+else()
+  message(STATUS "The googletest package is not installed: building without tests")
+endif()

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "ICIMNamespace.h"
+#include "TElementFinder.h"
+
+namespace NZELVYR20 {
+
+/// From which instance to follow associations, and which; empty texts mean no restriction.
+struct TTraversal {
+  std::string path;
+  std::string assocClass;
+  std::string resultClass;
+  std::string role;
+  std::string resultRole;
+};
+
+/// The commands that follow associations. Each returns paths, one per line, each once and in order
+/// of first appearance; what the user names and the namespace lacks is a TCommandError.
+class TAssociationCommands {
+ public:
+  explicit TAssociationCommands(boost::shared_ptr<ICIMNamespace> nameSpace);
+
+  /// The instances at the far ends. The repository's query requires a result class; without one
+  /// it is asked for every class directly below the root.
+  std::string Associators(const TTraversal& traversal) const;
+
+  /// The association instances themselves.
+  std::string References(const TTraversal& traversal) const;
+
+ private:
+  std::string ResolveClass(const std::string& className) const;
+  void CheckRole(const std::string& role) const;
+
+  boost::shared_ptr<ICIMNamespace> namespace_;
+  TElementFinder finder_;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "ICIMNamespace.h"
+#include "TClassTree.h"
+
+namespace NZELVYR20 {
+
+/// The commands that print classes. Each returns its whole output; a class that the namespace
+/// lacks is a TCommandError. Where a class name may be empty, that means all classes.
+class TClassCommands {
+ public:
+  explicit TClassCommands(boost::shared_ptr<ICIMNamespace> nameSpace);
+
+  /// A class and its descendants in order of their names.
+  std::string List(const std::string& className) const;
+
+  /// The same classes as a drawing of their hierarchy.
+  std::string Tree(const std::string& className) const;
+
+  /// One class with its qualifiers, properties and methods.
+  std::string Describe(const std::string& className) const;
+
+ private:
+  TClassList FindStart(const std::string& className) const;
+
+  boost::shared_ptr<ICIMNamespace> namespace_;
+};
+
+}  // namespace NZELVYR20

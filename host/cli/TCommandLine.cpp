@@ -1,0 +1,237 @@
+#include "TCommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "TAssociationCommands.h"
+#include "TClassCommands.h"
+#include "TCommandError.h"
+#include "TInstanceCommands.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using TNamespacePtr = boost::shared_ptr<ICIMNamespace>;
+
+constexpr auto kVersion = "vyrhost 1.0.0";
+
+constexpr auto kFooter =
+    "An object path is a class name with key values, as 'instances' prints it:\n"
+    "  vyrhost show 'CIM_Disk.DeviceID=\"sda\",SystemName=\"box\"'\n\n"
+    "Options may also follow the command.\n"
+    "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line.";
+
+constexpr auto kResultClassNote =
+    "The repository answers this query for one result class at a time. Without --result-class\n"
+    "every class directly below the root is asked for, in turn. Each result is printed once.";
+
+/// What follows the name of a command.
+struct TArguments {
+  std::string name;
+  bool isDeep = true;
+  bool isTree = false;
+  TTraversal traversal;
+};
+
+using TCommand = std::string (*)(const TNamespacePtr&, const TArguments&);
+
+class TParser {
+ public:
+  TParser();
+
+  TInvocation Parse(int argc, char** argv);
+
+ private:
+  void AddHostOptions();
+  void AddInstanceCommands();
+  void AddClassCommands();
+  void AddAssociationCommands();
+  void AddTraversalOptions(CLI::App& command, const std::string& resultClassHelp,
+                           const std::string& roleHelp);
+  CLI::App* AddCommand(const std::string& name, const std::string& help, ENeeds needs,
+                       TCommand command);
+
+  CLI::App* FindNamedCommand() const;
+  TInvocation Print(const std::string& text) const;
+  std::string DescribeError(const CLI::ParseError& error) const;
+  std::string HelpCommand() const;
+
+  CLI::App app_;
+  THostOptions options_;
+  TArguments arguments_;
+  ENeeds needs_ = ENeeds::kInstances;
+  TCommand command_ = [](const TNamespacePtr& nameSpace, const TArguments&) {
+    return TInstanceCommands(nameSpace).Overview();
+  };
+};
+
+TParser::TParser()
+    : app_(
+          "Collects the data of this machine into an in-memory CIM repository and prints it.\n"
+          "Without a command: everything that was collected, class by class.",
+          "vyrhost") {
+  app_.fallthrough();
+  app_.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  app_.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  app_.get_formatter()->label("Positionals", "Arguments");
+  app_.get_formatter()->label("REQUIRED", "");
+  app_.require_subcommand(0, 1);
+  app_.footer(kFooter);
+  app_.set_help_flag("-h,--help", "Print this help");
+  app_.set_version_flag("--version", kVersion, "Print the version");
+  AddHostOptions();
+  AddInstanceCommands();
+  AddClassCommands();
+  AddAssociationCommands();
+}
+
+void TParser::AddHostOptions() {
+  app_.add_option("--plugin", options_.plugin,
+                  "The repository's plug-in (default: libinmem.nsp.so beside the program)")
+      ->type_name("PATH");
+  app_.add_option("--root", options_.root,
+                  "Read a saved tree of a machine's files instead of this machine's")
+      ->type_name("DIR");
+  app_.add_option("--log-level", options_.logLevel,
+                  "The highest level of log messages to print (default: 3; -1 for none)")
+      ->type_name("N");
+  app_.add_flag("--quiet", options_.isQuiet, "Do not report what could not be read");
+}
+
+CLI::App* TParser::AddCommand(const std::string& name, const std::string& help, ENeeds needs,
+                              TCommand command) {
+  CLI::App* subCommand = app_.add_subcommand(name, help)->group("Commands");
+  // Unlike a plain callback, this one also runs for a command that stands after "--".
+  subCommand->parse_complete_callback([this, needs, command] {
+    needs_ = needs;
+    command_ = command;
+  });
+  return subCommand;
+}
+
+void TParser::AddInstanceCommands() {
+  CLI::App* instances =
+      AddCommand("instances", "List the instances of a class and its subclasses",
+                 ENeeds::kInstances, [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                   return TInstanceCommands(nameSpace).List(given.name, given.isDeep);
+                 });
+  instances->add_option("CLASS", arguments_.name, "The class")->required()->type_name("");
+  instances->add_flag("--deep,!--no-deep", arguments_.isDeep,
+                      "With or without the instances of subclasses (default: with)");
+
+  CLI::App* show =
+      AddCommand("show", "Show one instance with all its properties", ENeeds::kInstances,
+                 [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                   return TInstanceCommands(nameSpace).Show(given.name);
+                 });
+  show->add_option("OBJECT-PATH", arguments_.name, "The instance")->required()->type_name("");
+}
+
+void TParser::AddClassCommands() {
+  CLI::App* classes =
+      AddCommand("classes", "List the classes, or draw their hierarchy", ENeeds::kSchema,
+                 [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                   const TClassCommands commands(nameSpace);
+                   return given.isTree ? commands.Tree(given.name) : commands.List(given.name);
+                 });
+  classes->add_option("CLASS", arguments_.name, "This class and its subclasses only")
+      ->type_name("");
+  classes->add_flag("--tree", arguments_.isTree, "Draw the hierarchy");
+
+  CLI::App* describe = AddCommand("class", "Describe one class", ENeeds::kSchema,
+                                  [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                                    return TClassCommands(nameSpace).Describe(given.name);
+                                  });
+  describe->add_option("CLASS", arguments_.name, "The class")->required()->type_name("");
+}
+
+void TParser::AddAssociationCommands() {
+  CLI::App* associators =
+      AddCommand("associators", "List the instances that are associated with one",
+                 ENeeds::kInstances, [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                   return TAssociationCommands(nameSpace).Associators(given.traversal);
+                 });
+  AddTraversalOptions(*associators, "Only results of this class or a subclass",
+                      "The property of the association that is the given instance's end");
+  associators
+      ->add_option("--assoc-class", arguments_.traversal.assocClass,
+                   "Only through associations of this class or a subclass")
+      ->type_name("CLASS");
+  associators
+      ->add_option("--result-role", arguments_.traversal.resultRole,
+                   "The property that is the results' end; --role then has no effect")
+      ->type_name("PROPERTY");
+  associators->footer(kResultClassNote);
+
+  CLI::App* references =
+      AddCommand("references", "List the association instances that refer to one",
+                 ENeeds::kInstances, [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                   return TAssociationCommands(nameSpace).References(given.traversal);
+                 });
+  AddTraversalOptions(*references, "Only associations of this class or a subclass",
+                      "Only where this property of the association refers to the instance");
+}
+
+void TParser::AddTraversalOptions(CLI::App& command, const std::string& resultClassHelp,
+                                  const std::string& roleHelp) {
+  command.add_option("OBJECT-PATH", arguments_.traversal.path, "The instance to start from")
+      ->required()
+      ->type_name("");
+  command.add_option("--result-class", arguments_.traversal.resultClass, resultClassHelp)
+      ->type_name("CLASS");
+  command.add_option("--role", arguments_.traversal.role, roleHelp)->type_name("PROPERTY");
+}
+
+TInvocation TParser::Parse(int argc, char** argv) {
+  try {
+    app_.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return Print(app_.help());
+  } catch (const CLI::CallForVersion&) {
+    return Print(std::string(kVersion) + "\n");
+  } catch (const CLI::ParseError& error) {
+    throw TUsageError(DescribeError(error), HelpCommand());
+  }
+  return {options_, needs_,
+          [command = command_, arguments = arguments_](const TNamespacePtr& nameSpace) {
+            return command(nameSpace, arguments);
+          }};
+}
+
+TInvocation TParser::Print(const std::string& text) const {
+  return {options_, ENeeds::kNothing, [text](const TNamespacePtr&) { return text; }};
+}
+
+/// Empty when the error came before a command.
+CLI::App* TParser::FindNamedCommand() const {
+  const std::vector<CLI::App*> commands = app_.get_subcommands();
+  return commands.empty() ? nullptr : commands.front();
+}
+
+/// A surplus argument is the likeliest mistake, whatever else is wrong; the parser's own words
+/// come last in that case, and list all of them.
+std::string TParser::DescribeError(const CLI::ParseError& error) const {
+  const std::vector<std::string> surplus = app_.remaining(true);
+  const auto first = std::find_if(surplus.begin(), surplus.end(),
+                                  [](const std::string& argument) { return argument != "--"; });
+  if (first == surplus.end()) {
+    return error.what();
+  }
+  const std::string kind = first->rfind('-', 0) == 0 ? "unknown option "
+                           : FindNamedCommand()      ? "unexpected argument "
+                                                     : "unknown command ";
+  return kind + *first;
+}
+
+std::string TParser::HelpCommand() const {
+  const CLI::App* command = FindNamedCommand();
+  return "vyrhost " + (command ? command->get_name() + " " : std::string()) + "--help";
+}
+
+}  // namespace
+
+TInvocation TCommandLine::Parse(int argc, char** argv) { return TParser().Parse(argc, argv); }
+
+}  // namespace NZELVYR20

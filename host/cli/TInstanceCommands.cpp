@@ -1,0 +1,124 @@
+#include "TInstanceCommands.h"
+
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ICIMPropertyDecl.h"
+#include "ListElements.h"
+#include "TClassTree.h"
+#include "TElementFinder.h"
+#include "TPrinter.h"
+#include "TTable.h"
+#include "TText.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using TInstanceList = std::vector<boost::shared_ptr<ICIMInstance>>;
+
+TInstanceList ListInstances(ICIMClass& cimClass, bool deep) {
+  return ListElements<ICIMInstance>([&cimClass, deep](const TCIMInstanceCallback& callback) {
+    cimClass.EnumerateInstances(callback, deep, {});
+  });
+}
+
+std::vector<boost::shared_ptr<ICIMProperty>> ListProperties(ICIMInstance& instance) {
+  return ListElements<ICIMProperty>([&instance](const TCIMPropertyCallback& callback) {
+    instance.EnumerateProperties(callback, {});
+  });
+}
+
+std::string NameOf(const ICIMProperty& property) {
+  return property.GetDeclaration({})->GetName({});
+}
+
+std::string Summary(ICIMInstance& instance) {
+  TTable table(4);
+  for (const auto& property : ListProperties(instance)) {
+    if (!property->GetValue({}).IsNull()) {
+      table.AddRow({NameOf(*property), TPrinter::PropertyText(*property)});
+    }
+  }
+  return "  " + TPrinter::PathText(instance) + "\n" + table.ToString();
+}
+
+std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
+  std::vector<std::string> parts;
+  for (const auto& instance : instances) {
+    parts.push_back(Summary(*instance));
+  }
+  return cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")\n" +
+         TText::Join(parts, "\n");
+}
+
+std::set<std::string> ListKeyNames(ICIMClass& cimClass) {
+  std::set<std::string> names;
+  cimClass.EnumerateKeyNames(
+      [&names](const std::string* name) {
+        names.insert(*name);
+        return true;
+      },
+      {});
+  return names;
+}
+
+std::string Marks(const ICIMProperty& property, bool isKey) {
+  std::vector<std::string> marks;
+  if (isKey) {
+    marks.emplace_back("key");
+  }
+  if (property.IsDefaultValue({})) {
+    marks.emplace_back("default");
+  }
+  if (property.GetValue({}).IsNull()) {
+    marks.emplace_back("null");
+  }
+  return TText::Join(marks, ",");
+}
+
+}  // namespace
+
+TInstanceCommands::TInstanceCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
+    : namespace_(std::move(nameSpace)) {}
+
+std::string TInstanceCommands::Overview() const {
+  std::vector<std::string> sections;
+  for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
+    const TInstanceList instances = ListInstances(*cimClass, false);
+    if (!instances.empty()) {
+      sections.push_back(Section(*cimClass, instances));
+    }
+  }
+  return TText::Join(sections, "\n");
+}
+
+std::string TInstanceCommands::List(const std::string& className, bool deep) const {
+  std::string text;
+  for (const auto& instance :
+       ListInstances(*TElementFinder(namespace_).FindClass(className), deep)) {
+    text += TPrinter::PathText(*instance) + "\n";
+  }
+  return text;
+}
+
+std::string TInstanceCommands::Show(const std::string& path) const {
+  const auto instance = TElementFinder(namespace_).FindInstance(path);
+  const auto cimClass = instance->GetClass({});
+  const std::set<std::string> keys = ListKeyNames(*cimClass);
+
+  TTable table(0);
+  table.AddRow({"Property", "Type", "Marks", "Value"});
+  for (const auto& property : ListProperties(*instance)) {
+    const std::string name = NameOf(*property);
+    const auto& value = property->GetValue({});
+    table.AddRow({name, TPrinter::TypeText(property->GetType({})),
+                  Marks(*property, keys.count(name) > 0),
+                  value.IsNull() ? "" : TPrinter::PropertyText(*property)});
+  }
+  return "Class  " + cimClass->GetName({}) + "\nPath   " + TPrinter::PathText(*instance) + "\n\n" +
+         table.ToString();
+}
+
+}  // namespace NZELVYR20

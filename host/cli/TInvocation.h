@@ -1,0 +1,31 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "ICIMNamespace.h"
+
+namespace NZELVYR20 {
+
+/// The options that all commands share.
+struct THostOptions {
+  std::optional<std::string> plugin;  ///< none: the plug-in beside the program
+  std::string root = "/";
+  std::optional<int> logLevel;  ///< none: the logger's own threshold
+  bool isQuiet = false;
+};
+
+/// How much of the repository a command needs; each step includes the ones before.
+enum class ENeeds { kNothing, kSchema, kInstances };
+
+/// What the user asked for.
+struct TInvocation {
+  THostOptions options;
+  ENeeds needs = ENeeds::kInstances;
+  /// Renders the whole output; throws TCommandError. The namespace is empty for ENeeds::kNothing.
+  std::function<std::string(const boost::shared_ptr<ICIMNamespace>& nameSpace)> command;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+
+#include "ICIMClass.h"
+#include "ICIMInstance.h"
+#include "ICIMProperty.h"
+#include "TCIMValue.h"
+
+namespace NZELVYR20 {
+
+/// How the elements of the repository are written. Every text is a single line.
+class TPrinter {
+ public:
+  TPrinter() = delete;
+
+  /// The value of an instance's property.
+  static std::string PropertyText(const ICIMProperty& property);
+
+  /// Any other value, such as a default.
+  static std::string ValueText(const TCIMValue& value);
+
+  /// The type of a value; for a reference with the class to which it points.
+  static std::string TypeText(const TCIMValue& value);
+  static std::string TypeText(TCIMValue::TCIMType type);
+
+  /// The object path, as the commands accept it.
+  static std::string PathText(const ICIMInstance& instance);
+
+  /// "abstract", "association" or both; empty for any other class.
+  static std::string ClassMarks(const ICIMClass& cimClass);
+  /// The name, with the marks in brackets where there are any.
+  static std::string ClassText(const ICIMClass& cimClass);
+};
+
+}  // namespace NZELVYR20

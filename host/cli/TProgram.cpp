@@ -1,0 +1,70 @@
+#include "TProgram.h"
+
+#include <csignal>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "TCommandError.h"
+#include "TCommandLine.h"
+#include "TInvocation.h"
+#include "TMachineCollector.h"
+#include "TRepository.h"
+#include "TRootObject.h"
+#include "TStandardStreams.h"
+
+namespace NZELVYR20 {
+namespace {
+
+void Report(const std::string& kind, const std::string& message) {
+  TStandardStreams::WriteErrorLine("vyrhost: " + kind + ": " + message);
+}
+
+void Report(const TCollectorNote& note) {
+  Report("note", note.area + ": " + note.what + ": " + note.why);
+}
+
+int Finish(const std::string& output, const std::vector<TCollectorNote>& notes) {
+  if (!TStandardStreams::WriteOutput(output)) {
+    return 1;
+  }
+  for (const auto& note : notes) {
+    Report(note);
+  }
+  return 0;
+}
+
+int Execute(const TInvocation& invocation) {
+  if (invocation.needs == ENeeds::kNothing) {
+    return Finish(invocation.command({}), {});
+  }
+  if (invocation.options.logLevel) {
+    TRootObject::SetLogThreshold(*invocation.options.logLevel);
+  }
+  TRepository repository(invocation.options);
+  if (invocation.needs == ENeeds::kInstances) {
+    repository.Collect();
+  }
+  const std::string output = invocation.command(repository.GetNamespace());
+  return Finish(output,
+                invocation.options.isQuiet ? std::vector<TCollectorNote>() : repository.GetNotes());
+}
+
+}  // namespace
+
+int TProgram::Run(int argc, char** argv) {
+  // A reader that has gone must show as a failed write, which can be told from others.
+  std::signal(SIGPIPE, SIG_IGN);
+  try {
+    return Execute(TCommandLine::Parse(argc, argv));
+  } catch (const TUsageError& error) {
+    Report("error", error.what());
+    TStandardStreams::WriteErrorLine("Try '" + error.GetHelpCommand() + "'.");
+    return 2;
+  } catch (const std::exception& error) {
+    Report("error", error.what());
+    return 1;
+  }
+}
+
+}  // namespace NZELVYR20

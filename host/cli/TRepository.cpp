@@ -1,0 +1,43 @@
+#include "TRepository.h"
+
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "INamespaceProvider.h"
+#include "TCommandError.h"
+#include "TPluginLoader.h"
+#include "TVYRException.h"
+
+namespace NZELVYR20 {
+namespace {
+
+/// The collectors would report every single file of a root that is not there.
+std::string CheckRoot(const std::string& root) {
+  std::error_code error;
+  if (!std::filesystem::is_directory(root, error)) {
+    const auto why = error ? error : std::make_error_code(std::errc::not_a_directory);
+    throw TCommandError("--root \"" + root + "\": " + why.message());
+  }
+  return root;
+}
+
+}  // namespace
+
+TRepository::TRepository(const THostOptions& options) try
+    : collector_(CheckRoot(options.root)),
+      namespace_(TPluginLoader::LoadProvider(options.plugin)->AllocateNamespace({}, false)) {
+  TMachineCollector::DefineSchema(namespace_);
+} catch (const TVYRException& error) {
+  throw TCommandError(std::string("cannot define the schema: ") + error.what());
+}
+
+void TRepository::Collect() {
+  try {
+    notes_ = collector_.Collect(namespace_);
+  } catch (const TVYRException& error) {
+    throw TCommandError(std::string("cannot store the machine's data: ") + error.what());
+  }
+}
+
+}  // namespace NZELVYR20

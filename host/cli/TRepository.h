@@ -1,0 +1,30 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <vector>
+
+#include "ICIMNamespace.h"
+#include "TInvocation.h"
+#include "TMachineCollector.h"
+
+namespace NZELVYR20 {
+
+/// A namespace of the plug-in with the schema in it and, on demand, the machine's instances.
+class TRepository {
+ public:
+  /// Loads the plug-in and defines the schema. Throws TCommandError.
+  explicit TRepository(const THostOptions& options);
+
+  /// Reads the machine; what could not be read is in the notes. Throws TCommandError.
+  void Collect();
+
+  const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
+  const std::vector<TCollectorNote>& GetNotes() const { return notes_; }
+
+ private:
+  TMachineCollector collector_;
+  boost::shared_ptr<ICIMNamespace> namespace_;
+  std::vector<TCollectorNote> notes_;
+};
+
+}  // namespace NZELVYR20

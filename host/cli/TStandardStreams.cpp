@@ -1,0 +1,43 @@
+#include "TStandardStreams.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "TCommandError.h"
+#include "TText.h"
+
+namespace NZELVYR20 {
+namespace {
+
+/// 0, or the error number of the write that failed.
+int WriteAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = write(descriptor, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      return errno;
+    }
+  }
+  return 0;
+}
+
+}  // namespace
+
+bool TStandardStreams::WriteOutput(const std::string& text) {
+  const int error = WriteAll(STDOUT_FILENO, text);
+  if (error != 0 && error != EPIPE) {
+    throw TCommandError("standard output: " + std::generic_category().message(error));
+  }
+  return error == 0;
+}
+
+void TStandardStreams::WriteErrorLine(const std::string& line) {
+  WriteAll(STDERR_FILENO, TText::OneLine(line) + "\n");
+}
+
+}  // namespace NZELVYR20

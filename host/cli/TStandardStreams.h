@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace NZELVYR20 {
+
+/// Standard output and standard error, written without buffers so that every failure shows.
+class TStandardStreams {
+ public:
+  TStandardStreams() = delete;
+
+  /// Writes everything. False when nobody reads any more; every other failure throws
+  /// TCommandError.
+  static bool WriteOutput(const std::string& text);
+
+  /// Writes one line, and adds the line end. Failures have nowhere to go and are dropped.
+  static void WriteErrorLine(const std::string& line);
+};
+
+}  // namespace NZELVYR20

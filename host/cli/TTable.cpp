@@ -1,0 +1,52 @@
+#include "TTable.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace NZELVYR20 {
+namespace {
+
+constexpr std::size_t kGap = 2;
+
+std::string Line(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths,
+                 std::size_t indent) {
+  std::string line(indent, ' ');
+  for (std::size_t column = 0; column < cells.size(); ++column) {
+    line += cells[column];
+    if (column + 1 < cells.size()) {
+      line.append(widths[column] - cells[column].size() + kGap, ' ');
+    }
+  }
+  line.erase(line.find_last_not_of(' ') + 1);
+  return line + "\n";
+}
+
+}  // namespace
+
+TTable::TTable(std::size_t indent) : indent_(indent) {}
+
+void TTable::AddRow(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+
+std::vector<std::size_t> TTable::MeasureColumns() const {
+  std::vector<std::size_t> widths;
+  for (const auto& row : rows_) {
+    widths.resize(std::max(widths.size(), row.size()));
+    for (std::size_t column = 0; column + 1 < row.size(); ++column) {
+      widths[column] = std::max(widths[column], row[column].size());
+    }
+  }
+  return widths;
+}
+
+std::string TTable::ToString() const {
+  const std::vector<std::size_t> widths = MeasureColumns();
+  std::string text;
+  for (const auto& row : rows_) {
+    text += Line(row, widths, indent_);
+  }
+  return text;
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace NZELVYR20 {
+
+/// Rows of cells, laid out in columns that are as wide as their widest cell. The last cell of a
+/// row takes no part in that: it runs on as far as it needs.
+class TTable {
+ public:
+  /// `indent` blanks stand before every row.
+  explicit TTable(std::size_t indent);
+
+  void AddRow(std::vector<std::string> cells);
+
+  /// One line for each row, without blanks at its end.
+  std::string ToString() const;
+
+ private:
+  std::vector<std::size_t> MeasureColumns() const;
+
+  std::size_t indent_;
+  std::vector<std::vector<std::string>> rows_;
+};
+
+}  // namespace NZELVYR20

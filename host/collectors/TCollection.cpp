@@ -1,0 +1,87 @@
+#include "TCollection.h"
+
+#include <utility>
+
+namespace NZELVYR20 {
+namespace {
+
+const char* const kSystemClass = "CIM_ComputerSystem";
+
+}  // namespace
+
+TCollection::TCollection(const std::string& root, const boost::shared_ptr<ICIMNamespace>& nameSpace)
+    : files_(root), namespace_(nameSpace) {}
+
+void TCollection::BeginArea(const std::string& area) { area_ = area; }
+
+void TCollection::Note(const std::string& what, const std::string& why) {
+  notes_.push_back({area_, what, why});
+}
+
+std::string TCollection::Read(const std::string& path) {
+  std::string why;
+  const std::optional<std::string> text = files_.Read(path, why);
+  if (!text) Note(path, why);
+  return text.value_or(std::string());
+}
+
+std::vector<std::string> TCollection::List(const std::string& path) {
+  std::string why;
+  const std::optional<std::vector<std::string>> names = files_.List(path, why);
+  if (!names) Note(path, why);
+  return names.value_or(std::vector<std::string>());
+}
+
+TInstanceDraft TCollection::Draft(const std::string& className) const {
+  return TInstanceDraft(namespace_, className);
+}
+
+TInstanceDraft TCollection::DraftDevice(const std::string& className,
+                                        const std::string& deviceId) const {
+  return Draft(className)
+      .Set("CreationClassName", className)
+      .Set("SystemCreationClassName", kSystemClass)
+      .Set("SystemName", systemName_)
+      .Set("DeviceID", deviceId);
+}
+
+TInstanceDraft TCollection::DraftElement(const std::string& className,
+                                         const std::string& name) const {
+  return Draft(className)
+      .Set("CreationClassName", className)
+      .Set("CSCreationClassName", kSystemClass)
+      .Set("CSName", systemName_)
+      .Set("Name", name);
+}
+
+std::optional<TCIMReference> TCollection::Add(TInstanceDraft draft) {
+  const TCIMReference path = draft.GetPath();
+  if (draft.AddToNamespace()) return path;
+  Note(path.ToString(), "The namespace did not take the instance");
+  return std::nullopt;
+}
+
+std::optional<TCIMReference> TCollection::AddPart(TInstanceDraft draft,
+                                                  const std::string& association) {
+  const std::optional<TCIMReference> path = Add(std::move(draft));
+  if (path && system_) Add(DraftComponent(association, *system_, *path));
+  return path;
+}
+
+void TCollection::AddSystem(TInstanceDraft draft, const std::string& name) {
+  systemName_ = name;
+  system_ = Add(std::move(draft));
+}
+
+TInstanceDraft TCollection::DraftDependency(const std::string& className,
+                                            const TCIMReference& antecedent,
+                                            const TCIMReference& dependent) const {
+  return Draft(className).Set("Antecedent", antecedent).Set("Dependent", dependent);
+}
+
+TInstanceDraft TCollection::DraftComponent(const std::string& className, const TCIMReference& whole,
+                                           const TCIMReference& part) const {
+  return Draft(className).Set("GroupComponent", whole).Set("PartComponent", part);
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+#include <vector>
+
+#include "ICIMNamespace.h"
+
+namespace NZELVYR20 {
+
+/// One thing that a collector could not read, and why; collecting went on without it.
+struct TCollectorNote {
+  std::string area;  ///< what was being collected, such as "network ports"
+  std::string what;  ///< the file, directory or call
+  std::string why;   ///< such as "No such file or directory"
+};
+
+/// Fills a namespace with the data of one machine: this one, or a saved tree of its files.
+class TMachineCollector {
+ public:
+  /// `root` stands before every path that is read; "/" is this machine.
+  explicit TMachineCollector(std::string root = "/");
+
+  /// Declares the qualifiers and classes that Collect() needs. Throws what the namespace throws.
+  static void DefineSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace);
+
+  /// Reads the machine and adds what it finds as instances. What cannot be read is no failure: it
+  /// becomes a note.
+  std::vector<TCollectorNote> Collect(const boost::shared_ptr<ICIMNamespace>& nameSpace) const;
+
+ private:
+  std::string root_;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,116 @@
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "BlockDeviceText.h"
+#include "CollectAreas.h"
+#include "MountText.h"
+#include "TextFields.h"
+
+namespace NZELVYR20 {
+namespace {
+
+std::optional<std::uint16_t> GetPersistence(TFileSystemFacts::EKind kind) {
+  if (kind == TFileSystemFacts::kOnDevice) return std::uint16_t{2};
+  if (kind == TFileSystemFacts::kInMemory) return std::uint16_t{3};
+  return std::nullopt;
+}
+
+/// Whether the path is a mount point for this process: else it would be asked about the file
+/// system on which a saved tree lies.
+bool IsMountPoint(const std::string& path) {
+  struct stat64 inside = {};
+  struct stat64 outside = {};
+  return stat64(path.c_str(), &inside) == 0 && stat64((path + "/..").c_str(), &outside) == 0 &&
+         (inside.st_dev != outside.st_dev || inside.st_ino == outside.st_ino);
+}
+
+class TFileSystems {
+ public:
+  TFileSystems(TCollection& collection, const TExtents& extents)
+      : collection_(collection), extents_(extents) {}
+
+  void Add(const TFileSystemFacts& facts);
+  /// Notes what was not asked: once for all, since a machine may have many of them.
+  void NoteUnmeasured();
+
+ private:
+  void SetSizes(TInstanceDraft& draft, const TFileSystemFacts& facts);
+  std::optional<TCIMReference> FindExtent(const std::string& source) const;
+
+  TCollection& collection_;
+  const TExtents& extents_;
+  std::size_t slow_ = 0;
+  std::size_t saved_ = 0;
+};
+
+void TFileSystems::Add(const TFileSystemFacts& facts) {
+  const bool isRemote = facts.kind == TFileSystemFacts::kRemote;
+  TInstanceDraft draft = collection_.DraftElement(
+      isRemote ? "CIM_RemoteFileSystem" : "CIM_LocalFileSystem", facts.mount.mountPoint);
+  draft.SetText("ElementName", facts.mount.source)
+      .Set("Root", facts.mount.mountPoint)
+      .Set("FileSystemType", facts.mount.type)
+      .Set("ReadOnly", facts.mount.isReadOnly)
+      .Set("PersistenceType", GetPersistence(facts.kind))
+      .SetCode("EnabledState", 2);
+  SetSizes(draft, facts);
+  const std::optional<TCIMReference> path =
+      collection_.AddPart(std::move(draft), "CIM_HostedFileSystem");
+  const std::optional<TCIMReference> extent = FindExtent(facts.mount.source);
+  if (path && extent && facts.kind == TFileSystemFacts::kOnDevice)
+    collection_.Add(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
+}
+
+void TFileSystems::SetSizes(TInstanceDraft& draft, const TFileSystemFacts& facts) {
+  const std::string path = collection_.GetFiles().Locate(facts.mount.mountPoint);
+  if (facts.mayHang) {
+    ++slow_;
+    return;
+  }
+  if (!collection_.GetFiles().IsLive() && !IsMountPoint(path)) {
+    ++saved_;
+    return;
+  }
+  struct statvfs64 status = {};
+  if (statvfs64(path.c_str(), &status) != 0)
+    return collection_.Note("statvfs " + path, std::generic_category().message(errno));
+  const std::uint64_t unit = status.f_frsize;
+  draft.Set("BlockSize", unit)
+      .Set("FileSystemSize", Multiply(status.f_blocks, unit))
+      .Set("AvailableSpace", Multiply(status.f_bavail, unit))
+      .Set("MaxFileNameLength", static_cast<std::uint32_t>(status.f_namemax));
+  if (status.f_files > 0 && status.f_ffree <= status.f_files)
+    draft.Set("NumberOfFiles", static_cast<std::uint64_t>(status.f_files - status.f_ffree));
+}
+
+std::optional<TCIMReference> TFileSystems::FindExtent(const std::string& source) const {
+  auto found = extents_.find(GetDeviceName(source));
+  // /dev/disk/by-uuid and the like are links to the device.
+  if (found == extents_.end()) found = extents_.find(collection_.GetFiles().ReadLinkName(source));
+  return found == extents_.end() ? std::nullopt : std::make_optional(found->second);
+}
+
+void TFileSystems::NoteUnmeasured() {
+  if (slow_ > 0)
+    collection_.Note("statvfs of " + std::to_string(slow_) + " mount(s)",
+                     "Not asked for: the answer might never come");
+  if (saved_ > 0)
+    collection_.Note("statvfs of " + std::to_string(saved_) + " mount(s)",
+                     "Not asked for: they are not mounted below this root");
+}
+
+}  // namespace
+
+void CollectFileSystems(TCollection& collection, const TExtents& extents) {
+  TFileSystems fileSystems(collection, extents);
+  const std::set<std::string> types = ParseTypesWithoutDevice(collection.Read("/proc/filesystems"));
+  for (const TFileSystemFacts& facts :
+       SelectFileSystems(ParseMounts(collection.Read("/proc/mounts")), types))
+    fileSystems.Add(facts);
+  fileSystems.NoteUnmeasured();
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,56 @@
+#include "TSchemaRows.h"
+
+namespace NZELVYR20 {
+
+TPropertyRow::TPropertyRow(std::string propertyName, TCIMValue::TCIMType propertyType,
+                           const char* description)
+    : name(std::move(propertyName)), type(propertyType), qualifiers{{"Description", description}} {}
+
+TPropertyRow TPropertyRow::Reference(std::string name, std::string className,
+                                     const char* description) {
+  TPropertyRow row(std::move(name), TCIMValue::TCIMType::kReference, description);
+  row.referencedClass = std::move(className);
+  return row;
+}
+
+TPropertyRow TPropertyRow::Key() const { return With("Key", true); }
+
+TPropertyRow TPropertyRow::Override() const { return With("Override", name); }
+
+TPropertyRow TPropertyRow::In(const char* unit) const { return With("Units", unit); }
+
+TPropertyRow TPropertyRow::Meaning(const TMeanings& meanings) const {
+  std::vector<TCIMValue> numbers;
+  std::vector<TCIMValue> texts;
+  for (const auto& [number, text] : meanings) {
+    numbers.emplace_back(std::to_string(number));
+    texts.emplace_back(text);
+  }
+  return With("ValueMap", TCIMValue::Array(TCIMValue::TCIMType::kString, std::move(numbers)))
+      .With("Values", TCIMValue::Array(TCIMValue::TCIMType::kString, std::move(texts)));
+}
+
+TPropertyRow TPropertyRow::With(const char* qualifier, const TCIMValue& value) const {
+  TPropertyRow row = *this;
+  row.qualifiers.push_back({qualifier, value});
+  return row;
+}
+
+TClassRow::TClassRow(std::string className, std::string superClassName, EKind kind,
+                     const char* description, std::vector<TPropertyRow> classProperties)
+    : name(std::move(className)),
+      superClass(std::move(superClassName)),
+      qualifiers{{"Description", description}},
+      properties(std::move(classProperties)) {
+  if (kind == kAssociation || kind == kAbstractAssociation)
+    qualifiers.push_back({"Association", true});
+  if (kind == kAbstract || kind == kAbstractAssociation) qualifiers.push_back({"Abstract", true});
+}
+
+TClassRow TClassRow::With(const char* qualifier, const TCIMValue& value) const {
+  TClassRow row = *this;
+  row.qualifiers.push_back({qualifier, value});
+  return row;
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,136 @@
+#include "MountText.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "TextFields.h"
+
+namespace NZELVYR20 {
+namespace {
+
+struct TTypeRow {
+  std::string_view type;
+  TFileSystemFacts::EKind kind;
+};
+
+/// Types that /proc/filesystems does not tell apart from those of the kernel's own data.
+constexpr std::array<TTypeRow, 20> kKnownTypes = {{
+    {"tmpfs", TFileSystemFacts::kInMemory},
+    {"ramfs", TFileSystemFacts::kInMemory},
+    {"overlay", TFileSystemFacts::kLayered},
+    {"aufs", TFileSystemFacts::kLayered},
+    {"zfs", TFileSystemFacts::kOnDevice},
+    {"ubifs", TFileSystemFacts::kOnDevice},
+    {"jffs2", TFileSystemFacts::kOnDevice},
+    {"nfs", TFileSystemFacts::kRemote},
+    {"nfs4", TFileSystemFacts::kRemote},
+    {"cifs", TFileSystemFacts::kRemote},
+    {"smb3", TFileSystemFacts::kRemote},
+    {"smbfs", TFileSystemFacts::kRemote},
+    {"9p", TFileSystemFacts::kRemote},
+    {"afs", TFileSystemFacts::kRemote},
+    {"ceph", TFileSystemFacts::kRemote},
+    {"lustre", TFileSystemFacts::kRemote},
+    {"virtiofs", TFileSystemFacts::kRemote},
+    {"fuse.sshfs", TFileSystemFacts::kRemote},
+    {"fuse.glusterfs", TFileSystemFacts::kRemote},
+    {"fuse.s3fs", TFileSystemFacts::kRemote},
+}};
+
+bool IsServedByProcess(const std::string& type) { return type.rfind("fuse", 0) == 0; }
+
+/// Whether the path lies at or below the folder.
+bool IsWithin(const std::string& path, const std::string& folder) {
+  if (folder == "/") return true;
+  return path.rfind(folder, 0) == 0 && (path.size() == folder.size() || path[folder.size()] == '/');
+}
+
+std::optional<TFileSystemFacts::EKind> FindKind(const TMount& mount,
+                                                const std::set<std::string>& typesWithoutDevice) {
+  if (IsWithin(mount.mountPoint, "/proc") || IsWithin(mount.mountPoint, "/sys"))
+    return std::nullopt;
+  for (const TTypeRow& row : kKnownTypes)
+    if (row.type == mount.type) return row.kind;
+  // The part behind the dot is the program's own; the kernel's list has "fuse" and "fuseblk".
+  const std::string type = mount.type.substr(0, mount.type.find('.'));
+  const bool isDevice = typesWithoutDevice.empty() ? mount.source.rfind('/', 0) == 0
+                                                   : typesWithoutDevice.count(type) == 0;
+  return isDevice ? std::make_optional(TFileSystemFacts::kOnDevice) : std::nullopt;
+}
+
+bool IsOctal(char character) { return character >= '0' && character <= '7'; }
+
+/// Blanks, line ends and back-slashes stand as a back-slash and three octal digits.
+std::string Unescape(std::string_view word) {
+  std::string text;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    const std::string_view digits = word.substr(i + 1, 3);
+    if (word[i] != '\\' || digits.size() != 3 ||
+        !std::all_of(digits.begin(), digits.end(), IsOctal)) {
+      text += word[i];
+      continue;
+    }
+    text += static_cast<char>(*ParseUnsigned(digits, 8));
+    i += digits.size();
+  }
+  return text;
+}
+
+bool IsReadOnly(std::string_view options) {
+  return options == "ro" || options.substr(0, 3) == "ro,";
+}
+
+/// The mounts that are not hidden by a later one at the same place.
+std::vector<TMount> DropHidden(const std::vector<TMount>& mounts) {
+  std::vector<TMount> seen;
+  std::set<std::string> places;
+  for (auto mount = mounts.rbegin(); mount != mounts.rend(); ++mount)
+    if (places.insert(mount->mountPoint).second) seen.push_back(*mount);
+  std::reverse(seen.begin(), seen.end());
+  return seen;
+}
+
+}  // namespace
+
+std::vector<TMount> ParseMounts(std::string_view text) {
+  std::vector<TMount> mounts;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::vector<std::string_view> words = SplitWords(line);
+    if (words.size() < 4) continue;
+    mounts.push_back(
+        {Unescape(words[0]), Unescape(words[1]), Unescape(words[2]), IsReadOnly(words[3])});
+  }
+  return mounts;
+}
+
+std::set<std::string> ParseTypesWithoutDevice(std::string_view text) {
+  std::set<std::string> types;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::vector<std::string_view> words = SplitWords(line);
+    if (words.size() == 2 && words[0] == "nodev") types.emplace(words[1]);
+  }
+  return types;
+}
+
+std::vector<TFileSystemFacts> SelectFileSystems(const std::vector<TMount>& mounts,
+                                                const std::set<std::string>& typesWithoutDevice) {
+  std::vector<TFileSystemFacts> selected;
+  std::set<std::string> devices;
+  std::vector<std::string> slowPlaces;
+  for (const TMount& mount : DropHidden(mounts)) {
+    const std::optional<TFileSystemFacts::EKind> kind = FindKind(mount, typesWithoutDevice);
+    if (kind == TFileSystemFacts::kRemote || IsServedByProcess(mount.type))
+      slowPlaces.push_back(mount.mountPoint);
+    if (!kind || (*kind == TFileSystemFacts::kOnDevice && !devices.insert(mount.source).second))
+      continue;
+    selected.push_back({mount, *kind});
+  }
+  for (TFileSystemFacts& facts : selected)
+    facts.mayHang = std::any_of(
+        slowPlaces.begin(), slowPlaces.end(),
+        [&](const std::string& place) { return IsWithin(facts.mount.mountPoint, place); });
+  return selected;
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,97 @@
+#include "NetworkText.h"
+
+#include <algorithm>
+#include <array>
+
+#include "TextFields.h"
+
+namespace NZELVYR20 {
+namespace {
+
+constexpr std::uint64_t kAdministrativelyUp = 1;  ///< of the port's flags
+
+struct TLinkRow {
+  std::string_view type;
+  std::uint16_t technology;
+  std::string_view other;
+};
+
+constexpr std::array<TLinkRow, 13> kLinks = {{{"1", 2, ""},
+                                              {"32", 3, ""},
+                                              {"512", 1, "Point-to-Point"},
+                                              {"768", 1, "IPv4 Tunnel"},
+                                              {"769", 1, "IPv6 Tunnel"},
+                                              {"772", 1, "Loopback"},
+                                              {"774", 5, ""},
+                                              {"776", 1, "IPv6 in IPv4 Tunnel"},
+                                              {"778", 1, "GRE Tunnel"},
+                                              {"801", 11, ""},
+                                              {"802", 11, ""},
+                                              {"803", 11, ""},
+                                              {"65534", 1, "Without Link Layer"}}};
+
+struct TStateRow {
+  std::string_view name;
+  TPortState whenUp;
+};
+
+constexpr std::array<TStateRow, 6> kStates = {{{"up", {2, 2}},
+                                               {"down", {10, 6}},
+                                               {"dormant", {15, 2}},
+                                               {"testing", {11, 7}},
+                                               {"notpresent", {12, 6}},
+                                               {"lowerlayerdown", {16, 6}}}};
+
+std::optional<std::uint64_t> ParseFlags(std::string_view text) {
+  if (text.substr(0, 2) == "0x") text.remove_prefix(2);
+  return ParseUnsigned(text, 16);
+}
+
+}  // namespace
+
+TLinkKind ParseLinkKind(std::string_view type) {
+  for (const TLinkRow& row : kLinks)
+    if (row.type == type) return {row.technology, std::string(row.other)};
+  return {};
+}
+
+std::optional<std::uint64_t> ParsePortSpeed(std::string_view text) {
+  // "-1" is no number here; older drivers write it as an unsigned number of 16 or 32 bits.
+  const std::optional<std::uint64_t> speed = ParseUnsigned(text);
+  if (speed == 0U || speed == 0xFFFFU || speed == 0xFFFFFFFFU) return std::nullopt;
+  return Multiply(speed, 1000000);
+}
+
+std::optional<bool> ParseFullDuplex(std::string_view text) {
+  if (text == "full") return true;
+  if (text == "half") return false;
+  return std::nullopt;
+}
+
+std::string ParseHardwareAddress(std::string_view text) {
+  std::string digits;
+  for (const char character : Trim(text)) {
+    if (character == ':') continue;
+    const bool isLower = character >= 'a' && character <= 'f';
+    digits += isLower ? static_cast<char>(character - 'a' + 'A') : character;
+  }
+  const bool isAddress = digits.find_first_not_of("0123456789ABCDEF") == std::string::npos &&
+                         digits.find_first_not_of('0') != std::string::npos;
+  return isAddress && digits.size() % 2 == 0 ? digits : std::string();
+}
+
+TPortState ParsePortState(std::string_view operationalState, std::string_view flags) {
+  TPortState state;
+  for (const TStateRow& row : kStates)
+    if (row.name == operationalState) state = row.whenUp;
+  const std::optional<std::uint64_t> bits = ParseFlags(flags);
+  if (!bits)
+    state.enabledState = 0;
+  else if ((*bits & kAdministrativelyUp) == 0)
+    state.enabledState = 3;
+  else if (operationalState == "unknown")
+    state.enabledState = 2;
+  return state;
+}
+
+}  // namespace NZELVYR20

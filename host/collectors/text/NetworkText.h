@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace NZELVYR20 {
+
+/// What kind of link a network port has.
+struct TLinkKind {
+  std::uint16_t technology = 0;  ///< the standard's LinkTechnology
+  std::string other;             ///< the kind in words where the technology is 1 (other)
+};
+
+/// By the number in /sys/class/net/X/type.
+TLinkKind ParseLinkKind(std::string_view type);
+
+/// Bits per second from the megabits of /sys/class/net/X/speed; nothing where the driver does not
+/// know, which it says in several ways.
+std::optional<std::uint64_t> ParsePortSpeed(std::string_view text);
+
+std::optional<bool> ParseFullDuplex(std::string_view text);
+
+/// The standard's form of a hardware address: hexadecimal digits in upper case, without colons.
+/// Empty for an address that is none (only zeros) or that is malformed.
+std::string ParseHardwareAddress(std::string_view text);
+
+/// How a port does, in the standard's numbers.
+struct TPortState {
+  std::uint16_t operationalStatus = 0;
+  std::uint16_t enabledState = 0;
+};
+
+/// From the files "operstate" and "flags".
+TPortState ParsePortState(std::string_view operationalState, std::string_view flags);
+
+}  // namespace NZELVYR20

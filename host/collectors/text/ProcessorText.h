@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace NZELVYR20 {
+
+/// What /proc/cpuinfo tells about one logical processor.
+struct TLogicalProcessor {
+  std::uint32_t index = 0;
+  std::string vendor;
+  std::string modelName;
+  std::string stepping;
+  std::optional<std::uint32_t> package;
+  std::optional<std::uint32_t> core;  ///< within the package
+  std::optional<std::uint32_t> megaHertz;
+  std::optional<std::uint16_t> addressBits;
+  std::optional<std::uint32_t> armArchitecture;
+};
+
+/// Reads the records of x86, ARM, POWER and RISC-V; other machines yield what has the same names.
+/// What stands outside of the records, as on older ARM, holds for each; without any record it
+/// makes up the only one.
+std::vector<TLogicalProcessor> ParseProcessors(std::string_view text);
+
+/// The standard's Family: one of its own numbers for what it lists, 1 (other) for what it does
+/// not, 2 (unknown) without a model name and architecture.
+std::uint16_t FindProcessorFamily(const TLogicalProcessor& processor);
+
+/// A size such as "48K", in bytes.
+std::optional<std::uint64_t> ParseCacheSize(std::string_view text);
+
+/// The first processor of a list such as "2-3,8".
+std::optional<std::uint32_t> ParseFirstOfList(std::string_view text);
+
+/// The standard's numbers for the level, the type and the associativity of a cache.
+std::uint16_t ParseCacheLevel(std::string_view text);
+std::uint16_t ParseCacheType(std::string_view text);
+std::uint16_t ParseAssociativity(std::string_view text);
+
+}  // namespace NZELVYR20

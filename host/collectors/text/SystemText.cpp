@@ -1,0 +1,98 @@
+#include "SystemText.h"
+
+#include <algorithm>
+#include <array>
+#include <boost/algorithm/string/predicate.hpp>
+#include <boost/date_time/gregorian/greg_date.hpp>
+
+#include "TextFields.h"
+
+namespace NZELVYR20 {
+namespace {
+
+/// Takes the quotes off a value; inside double quotes a back-slash makes the next character plain.
+std::string Unquote(std::string_view value) {
+  if (value.empty() || (value.front() != '"' && value.front() != '\'')) return std::string(value);
+  const char quote = value.front();
+  std::string text;
+  for (std::size_t i = 1; i < value.size() && value[i] != quote; ++i) {
+    if (quote == '"' && value[i] == '\\' && i + 1 < value.size()) ++i;
+    text += value[i];
+  }
+  return text;
+}
+
+}  // namespace
+
+TReleaseFacts ParseRelease(std::string_view text) {
+  TReleaseFacts facts;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> field = SplitField(line, '=');
+    if (!field) continue;
+    if (field->name == "PRETTY_NAME") facts.prettyName = Unquote(field->value);
+    if (field->name == "NAME") facts.name = Unquote(field->value);
+  }
+  return facts;
+}
+
+TMemoryFacts ParseMemory(std::string_view text) {
+  TMemoryFacts facts;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> field = SplitField(line, ':');
+    if (!field) continue;
+    const std::vector<std::string_view> words = SplitWords(field->value);
+    if (words.size() != 2 || words[1] != "kB") continue;
+    const std::optional<std::uint64_t> size = ParseUnsigned(words[0]);
+    if (field->name == "MemTotal") facts.total = size;
+    if (field->name == "MemFree") facts.free = size;
+    if (field->name == "SwapTotal") facts.swapTotal = size;
+    if (field->name == "SwapFree") facts.swapFree = size;
+  }
+  return facts;
+}
+
+std::optional<std::uint64_t> ParseBootTime(std::string_view text) {
+  for (const std::string_view line : SplitLines(text)) {
+    const std::vector<std::string_view> words = SplitWords(line);
+    if (words.size() == 2 && words[0] == "btime") return ParseUnsigned(words[1]);
+  }
+  return std::nullopt;
+}
+
+std::optional<std::uint64_t> ParseUptime(std::string_view text) {
+  return ParseUnsigned(text.substr(0, text.find('.')));
+}
+
+std::optional<TCIMDateTime> ToTimeStamp(std::uint64_t secondsSince1970) {
+  constexpr std::uint64_t kSecondsPerDay = 86400;
+  const boost::gregorian::date epoch(1970, 1, 1);
+  const boost::gregorian::date last(9999, 12, 31);
+  const std::uint64_t days = secondsSince1970 / kSecondsPerDay;
+  if (days > static_cast<std::uint64_t>((last - epoch).days())) return std::nullopt;
+  const boost::gregorian::date day = epoch + boost::gregorian::days(static_cast<long>(days));
+  const auto seconds = static_cast<unsigned>(secondsSince1970 % kSecondsPerDay);
+  TCIMDateTime moment;
+  moment.SetTimeStamp(day.year(), day.month(), day.day(), seconds / 3600, seconds / 60 % 60,
+                      seconds % 60, 0, 0);
+  return moment;
+}
+
+std::optional<std::uint16_t> ParseChassisType(std::string_view text) {
+  const std::optional<std::uint16_t> type = ParseNumber<std::uint16_t>(text);
+  if (!type || *type == 0) return std::nullopt;
+  // Firmware and the standard number the common forms alike, "unknown" apart.
+  if (*type == 2) return std::uint16_t{0};
+  return *type <= 24 && *type != 23 ? *type : std::uint16_t{1};
+}
+
+std::string CleanFirmwareText(const std::string& text) {
+  static constexpr std::array<const char*, 6> kPlaceholders = {
+      "To Be Filled By O.E.M.", "Default string",      "Not Specified",
+      "System Product Name",    "System manufacturer", "None"};
+  const bool isPlaceholder = std::any_of(
+      kPlaceholders.begin(), kPlaceholders.end(),
+      [&text](const char* placeholder) { return boost::algorithm::iequals(text, placeholder); });
+  return isPlaceholder ? std::string() : text;
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "TCIMDateTime.h"
+
+namespace NZELVYR20 {
+
+/// What /etc/os-release tells.
+struct TReleaseFacts {
+  std::string prettyName;
+  std::string name;
+};
+
+/// Reads NAME=value lines, with the quotes and back-slashes of a shell.
+TReleaseFacts ParseRelease(std::string_view text);
+
+/// What /proc/meminfo tells, in KiB.
+struct TMemoryFacts {
+  std::optional<std::uint64_t> total;
+  std::optional<std::uint64_t> free;
+  std::optional<std::uint64_t> swapTotal;
+  std::optional<std::uint64_t> swapFree;
+};
+
+TMemoryFacts ParseMemory(std::string_view text);
+
+/// The line "btime" of /proc/stat: seconds since 1970 at which the machine was started.
+std::optional<std::uint64_t> ParseBootTime(std::string_view text);
+
+/// The first number of /proc/uptime, in whole seconds.
+std::optional<std::uint64_t> ParseUptime(std::string_view text);
+
+/// The moment in UTC; nothing after the year 9999.
+std::optional<TCIMDateTime> ToTimeStamp(std::uint64_t secondsSince1970);
+
+/// The standard's ChassisPackageType for the number that firmware gives to a chassis.
+std::optional<std::uint16_t> ParseChassisType(std::string_view text);
+
+/// The text, or nothing where firmware only filled in a placeholder.
+std::string CleanFirmwareText(const std::string& text);
+
+}  // namespace NZELVYR20

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "TCIMValue.h"
+
+// The written form of object paths, as TCIMReference writes it and TCIMPathParser reads it.
+
+namespace NZELVYR20 {
+
+enum class EPathForm {
+  kCanonical,  ///< the index key: names folded
+  kDeclared,   ///< for people: names in the spelling of their declarations
+};
+
+bool IsNameStart(char character) noexcept;
+bool IsNamePart(char character) noexcept;
+
+/// The name in lower case. CIM names are plain ASCII; other bytes stay.
+std::string FoldName(std::string name);
+
+/// The text in quotes, with quotes and back-slashes escaped.
+std::string QuoteText(const std::string& text);
+
+/// A key's name as a path shows it: bare where it is a CIM name, else quoted.
+std::string KeyNameText(const std::string& name);
+
+/// A key's value as a path shows it.
+std::string KeyValueText(const TCIMValue& value, EPathForm form);
+
+}  // namespace NZELVYR20

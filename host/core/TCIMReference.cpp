@@ -1,0 +1,103 @@
+#include "TCIMReference.h"
+
+#include <algorithm>
+
+#include "ICIMClass.h"
+#include "ICIMInstance.h"
+#include "ICIMNamespace.h"
+#include "PathText.h"
+#include "TCIMPathParser.h"
+#include "TVYRException.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+using TKeyEntry = std::pair<std::string, const TCIMValue*>;
+
+std::string PathText(const std::string& className, const std::vector<TKeyEntry>& keys,
+                     EPathForm form) {
+  std::string text = className;
+  char separator = '.';
+  for (const TKeyEntry& key : keys) {
+    text += separator;
+    text += KeyNameText(key.first);
+    text += '=';
+    text += KeyValueText(*key.second, form);
+    separator = ',';
+  }
+  return text;
+}
+
+// Look-ups answer a miss with status 15 or with an empty pointer; from a path it is always 15.
+template <class TElement>
+boost::shared_ptr<ICIMElement> Found(const boost::shared_ptr<TElement>& element) {
+  if (!element) throw TVYRException(TVYRStatusCode::kNotFound);
+  return element;
+}
+
+}  // namespace
+
+TCIMReference::TCIMReference(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                             const TCIMContext& /*context*/)
+    : namespace_(nameSpace) {}
+
+void TCIMReference::SetClass(const boost::shared_ptr<ICIMClass>& cimClass) {
+  path_.clear();
+  class_ = cimClass;
+}
+
+void TCIMReference::AddKeyValue(const std::string& name, const TCIMValue& value) {
+  path_.clear();
+  const std::string foldedName = FoldName(name);
+  const auto present = std::find_if(keys_.begin(), keys_.end(), [&foldedName](const auto& key) {
+    return FoldName(key.first) == foldedName;
+  });
+  if (present == keys_.end()) {
+    keys_.emplace_back(name, value);
+  } else {
+    present->second = value;
+  }
+}
+
+boost::shared_ptr<ICIMClass> TCIMReference::GetClass() const { return class_; }
+
+std::string TCIMReference::GetClassName() const {
+  return class_ ? class_->GetName({}) : std::string();
+}
+
+const std::string& TCIMReference::GetPath() const {
+  if (!path_.empty()) return path_;
+  std::vector<TKeyEntry> keys;
+  keys.reserve(keys_.size());
+  for (const auto& key : keys_) keys.emplace_back(FoldName(key.first), &key.second);
+  std::sort(keys.begin(), keys.end(),
+            [](const TKeyEntry& left, const TKeyEntry& right) { return left.first < right.first; });
+  path_ = PathText(GetClassName(), keys, EPathForm::kCanonical);
+  return path_;
+}
+
+std::string TCIMReference::ToString() const {
+  std::vector<TKeyEntry> keys;
+  keys.reserve(keys_.size());
+  for (const auto& key : keys_) keys.emplace_back(key.first, &key.second);
+  return PathText(GetClassName(), keys, EPathForm::kDeclared);
+}
+
+boost::shared_ptr<ICIMElement> TCIMReference::GetCIMElement(bool wantsClass) const {
+  if (!class_) throw TVYRException(TVYRStatusCode::kNotFound);
+  boost::shared_ptr<ICIMNamespace> nameSpace = namespace_.lock();
+  if (!nameSpace) nameSpace = class_->GetNamespace({});
+  if (wantsClass) {
+    return nameSpace ? Found(nameSpace->GetClass(GetClassName(), {})) : Found(class_);
+  }
+  if (!nameSpace) throw TVYRException(TVYRStatusCode::kNotFound);
+  return Found(nameSpace->GetInstance(*this, {}));
+}
+
+TCIMReference TCIMReference::Parse(const std::string& text,
+                                   const boost::shared_ptr<ICIMNamespace>& nameSpace) {
+  return TCIMPathParser::ParseText(text, nameSpace);
+}
+
+}  // namespace NZELVYR20

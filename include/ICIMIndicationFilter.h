@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "TCIMContext.h"
+#include "VYRExport.h"
+
+namespace NZELVYR20 {
+
+/// Selects the indications that a subscriber wants. The contract only names it: a namespace held
+/// in memory rejects subscriptions.
+class VYR_EXPORT ICIMIndicationFilter {
+ public:
+  virtual ~ICIMIndicationFilter();
+
+  virtual const std::string& GetQuery(TCIMContext context) const = 0;
+  virtual const std::string& GetQueryLanguage(TCIMContext context) const = 0;
+};
+
+}  // namespace NZELVYR20

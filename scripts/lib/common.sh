@@ -1,0 +1,45 @@
+# Sourced by the scripts beside this folder. All of them work from the repository's root.
+# shellcheck shell=bash
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+
+run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev)
+test_packages=("${run_packages[@]}" googletest)
+lint_packages=("${test_packages[@]}" clang-format clang-tidy)
+
+fail() {
+  echo "$(basename "$0"): $*" >&2
+  exit 1
+}
+
+installed() {
+  [[ $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+}
+
+# need PACKAGE...: installs those that are missing; prints nothing when none is.
+need() {
+  local package as_root=() missing=()
+  for package; do
+    installed "$package" || missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+
+  if ((EUID != 0)); then
+    command -v sudo >/dev/null ||
+      fail "neither root nor sudo: ask an administrator to install ${missing[*]}"
+    as_root=(sudo)
+  fi
+  echo "Installing ${missing[*]}" >&2
+  # One unreachable source need not matter: whether the packages can be had is for install to say.
+  "${as_root[@]}" apt-get -qq update </dev/null >&2 || true
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends \
+    install "${missing[@]}" </dev/null >&2 || fail "cannot install ${missing[*]}"
+}
+
+# The project's own C++ files that end in one of the given suffixes, NUL-separated.
+own_files() {
+  local suffix names=()
+  for suffix; do
+    names+=(-o -name "*$suffix")
+  done
+  (cd "$root" && find include src host tests -type f \( "${names[@]:1}" \) -print0 | sort -z)
+}

@@ -1,0 +1,190 @@
+#include "TInmemClass.h"
+
+#include "Failures.h"
+#include "InMemory.h"
+#include "TInmemInstance.h"
+#include "TInmemNamespace.h"
+
+namespace NZELVYR20 {
+
+TInmemClass::TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace,
+                         const std::string& name, const boost::shared_ptr<TInmemClass>& superClass)
+    : TInmemQualifiedElement(TInmemQualifierSet::EMatch::kValue),
+      namespace_(nameSpace),
+      name_(name),
+      superClass_(superClass) {}
+
+TInmemClass::~TInmemClass() = default;
+
+void TInmemClass::Initialize() {
+  if (HangsUnderRoot()) return;
+  const auto superClass = superClass_.lock();
+  propertyDecls_.Clear();
+  propertyDecls_.InsertMissing(superClass->propertyDecls_);
+  methodDecls_.Clear();
+  methodDecls_.InsertMissing(superClass->methodDecls_);
+  qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(),
+                      TInmemQualifierSet::EInherit::kAllButAbstract);
+}
+
+void TInmemClass::PropagateFromSuperClass() {
+  if (HangsUnderRoot()) return;
+  const auto superClass = superClass_.lock();
+  propertyDecls_.InsertMissing(superClass->propertyDecls_);
+  methodDecls_.InsertMissing(superClass->methodDecls_);
+  qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(),
+                      TInmemQualifierSet::EInherit::kAll);
+}
+
+/// A class that has no superclass, or has lost it, comes under the root class and inherits nothing
+/// from it; the root class itself stays without one.
+bool TInmemClass::HangsUnderRoot() {
+  if (superClass_.lock()) return false;
+  const auto rootClass = namespace_.lock()->GetRootClass();
+  if (rootClass.get() != this) superClass_ = rootClass;
+  return true;
+}
+
+void TInmemClass::ReleaseLinks() {
+  instances_.Clear();
+  subClasses_.Clear();
+  associationClasses_.Clear();
+  propertyDecls_.ForEach([this](const std::string&, const TPropertyDeclPointer& declaration) {
+    const auto declaringClass = declaration->GetClass(TCIMContext());
+    if (!declaringClass || IsDeclaredHere(declaringClass)) declaration->ReleaseReferences();
+  });
+}
+
+void TInmemClass::AddToNamespace(TCIMContext) {
+  Validate(TCIMContext());
+  const auto self = shared_from_this();
+  namespace_.lock()->AddClass(self);
+  superClass_.lock()->AddChildClass(self);
+  isInNamespace_ = true;
+  if (!IsAssociation(TCIMContext())) return;
+  for (const auto& target : GetClassesToRegisterWith()) target->AddAssociationClass(self);
+}
+
+void TInmemClass::RemoveFromNamespace(TCIMContext) {
+  if (!isInNamespace_ || !associationClasses_.IsEmpty() || !subClasses_.IsEmpty()) {
+    throw Failure::CannotLeaveNamespace();
+  }
+  const auto self = shared_from_this();
+  namespace_.lock()->RemoveClass(self);
+  if (const auto superClass = superClass_.lock()) superClass->RemoveChildClass(self);
+  isInNamespace_ = false;
+  if (!IsAssociation(TCIMContext())) return;
+  for (const auto& target : GetClassesToRegisterWith()) target->RemoveAssociationClass(self);
+}
+
+/// Where an association registers: with each class that one of its references points to, except as
+/// IsReferenceSkipped says.
+TInmemClass::TClassList TInmemClass::GetClassesToRegisterWith() const {
+  TClassList targets;
+  propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
+    const auto target = declaration->GetReferencedClass();
+    if (target && !IsReferenceSkipped(*declaration, target)) targets.push_back(target);
+  });
+  return targets;
+}
+
+/// Of several references to one class only the last registers, and a reference to a class whose
+/// superclass is referred to as well leaves the registration to that one.
+bool TInmemClass::IsReferenceSkipped(const TInmemPropertyDecl& reference,
+                                     const boost::shared_ptr<ICIMClass>& target) const {
+  bool isPassed = false;
+  bool isSkipped = false;
+  propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
+    if (declaration.get() == &reference) {
+      isPassed = true;
+      return;
+    }
+    const auto other = declaration->GetReferencedClass();
+    if (!other) return;
+    isSkipped =
+        isSkipped || (other == target ? isPassed : target->IsSubclassOf(other, TCIMContext()));
+  });
+  return isSkipped;
+}
+
+void TInmemClass::ModifyClass(boost::shared_ptr<ICIMClass>, TCIMContext) {}
+
+const std::string& TInmemClass::GetName(TCIMContext) const { return name_; }
+
+boost::shared_ptr<ICIMNamespace> TInmemClass::GetNamespace(TCIMContext) const {
+  return namespace_.lock();
+}
+
+/// No other class can bear the name: to allocate it is to ask for the root class.
+bool TInmemClass::IsRootClass(TCIMContext) const {
+  return name_ == TInmemNamespace::kRootClassName;
+}
+
+boost::shared_ptr<ICIMClass> TInmemClass::GetSuperClass(TCIMContext) const {
+  return superClass_.lock();
+}
+
+TCIMValue TInmemClass::InvokeMethod(const std::string&, TCIMContext&, TCIMContext) {
+  return TCIMValue();
+}
+
+bool TInmemClass::operator==(ICIMClass& other) const {
+  return name_ == other.GetName(TCIMContext());
+}
+
+bool TInmemClass::operator<(ICIMClass& other) const { return name_ < other.GetName(TCIMContext()); }
+
+void TInmemClass::AddChildClass(boost::shared_ptr<ICIMClass> subClass) {
+  const bool mayRedefine = namespace_.lock()->IsRedefinitionAllowed();
+  const std::uint64_t position = nextSubClass_++;
+  subClasses_.Insert(position, InMemory<TInmemClass>(subClass));
+  if (!mayRedefine) return;
+  subClasses_.EraseFirst([&](std::uint64_t other, const TInmemClass& present) {
+    return other != position && present.name_ == subClass->GetName(TCIMContext());
+  });
+}
+
+void TInmemClass::RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) {
+  subClasses_.EraseFirst(
+      [&](std::uint64_t, const TInmemClass& present) { return &present == subClass.get(); });
+}
+
+void TInmemClass::TakeOverSubClasses(const TInmemClass& replaced) {
+  if (this == &replaced) return;
+  subClasses_.Clear();
+  subClasses_.InsertMissing(replaced.subClasses_);
+  nextSubClass_ = replaced.nextSubClass_;
+}
+
+void TInmemClass::AddAssociationClass(boost::shared_ptr<ICIMClass> association) {
+  associationClasses_.Insert(association.get(), InMemory<TInmemClass>(association));
+}
+
+void TInmemClass::RemoveAssociationClass(boost::shared_ptr<ICIMClass> association) {
+  if (!associationClasses_.Erase(association.get())) throw Failure::NotFound();
+}
+
+boost::shared_ptr<ICIMInstance> TInmemClass::AllocateInstance(TCIMContext) {
+  return boost::make_shared<TInmemInstance>(shared_from_this(), TInmemInstance::kValidateAll);
+}
+
+void TInmemClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {
+  // An instance and its class hold each other. Without the namespace, which would part them in the
+  // end, they would hold for ever.
+  if (namespace_.expired()) return;
+  instances_.Put(instance->GetReference(TCIMContext()).GetPath(),
+                 InMemory<TInmemInstance>(instance));
+}
+
+void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
+  instances_.Erase(instance->GetReference(TCIMContext()).GetPath());
+}
+
+boost::shared_ptr<TInmemInstance> TInmemClass::GetInstance(const TCIMReference& path,
+                                                           TCIMContext) const {
+  return instances_.Find(path.GetPath());
+}
+
+void TInmemClass::ClearInstances() { instances_.Clear(); }
+
+}  // namespace NZELVYR20

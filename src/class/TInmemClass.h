@@ -1,0 +1,169 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ICIMClass.h"
+#include "TDeclaredProperties.h"
+#include "TInmemMethodDecl.h"
+#include "TInmemPropertyDecl.h"
+#include "TInmemQualifiedElement.h"
+#include "TNameTable.h"
+#include "TOrderedTable.h"
+
+namespace NZELVYR20 {
+
+class TInmemInstance;
+class TInmemNamespace;
+
+/// A class of a TInmemNamespace: the hub that links superclass and subclasses, declarations,
+/// qualifiers, instances and the associations that refer to it.
+///
+/// TInmemClass.cpp holds its life and links, TInmemClassDeclarations.cpp the rules for
+/// declarations, TInmemClassQualifiers.cpp flags, keys and validation, TInmemClassQueries.cpp the
+/// questions about its place in the hierarchy.
+class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
+ public:
+  /// Only TInmemNamespace makes classes; it calls Initialize on a new one.
+  TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace, const std::string& name,
+              const boost::shared_ptr<TInmemClass>& superClass);
+  TInmemClass(const TInmemClass&) = delete;
+  ~TInmemClass() override;
+
+  /// Takes over what the superclass passes down, in place of what is here.
+  void Initialize();
+
+  /// Takes over what the superclass passes down and what is not here yet.
+  void PropagateFromSuperClass();
+
+  /// The instance under the text of the path; empty when there is none.
+  boost::shared_ptr<TInmemInstance> GetInstance(const TCIMReference& path,
+                                                TCIMContext context) const;
+
+  void ClearInstances();
+
+  /// Lists the subclasses of the class that this one replaces, instead of its own. The subclasses
+  /// are not told.
+  void TakeOverSubClasses(const TInmemClass& replaced);
+
+  /// The present property declarations, shared by all who ask until one changes.
+  boost::shared_ptr<const TDeclaredProperties> GetDeclaredProperties();
+
+  /// Lets go of instances, subclasses, associations and of what the defaults of its own
+  /// declarations refer to: its namespace goes, and these hold one another.
+  void ReleaseLinks();
+
+  void Validate(TCIMContext context) const override;
+  void AddToNamespace(TCIMContext context) override;
+  void RemoveFromNamespace(TCIMContext context) override;
+  void ModifyClass(boost::shared_ptr<ICIMClass> cimClass, TCIMContext context) override;
+  const std::string& GetName(TCIMContext context) const override;
+  boost::shared_ptr<ICIMNamespace> GetNamespace(TCIMContext context) const override;
+  bool IsAssociation(TCIMContext context) const override;
+  bool IsAbstract(TCIMContext context) const override;
+  bool IsRootClass(TCIMContext context) const override;
+  boost::shared_ptr<ICIMClass> GetSuperClass(TCIMContext context) const override;
+  void EnumerateSubClasses(const TCIMClassCallback& callback, bool deep,
+                           TCIMContext context) override;
+  bool IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMContext context) const override;
+  void EnumerateAssociatedClasses(const TCIMClassCallback& callback, const std::string& assocClass,
+                                  const std::string& resultClass, const std::string& role,
+                                  const std::string& resultRole, TCIMContext context) override;
+  void EnumerateAssociationClasses(const TCIMClassCallback& callback,
+                                   const std::string& resultClass, const std::string& role,
+                                   TCIMContext context) override;
+  void EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMContext context) override;
+  boost::shared_ptr<ICIMPropertyDecl> AllocatePropertyDecl(const std::string& name,
+                                                           const TCIMValue& defaultValue,
+                                                           TCIMContext context) override;
+  boost::shared_ptr<ICIMPropertyDecl> GetPropertyDecl(const std::string& name,
+                                                      TCIMContext context) const override;
+  void EnumeratePropertyDecls(const TCIMPropertyDeclCallback& callback,
+                              TCIMContext context) const override;
+  boost::shared_ptr<ICIMProperty> GetProperty(const std::string& name,
+                                              TCIMContext context) const override;
+  void SetPropertyValue(const std::string& name, const TCIMValue& value,
+                        TCIMContext context) override;
+  void EnumerateStaticProperties(const TCIMPropertyCallback& callback,
+                                 TCIMContext context) override;
+  boost::shared_ptr<ICIMInstance> AllocateInstance(TCIMContext context) override;
+  void EnumerateInstances(const TCIMInstanceCallback& callback, bool deep,
+                          TCIMContext context) override;
+  boost::shared_ptr<ICIMMethodDecl> AllocateMethodDecl(const std::string& name,
+                                                       TCIMValue::TCIMType returnType,
+                                                       TCIMContext context) override;
+  boost::shared_ptr<ICIMMethodDecl> GetMethodDecl(const std::string& name,
+                                                  TCIMContext context) const override;
+  void EnumerateMethodDecls(const TCIMMethodDeclCallback& callback,
+                            TCIMContext context) const override;
+  TCIMValue InvokeMethod(const std::string& name, TCIMContext& parameters,
+                         TCIMContext context) override;
+  bool operator==(ICIMClass& other) const override;
+  bool operator<(ICIMClass& other) const override;
+  using TInmemQualifiedElement::operator=;
+  TInmemClass& operator=(const TInmemClass&) { return *this; }
+  void AddChildClass(boost::shared_ptr<ICIMClass> subClass) override;
+  void RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) override;
+  void AddInstance(boost::shared_ptr<ICIMInstance> instance) override;
+  void RemoveInstance(boost::shared_ptr<ICIMInstance> instance) override;
+  void AddAssociationClass(boost::shared_ptr<ICIMClass> association) override;
+  void RemoveAssociationClass(boost::shared_ptr<ICIMClass> association) override;
+  void AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) override;
+  void RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) override;
+  void AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) override;
+  void RemoveMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) override;
+
+  // The order of these three is part of the binary contract: in the class's own table the form
+  // with the found flag stands before the enumeration, unlike in ICIMNamedElement.
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
+                                                TCIMContext context) const override;
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name, bool& found,
+                                                TCIMContext context) const override;
+  void EnumerateQualifiers(const TCIMQualifierCallback& callback,
+                           TCIMContext context) const override;
+
+ private:
+  using TClassList = std::vector<boost::shared_ptr<ICIMClass>>;
+  using TPropertyDeclPointer = boost::shared_ptr<TInmemPropertyDecl>;
+  using TMethodDeclPointer = boost::shared_ptr<TInmemMethodDecl>;
+  /// Subclasses in order of addition.
+  using TSubClasses = TOrderedTable<std::uint64_t, TInmemClass>;
+
+  bool HangsUnderRoot();
+  bool IsReferenceSkipped(const TInmemPropertyDecl& reference,
+                          const boost::shared_ptr<ICIMClass>& target) const;
+  TClassList GetClassesToRegisterWith() const;
+
+  bool IsPropertyDeclAccepted(const TInmemPropertyDecl& declaration, const std::string& key,
+                              const TPropertyDeclPointer& existing) const;
+  bool IsPropertyOverrideAccepted(const TInmemPropertyDecl& declaration, const std::string& key,
+                                  const TPropertyDeclPointer& existing) const;
+  void CheckMethodDecl(const TInmemMethodDecl& declaration,
+                       const TMethodDeclPointer& existing) const;
+  void CheckMethodOverride(const TInmemMethodDecl& declaration,
+                           const TMethodDeclPointer& existing) const;
+  bool IsDeclaredHere(const boost::shared_ptr<ICIMClass>& declaringClass) const;
+
+  boost::shared_ptr<ICIMClass> FindFilterClass(const std::string& name) const;
+  bool RefersTo(ICIMClass& association, const std::string& role) const;
+  TClassList GetFarEnds(TInmemClass& association, const boost::shared_ptr<ICIMClass>& resultClass,
+                        const std::string& role, const std::string& resultRole) const;
+
+  const boost::weak_ptr<TInmemNamespace> namespace_;
+  const std::string name_;
+  boost::weak_ptr<TInmemClass> superClass_;
+  TNameTable<TInmemPropertyDecl> propertyDecls_;
+  TSubClasses subClasses_;
+  std::uint64_t nextSubClass_ = 0;
+  TOrderedTable<const ICIMClass*, TInmemClass> associationClasses_;
+  TOrderedTable<std::string, TInmemInstance> instances_;  ///< by the text of their paths
+  TNameTable<TInmemMethodDecl> methodDecls_;
+  bool isInNamespace_ = false;
+  boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< of the revision below
+  std::uint64_t declaredRevision_ = 0;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,183 @@
+#include <boost/make_shared.hpp>
+
+#include "Failures.h"
+#include "InMemory.h"
+#include "TInmemClass.h"
+#include "TInmemNamespace.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+bool Contains(const std::string& text, const char* part) {
+  return text.find(part) != std::string::npos;
+}
+
+/// Properties of these names may be declared again without OVERRIDE; the later declaration counts.
+/// Hosts declare them class by class without knowing what is inherited.
+bool IsRedeclarable(const std::string& name) {
+  return Contains(name, "PortType") || Contains(name, "speedDuplex");
+}
+
+/// "Inmem: Attempt to override property Speed in class CIM_Port: " and the reason.
+void LogOverrideFailure(const char* kind, const std::string& name, const std::string& className,
+                        const char* reason) {
+  LogDefinitionFailure(std::string("Inmem: Attempt to override ") + kind + " " + name +
+                       " in class " + className + ": " + reason);
+}
+
+template <class TDeclaration>
+bool HasOverride(const TDeclaration& declaration) {
+  return declaration.GetQualifiers().FindKey(QualifierKey::kOverride) != nullptr;
+}
+
+}  // namespace
+
+bool TInmemClass::IsDeclaredHere(const boost::shared_ptr<ICIMClass>& declaringClass) const {
+  return declaringClass.get() == this;
+}
+
+void TInmemClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
+  const std::string& name = declaration->GetName(TCIMContext());
+  if (declaration->GetType(TCIMContext()) == TCIMValue::TCIMType::kReference &&
+      !IsAssociation(TCIMContext())) {
+    LogValidationFailure("Inmem: Attempt to add reference property " + name +
+                         " to non-association class " + name_);
+    throw Failure::ReferenceOutsideAssociation();
+  }
+  const std::string key = TInmemNamespace::NormalizeName(name);
+  const auto added = InMemory<TInmemPropertyDecl>(declaration);
+  if (IsPropertyDeclAccepted(*added, key, propertyDecls_.Find(key))) propertyDecls_.Put(key, added);
+}
+
+/// Whether the declaration goes in, in place of the existing one where there is one. A refusal is
+/// silent, or leaves a log line at most: hosts define the same classes again and again and rely on
+/// that. Methods are stricter.
+bool TInmemClass::IsPropertyDeclAccepted(const TInmemPropertyDecl& declaration,
+                                         const std::string& key,
+                                         const TPropertyDeclPointer& existing) const {
+  try {
+    if (HasOverride(declaration)) return IsPropertyOverrideAccepted(declaration, key, existing);
+  } catch (const TVYRException& failure) {
+    if (!Failure::IsNotFound(failure)) return false;
+  }
+  return !existing || IsRedeclarable(declaration.GetName(TCIMContext()));
+}
+
+bool TInmemClass::IsPropertyOverrideAccepted(const TInmemPropertyDecl& declaration,
+                                             const std::string& key,
+                                             const TPropertyDeclPointer& existing) const {
+  const std::string& name = declaration.GetName(TCIMContext());
+  if (!existing) {
+    if (Contains(key, "porttype")) return true;
+    LogOverrideFailure("property", name, name_, "property doesn't exist in base class");
+    throw Failure::NotFound();  // and so it is added as if it did not override
+  }
+  if (existing->GetType(TCIMContext()) != declaration.GetType(TCIMContext())) {
+    LogOverrideFailure("property", name, name_, "different types");
+    throw Failure::TypeMismatch();
+  }
+  return !IsDeclaredHere(existing->GetClass(TCIMContext()));
+}
+
+void TInmemClass::RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
+  const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  if (!propertyDecls_.Erase(key)) throw Failure::NotFound();
+}
+
+boost::shared_ptr<ICIMPropertyDecl> TInmemClass::AllocatePropertyDecl(const std::string& name,
+                                                                      const TCIMValue& defaultValue,
+                                                                      TCIMContext) {
+  return boost::make_shared<TInmemPropertyDecl>(shared_from_this(), name, defaultValue);
+}
+
+boost::shared_ptr<ICIMPropertyDecl> TInmemClass::GetPropertyDecl(const std::string& name,
+                                                                 TCIMContext) const {
+  auto declaration = propertyDecls_.Find(TInmemNamespace::NormalizeName(name));
+  if (!declaration) throw Failure::NotFound();
+  return declaration;
+}
+
+void TInmemClass::EnumeratePropertyDecls(const TCIMPropertyDeclCallback& callback,
+                                         TCIMContext) const {
+  Enumerate(shared_from_this(), propertyDecls_, kStopsAndDiscards, callback);
+}
+
+boost::shared_ptr<const TDeclaredProperties> TInmemClass::GetDeclaredProperties() {
+  if (!declaredProperties_ || declaredRevision_ != propertyDecls_.GetRevision()) {
+    std::vector<TDeclaredProperties::TEntry> entries;
+    propertyDecls_.ForEach([&](const std::string& key, const TPropertyDeclPointer& declaration) {
+      entries.push_back({key, declaration});
+    });
+    declaredProperties_ = boost::make_shared<const TDeclaredProperties>(std::move(entries));
+    declaredRevision_ = propertyDecls_.GetRevision();
+  }
+  return declaredProperties_;
+}
+
+void TInmemClass::AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
+  const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  const auto added = InMemory<TInmemMethodDecl>(declaration);
+  CheckMethodDecl(*added, methodDecls_.Find(key));
+  methodDecls_.Put(key, added);
+}
+
+/// Returns when the declaration may go in, in place of the existing one where there is one. Unlike
+/// a property's, a method's refusal reaches the caller, and one of an override logs twice.
+void TInmemClass::CheckMethodDecl(const TInmemMethodDecl& declaration,
+                                  const TMethodDeclPointer& existing) const {
+  const std::string& name = declaration.GetName(TCIMContext());
+  try {
+    if (HasOverride(declaration)) return CheckMethodOverride(declaration, existing);
+  } catch (const TVYRException& failure) {
+    if (!Failure::IsNotFound(failure)) {
+      LogDefinitionFailure("Inmem: Attempt define method " + name + " in class " + name_ +
+                           "failed. Reason = " + failure.what());
+      throw Failure::SameStatus(failure);
+    }
+  }
+  if (!existing) return;
+  LogDefinitionFailure("Inmem: Attempt to add method " + name + " to class " + name_ +
+                       ": already exists");
+  throw Failure::AlreadyDefined();
+}
+
+void TInmemClass::CheckMethodOverride(const TInmemMethodDecl& declaration,
+                                      const TMethodDeclPointer& existing) const {
+  const std::string& name = declaration.GetName(TCIMContext());
+  if (!existing) {
+    LogOverrideFailure("method", name, name_, "method doesn't exist in base class");
+    throw Failure::NotFound();  // and so it is added as if it did not override
+  }
+  if (existing->GetReturnType(TCIMContext()) != declaration.GetReturnType(TCIMContext())) {
+    LogOverrideFailure("method", name, name_, "different types");
+    throw Failure::TypeMismatch();
+  }
+  if (IsDeclaredHere(existing->GetClass(TCIMContext()))) {
+    LogOverrideFailure("method", name, name_, "original was defined in this class");
+    throw Failure::AlreadyDefined();
+  }
+}
+
+void TInmemClass::RemoveMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
+  const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  if (!methodDecls_.Erase(key)) throw Failure::NotFound();
+}
+
+boost::shared_ptr<ICIMMethodDecl> TInmemClass::AllocateMethodDecl(const std::string& name,
+                                                                  TCIMValue::TCIMType returnType,
+                                                                  TCIMContext) {
+  return boost::make_shared<TInmemMethodDecl>(shared_from_this(), name, returnType);
+}
+
+/// A miss is an empty pointer here, where the look-up of a property throws.
+boost::shared_ptr<ICIMMethodDecl> TInmemClass::GetMethodDecl(const std::string& name,
+                                                             TCIMContext) const {
+  return methodDecls_.Find(TInmemNamespace::NormalizeName(name));
+}
+
+void TInmemClass::EnumerateMethodDecls(const TCIMMethodDeclCallback& callback, TCIMContext) const {
+  Enumerate(shared_from_this(), methodDecls_, kStopsAndDiscards, callback);
+}
+
+}  // namespace NZELVYR20

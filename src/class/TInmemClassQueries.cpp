@@ -1,0 +1,129 @@
+#include <algorithm>
+
+#include "Failures.h"
+#include "TInmemClass.h"
+#include "TInmemInstance.h"
+#include "TInmemNamespace.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+/// An empty filter class restricts nothing.
+bool PassesFilter(const ICIMClass& cimClass, const boost::shared_ptr<ICIMClass>& filterClass) {
+  return !filterClass || cimClass.IsSubclassOf(filterClass, TCIMContext());
+}
+
+}  // namespace
+
+bool TInmemClass::IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMContext) const {
+  const std::string& name = other->GetName(TCIMContext());
+  if (name_ == name) return true;
+  for (auto current = superClass_.lock(); current; current = current->superClass_.lock()) {
+    if (current->IsRootClass(TCIMContext())) return false;
+    if (current->name_ == name) return true;
+  }
+  return false;
+}
+
+void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool deep, TCIMContext) {
+  const auto visit = [&](const boost::shared_ptr<TInmemClass>& subClass) {
+    if (!callback(subClass)) return false;
+    if (deep) subClass->EnumerateSubClasses(callback, deep, TCIMContext());
+    return true;
+  };
+  Enumerate(shared_from_this(), subClasses_, kStopsAndDiscards, visit);
+}
+
+void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TCIMContext) {
+  const auto self = shared_from_this();
+  Enumerate(self, instances_, kVisitsAllAndDiscards, callback);
+  if (!deep) return;
+  const auto visit = [&](const boost::shared_ptr<TInmemClass>& subClass) {
+    subClass->EnumerateInstances(callback, deep, TCIMContext());
+    return true;
+  };
+  Enumerate(self, subClasses_, kVisitsAllAndDiscards, visit);
+}
+
+boost::shared_ptr<ICIMClass> TInmemClass::FindFilterClass(const std::string& name) const {
+  if (name.empty()) return {};
+  const auto nameSpace = namespace_.lock();
+  if (!nameSpace) throw Failure::NotFound();
+  return nameSpace->GetClass(name, TCIMContext());
+}
+
+/// Whether the association's property of that name, if it has one, refers to this very class.
+bool TInmemClass::RefersTo(ICIMClass& association, const std::string& role) const {
+  try {
+    const auto declaration = association.GetPropertyDecl(role, TCIMContext());
+    const TCIMValue& value = declaration->GetDefaultValue(TCIMContext());
+    return value.IsReference() && value.GetReferencedClass().get() == this;
+  } catch (const TVYRException& failure) {
+    if (!Failure::IsNotFound(failure)) throw;
+    return false;
+  }
+}
+
+void TInmemClass::EnumerateAssociationClasses(const TCIMClassCallback& callback,
+                                              const std::string& resultClass,
+                                              const std::string& role, TCIMContext) {
+  const auto filterClass = FindFilterClass(resultClass);
+  boost::shared_ptr<TInmemClass> current = shared_from_this();
+  do {
+    decltype(associationClasses_)::TCursor cursor(current->associationClasses_);
+    while (const auto association = cursor.Next()) {
+      if (!PassesFilter(*association, filterClass)) continue;
+      if (!role.empty() && !current->RefersTo(*association, role)) continue;
+      if (!callback(association)) return;
+    }
+    current = current->superClass_.lock();
+  } while (current && !current->IsRootClass(TCIMContext()));
+}
+
+void TInmemClass::EnumerateAssociatedClasses(const TCIMClassCallback& callback,
+                                             const std::string& assocClass,
+                                             const std::string& resultClass,
+                                             const std::string& role, const std::string& resultRole,
+                                             TCIMContext) {
+  const auto self = shared_from_this();
+  const auto assocFilter = FindFilterClass(assocClass);
+  const auto resultFilter = FindFilterClass(resultClass);
+  decltype(associationClasses_)::TCursor cursor(associationClasses_);
+  while (const auto association = cursor.Next()) {
+    if (!PassesFilter(*association, assocFilter)) continue;
+    if (!role.empty() && !RefersTo(*association, role)) continue;
+    for (const auto& farEnd : GetFarEnds(*association, resultFilter, role, resultRole)) {
+      if (!callback(farEnd)) return;
+    }
+  }
+}
+
+/// The classes at the far ends of one association, each once. This class's own end is the property
+/// named by the role, else the first that refers to this very class.
+TInmemClass::TClassList TInmemClass::GetFarEnds(TInmemClass& association,
+                                                const boost::shared_ptr<ICIMClass>& resultClass,
+                                                const std::string& role,
+                                                const std::string& resultRole) const {
+  const std::string roleKey = TInmemNamespace::NormalizeName(role);
+  const std::string resultRoleKey = TInmemNamespace::NormalizeName(resultRole);
+  bool isOwnEndFound = false;
+  TClassList farEnds;
+  association.propertyDecls_.ForEach(
+      [&](const std::string& key, const TPropertyDeclPointer& declaration) {
+        const auto referenced = declaration->GetReferencedClass();
+        if (!referenced) return;
+        if (!isOwnEndFound && (roleKey.empty() ? referenced.get() == this : key == roleKey)) {
+          isOwnEndFound = true;
+          return;
+        }
+        if (!resultRoleKey.empty() && key != resultRoleKey) return;
+        if (!PassesFilter(*referenced, resultClass)) return;
+        if (std::find(farEnds.begin(), farEnds.end(), referenced) == farEnds.end()) {
+          farEnds.push_back(referenced);
+        }
+      });
+  return farEnds;
+}
+
+}  // namespace NZELVYR20

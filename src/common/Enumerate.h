@@ -1,0 +1,38 @@
+#pragma once
+
+namespace NZELVYR20 {
+
+/// What an enumeration makes of its callback: hosts rely on these differences.
+struct TEnumerationRule {
+  bool falseStops;
+  bool exceptionsPass;
+};
+
+constexpr TEnumerationRule kStopsAndDiscards{true, false};
+constexpr TEnumerationRule kVisitsAllAndDiscards{false, false};
+constexpr TEnumerationRule kVisitsAllAndPasses{false, true};
+
+/// Makes one call; tells whether the walk goes on.
+template <class TCall>
+bool CallBack(TEnumerationRule rule, TCall call) {
+  if (rule.exceptionsPass) return call() || !rule.falseStops;
+  try {
+    return call() || !rule.falseStops;
+  } catch (...) {
+    return true;  // hosts' callbacks may throw: that element alone is lost
+  }
+}
+
+/// Hands every element of the table to the callback. `owner` is what holds the table; the walk
+/// keeps it, since a callback may drop the last other reference to it.
+template <class TOwner, class TTable, class TCallback>
+void Enumerate(const TOwner& owner, const TTable& table, TEnumerationRule rule,
+               const TCallback& callback) {
+  const TOwner held(owner);
+  typename TTable::TCursor cursor(table);
+  while (auto element = cursor.Next()) {
+    if (!CallBack(rule, [&] { return callback(element); })) return;
+  }
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,157 @@
+#pragma once
+
+#include <algorithm>
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <utility>
+
+namespace NZELVYR20 {
+
+/// The one kind of collection in which namespaces, classes and declarations keep their elements:
+/// shared elements in ascending order of their keys, walked by cursors that survive any change.
+///
+/// A walk visits each element that is there from its start until its turn exactly once, in order.
+/// What is removed before its turn is not visited, nor is what was inserted since the walk began;
+/// an element put in place of another is visited in the other's turn. The table must outlive its
+/// cursors: whoever walks holds the table's owner.
+template <class TKey, class TElement>
+class TOrderedTable {
+  struct TEntry {
+    boost::shared_ptr<TElement> element;
+    std::uint64_t serial;  ///< tells a cursor what came after it
+  };
+  using TEntries = std::map<TKey, TEntry, std::less<>>;
+
+ public:
+  using TPointer = boost::shared_ptr<TElement>;
+
+  /// Stands before the element that is next in a walk.
+  class TCursor {
+   public:
+    explicit TCursor(const TOrderedTable& table)
+        : table_(table),
+          next_(table.entries_.begin()),
+          lastSerial_(table.revision_),
+          nextCursor_(table.cursors_) {
+      table.cursors_ = this;
+    }
+
+    TCursor(const TCursor&) = delete;
+    TCursor& operator=(const TCursor&) = delete;
+
+    ~TCursor() {
+      TCursor** link = &table_.cursors_;
+      while (*link != this) link = &(*link)->nextCursor_;
+      *link = nextCursor_;
+    }
+
+    /// The next element, held; empty at the end.
+    TPointer Next() {
+      for (; next_ != table_.entries_.end(); ++next_) {
+        if (next_->second.serial <= lastSerial_) return (next_++)->second.element;
+      }
+      return TPointer();
+    }
+
+   private:
+    friend class TOrderedTable;
+
+    const TOrderedTable& table_;
+    typename TEntries::const_iterator next_;
+    std::uint64_t lastSerial_;
+    TCursor* nextCursor_;
+  };
+
+  TOrderedTable() = default;
+  TOrderedTable(const TOrderedTable&) = delete;
+  TOrderedTable& operator=(const TOrderedTable&) = delete;
+  ~TOrderedTable() = default;
+
+  bool IsEmpty() const { return entries_.empty(); }
+
+  /// Differs after every change from what it was before.
+  std::uint64_t GetRevision() const { return revision_; }
+
+  /// The element under the key; empty when there is none.
+  template <class TLookup>
+  TPointer Find(const TLookup& key) const {
+    const auto entry = entries_.find(key);
+    return entry == entries_.end() ? TPointer() : entry->second.element;
+  }
+
+  /// Inserts unless the key is taken; tells whether it did.
+  bool Insert(const TKey& key, const TPointer& element) {
+    const bool inserted = entries_.emplace(key, TEntry{element, revision_ + 1}).second;
+    if (inserted) ++revision_;
+    return inserted;
+  }
+
+  /// Inserts, or puts the element in place of the one that is there. An allocation that fails
+  /// leaves the table as it was.
+  void Put(const TKey& key, TPointer element) {
+    const auto entry = entries_.find(key);
+    if (entry == entries_.end()) {
+      Insert(key, element);
+      return;
+    }
+    ++revision_;
+    entry->second.element.swap(element);
+  }
+
+  /// Takes an element out; tells whether there was one. The element goes last, when the table is
+  /// whole again.
+  template <class TLookup>
+  bool Erase(const TLookup& key) {
+    return EraseEntry(entries_.find(key));
+  }
+
+  /// Takes out the first entry of which `matches(key, element)` is true; tells whether there was
+  /// one.
+  template <class TMatches>
+  bool EraseFirst(TMatches matches) {
+    const auto isMatch = [&](const auto& entry) {
+      return matches(entry.first, *entry.second.element);
+    };
+    return EraseEntry(std::find_if(entries_.begin(), entries_.end(), isMatch));
+  }
+
+  void Clear() noexcept {
+    TEntries removed;
+    removed.swap(entries_);
+    ++revision_;
+    for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
+      cursor->next_ = entries_.end();
+    }
+  }
+
+  /// Inserts what the other table has under keys that are free here.
+  void InsertMissing(const TOrderedTable& other) {
+    for (const auto& [key, entry] : other.entries_) Insert(key, entry.element);
+  }
+
+  /// Calls `visit(key, element)` for every entry. For the repository's own use: `visit` must not
+  /// lead to a change of this table.
+  template <class TVisit>
+  void ForEach(TVisit visit) const {
+    for (const auto& [key, entry] : entries_) visit(key, entry.element);
+  }
+
+ private:
+  bool EraseEntry(typename TEntries::const_iterator entry) {
+    if (entry == entries_.end()) return false;
+    for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
+      if (cursor->next_ == entry) ++cursor->next_;
+    }
+    ++revision_;
+    const auto removed = entries_.extract(entry);
+    return true;
+  }
+
+  TEntries entries_;
+  std::uint64_t revision_ = 0;
+  mutable TCursor* cursors_ = nullptr;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+#include <string>
+
+#include "ICIMPropertyDecl.h"
+#include "TInmemDeclaration.h"
+
+namespace NZELVYR20 {
+
+class TInmemClass;
+
+/// The declaration of a property. It has no type of its own: type and array-ness are those of the
+/// default value.
+class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemPropertyDecl> {
+ public:
+  TInmemPropertyDecl(const boost::shared_ptr<TInmemClass>& owner, const std::string& name,
+                     const TCIMValue& defaultValue);
+
+  /// Copies nothing: the declaration has no name, class, default or qualifiers.
+  TInmemPropertyDecl(const boost::shared_ptr<const TInmemClass>& owner,
+                     const boost::shared_ptr<const ICIMPropertyDecl>& source);
+
+  TInmemPropertyDecl(const TInmemPropertyDecl&) = delete;
+  ~TInmemPropertyDecl() override;
+
+  /// The qualifier of that name; empty when there is none, where GetQualifier throws.
+  boost::shared_ptr<TInmemQualifier> LookupQualifier(const std::string& name) const;
+
+  /// Takes out the qualifier of that name, whichever object it is; status 15 when there is none.
+  void RemoveQualifier(const boost::shared_ptr<ICIMQualifier>& qualifier);
+
+  /// The class to which the declaration refers; empty where it is no reference, or one that names
+  /// no class.
+  boost::shared_ptr<ICIMClass> GetReferencedClass() const;
+
+  /// Lets go of the classes that a default of references holds.
+  void ReleaseReferences();
+
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
+                                                TCIMContext context) const override;
+  void EnumerateQualifiers(const TCIMQualifierCallback& callback,
+                           TCIMContext context) const override;
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name, bool& found,
+                                                TCIMContext context) const override;
+  void Validate(TCIMContext context) override;
+  void AddToClass(TCIMContext context) override;
+  void RemoveFromClass(TCIMContext context) override;
+  boost::shared_ptr<ICIMClass> GetClass(TCIMContext context) const override;
+  TCIMValue::TCIMType GetType(TCIMContext context) const override;
+  bool IsArray(TCIMContext context) const override;
+  const TCIMValue& GetDefaultValue(TCIMContext context) const override;
+  void SetDefaultValue(const TCIMValue& value, TCIMContext context) override;
+  using TInmemDeclaration::operator=;
+  TInmemPropertyDecl& operator=(const TInmemPropertyDecl&) { return *this; }
+
+ private:
+  const boost::weak_ptr<TInmemClass> class_;
+  TCIMValue defaultValue_;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,162 @@
+#include "Failures.h"
+#include "ICIMNamespace.h"
+#include "TInmemClass.h"
+#include "TInmemInstance.h"
+#include "TInmemNamespace.h"
+#include "TInmemTraversalCallbacks.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+boost::shared_ptr<ICIMElement> Resolve(const TCIMValue& reference) {
+  const TCIMReference path(reference);
+  return path.GetCIMElement(false);
+}
+
+boost::shared_ptr<ICIMInstance> ResolveInstance(const TCIMValue& reference) {
+  auto instance = boost::dynamic_pointer_cast<ICIMInstance>(Resolve(reference));
+  if (!instance) throw Failure::NotFound();
+  return instance;
+}
+
+/// Makes one step of a walk. A reference that leads nowhere, a property that is not there and what
+/// else is status 15, be it the callback's, counts as no match: `missed` is then the answer.
+/// Another status ends the step.
+template <class TStep>
+bool Probe(bool missed, TStep step) {
+  try {
+    return step();
+  } catch (const TVYRException& failure) {
+    if (!Failure::IsNotFound(failure)) throw Failure::SameStatus(failure);
+    return missed;
+  }
+}
+
+bool IsFarEnd(const TCIMValue& reference, const boost::shared_ptr<ICIMClass>& resultClass) {
+  const auto referenced = reference.GetReferencedClass();
+  return referenced && referenced->IsSubclassOf(resultClass, TCIMContext());
+}
+
+}  // namespace
+
+bool TInmemInstance::IsThis(const TCIMValue& reference) const {
+  return Resolve(reference).get() == this;
+}
+
+void TInmemInstance::EnumerateAssociationInstances(const TCIMInstanceCallback& callback,
+                                                   const std::string& resultClass,
+                                                   const std::string& role, TCIMContext) {
+  class_->EnumerateAssociationClasses(TReferencesCallback{shared_from_this(), callback, role},
+                                      resultClass, role, TCIMContext());
+}
+
+/// All candidates of both walks come from here.
+bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
+                                           const std::string& role,
+                                           const boost::shared_ptr<ICIMClass>& assocClass) {
+  if (role.empty()) {
+    assocClass->EnumerateInstances(TExamineInstanceCallback{shared_from_this(), callback}, false,
+                                   TCIMContext());
+  } else {
+    assocClass->EnumerateInstances(
+        TExamineInstanceWithRoleCallback{shared_from_this(), callback, role}, false, TCIMContext());
+  }
+  return true;
+}
+
+bool TInmemInstance::ExamineCandidateClassInstance(
+    const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
+  const auto association = InMemory<TInmemInstance>(assocInstance);
+  for (const auto& property : association->properties_) {
+    const bool isReported = Probe(false, [&] {
+      const TCIMValue& value = property->GetValue(TCIMContext());
+      if (!value.IsReference() || !IsThis(value)) return false;
+      callback(assocInstance);
+      return true;
+    });
+    if (isReported) break;
+  }
+  return true;
+}
+
+bool TInmemInstance::ExamineCandidateClassInstanceWithRole(
+    const TCIMInstanceCallback& callback, const std::string& role,
+    const boost::shared_ptr<ICIMInstance>& assocInstance) {
+  return Probe(true, [&] {
+    const auto property = assocInstance->GetProperty(role, TCIMContext());
+    const TCIMValue& value = property->GetValue(TCIMContext());
+    if (value.IsReference() && IsThis(value)) callback(assocInstance);
+    return true;
+  });
+}
+
+void TInmemInstance::EnumerateAssociatedInstances(const TCIMInstanceCallback& callback,
+                                                  const std::string& assocClass,
+                                                  const std::string& resultClass,
+                                                  const std::string& role,
+                                                  const std::string& resultRole, TCIMContext) {
+  boost::shared_ptr<ICIMClass> result;
+  const bool isKnown = Probe(false, [&] {
+    const auto nameSpace = class_->GetNamespace(TCIMContext());
+    if (nameSpace) result = nameSpace->GetClass(resultClass, TCIMContext());
+    return nameSpace != nullptr;
+  });
+  if (!isKnown) return;
+  TCIMInstanceCallback examine;
+  if (resultRole.empty()) {
+    examine = TAssociatorsExamineCallback{shared_from_this(), callback, role, result};
+  } else {
+    // With a result role the role is not looked at: hosts rely on that.
+    examine =
+        TAssociatorsExamineWithResultRoleCallback{shared_from_this(), callback, resultRole, result};
+  }
+  EnumerateAssociationInstances(examine, assocClass, std::string(), TCIMContext());
+}
+
+/// Without a role, a reference that points here, declared with this very class. With one, the
+/// property of that name, wherever it points.
+bool TInmemInstance::IsOwnEnd(const std::string& propertyKey, const TCIMValue& reference,
+                              const std::string& roleKey) const {
+  if (!roleKey.empty()) return propertyKey == roleKey;
+  return reference.GetReferencedClass() == class_ && IsThis(reference);
+}
+
+bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
+                                      const boost::shared_ptr<ICIMClass>& resultClass,
+                                      const std::string& role,
+                                      const boost::shared_ptr<TInmemInstance>& assocInstance) {
+  const std::string roleKey = TInmemNamespace::NormalizeName(role);
+  bool isOwnEndFound = false;
+  bool result = true;
+  for (std::size_t i = 0; i < assocInstance->properties_.size(); ++i) {
+    const bool isReported = Probe(false, [&] {
+      const TCIMValue& value = assocInstance->properties_[i]->GetValue(TCIMContext());
+      if (!value.IsReference()) return false;
+      const std::string& propertyKey = assocInstance->declared_->GetEntries()[i].key;
+      if (!isOwnEndFound && IsOwnEnd(propertyKey, value, roleKey)) {
+        isOwnEndFound = true;
+        return false;
+      }
+      if (!IsFarEnd(value, resultClass)) return false;
+      result = callback(ResolveInstance(value));
+      return true;
+    });
+    if (isReported) return result;
+  }
+  return true;
+}
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): a step like the others
+bool TInmemInstance::ExamineCandidateWithResultRole(
+    const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMClass>& resultClass,
+    const std::string& resultRole, const boost::shared_ptr<TInmemInstance>& assocInstance) {
+  return Probe(true, [&] {
+    const auto property = assocInstance->GetProperty(resultRole, TCIMContext());
+    const TCIMValue& value = property->GetValue(TCIMContext());
+    if (value.IsReference() && IsFarEnd(value, resultClass)) callback(ResolveInstance(value));
+    return true;
+  });
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,218 @@
+#include "TInmemNamespace.h"
+
+#include <algorithm>
+#include <boost/make_shared.hpp>
+#include <cctype>
+
+#include "Enumerate.h"
+#include "Failures.h"
+#include "TCIMReference.h"
+#include "TInmemClass.h"
+#include "TInmemInstance.h"
+#include "TInmemNamespaceProvider.h"
+#include "TInmemQualifierDecl.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+/// The class of this name is never redefined: the first definition stays, and hosts that define it
+/// again must not notice.
+constexpr const char* kNeverRedefined = "zelsg_physicalnetworkport";
+
+bool IsAscii(char character) { return static_cast<unsigned char>(character) < 128; }
+
+bool IsNameStart(char character) {
+  return character == '_' || (IsAscii(character) && std::isalpha(character) != 0);
+}
+
+bool IsNamePart(char character) {
+  return character == '_' || (IsAscii(character) && std::isalnum(character) != 0);
+}
+
+bool IsName(const std::string& name) {
+  return name.empty() ||
+         (IsNameStart(name.front()) && std::all_of(name.begin() + 1, name.end(), IsNamePart));
+}
+
+/// The spelling counts: "<ROOT>" is no CIM name.
+bool IsRootName(const std::string& name) {
+  return name.empty() || name == TInmemNamespace::kRootClassName;
+}
+
+[[noreturn]] void FailAlreadyDefined(const char* kind, const std::string& name) {
+  LogDefinitionFailure(std::string("Inmem: TInmemNamespace: ") + kind + " " + name +
+                       " already defined");
+  throw Failure::AlreadyDefined();
+}
+
+}  // namespace
+
+const char* const TInmemNamespace::kRootClassName = "<root>";
+
+TInmemNamespace::TInmemNamespace(bool allowRedefinition) : allowRedefinition_(allowRedefinition) {}
+
+TInmemNamespace::~TInmemNamespace() {
+  // Latest first: a subclass has let go of everything before its superclass lets go of it.
+  for (auto made = madeClasses_.rbegin(); made != madeClasses_.rend(); ++made) {
+    if (const auto cimClass = made->lock()) cimClass->ReleaseLinks();
+  }
+}
+
+void TInmemNamespace::Initialize() {
+  rootClass_ =
+      boost::static_pointer_cast<TInmemClass>(AllocateClass(kRootClassName, {}, TCIMContext()));
+}
+
+std::string TInmemNamespace::NormalizeName(const std::string& name) {
+  std::string folded(name);
+  for (char& character : folded) {
+    if (IsAscii(character)) character = static_cast<char>(std::tolower(character));
+  }
+  if (!IsName(folded)) {
+    LogValidationFailure("Inmem: CIM name '" + name + "' is invalid");
+    throw Failure::InvalidName();
+  }
+  return folded;
+}
+
+boost::shared_ptr<TInmemClass> TInmemNamespace::FindClass(const std::string& name) const {
+  return IsRootName(name) ? rootClass_ : classes_.Find(NormalizeName(name));
+}
+
+/// Whatever a look-up fails with counts as "no such class": a name that cannot be entered is
+/// found out when the class is added, not when it is made.
+boost::shared_ptr<TInmemClass> TInmemNamespace::FindClassToRefresh(const std::string& name) const {
+  try {
+    return FindClass(name);
+  } catch (...) {
+    return {};
+  }
+}
+
+boost::shared_ptr<ICIMClass> TInmemNamespace::AllocateClass(const std::string& name,
+                                                            boost::shared_ptr<ICIMClass> superClass,
+                                                            TCIMContext) {
+  if (const auto present = FindClassToRefresh(name)) {
+    present->PropagateFromSuperClass();
+    return present;
+  }
+  if (!superClass) superClass = rootClass_;
+  const boost::shared_ptr<TInmemClass> made(new TInmemClass(
+      shared_from_this(), name, boost::dynamic_pointer_cast<TInmemClass>(superClass)));
+  Track(made);
+  made->Initialize();
+  return made;
+}
+
+void TInmemNamespace::Track(const boost::shared_ptr<TInmemClass>& cimClass) {
+  if (madeClasses_.size() == madeClasses_.capacity()) {
+    const auto isGone = [](const boost::weak_ptr<TInmemClass>& made) { return made.expired(); };
+    madeClasses_.erase(std::remove_if(madeClasses_.begin(), madeClasses_.end(), isGone),
+                       madeClasses_.end());
+    // Room for as many again: the next search for the gone ones is that far away.
+    madeClasses_.reserve(std::max<std::size_t>(8, 2 * madeClasses_.size()));
+  }
+  madeClasses_.emplace_back(cimClass);
+}
+
+boost::shared_ptr<ICIMClass> TInmemNamespace::GetClass(const std::string& name, TCIMContext) {
+  auto found = FindClass(name);
+  if (!found && !IsRootName(name)) throw Failure::NotFound();
+  return found;
+}
+
+void TInmemNamespace::AddClass(const boost::shared_ptr<TInmemClass>& cimClass) {
+  const std::string& name = cimClass->GetName(TCIMContext());
+  const std::string key = NormalizeName(name);
+  if (classes_.Insert(key, cimClass)) return;
+  if (!allowRedefinition_) FailAlreadyDefined("class", name);
+  ReplaceClass(key, cimClass);
+}
+
+void TInmemNamespace::ReplaceClass(const std::string& key,
+                                   const boost::shared_ptr<TInmemClass>& cimClass) {
+  if (key.find(kNeverRedefined) != std::string::npos) return;
+  // The replacement keeps the superclass with which it was made, whatever the replaced class's
+  // was, and the subclasses that it takes over are not told: hosts rely on both.
+  cimClass->TakeOverSubClasses(*classes_.Find(key));
+  classes_.Put(key, cimClass);
+}
+
+void TInmemNamespace::RemoveClass(const boost::shared_ptr<TInmemClass>&) {}
+
+void TInmemNamespace::AddQualifierDecl(const boost::shared_ptr<TInmemQualifierDecl>& declaration) {
+  const std::string& name = declaration->GetName(TCIMContext());
+  const std::string key = NormalizeName(name);
+  if (qualifierDecls_.Insert(key, declaration)) return;
+  if (!allowRedefinition_) FailAlreadyDefined("qualifier", name);
+  qualifierDecls_.Put(key, declaration);
+}
+
+boost::shared_ptr<ICIMQualifierDecl> TInmemNamespace::AllocateQualifierDecl(
+    const std::string& name, const TCIMValue& defaultValue, ICIMQualifierDecl::EScope scope,
+    ICIMQualifierDecl::EFlavor flavor, TCIMContext) {
+  return boost::make_shared<TInmemQualifierDecl>(shared_from_this(), name, defaultValue, scope,
+                                                 flavor);
+}
+
+boost::shared_ptr<ICIMQualifierDecl> TInmemNamespace::GetQualifierDecl(const std::string& name,
+                                                                       TCIMContext) {
+  return qualifierDecls_.Find(NormalizeName(name));
+}
+
+void TInmemNamespace::EnumerateQualifierDecls(const TCIMQualifierDeclCallback& callback,
+                                              TCIMContext) {
+  Enumerate(shared_from_this(), qualifierDecls_, kVisitsAllAndDiscards, callback);
+}
+
+void TInmemNamespace::EnumerateRootClasses(const TCIMClassCallback& callback, TCIMContext context) {
+  rootClass_->EnumerateSubClasses(callback, false, context);
+}
+
+boost::shared_ptr<ICIMInstance> TInmemNamespace::GetInstance(const TCIMReference& path,
+                                                             TCIMContext context) {
+  const auto cimClass = GetClass(path.GetClassName(), context);
+  return boost::static_pointer_cast<TInmemClass>(cimClass)->GetInstance(path, context);
+}
+
+void TInmemNamespace::ClearInstances() {
+  classes_.ForEach([](const std::string&, const boost::shared_ptr<TInmemClass>& cimClass) {
+    cimClass->ClearInstances();
+  });
+}
+
+boost::shared_ptr<INamespaceProvider> TInmemNamespace::GetNamespaceProvider(TCIMContext) {
+  return TInmemNamespaceProvider::GetInstance();
+}
+
+void TInmemNamespace::SetUpcallNamespace(boost::shared_ptr<ICIMNamespace>, TCIMContext) {}
+
+void TInmemNamespace::EnumerateProviders(const TCIMProviderCallback&, TCIMContext) {}
+
+void TInmemNamespace::AddUnderlyingNamespace(boost::shared_ptr<ICIMNamespace>, TCIMContext) {
+  throw Failure::NotSupported();
+}
+
+void TInmemNamespace::Subscribe(boost::shared_ptr<ICIMIndicationFilter>,
+                                const TCIMInstanceCallback&, TCIMContext) {
+  throw Failure::NotSupported();
+}
+
+void TInmemNamespace::DeleteInstance(const TCIMReference&, TCIMContext) {
+  throw Failure::NotSupported();
+}
+
+void TInmemNamespace::ModifyInstance(const TCIMReference&, TCIMContext, TCIMContext) {
+  throw Failure::NotSupported();
+}
+
+void TInmemNamespace::ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&,
+                                   TCIMContext) {
+  throw Failure::NotSupported();
+}
+
+ICIMNamespace& TInmemNamespace::operator=(ICIMNamespace&) { return *this; }
+TInmemNamespace& TInmemNamespace::operator=(const TInmemNamespace&) { return *this; }
+
+}  // namespace NZELVYR20

@@ -1,0 +1,237 @@
+#include <array>
+#include <cctype>
+#include <ios>
+#include <locale>
+#include <sstream>
+
+#include "ICIMQualifier.h"
+#include "TCIMDateTime.h"
+#include "TInmemProperty.h"
+#include "UnsignedNumber.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+constexpr int kScales = 9;
+constexpr int kUnscaled = 5;
+constexpr int kMilli = 6;
+constexpr int kMicro = 7;
+constexpr int kNano = 8;
+constexpr std::array<const char*, kScales> kLongPrefixes{"Peta", "Tera",  "Giga",  "Mega", "Kilo",
+                                                         "",     "Milli", "Micro", "Nano"};
+constexpr std::array<const char*, kScales> kShortPrefixes{"P", "T", "G", "M", "K",
+                                                          "",  "m", "u", "n"};
+
+struct TAbbreviation {
+  const char* unit;
+  const char* text;
+};
+
+/// The first match counts. The second entry repeats the first, so that "Bits" is never abbreviated:
+/// displays are laid out for that.
+constexpr std::array<TAbbreviation, 4> kAbbreviations{{
+    {"Bytes", "B"},
+    {"Bytes", "b"},
+    {"Bytes per Second", "B/s"},
+    {"Bits per Second", "bps"},
+}};
+
+std::string Abbreviate(const std::string& unit) {
+  for (const TAbbreviation& abbreviation : kAbbreviations) {
+    if (unit == abbreviation.unit) return abbreviation.text;
+  }
+  return unit;
+}
+
+/// By what the unit is scaled; 0 for a unit that is not.
+float GetDivisor(const std::string& unit) {
+  constexpr float kBinary = 1024;
+  constexpr float kDecimal = 1000;
+  if (unit == "Bytes" || unit == "Bits" || unit == "Bytes per Second") return kBinary;
+  return unit == "Bits per Second" ? kDecimal : 0;
+}
+
+/// Cuts a long prefix off the unit and returns its scale.
+int SplitPrefix(std::string& unit) {
+  for (int scale = 0; scale < kScales; ++scale) {
+    const std::string prefix = kLongPrefixes[scale];
+    if (prefix.empty() || unit.compare(0, prefix.size(), prefix) != 0) continue;
+    unit.erase(0, prefix.size());
+    return scale;
+  }
+  return kUnscaled;
+}
+
+/// Groups thousands with a comma whatever locales the machine has.
+class TGroupedNumbers : public std::numpunct<char> {
+  char do_thousands_sep() const override { return ','; }
+  char do_decimal_point() const override { return '.'; }
+  std::string do_grouping() const override { return "\3"; }
+};
+
+const std::locale& GetGroupingLocale() {
+  static const std::locale locale(std::locale::classic(), new TGroupedNumbers);
+  return locale;
+}
+
+std::string FormatNumber(float number) {
+  std::ostringstream stream;
+  stream.imbue(GetGroupingLocale());
+  stream.precision(1);
+  stream << std::fixed << number;
+  std::string text = stream.str();
+  constexpr std::size_t kTail = 2;
+  if (text.size() > kTail && text.compare(text.size() - kTail, kTail, ".0") == 0) {
+    text.resize(text.size() - kTail);
+  }
+  return text;
+}
+
+/// An interval of so many of a second's fractions.
+TCIMDateTime MakeInterval(std::uint64_t number, std::uint64_t perSecond) {
+  constexpr std::uint64_t kMicrosecondsPerSecond = 1000000;
+  constexpr std::uint64_t kSixty = 60;
+  constexpr std::uint64_t kHoursPerDay = 24;
+  const std::uint64_t seconds = number / perSecond;
+  const std::uint64_t fraction = number % perSecond;
+  TCIMDateTime interval;
+  interval.Set(static_cast<unsigned int>(seconds / (kSixty * kSixty * kHoursPerDay)),
+               static_cast<unsigned short>(seconds / (kSixty * kSixty) % kHoursPerDay),
+               static_cast<unsigned short>(seconds / kSixty % kSixty),
+               static_cast<unsigned short>(seconds % kSixty),
+               static_cast<unsigned int>(perSecond > kMicrosecondsPerSecond
+                                             ? fraction / (perSecond / kMicrosecondsPerSecond)
+                                             : fraction * (kMicrosecondsPerSecond / perSecond)));
+  return interval;
+}
+
+bool IsTranslatable(const TCIMValue& value, int arrayBit) {
+  if (value.IsNull()) return false;
+  switch (static_cast<int>(value.GetType()) - arrayBit) {
+    case TType::kBoolean:
+    case TType::kUInt8:
+    case TType::kUInt16:
+    case TType::kUInt32:
+    case TType::kUInt64:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+/// Empty where the qualifier is absent, null or no string.
+std::string TInmemProperty::FindText(const char* name) const {
+  const auto qualifier = FindUsableQualifier(name, TType::kString);
+  return qualifier ? static_cast<std::string>(qualifier->GetValue(TCIMContext())) : std::string();
+}
+
+/// Whether the qualifier is there with any value but null.
+bool TInmemProperty::IsQualifierSet(const char* name) const {
+  const auto qualifier = FindQualifier(name);
+  return qualifier && !qualifier->GetValue(TCIMContext()).IsNull();
+}
+
+std::string TInmemProperty::ToStringWithQualifiers(const TCIMValue& value) const {
+  if (value.IsNull()) return FindText("NULLDISPLAY");
+  const auto number = ReadUnsigned(value);
+  if (!number) return ToStringWithBase(value);
+  std::string unit = FindText("UNITS");
+  const int scale = SplitPrefix(unit);
+  if (unit == "Seconds") return RenderTime(*number, scale);
+  if (GetDivisor(unit) == 0) return ToStringWithBase(value);
+  return RenderScaled(*number, unit, scale);
+}
+
+std::string TInmemProperty::RenderTime(std::uint64_t number, int scale) const {
+  TCIMDateTime interval;  // stays zero for multiples of seconds: those are not in use
+  constexpr std::uint64_t kThousand = 1000;
+  constexpr std::uint64_t kMillion = kThousand * kThousand;
+  if (scale == kUnscaled) interval = MakeInterval(number, 1);
+  if (scale == kMilli) interval = MakeInterval(number * kThousand, kMillion);
+  if (scale == kMicro) interval = MakeInterval(number, kMillion);
+  if (scale == kNano) interval = MakeInterval(number, kMillion * kThousand);
+  FindQualifier("DISPLAYCPUTIME");  // asked for, since its look-up may fail, but without effect
+  return interval.ToUIString();
+}
+
+/// The scale beyond which a fixed unit keeps a value from being scaled.
+int TInmemProperty::GetScaleLimit() const {
+  const std::string fixed = FindText("DISPLAYFIXEDUNITS");
+  for (const int scale : {1, 2, 3, 4}) {
+    if (fixed == kLongPrefixes[scale]) return scale;
+  }
+  return 0;
+}
+
+std::string TInmemProperty::RenderScaled(std::uint64_t number, const std::string& unit,
+                                         int scale) const {
+  const float divisor = GetDivisor(unit);
+  const int limit = GetScaleLimit();
+  auto scaled = static_cast<float>(number);
+  while (scaled > divisor && scale > limit) {
+    scaled /= divisor;
+    --scale;
+  }
+  return FormatNumber(scaled) + " " + RenderUnit(unit, scale);
+}
+
+std::string TInmemProperty::RenderUnit(const std::string& unit, int scale) const {
+  if (IsQualifierSet("ABBREVIATEUNITS")) return kShortPrefixes[scale] + Abbreviate(unit);
+  std::string text = kLongPrefixes[scale] + unit;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    text[i] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[i])));
+  }
+  return text;
+}
+
+std::string TInmemProperty::Render(const TCIMValue& value) const {
+  std::vector<TValueMapEntry> table;
+  std::string otherText;
+  if (!IsTranslatable(value, 0) || !BuildValueMapEntryArray(table, otherText)) {
+    return ToStringWithQualifiers(value);
+  }
+  return LookupInTable(value, table, otherText);
+}
+
+std::string TInmemProperty::ToString() const { return Render(GetValue(TCIMContext())); }
+
+std::string TInmemProperty::PrevValueToString() const { return Render(GetPrevValue()); }
+
+std::vector<std::string> TInmemProperty::ToStringVector() const {
+  const TCIMValue& value = GetValue(TCIMContext());
+  std::vector<TValueMapEntry> table;
+  std::string otherText;
+  if (!IsTranslatable(value, TType::kArray) || !BuildValueMapEntryArray(table, otherText)) {
+    return ToStringVectorWithBase();
+  }
+  std::vector<std::string> texts;
+  for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
+    texts.push_back(LookupInTable(element, table, otherText));
+  }
+  return texts;
+}
+
+std::vector<std::string> TInmemProperty::ToStringVectorWithBase() const {
+  const TCIMValue& value = GetValue(TCIMContext());
+  if (!IsArray(TCIMContext())) return {ToStringWithQualifiers(value)};
+  std::vector<std::string> texts;
+  try {
+    for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
+      texts.push_back(ToStringWithQualifiers(element));
+    }
+  } catch (...) {
+    // A null array has no elements to look at. What its elements may throw counts the same.
+    texts.clear();
+    if (const auto text = FindUsableQualifier("NULLDISPLAY", TType::kString)) {
+      texts.push_back(static_cast<std::string>(text->GetValue(TCIMContext())));
+    }
+  }
+  return texts;
+}
+
+}  // namespace NZELVYR20

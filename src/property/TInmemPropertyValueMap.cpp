@@ -1,0 +1,167 @@
+#include <limits>
+#include <locale>
+#include <sstream>
+
+#include "Failures.h"
+#include "ICIMQualifier.h"
+#include "TInmemProperty.h"
+#include "TInmemPropertyDecl.h"
+#include "UnsignedNumber.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+using TType = TCIMValue::TCIMType;
+using TTable = std::vector<TInmemProperty::TValueMapEntry>;
+
+constexpr std::uint64_t kOpen = std::numeric_limits<std::uint64_t>::max();
+constexpr const char* kRange = "..";
+
+/// What one entry of a value map says: a number where it has one, and whether a range follows it.
+struct TMapNumber {
+  std::uint64_t number = 0;  ///< an entry without digits counts as 0
+  bool isOpen = false;
+};
+
+/// Numbers are decimal and may have blanks before them; what follows a range's dots is not read.
+TMapNumber ReadNumber(const std::string& text) {
+  std::istringstream stream(text);
+  stream.imbue(std::locale::classic());
+  TMapNumber read;
+  char first = '\0';
+  char second = '\0';
+  stream >> read.number >> first >> second;
+  read.isOpen = first == '.' && second == '.';
+  return read;
+}
+
+bool EndsOpen(const TTable& table) { return !table.empty() && table.back().high == kOpen; }
+
+/// Turns the entries of a value map, one by one and in order, into ranges.
+class TValueMapReader {
+ public:
+  TValueMapReader(TTable& table, std::string& otherText) : table_(table), otherText_(otherText) {}
+
+  /// False when an entry contradicts the one before it.
+  bool Read(const std::string& entry, const std::string& text) {
+    if (entry.compare(0, 2, kRange) != 0) {
+      AddFrom(ReadNumber(entry), text);
+      return true;
+    }
+    if (EndsOpen(table_)) return false;
+    if (entry == kRange) {
+      otherText_ = text;
+    } else {
+      AddUpTo(ReadNumber(entry.substr(2)).number, text);
+    }
+    return true;
+  }
+
+ private:
+  void AddUpTo(std::uint64_t high, const std::string& text) {
+    table_.push_back({nextLow_, high, text});
+    nextLow_ = high + 1;
+  }
+
+  /// A range "5..9" is open like "5..": only the next number closes it.
+  void AddFrom(TMapNumber from, const std::string& text) {
+    if (EndsOpen(table_)) table_.back().high = from.number - 1;
+    table_.push_back({from.number, from.isOpen ? kOpen : from.number, text});
+    nextLow_ = from.number + 1;
+  }
+
+  TTable& table_;
+  std::string& otherText_;
+  std::uint64_t nextLow_ = 0;
+};
+
+const std::vector<TCIMValue>& GetElements(const ICIMQualifier& qualifier) {
+  return static_cast<const std::vector<TCIMValue>&>(qualifier.GetValue(TCIMContext()));
+}
+
+constexpr unsigned char kDecimal = 10;
+
+/// Without a value map the texts are numbered by position.
+void NumberTexts(const std::vector<TCIMValue>& texts, TTable& table) {
+  table.reserve(texts.size());
+  for (const TCIMValue& text : texts) {
+    const std::uint64_t number = table.size();
+    table.push_back({number, number, text.ToString(kDecimal)});
+  }
+}
+
+std::uint64_t ToNumber(const TCIMValue& value) {
+  if (value.GetType() == TType::kBoolean) return static_cast<bool>(value) ? 1 : 0;
+  const auto number = ReadUnsigned(value);
+  if (!number) throw Failure::NotSupported();
+  return *number;
+}
+
+}  // namespace
+
+/// A miss is ordinary, several for each rendered value, and so it does not throw on the way.
+boost::shared_ptr<const ICIMQualifier> TInmemProperty::FindQualifier(
+    const std::string& name) const {
+  const auto declaration = GetDeclaration(TCIMContext());
+  if (const auto own = boost::dynamic_pointer_cast<const TInmemPropertyDecl>(declaration)) {
+    return own->LookupQualifier(name);
+  }
+  try {
+    return declaration->GetQualifier(name, TCIMContext());
+  } catch (const TVYRException& failure) {
+    if (!Failure::IsNotFound(failure)) throw Failure::SameStatus(failure);
+    return {};
+  }
+}
+
+/// Empty also where the qualifier is null or of another type.
+boost::shared_ptr<const ICIMQualifier> TInmemProperty::FindUsableQualifier(
+    const std::string& name, TCIMValue::TCIMType type) const {
+  auto qualifier = FindQualifier(name);
+  const bool isUsable = qualifier && !qualifier->GetValue(TCIMContext()).IsNull() &&
+                        qualifier->GetType(TCIMContext()) == type;
+  return isUsable ? qualifier : boost::shared_ptr<const ICIMQualifier>();
+}
+
+bool TInmemProperty::BuildValueMapEntryArray(std::vector<TValueMapEntry>& table,
+                                             std::string& otherText) const {
+  const auto values = FindUsableQualifier("Values", TType::kStringArray);
+  if (!values) return false;
+  const std::vector<TCIMValue>& texts = GetElements(*values);
+  const auto valueMap = FindUsableQualifier("ValueMap", TType::kStringArray);
+  if (!valueMap) {
+    NumberTexts(texts, table);
+    return true;
+  }
+  const std::vector<TCIMValue>& entries = GetElements(*valueMap);
+  if (entries.size() != texts.size()) return false;
+  otherText.clear();
+  table.reserve(entries.size());
+  TValueMapReader reader(table, otherText);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!reader.Read(static_cast<std::string>(entries[i]), texts[i].ToString(kDecimal))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): one of three const operations
+std::string TInmemProperty::LookupInTable(const TCIMValue& value,
+                                          std::vector<TValueMapEntry>& table,
+                                          std::string& otherText) const {
+  const std::uint64_t number = ToNumber(value);
+  for (const TValueMapEntry& entry : table) {
+    if (entry.low <= number && number <= entry.high) return entry.text;
+  }
+  return otherText.empty() ? value.ToString(kDecimal) : otherText;
+}
+
+std::string TInmemProperty::ToStringWithBase(const TCIMValue& value) const {
+  const auto base = FindUsableQualifier("BASE", TType::kUInt8);
+  return value.ToString(base ? static_cast<unsigned char>(base->GetValue(TCIMContext()))
+                             : kDecimal);
+}
+
+}  // namespace NZELVYR20

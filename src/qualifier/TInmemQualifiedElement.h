@@ -1,0 +1,47 @@
+#pragma once
+
+#include <boost/enable_shared_from_this.hpp>
+#include <boost/make_shared.hpp>
+#include <boost/shared_ptr.hpp>
+
+#include "TInmemQualifierSet.h"
+
+namespace NZELVYR20 {
+
+/// What every element with qualifiers has in common, whichever interface it implements. How it
+/// answers a look-up that misses, and how it enumerates, is each element's own.
+template <class TInterface, class TSelf>
+class TInmemQualifiedElement : public TInterface, public boost::enable_shared_from_this<TSelf> {
+ public:
+  TInmemQualifiedElement(const TInmemQualifiedElement&) = delete;
+
+  TInterface& operator=(const TInterface&) override { return *this; }
+  TInmemQualifiedElement& operator=(const TInmemQualifiedElement&) { return *this; }
+
+  void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TCIMContext) override {
+    qualifiers_.Add(qualifier);
+  }
+
+  boost::shared_ptr<ICIMQualifier> AllocateQualifier(
+      boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
+      TCIMContext) override {
+    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), declaration, value);
+  }
+
+  boost::shared_ptr<ICIMQualifier> AllocateQualifier(
+      boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
+      ICIMQualifierDecl::EFlavor flavor, TCIMContext) override {
+    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), declaration, value,
+                                               flavor);
+  }
+
+  const TInmemQualifierSet& GetQualifiers() const { return qualifiers_; }
+
+ protected:
+  explicit TInmemQualifiedElement(TInmemQualifierSet::EMatch match) : qualifiers_(match) {}
+  ~TInmemQualifiedElement() override = default;
+
+  TInmemQualifierSet qualifiers_;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <boost/enable_shared_from_this.hpp>
+#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
+#include <string>
+
+#include "ICIMQualifier.h"
+
+namespace NZELVYR20 {
+
+/// One qualifier of one element. It knows the element weakly and holds its declaration.
+class TInmemQualifier : public ICIMQualifier,
+                        public boost::enable_shared_from_this<TInmemQualifier> {
+ public:
+  TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
+                  const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
+                  const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor);
+
+  /// With the flavor of the declaration.
+  TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
+                  const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
+                  const TCIMValue& value);
+
+  /// A copy for another element. The propagated mark is carried over as it is: whoever passes a
+  /// qualifier down sets it.
+  TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
+                  const boost::shared_ptr<const ICIMQualifier>& source);
+
+  TInmemQualifier(const TInmemQualifier&) = delete;
+  ~TInmemQualifier() override;
+
+  void SetPropagated(bool propagated) { propagated_ = propagated; }
+
+  void Validate(TCIMContext context) override;
+  void AddToClassOrProperty(TCIMContext context) const override;
+  void RemoveFromClassOrProperty(TCIMContext context) override;
+  const std::string& GetName(TCIMContext context) const override;
+  boost::shared_ptr<ICIMNamedElement> GetClassOrProperty(TCIMContext context) const override;
+  TCIMValue::TCIMType GetType(TCIMContext context) const override;
+  bool IsArray(TCIMContext context) const override;
+  boost::shared_ptr<const ICIMQualifierDecl> GetDeclaration(TCIMContext context) const override;
+  const TCIMValue& GetValue(TCIMContext context) const override;
+  void SetValue(const TCIMValue& value, TCIMContext context) override;
+  void SetFlavor(ICIMQualifierDecl::EFlavor flavor, TCIMContext context) override;
+  void UnsetFlavor(ICIMQualifierDecl::EFlavor flavor, TCIMContext context) override;
+  ICIMQualifierDecl::EFlavor GetFlavor(TCIMContext context) const override;
+  bool operator==(ICIMQualifier& other) const override;
+  bool operator<(ICIMQualifier& other) const override;
+  bool GetPropagated(TCIMContext context) const override;
+  ICIMQualifier& operator=(const ICIMQualifier& other) override;
+  TInmemQualifier& operator=(const TInmemQualifier& other);
+
+ private:
+  const boost::weak_ptr<const ICIMNamedElement> owner_;
+  const boost::shared_ptr<const ICIMQualifierDecl> declaration_;
+  TCIMValue value_;
+  ICIMQualifierDecl::EFlavor flavor_;
+  bool propagated_;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,73 @@
+#include "TInmemQualifierSet.h"
+
+#include <boost/make_shared.hpp>
+
+#include "Failures.h"
+#include "InMemory.h"
+#include "TInmemNamespace.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+bool HasFlavor(const ICIMQualifier& qualifier, ICIMQualifierDecl::EFlavor flavor) {
+  return (qualifier.GetFlavor(TCIMContext()) & flavor) != 0;
+}
+
+}  // namespace
+
+void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) {
+  const std::string key = TInmemNamespace::NormalizeName(qualifier->GetName(TCIMContext()));
+  const auto attached = qualifiers_.Find(key);
+  if (attached && !HasFlavor(*attached, ICIMQualifierDecl::kOverridable)) {
+    if (Conflicts(*attached, *qualifier)) throw Failure::QualifierConflict();
+    return;  // the same again: the attached object stays
+  }
+  qualifiers_.Put(key, InMemory<TInmemQualifier>(qualifier));
+}
+
+bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
+                                   const ICIMQualifier& added) const {
+  if (added.GetValue(TCIMContext()) != attached.GetValue(TCIMContext())) return true;
+  return match_ == EMatch::kValueAndFlavor &&
+         added.GetFlavor(TCIMContext()) != attached.GetFlavor(TCIMContext());
+}
+
+void TInmemQualifierSet::Remove(const std::string& name) {
+  if (!qualifiers_.Erase(TInmemNamespace::NormalizeName(name))) throw Failure::NotFound();
+}
+
+boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name) const {
+  return qualifiers_.Find(TInmemNamespace::NormalizeName(name));
+}
+
+boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name,
+                                                            bool& found) const {
+  found = true;
+  auto qualifier = Find(name);
+  if (!qualifier) found = false;
+  return qualifier;
+}
+
+bool TInmemQualifierSet::IsFlagSet(std::string_view key) const {
+  const auto qualifier = FindKey(key);
+  if (!qualifier) return false;
+  const TCIMValue& value = qualifier->GetValue(TCIMContext());
+  return !value.IsNull() && static_cast<bool>(value);
+}
+
+void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
+                                 const boost::shared_ptr<const ICIMNamedElement>& owner,
+                                 EInherit inherit) {
+  superClass.qualifiers_.ForEach(
+      [&](const std::string& key, const boost::shared_ptr<TInmemQualifier>& qualifier) {
+        if (inherit == EInherit::kAllButAbstract && key == QualifierKey::kAbstract) return;
+        if (!HasFlavor(*qualifier, ICIMQualifierDecl::kToSubclass)) return;
+        const boost::shared_ptr<const ICIMQualifier> source(qualifier);
+        const auto copy = boost::make_shared<TInmemQualifier>(owner, source);
+        copy->SetPropagated(true);
+        qualifiers_.Insert(key, copy);
+      });
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <string>
+#include <string_view>
+
+#include "Enumerate.h"
+#include "ICIMNamedElement.h"
+#include "ICIMQualifier.h"
+#include "TInmemQualifier.h"
+#include "TNameTable.h"
+
+namespace NZELVYR20 {
+
+/// Normalized names of the qualifiers that decide the repository's rules.
+namespace QualifierKey {
+constexpr std::string_view kAbstract = "abstract";
+constexpr std::string_view kAssociation = "association";
+constexpr std::string_view kKey = "key";
+constexpr std::string_view kOverride = "override";
+}  // namespace QualifierKey
+
+/// The qualifiers that are attached to one element, and the rules for attaching them.
+class TInmemQualifierSet {
+ public:
+  /// What an attached qualifier that may not be replaced is compared by.
+  enum class EMatch { kValue, kValueAndFlavor };
+
+  explicit TInmemQualifierSet(EMatch match) : match_(match) {}
+
+  /// ICIMNamedElement::AddQualifier: status 25, then 28; a failure changes nothing.
+  void Add(const boost::shared_ptr<ICIMQualifier>& qualifier);
+
+  /// Takes out the qualifier of that name; status 15 when there is none.
+  void Remove(const std::string& name);
+
+  /// The qualifier of that name; empty when there is none. Status 25.
+  boost::shared_ptr<TInmemQualifier> Find(const std::string& name) const;
+
+  /// The same by a name that is normalized already.
+  boost::shared_ptr<TInmemQualifier> FindKey(std::string_view key) const {
+    return qualifiers_.Find(key);
+  }
+
+  /// ICIMNamedElement::GetQualifier with the found flag.
+  boost::shared_ptr<TInmemQualifier> Find(const std::string& name, bool& found) const;
+
+  /// Whether the qualifier is there with a value that is not null and true. A value that is no
+  /// boolean is whatever its conversion throws.
+  bool IsFlagSet(std::string_view key) const;
+
+  template <class TOwner>
+  void Enumerate(const TOwner& owner, TEnumerationRule rule,
+                 const TCIMQualifierCallback& callback) const {
+    NZELVYR20::Enumerate(owner, qualifiers_, rule, callback);
+  }
+
+  /// Which qualifiers a superclass passes down. Making a class leaves "abstract" behind, while
+  /// refreshing one takes it along: hosts rely on the difference.
+  enum class EInherit { kAllButAbstract, kAll };
+
+  /// Copies what the superclass's flavors pass to subclasses, marked propagated, for `owner`. What
+  /// is attached already stays.
+  void Inherit(const TInmemQualifierSet& superClass,
+               const boost::shared_ptr<const ICIMNamedElement>& owner, EInherit inherit);
+
+ private:
+  bool Conflicts(const ICIMQualifier& attached, const ICIMQualifier& added) const;
+
+  TNameTable<TInmemQualifier> qualifiers_;
+  const EMatch match_;
+};
+
+}  // namespace NZELVYR20

@@ -54,18 +54,21 @@ class VYR_EXPORT ICIMInstance : public ICIMElement {
   /// Associators: calls back for the instance at the far end of each association instance that
   /// refers to this one. `resultClass` is required: an empty or unknown name gives no results.
   /// `assocClass` restricts the association's class; empty means any, unknown is status 15.
-  /// `role` names the property that is this instance's end; with `resultRole`, which names the
-  /// far end's, `role` has no effect. At most one instance for each association instance; the
-  /// callback's result is ignored. References that lead nowhere are skipped.
+  /// `role` names the property that counts as this instance's end, wherever that points;
+  /// `resultRole` names the far end's, which may be this instance itself, and leaves `role` without
+  /// effect. At most one instance for each association instance; the callback's result is ignored
+  /// and what it throws discarded. References that lead nowhere are skipped. A role that is no CIM
+  /// name is logged at level 0 and matches nothing.
   virtual void EnumerateAssociatedInstances(const TCIMInstanceCallback& callback,
                                             const std::string& assocClass,
                                             const std::string& resultClass, const std::string& role,
                                             const std::string& resultRole, TCIMContext context) = 0;
 
-  /// References: calls back once for each association instance that refers to this one.
-  /// `resultClass` restricts the association's class (empty means any, unknown is status 15),
-  /// `role` the property by which it refers. The callback's result is ignored. References that
-  /// lead nowhere are skipped.
+  /// References: calls back for each association instance that refers to this one. `resultClass`
+  /// restricts the association's class (empty means any, unknown is status 15), `role` the property
+  /// by which it refers; a role that is no CIM name is status 25. The callback's result is ignored
+  /// and what it throws discarded; one that throws status 15 is called again if a further property
+  /// of the same association instance refers here. References that lead nowhere are skipped.
   virtual void EnumerateAssociationInstances(const TCIMInstanceCallback& callback,
                                              const std::string& resultClass,
                                              const std::string& role, TCIMContext context) = 0;

@@ -19,7 +19,7 @@ constexpr auto kVersion = "vyrhost 1.0.0";
 
 constexpr auto kFooter =
     "An object path is a class name with key values, as 'instances' prints it:\n"
-    "  vyrhost show 'CIM_Disk.DeviceID=\"sda\",SystemName=\"box\"'\n\n"
+    "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n\n"
     "Options may also follow the command.\n"
     "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line.";
 

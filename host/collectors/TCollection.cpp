@@ -55,7 +55,7 @@ TInstanceDraft TCollection::DraftElement(const std::string& className,
 }
 
 std::optional<TCIMReference> TCollection::Add(TInstanceDraft draft) {
-  const TCIMReference path = draft.GetPath();
+  TCIMReference path = draft.GetPath();
   if (draft.AddToNamespace()) return path;
   Note(path.ToString(), "The namespace did not take the instance");
   return std::nullopt;
@@ -63,7 +63,7 @@ std::optional<TCIMReference> TCollection::Add(TInstanceDraft draft) {
 
 std::optional<TCIMReference> TCollection::AddPart(TInstanceDraft draft,
                                                   const std::string& association) {
-  const std::optional<TCIMReference> path = Add(std::move(draft));
+  std::optional<TCIMReference> path = Add(std::move(draft));
   if (path && system_) Add(DraftComponent(association, *system_, *path));
   return path;
 }

@@ -24,6 +24,7 @@ TInstanceDraft& TInstanceDraft::SetCode(const std::string& name, unsigned code) 
 TInstanceDraft& TInstanceDraft::SetCodes(const std::string& name,
                                          const std::vector<unsigned>& codes) {
   std::vector<TCIMValue> elements;
+  elements.reserve(codes.size());
   for (const unsigned code : codes) elements.emplace_back(static_cast<std::uint16_t>(code));
   return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kUInt16, std::move(elements)));
 }

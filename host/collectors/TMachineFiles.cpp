@@ -40,7 +40,7 @@ class TOpenFile {
 
   /// 0 or the error number.
   int ReadAll(std::string& text) const {
-    std::array<char, 65536> buffer;
+    std::array<char, 65536> buffer = {};
     for (;;) {
       const ssize_t count = read(descriptor_, buffer.data(), buffer.size());
       if (count == 0) return 0;

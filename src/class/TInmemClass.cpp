@@ -49,9 +49,13 @@ void TInmemClass::ReleaseLinks() {
   instances_.Clear();
   subClasses_.Clear();
   associationClasses_.Clear();
-  propertyDecls_.ForEach([this](const std::string&, const TPropertyDeclPointer& declaration) {
+  declaredProperties_.reset();
+  // A declaration of a superclass in a namespace that lives on is left as it is. All others may
+  // have nobody else to undo them: the class that declared them may have lost them.
+  propertyDecls_.ForEach([](const std::string&, const TPropertyDeclPointer& declaration) {
     const auto declaringClass = declaration->GetClass(TCIMContext());
-    if (!declaringClass || IsDeclaredHere(declaringClass)) declaration->ReleaseReferences();
+    if (declaringClass && declaringClass->GetNamespace(TCIMContext())) return;
+    declaration->ReleaseReferences();
   });
 }
 

@@ -71,6 +71,7 @@ void TInmemClass::EnumerateAssociationClasses(const TCIMClassCallback& callback,
   const auto filterClass = FindFilterClass(resultClass);
   boost::shared_ptr<TInmemClass> current = shared_from_this();
   do {
+    const auto held = current;  // a cursor goes before its table
     decltype(associationClasses_)::TCursor cursor(current->associationClasses_);
     while (const auto association = cursor.Next()) {
       if (!PassesFilter(*association, filterClass)) continue;

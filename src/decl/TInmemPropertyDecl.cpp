@@ -31,7 +31,7 @@ boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetReferencedClass() const {
 
 void TInmemPropertyDecl::ReleaseReferences() {
   if (defaultValue_.GetType().GetElementType() == TCIMValue::TCIMType::kReference) {
-    defaultValue_ = TCIMValue();
+    defaultValue_ = TCIMValue::Null(defaultValue_.GetType());
   }
 }
 

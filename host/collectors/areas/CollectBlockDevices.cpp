@@ -51,9 +51,10 @@ void TBlockDevices::AddDevice(const std::string& name) {
   if (size) AddExtent("CIM_LogicalDisk", name, folder, *size);
   if (isDrive) AddDrive(name, size);
   if (!size) return;
-  for (const std::string& part : files_.List(folder))
+  for (const std::string& part : files_.List(folder)) {
     if (!files_.ReadValue(folder + part + "/partition").empty())
       AddPartition(name, part, size->blockSize);
+  }
 }
 
 void TBlockDevices::AddDrive(const std::string& name, const std::optional<TExtentSize>& size) {
@@ -72,15 +73,17 @@ void TBlockDevices::AddDrive(const std::string& name, const std::optional<TExten
       .SetCodes("Capabilities", capabilities);
   if (const auto state = ParseDriveState(files_.ReadValue(folder + "device/state")))
     draft.SetCodes("OperationalStatus", {*state});
-  if (size)
+  if (size) {
     draft.Set("DefaultBlockSize", size->blockSize)
         .Set("MaxMediaSize", size->blocks * size->blockSize / 1024);
+  }
   const std::optional<TCIMReference> drive =
       collection_.AddPart(std::move(draft), "CIM_SystemDevice");
   const auto medium = extents_.find(name);
-  if (drive && medium != extents_.end())
+  if (drive && medium != extents_.end()) {
     collection_.Add(collection_.DraftDependency("CIM_MediaPresent", *drive, medium->second)
                         .Set("FixedMedia", !isRemovable));
+  }
 }
 
 void TBlockDevices::AddPartition(const std::string& disk, const std::string& name,
@@ -113,9 +116,10 @@ void TBlockDevices::LinkPartition(const std::string& disk, const std::string& na
   if (whole == extents_.end() || part == extents_.end()) return;
   TInstanceDraft draft = collection_.DraftDependency("CIM_BasedOn", whole->second, part->second);
   draft.Set("OrderIndex", ParseNumber<std::uint16_t>(files_.ReadValue(folder + "partition")));
-  if (const auto start = Multiply(ParseUnsigned(files_.ReadValue(folder + "start")), 512))
+  if (const auto start = Multiply(ParseUnsigned(files_.ReadValue(folder + "start")), 512)) {
     draft.Set("StartingAddress", *start / size.blockSize)
         .Set("EndingAddress", Add(*start / size.blockSize, size.blocks - 1));
+  }
   collection_.Add(std::move(draft));
 }
 

@@ -40,9 +40,10 @@ void AddChassis(TCollection& collection, TInstanceDraft draft, const std::string
   draft.Set("Tag", "chassis0").Set("CreationClassName", "CIM_Chassis");
   draft.SetText("Model", model).SetText("ElementName", model);
   const std::optional<TCIMReference> chassis = collection.Add(std::move(draft));
-  if (chassis && collection.GetSystem())
+  if (chassis && collection.GetSystem()) {
     collection.Add(
         collection.DraftDependency("CIM_ComputerSystemPackage", *chassis, *collection.GetSystem()));
+  }
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
@@ -18,13 +19,12 @@ std::optional<std::uint16_t> GetPersistence(TFileSystemFacts::EKind kind) {
   return std::nullopt;
 }
 
-/// Whether the path is a mount point for this process: else it would be asked about the file
-/// system on which a saved tree lies.
+/// Whether something is mounted there as this process sees it: else the question would be about
+/// the file system on which a saved tree lies. Kernels before 5.8 do not tell.
 bool IsMountPoint(const std::string& path) {
-  struct stat64 inside = {};
-  struct stat64 outside = {};
-  return stat64(path.c_str(), &inside) == 0 && stat64((path + "/..").c_str(), &outside) == 0 &&
-         (inside.st_dev != outside.st_dev || inside.st_ino == outside.st_ino);
+  struct statx status = {};
+  return statx(AT_FDCWD, path.c_str(), AT_NO_AUTOMOUNT, STATX_TYPE, &status) == 0 &&
+         (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
 class TFileSystems {
@@ -94,12 +94,14 @@ std::optional<TCIMReference> TFileSystems::FindExtent(const std::string& source)
 }
 
 void TFileSystems::NoteUnmeasured() {
-  if (slow_ > 0)
+  if (slow_ > 0) {
     collection_.Note("statvfs of " + std::to_string(slow_) + " mount(s)",
                      "Not asked for: the answer might never come");
-  if (saved_ > 0)
+  }
+  if (saved_ > 0) {
     collection_.Note("statvfs of " + std::to_string(saved_) + " mount(s)",
                      "Not asked for: they are not mounted below this root");
+  }
 }
 
 }  // namespace

@@ -51,9 +51,10 @@ void AddPort(TCollection& collection, const std::string& name) {
 }  // namespace
 
 void CollectNetworkPorts(TCollection& collection) {
-  for (const std::string& name : collection.List(kPortsFolder))
+  for (const std::string& name : collection.List(kPortsFolder)) {
     // Settings of drivers stand here, too, as plain files.
     if (collection.GetFiles().IsFolder(kPortsFolder + ("/" + name))) AddPort(collection, name);
+  }
 }
 
 }  // namespace NZELVYR20

@@ -24,12 +24,14 @@ std::string GetPackageId(std::uint32_t package) { return "socket" + std::to_stri
 /// whose cores are its logical processors.
 void CompleteTopology(const TMachineFiles& files, TLogicalProcessor& processor) {
   const std::string topology = GetFolder(processor) + "topology/";
-  if (!processor.package)
+  if (!processor.package) {
     processor.package =
         ParseNumber<std::uint32_t>(files.ReadValue(topology + "physical_package_id")).value_or(0);
-  if (!processor.core)
+  }
+  if (!processor.core) {
     processor.core =
         ParseNumber<std::uint32_t>(files.ReadValue(topology + "core_id")).value_or(processor.index);
+  }
 }
 
 std::map<std::uint32_t, TPackage> GroupByPackage(const TMachineFiles& files,

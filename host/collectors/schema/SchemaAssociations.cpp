@@ -161,10 +161,7 @@ std::vector<TClassRow> GetDependencyRows() {
 }  // namespace
 
 std::vector<TClassRow> GetAssociationClassRows() {
-  std::vector<TClassRow> rows = GetComponentRows();
-  for (const std::vector<TClassRow>& part : {GetDependencyRows(), GetCacheRows()})
-    rows.insert(rows.end(), part.begin(), part.end());
-  return rows;
+  return JoinRows({GetComponentRows(), GetDependencyRows(), GetCacheRows()});
 }
 
 }  // namespace NZELVYR20

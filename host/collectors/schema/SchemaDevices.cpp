@@ -66,11 +66,31 @@ std::vector<TClassRow> GetProcessorRows() {
   };
 }
 
-}  // namespace
+TClassRow GetEthernetPortRow() {
+  return {"CIM_EthernetPort",
+          "CIM_NetworkPort",
+          TClassRow::kConcrete,
+          "A port to an Ethernet.",
+          {TPropertyRow("PortType", T::kUInt16, "Kind of Ethernet.")
+               .Override()
+               .Meaning({{0, "Unknown"},
+                         {1, "Other"},
+                         {50, "10BaseT"},
+                         {51, "10-100BaseT"},
+                         {52, "100BaseT"},
+                         {53, "1000BaseT"},
+                         {54, "2500BaseT"},
+                         {55, "10GBaseT"},
+                         {56, "10GBase-CX4"},
+                         {100, "100Base-FX"},
+                         {101, "100Base-SX"},
+                         {102, "1000Base-SX"},
+                         {103, "1000Base-LX"},
+                         {104, "1000Base-CX"}})}};
+}
 
-std::vector<TClassRow> GetDeviceClassRows() {
-  std::vector<TClassRow> rows = GetProcessorRows();
-  const std::vector<TClassRow> portRows = {
+std::vector<TClassRow> GetPortRows() {
+  return {
       {"CIM_LogicalPort",
        "CIM_LogicalDevice",
        TClassRow::kAbstract,
@@ -111,29 +131,14 @@ std::vector<TClassRow> GetDeviceClassRows() {
                      "Largest unit that it transmits at present.")
             .In("Bytes")}},
 
-      {"CIM_EthernetPort",
-       "CIM_NetworkPort",
-       TClassRow::kConcrete,
-       "A port to an Ethernet.",
-       {TPropertyRow("PortType", T::kUInt16, "Kind of Ethernet.")
-            .Override()
-            .Meaning({{0, "Unknown"},
-                      {1, "Other"},
-                      {50, "10BaseT"},
-                      {51, "10-100BaseT"},
-                      {52, "100BaseT"},
-                      {53, "1000BaseT"},
-                      {54, "2500BaseT"},
-                      {55, "10GBaseT"},
-                      {56, "10GBase-CX4"},
-                      {100, "100Base-FX"},
-                      {101, "100Base-SX"},
-                      {102, "1000Base-SX"},
-                      {103, "1000Base-LX"},
-                      {104, "1000Base-CX"}})}},
+      GetEthernetPortRow(),
   };
-  rows.insert(rows.end(), portRows.begin(), portRows.end());
-  return rows;
+}
+
+}  // namespace
+
+std::vector<TClassRow> GetDeviceClassRows() {
+  return JoinRows({GetProcessorRows(), GetPortRows()});
 }
 
 }  // namespace NZELVYR20

@@ -52,10 +52,8 @@ std::vector<TClassRow> GetFileSystemRows() {
   };
 }
 
-}  // namespace
-
-std::vector<TClassRow> GetStorageClassRows() {
-  std::vector<TClassRow> rows = {
+std::vector<TClassRow> GetExtentRows() {
+  return {
       {"CIM_StorageExtent",
        "CIM_LogicalDevice",
        TClassRow::kConcrete,
@@ -96,6 +94,11 @@ std::vector<TClassRow> GetStorageClassRows() {
        "A part of a disk that its partition table lists.",
        {}},
 
+  };
+}
+
+std::vector<TClassRow> GetDriveRows() {
+  return {
       {"CIM_MediaAccessDevice",
        "CIM_LogicalDevice",
        TClassRow::kConcrete,
@@ -123,9 +126,12 @@ std::vector<TClassRow> GetStorageClassRows() {
                       {3, "Solid State Drive"},
                       {4, "Hybrid"}})}},
   };
-  const std::vector<TClassRow> fileSystemRows = GetFileSystemRows();
-  rows.insert(rows.end(), fileSystemRows.begin(), fileSystemRows.end());
-  return rows;
+}
+
+}  // namespace
+
+std::vector<TClassRow> GetStorageClassRows() {
+  return JoinRows({GetExtentRows(), GetDriveRows(), GetFileSystemRows()});
 }
 
 }  // namespace NZELVYR20

@@ -9,6 +9,45 @@ const char* const kHostKey = "Class of the computer system.";
 const char* const kHostName = "Name of the computer system.";
 const char* const kOwnClass = "Class that the instance was made from.";
 
+TClassRow GetSystemElementRow() {
+  return {
+      "CIM_ManagedSystemElement",
+      "CIM_ManagedElement",
+      TClassRow::kAbstract,
+      "A system or a part of one.",
+      {{"InstallDate", T::kDateTime, "When the element was put in place."},
+       {"Name", T::kString, "Name by which the element is known."},
+       TPropertyRow("OperationalStatus", T::kUInt16Array, "How the element does; first the main.")
+           .Meaning({{0, "Unknown"},
+                     {1, "Other"},
+                     {2, "OK"},
+                     {3, "Degraded"},
+                     {4, "Stressed"},
+                     {5, "Predictive Failure"},
+                     {6, "Error"},
+                     {7, "Non-Recoverable Error"},
+                     {8, "Starting"},
+                     {9, "Stopping"},
+                     {10, "Stopped"},
+                     {11, "In Service"},
+                     {12, "No Contact"},
+                     {13, "Lost Communication"},
+                     {14, "Aborted"},
+                     {15, "Dormant"},
+                     {16, "Supporting Entity in Error"},
+                     {17, "Completed"},
+                     {18, "Power Mode"}}),
+       {"StatusDescriptions", T::kStringArray, "Words for each entry of OperationalStatus."},
+       TPropertyRow("HealthState", T::kUInt16, "How well the element itself is.")
+           .Meaning({{0, "Unknown"},
+                     {5, "OK"},
+                     {10, "Degraded/Warning"},
+                     {15, "Minor failure"},
+                     {20, "Major failure"},
+                     {25, "Critical failure"},
+                     {30, "Non-recoverable error"}})}};
+}
+
 std::vector<TClassRow> GetBaseRows() {
   return {
       {"CIM_ManagedElement",
@@ -19,41 +58,7 @@ std::vector<TClassRow> GetBaseRows() {
         {"Description", T::kString, "The element in words."},
         {"ElementName", T::kString, "Name for people; need not be unique."}}},
 
-      {"CIM_ManagedSystemElement",
-       "CIM_ManagedElement",
-       TClassRow::kAbstract,
-       "A system or a part of one.",
-       {{"InstallDate", T::kDateTime, "When the element was put in place."},
-        {"Name", T::kString, "Name by which the element is known."},
-        TPropertyRow("OperationalStatus", T::kUInt16Array, "How the element does; first the main.")
-            .Meaning({{0, "Unknown"},
-                      {1, "Other"},
-                      {2, "OK"},
-                      {3, "Degraded"},
-                      {4, "Stressed"},
-                      {5, "Predictive Failure"},
-                      {6, "Error"},
-                      {7, "Non-Recoverable Error"},
-                      {8, "Starting"},
-                      {9, "Stopping"},
-                      {10, "Stopped"},
-                      {11, "In Service"},
-                      {12, "No Contact"},
-                      {13, "Lost Communication"},
-                      {14, "Aborted"},
-                      {15, "Dormant"},
-                      {16, "Supporting Entity in Error"},
-                      {17, "Completed"},
-                      {18, "Power Mode"}}),
-        {"StatusDescriptions", T::kStringArray, "Words for each entry of OperationalStatus."},
-        TPropertyRow("HealthState", T::kUInt16, "How well the element itself is.")
-            .Meaning({{0, "Unknown"},
-                      {5, "OK"},
-                      {10, "Degraded/Warning"},
-                      {15, "Minor failure"},
-                      {20, "Major failure"},
-                      {25, "Critical failure"},
-                      {30, "Non-recoverable error"}})}},
+      GetSystemElementRow(),
 
       {"CIM_LogicalElement",
        "CIM_ManagedSystemElement",
@@ -173,12 +178,8 @@ TClassRow GetOperatingSystemRow() {
                .In("KiloBytes")}};
 }
 
-}  // namespace
-
-std::vector<TClassRow> GetSystemClassRows() {
-  std::vector<TClassRow> rows = GetBaseRows();
-  const std::vector<TClassRow> physicalRows = GetPhysicalRows();
-  const std::vector<TClassRow> systemRows = {
+std::vector<TClassRow> GetSystemRows() {
+  return {
       {"CIM_System",
        "CIM_EnabledLogicalElement",
        TClassRow::kAbstract,
@@ -193,9 +194,12 @@ std::vector<TClassRow> GetSystemClassRows() {
 
       GetOperatingSystemRow(),
   };
-  rows.insert(rows.end(), physicalRows.begin(), physicalRows.end());
-  rows.insert(rows.end(), systemRows.begin(), systemRows.end());
-  return rows;
+}
+
+}  // namespace
+
+std::vector<TClassRow> GetSystemClassRows() {
+  return JoinRows({GetBaseRows(), GetPhysicalRows(), GetSystemRows()});
 }
 
 }  // namespace NZELVYR20

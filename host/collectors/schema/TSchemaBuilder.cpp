@@ -11,9 +11,10 @@ TSchemaBuilder::TSchemaBuilder(const boost::shared_ptr<ICIMNamespace>& nameSpace
     : namespace_(nameSpace) {}
 
 void TSchemaBuilder::Declare(const std::vector<TQualifierRow>& rows) const {
-  for (const TQualifierRow& row : rows)
+  for (const TQualifierRow& row : rows) {
     namespace_->AllocateQualifierDecl(row.name, row.defaultValue, row.scope, row.flavor, {})
         ->AddToNamespace({});
+  }
 }
 
 void TSchemaBuilder::Declare(const std::vector<TClassRow>& rows) const {

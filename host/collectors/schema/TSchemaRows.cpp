@@ -53,4 +53,11 @@ TClassRow TClassRow::With(const char* qualifier, const TCIMValue& value) const {
   return row;
 }
 
+std::vector<TClassRow> JoinRows(std::initializer_list<std::vector<TClassRow>> parts) {
+  std::vector<TClassRow> rows;
+  for (const std::vector<TClassRow>& part : parts)
+    rows.insert(rows.end(), part.begin(), part.end());
+  return rows;
+}
+
 }  // namespace NZELVYR20

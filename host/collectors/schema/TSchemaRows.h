@@ -64,6 +64,9 @@ struct TClassRow {
   std::vector<TPropertyRow> properties;
 };
 
+/// The rows of all parts, in order.
+std::vector<TClassRow> JoinRows(std::initializer_list<std::vector<TClassRow>> parts);
+
 /// The qualifiers of the schema.
 std::vector<TQualifierRow> GetQualifierRows();
 

@@ -126,10 +126,11 @@ std::vector<TFileSystemFacts> SelectFileSystems(const std::vector<TMount>& mount
       continue;
     selected.push_back({mount, *kind});
   }
-  for (TFileSystemFacts& facts : selected)
+  for (TFileSystemFacts& facts : selected) {
     facts.mayHang = std::any_of(
         slowPlaces.begin(), slowPlaces.end(),
         [&](const std::string& place) { return IsWithin(facts.mount.mountPoint, place); });
+  }
   return selected;
 }
 

@@ -57,9 +57,9 @@ TLinkKind ParseLinkKind(std::string_view type) {
 
 std::optional<std::uint64_t> ParsePortSpeed(std::string_view text) {
   // "-1" is no number here; older drivers write it as an unsigned number of 16 or 32 bits.
-  const std::optional<std::uint64_t> speed = ParseUnsigned(text);
-  if (speed == 0U || speed == 0xFFFFU || speed == 0xFFFFFFFFU) return std::nullopt;
-  return Multiply(speed, 1000000);
+  const std::uint64_t megabits = ParseUnsigned(text).value_or(0);
+  if (megabits == 0 || megabits == 0xFFFF || megabits == 0xFFFFFFFF) return std::nullopt;
+  return Multiply(megabits, 1000000);
 }
 
 std::optional<bool> ParseFullDuplex(std::string_view text) {
@@ -85,12 +85,13 @@ TPortState ParsePortState(std::string_view operationalState, std::string_view fl
   for (const TStateRow& row : kStates)
     if (row.name == operationalState) state = row.whenUp;
   const std::optional<std::uint64_t> bits = ParseFlags(flags);
-  if (!bits)
+  if (!bits) {
     state.enabledState = 0;
-  else if ((*bits & kAdministrativelyUp) == 0)
+  } else if ((*bits & kAdministrativelyUp) == 0) {
     state.enabledState = 3;
-  else if (operationalState == "unknown")
+  } else if (operationalState == "unknown") {
     state.enabledState = 2;
+  }
   return state;
 }
 

@@ -101,8 +101,8 @@ std::uint16_t FindProcessorFamily(const TLogicalProcessor& processor) {
 std::optional<std::uint64_t> ParseCacheSize(std::string_view text) {
   text = Trim(text);
   constexpr std::string_view kUnits = "KMG";
-  const std::size_t unit = text.empty() ? kUnits.npos : kUnits.find(text.back());
-  if (unit == kUnits.npos) return ParseUnsigned(text);
+  const std::size_t unit = text.empty() ? std::string_view::npos : kUnits.find(text.back());
+  if (unit == std::string_view::npos) return ParseUnsigned(text);
   text.remove_suffix(1);
   return Multiply(ParseUnsigned(text), std::uint64_t{1} << (10 * (unit + 1)));
 }

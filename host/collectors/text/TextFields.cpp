@@ -19,9 +19,7 @@ std::vector<std::string_view> SplitLines(std::string_view text) {
   std::vector<std::string_view> lines;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    lines.push_back(line);
+    lines.push_back(text.substr(0, end));
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
   }
   return lines;

@@ -11,7 +11,7 @@ namespace NZELVYR20 {
 /// The text without the blanks, line ends and NULs around it: kernel files end with either.
 std::string_view Trim(std::string_view text);
 
-/// The lines, without their line ends (LF or CR LF). The views point into `text`.
+/// The lines, without LF; a CR before it stays, for trimming. The views point into `text`.
 std::vector<std::string_view> SplitLines(std::string_view text);
 
 /// The words between runs of blanks.

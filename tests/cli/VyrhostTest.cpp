@@ -1,0 +1,291 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "RunVyrhost.h"
+#include "TSavedTree.h"
+
+namespace NZELVYR20 {
+namespace {
+
+const std::string kBox = "CIM_ComputerSystem.CreationClassName=\"CIM_ComputerSystem\",Name=\"box\"";
+const std::string kCore = "CIM_ProcessorCore.InstanceID=\"socket0/core0\"";
+
+std::string DevicePath(const std::string& className, const std::string& device) {
+  return className + ".CreationClassName=\"" + className + "\",DeviceID=\"" + device +
+         "\",SystemCreationClassName=\"CIM_ComputerSystem\",SystemName=\"box\"";
+}
+
+const std::string kSocket = DevicePath("CIM_Processor", "socket0");
+const std::string kSystem =
+    "CIM_OperatingSystem.CreationClassName=\"CIM_OperatingSystem\","
+    "CSCreationClassName=\"CIM_ComputerSystem\",CSName=\"box\",Name=\"Test\"";
+const std::string kPort = DevicePath("CIM_EthernetPort", "eth0");
+
+std::string Quoted(const std::string& text) {
+  std::string quoted;
+  for (const char character : text) {
+    if (character == '"' || character == '\\') quoted += '\\';
+    quoted += character;
+  }
+  return '"' + quoted + '"';
+}
+
+std::string ComponentPath(const std::string& className, const std::string& group,
+                          const std::string& part) {
+  return className + ".GroupComponent=" + Quoted(group) + ",PartComponent=" + Quoted(part);
+}
+
+const std::string kHoldsPort = ComponentPath("CIM_SystemDevice", kBox, kPort);
+const std::string kHoldsSocket = ComponentPath("CIM_SystemDevice", kBox, kSocket);
+const std::string kHoldsCore = ComponentPath("CIM_ConcreteComponent", kSocket, kCore);
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+class VyrhostTest : public ::testing::Test {
+ protected:
+  TOutcome Run(TArgumentList arguments, int outputDescriptor = -1) const {
+    arguments.insert(arguments.begin(), {"--root", tree_.GetRoot(), "--plugin", INMEM_PLUGIN_PATH});
+    return RunVyrhost(arguments, outputDescriptor);
+  }
+
+  TSavedTree tree_;
+};
+
+TEST_F(VyrhostTest, FailuresAreOneLineThatNamesTheThing) {
+  const std::string textFile = tree_.Write("text.so", std::string(1000, 'x'));
+  const struct {
+    const char* description;
+    TArgumentList arguments;
+    std::vector<std::string> named;
+  } rows[] = {
+      {"unknown class", {"instances", "CIM_Nope"}, {"CIM_Nope"}},
+      {"unknown class, schema only", {"class", "CIM_Nope"}, {"CIM_Nope"}},
+      {"unknown class in the tree", {"classes", "--tree", "CIM_Nope"}, {"CIM_Nope"}},
+      {"class name that is none", {"class", "2x"}, {"2x"}},
+      {"class name that is none, with data", {"instances", "a-b"}, {"a-b"}},
+      {"empty class name", {"class", ""}, {"class"}},
+      {"line break in a name", {"class", "a\nb"}, {"a\\nb"}},
+      {"unknown class in a path", {"show", "CIM_Nope.A=1"}, {"CIM_Nope"}},
+      {"path without class", {"show", ".A=1"}, {".A=1", "column 1:"}},
+      {"unknown key", {"show", "CIM_ProcessorCore.Foo=\"x\""}, {"Foo", "column 19:"}},
+      {"quotes that do not end", {"show", "CIM_ProcessorCore.InstanceID=\"x"}, {"column 30:"}},
+      {"unknown instance", {"show", "CIM_ProcessorCore.InstanceID=\"x\""}, {"InstanceID=\"x\""}},
+      {"class in place of a path", {"show", "CIM_ProcessorCore"}, {"CIM_ProcessorCore", "keys"}},
+      {"associators of nothing", {"associators", DevicePath("CIM_Processor", "no")}, {"\"no\""}},
+      {"unknown result class", {"associators", kBox, "--result-class", "CIM_Nope"}, {"CIM_Nope"}},
+      {"unknown association", {"associators", kBox, "--assoc-class", "CIM_Nope"}, {"CIM_Nope"}},
+      {"unknown class of references", {"references", kBox, "--result-class", "Nope"}, {"Nope"}},
+      {"role that is no name", {"references", kBox, "--role", "2x"}, {"2x"}},
+      {"result role that is no name", {"associators", kBox, "--result-role", "2x"}, {"2x"}},
+      {"no such plug-in", {"--plugin", "/nowhere/x.so"}, {"/nowhere/x.so"}},
+      {"plug-in that is a text", {"classes", "--plugin", textFile}, {textFile}},
+      {"plug-in that is a folder", {"--plugin", tree_.GetRoot()}, {tree_.GetRoot()}},
+      {"library without provider", {"--plugin", "libm.so.6"}, {"libm.so.6", "inmem"}},
+      {"no such root", {"--root", "/nowhere"}, {"/nowhere"}},
+      {"root that is a file", {"--root", textFile}, {textFile}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const TOutcome outcome = Run(row.arguments);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "");
+    ASSERT_EQ(Lines(outcome.errors).size(), 1U) << outcome.errors;
+    EXPECT_EQ(outcome.errors.rfind("vyrhost: error: ", 0), 0U) << outcome.errors;
+    for (const auto& name : row.named)
+      EXPECT_TRUE(Contains(outcome.errors, name)) << outcome.errors;
+  }
+}
+
+TEST_F(VyrhostTest, WrongUsageNamesTheArgumentAndPointsToTheHelp) {
+  const struct {
+    const char* description;
+    TArgumentList arguments;
+    const char* named;
+    const char* help;
+  } rows[] = {
+      {"unknown command", {"frobnicate"}, "command frobnicate", "vyrhost --help"},
+      {"unknown option", {"--frobnicate"}, "option --frobnicate", "vyrhost --help"},
+      {"option of another command", {"classes", "--deep"}, "--deep", "vyrhost classes --help"},
+      {"unknown option before a missing class", {"class", "--x"}, "--x", "vyrhost class --help"},
+      {"missing class", {"instances"}, "CLASS", "vyrhost instances --help"},
+      {"missing path", {"show"}, "OBJECT-PATH", "vyrhost show --help"},
+      {"one path too many", {"show", kBox, "more"}, "more", "vyrhost show --help"},
+      {"two commands", {"show", kBox, "classes"}, "classes", "vyrhost show --help"},
+      {"option without value", {"--plugin"}, "--plugin", "vyrhost --help"},
+      {"level that is no number", {"--log-level", "loud"}, "loud", "vyrhost --help"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const TOutcome outcome = RunVyrhost(row.arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "");
+    const std::vector<std::string> lines = Lines(outcome.errors);
+    ASSERT_EQ(lines.size(), 2U) << outcome.errors;
+    EXPECT_TRUE(Contains(lines[0], row.named)) << lines[0];
+    EXPECT_TRUE(Contains(lines[1], row.help)) << lines[1];
+  }
+}
+
+TEST_F(VyrhostTest, PathsAreListedOnePerLine) {
+  const struct {
+    const char* description;
+    TArgumentList arguments;
+    std::vector<std::string> paths;
+  } rows[] = {
+      {"a class and its subclasses", {"instances", "CIM_LogicalDevice"}, {kSocket, kPort}},
+      {"in any letter case", {"instances", "cim_networkport", "--deep"}, {kPort}},
+      {"without subclasses", {"instances", "CIM_LogicalDevice", "--no-deep"}, {}},
+      {"each once, though there are two associations to the operating system",
+       {"associators", kBox},
+       {kSystem, kPort, kSocket}},
+      {"both ends of associations", {"associators", kSocket}, {kBox, kCore}},
+      {"of a result class", {"associators", kBox, "--result-class", "cim_networkport"}, {kPort}},
+      {"through an association",
+       {"associators", kSocket, "--assoc-class", "CIM_SystemComponent"},
+       {kBox}},
+      {"at a role of the association",
+       {"associators", kBox, "--result-class", "CIM_LogicalDevice", "--result-role",
+        "partcomponent"},
+       {kPort, kSocket}},
+      {"associations", {"references", kSocket}, {kHoldsSocket, kHoldsCore}},
+      {"associations by role", {"references", kSocket, "--role", "PartComponent"}, {kHoldsSocket}},
+      {"associations by class",
+       {"references", kBox, "--result-class", "CIM_SystemDevice"},
+       {kHoldsPort, kHoldsSocket}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const TOutcome outcome = Run(row.arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_EQ(Lines(outcome.output), row.paths);
+  }
+}
+
+TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
+  tree_.Write("sys/class/net/odd \"name\"\\=,/type", "1\n");
+  std::vector<std::string> paths;
+  for (const char* top : {"CIM_ManagedElement", "CIM_Component", "CIM_Dependency"}) {
+    for (const auto& path : Lines(Run({"instances", top}).output)) paths.push_back(path);
+  }
+  EXPECT_GE(paths.size(), 8U);
+  for (const auto& path : paths) {
+    const TOutcome outcome = Run({"show", path});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_TRUE(Contains(outcome.output, "\nPath   " + path + "\n")) << outcome.output;
+  }
+}
+
+TEST_F(VyrhostTest, OutputHoldsTheseLines) {
+  tree_.Write("proc/version", "not\033[31m one\tline");
+  const struct {
+    const char* description;
+    TArgumentList arguments;
+    std::vector<std::string> lines;
+  } rows[] = {
+      {"overview",
+       {},
+       {"CIM_ProcessorCore (1 instance)", "  " + kCore, "    InstanceID        socket0/core0",
+        "CIM_SystemDevice (2 instances)", "  " + kHoldsSocket, "    PartComponent   " + kSocket}},
+      {"one instance",
+       {"show", "cim_processorcore.instanceid=\"socket0/core0\""},
+       {"Class  CIM_ProcessorCore", "Path   " + kCore,
+        "InstanceID          string    key           socket0/core0",
+        "InstallDate         datetime  default,null"}},
+      {"list of classes",
+       {"classes", "CIM_Component"},
+       {"CIM_Component          abstract, association", "CIM_SystemDevice       association"}},
+      {"tree of classes",
+       {"classes", "cim_logicalport", "--tree"},
+       {"CIM_LogicalPort (abstract)", "└── CIM_NetworkPort", "    └── CIM_EthernetPort"}},
+      {"class",
+       {"class", "CIM_SystemDevice"},
+       {"Class         CIM_SystemDevice (association)",
+        "Superclasses  CIM_SystemComponent < CIM_Component", "Qualifiers", "  Association",
+        "  GroupComponent  reference to CIM_System         CIM_SystemDevice", "      Key"}},
+      {"inherited property",
+       {"class", "CIM_ProcessorCore"},
+       {"  EnabledState        uint16    CIM_EnabledLogicalElement"}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const TOutcome outcome = Run(row.arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    const std::vector<std::string> lines = Lines(outcome.output);
+    for (const auto& line : row.lines) {
+      EXPECT_GT(std::count(lines.begin(), lines.end(), line), 0) << "no line: " << line << "\nin:\n"
+                                                                 << outcome.output;
+    }
+    EXPECT_FALSE(Contains(outcome.output, "\033"));
+    EXPECT_FALSE(Contains(outcome.output, " \n"));
+  }
+}
+
+TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {
+  const std::string note = "vyrhost: note: block devices: /sys/block: No such file or directory\n";
+  const TOutcome loud = Run({"instances", "CIM_System"});
+  EXPECT_EQ(loud.status, 0);
+  EXPECT_EQ(loud.output, kBox + "\n");
+  EXPECT_TRUE(Contains(loud.errors, note)) << loud.errors;
+  const TOutcome quiet = Run({"instances", "CIM_System", "--quiet"});
+  EXPECT_EQ(quiet.output, loud.output);
+  EXPECT_EQ(quiet.errors, "");
+}
+
+TEST(VyrhostHelpTest, HelpAndVersionNeedNoPlugin) {
+  const struct {
+    TArgumentList arguments;
+    const char* part;
+  } rows[] = {
+      {{"--help", "--plugin", "/nowhere"}, "--plugin PATH"},
+      {{"associators", "--help"}, "--result-class CLASS"},
+      {{"--version"}, "vyrhost "},
+  };
+  for (const auto& row : rows) {
+    const TOutcome outcome = RunVyrhost(row.arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors;
+    EXPECT_TRUE(Contains(outcome.output, row.part)) << outcome.output;
+    EXPECT_EQ(outcome.errors, "");
+  }
+}
+
+TEST_F(VyrhostTest, LooksForThePluginBesideItself) {
+  const auto beside = std::filesystem::path(VYRHOST_PATH).parent_path() / "libinmem.nsp.so";
+  ASSERT_TRUE(std::filesystem::equivalent(beside, INMEM_PLUGIN_PATH));
+  EXPECT_EQ(RunVyrhost({"classes"}).output, Run({"classes"}).output);
+}
+
+TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {
+  const int fullDevice = open("/dev/full", O_WRONLY | O_CLOEXEC);
+  ASSERT_GE(fullDevice, 0);
+  const TOutcome full = Run({"classes"}, fullDevice);
+  close(fullDevice);
+  EXPECT_EQ(full.status, 1);
+  EXPECT_EQ(full.errors, "vyrhost: error: standard output: No space left on device\n");
+
+  int ends[2] = {-1, -1};
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  close(ends[0]);
+  const TOutcome broken = Run({"classes"}, ends[1]);
+  close(ends[1]);
+  EXPECT_EQ(broken.status, 1);
+  EXPECT_EQ(broken.errors, "");
+}
+
+}  // namespace
+}  // namespace NZELVYR20

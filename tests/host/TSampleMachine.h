@@ -1,0 +1,21 @@
+#pragma once
+
+#include "TSampleTree.h"
+
+namespace NZELVYR20 {
+
+/// The tree of a machine with two processors of two cores, two network ports and the loopback, a
+/// disk with two partitions, of which one carries an encrypted volume, an empty card reader, and
+/// mounts of many kinds.
+class TSampleMachine : public TSampleTree {
+ public:
+  TSampleMachine();
+
+ private:
+  void WriteSystem();
+  void WriteProcessors();
+  void WritePorts();
+  void WriteDevices();
+};
+
+}  // namespace NZELVYR20

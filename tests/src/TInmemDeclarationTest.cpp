@@ -1,0 +1,81 @@
+#include "TInmemDeclaration.h"
+
+#include "ICIMParameterDecl.h"
+#include "TInmemClass.h"
+#include "TInmemParameterDecl.h"
+#include "TRepositoryTest.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+class TInmemDeclarationTest : public TRepositoryTest {
+ protected:
+  TClass port = DefineClass("CIM_Port");
+  boost::shared_ptr<TInmemClass> owner = boost::dynamic_pointer_cast<TInmemClass>(port);
+  boost::shared_ptr<TInmemMethodDecl> method =
+      boost::make_shared<TInmemMethodDecl>(owner, "Reset", TType::kUInt32);
+};
+
+TEST_F(TInmemDeclarationTest, ComparesByNormalizedName) {
+  const auto expectIn = [&](const char* description, const auto& make) {
+    SCOPED_TRACE(description);
+    const auto key = make("Key", TCIMValue(true));
+    const auto same = make("KEY", TCIMValue(1));
+    const auto first = make("_key", TCIMValue(true));
+    const auto invalid = make("9x", TCIMValue(true));
+    EXPECT_TRUE(*key == *same && !(*key == *first));
+    EXPECT_TRUE(*first < *key && !(*key < *first || *key < *same || *same < *key));
+    EXPECT_EQ(Try([&] { EXPECT_FALSE(*key == *invalid); }), InvalidName("9x"));
+    EXPECT_EQ(Try([&] { EXPECT_FALSE(*invalid < *key); }), InvalidName("9x"));
+    EXPECT_EQ(&(*key = *first), key.get());
+    EXPECT_EQ(key->GetName({}), "Key") << "assignment copies nothing";
+  };
+  using TValue = const TCIMValue&;
+  expectIn("properties",
+           [&](auto* name, TValue value) { return port->AllocatePropertyDecl(name, value, {}); });
+  expectIn("methods", [&](auto* name, TValue value) {
+    return port->AllocateMethodDecl(name, value.GetType(), {});
+  });
+  expectIn("qualifiers",
+           [&](auto* name, TValue value) { return NewQualifier(*port, name, value); });
+  expectIn("declared", [&](auto* name, TValue value) { return NewQualifierDecl(name, value); });
+}
+
+TEST_F(TInmemDeclarationTest, APropertyHasTheTypeOfItsDefault) {
+  TInmemPropertyDecl property(owner, "Speed", TCIMValue());
+  EXPECT_EQ(property.GetType({}), TType::kNone);
+  EXPECT_FALSE(property.IsArray({}));
+  property.SetDefaultValue(TCIMValue::Null(TType::kUInt8Array), {});
+  EXPECT_EQ(property.GetType({}), TType::kUInt8Array);
+  EXPECT_TRUE(property.IsArray({}));
+
+  const TInmemPropertyDecl copy(boost::shared_ptr<const TInmemClass>(owner),
+                                port->GetPropertyDecl("Id", {}));
+  EXPECT_EQ(copy.GetName({}), "") << "nothing is copied";
+  EXPECT_FALSE(copy.GetClass({}));
+  EXPECT_EQ(copy.GetDefaultValue({}), TCIMValue());
+  EXPECT_FALSE(copy.LookupQualifier("Key"));
+}
+
+TEST_F(TInmemDeclarationTest, AMethodFindsItsParametersByName) {
+  const auto count = boost::make_shared<TInmemParameterDecl>(method, "COUNT", TType::kUInt8Array);
+  const auto again = boost::make_shared<TInmemParameterDecl>(method, "Count", TType::kString);
+  EXPECT_EQ(Try([&] { count->AddToMethod({}); }), TOutcome::Quiet());
+  EXPECT_EQ(Try([&] { again->AddToMethod({}); }),
+            TOutcome::Logged(
+                16, 3, "Inmem: Attempt to add property Count to method Reset: already exists"));
+  EXPECT_EQ(method->GetParameterDecl("count", {}), count);
+  EXPECT_EQ(count->GetMethodDecl({}), method);
+  EXPECT_EQ(count->GetType({}), TType::kUInt8Array);
+  EXPECT_FALSE(count->IsArray({})) << "it does not look at its type";
+
+  for (const int status : {0, 15}) {
+    EXPECT_EQ(Try([&] { method->RemoveParameterDecl(again); }), TOutcome::Quiet(status));
+  }
+  EXPECT_EQ(Try([&] { method->GetParameterDecl("Count", {}); }), TOutcome::Quiet(15));
+}
+
+}  // namespace
+}  // namespace NZELVYR20

@@ -1,0 +1,168 @@
+#include "TInmemProperty.h"
+
+#include "TRepositoryTest.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using TType = TCIMValue::TCIMType;
+using TConstDecl = boost::shared_ptr<const ICIMPropertyDecl>;
+
+class TInmemPropertyTest : public TRepositoryTest {
+ protected:
+  /// A declaration that the test alone holds.
+  TConstDecl Declare(const TCIMValue& defaultValue, const TValues& qualifiers = {}) {
+    const auto declaration = NewPropertyDecl(cimClass, "Speed", defaultValue);
+    for (const auto& [name, value] : qualifiers) Qualify(*declaration, name, value);
+    return declaration;
+  }
+
+  static TCIMValue Texts(std::vector<TCIMValue> texts) {
+    return TCIMValue::Array(TType::kString, std::move(texts));
+  }
+
+  TClass cimClass = NewClass("Thing");
+};
+
+TEST_F(TInmemPropertyTest, ChecksTypeAndReferencedClass) {
+  const auto port = DefineClass("Port");
+  const auto card = DefineClass("Card");
+  const auto fast = DefineClass("Fast", port);
+  const TCIMValue text("old");
+  const auto toPort = TCIMValue::NullReference(port);
+  const std::string isCard = "decl references type Port but value references Card";
+  const struct {
+    const char* description;
+    TCIMValue declared, value;
+    std::string complaint;
+  } rows[] = {
+      {"the type", text, "new", ""},
+      {"another type", text, 5U, "decl is type string but value is type uint32"},
+      {"an array of the type", text, Texts({}), "decl is type string but value is type string[]"},
+      {"a null of the type", text, TCIMValue::Null(TType::kString), ""},
+      {"a null of no type", text, TCIMValue(), "decl is type string but value is type none"},
+      {"a reference to the class", toPort, RefTo(NewInstance(port)), ""},
+      {"a reference to a subclass", toPort, RefTo(NewInstance(fast)), ""},
+      {"a reference to another class", toPort, RefTo(NewInstance(card)), isCard},
+      {"a null reference to another class", toPort, TCIMValue::NullReference(card), isCard},
+      {"a reference to a superclass", TCIMValue::NullReference(fast), RefTo(NewInstance(port)),
+       "decl references type Fast but value references Port"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const auto declaration = Declare(row.declared);
+    TInmemProperty property(declaration);
+    const bool isRefused = !row.complaint.empty();
+    TOutcome outcome;
+    if (isRefused) outcome = {14, {{3, "Inmem: SetValue: " + row.complaint}}};
+    EXPECT_EQ(Try([&] { property.SetValue(row.value, {}); }), outcome);
+    EXPECT_EQ(Try([&] { TInmemProperty(declaration, row.value); }), outcome);
+    EXPECT_EQ(property.GetValue({}), isRefused ? row.declared : row.value);
+    EXPECT_EQ(property.IsDefaultValue({}), isRefused);
+    EXPECT_EQ(property.GetPropagated({}), isRefused);
+    // A previous value may be any null; complaints of others lack the usual beginning.
+    const bool isKept = row.value.IsNull() || !isRefused;
+    if (!isKept) outcome = {14, {{3, "SetPrevValue: " + row.complaint}}};
+    EXPECT_EQ(Try([&] { property.SetPrevValue(row.value); }), isKept ? TOutcome{} : outcome);
+    EXPECT_EQ(property.IsPrevValueDifferent(), isKept);
+    EXPECT_EQ(property.GetPrevValue(), isKept ? row.value : row.declared);
+  }
+}
+
+TEST_F(TInmemPropertyTest, ShowsTheDefaultUntilItHasAValue) {
+  const auto declaration = NewPropertyDecl(cimClass, "Speed", "slow");
+  TInmemProperty property{TConstDecl(declaration)};
+  declaration->SetDefaultValue(Texts({"a"}), {});
+  EXPECT_EQ(property.GetValue({}), Texts({"a"}));
+  EXPECT_TRUE(property.IsArray({}));
+  EXPECT_EQ(property.GetType({}), TType::kStringArray);
+  property.SetValue(property.GetValue({}), {});
+  declaration->SetDefaultValue("fast", {});
+  property.SetPrevValue(property.GetPrevValue().IsArray() ? TCIMValue() : TCIMValue("lost"));
+  EXPECT_EQ(property.GetValue({}), Texts({"a"}));
+}
+
+TEST_F(TInmemPropertyTest, RemembersThePreviousValueForGood) {
+  const auto declaration = Declare("default");
+  TInmemProperty property(declaration, "now");
+  EXPECT_EQ(property.GetPrevValue(), TCIMValue("now"));
+  property.SetPrevValue();
+  EXPECT_EQ(property.GetPrevValue(), TCIMValue());
+  property.SetPrevValue("before");
+  property.SetPrevValue(property.GetPrevValue());
+  property.SetValue(property.GetValue({}), {});
+  EXPECT_EQ(Try([&] { property.SetPrevValue(TCIMValue(true)); }).status, 14);
+  EXPECT_EQ(property.GetPrevValue(), TCIMValue("before"));
+  EXPECT_EQ(property.PrevValueToString() + " " + property.ToString(), "before now");
+}
+
+TEST_F(TInmemPropertyTest, CopiesAndCompares) {
+  const auto declaration = Declare("b");
+  const auto original = boost::make_shared<TInmemProperty>(declaration, "own");
+  original->SetPrevValue("before");
+  const boost::shared_ptr<const ICIMProperty> source(original);
+  TInmemProperty copy(source);
+  EXPECT_EQ(copy.GetDeclaration({}), declaration);
+  EXPECT_EQ(copy.GetValue({}), TCIMValue("own"));
+  EXPECT_FALSE(copy.IsDefaultValue({}) || copy.IsPrevValueDifferent());
+  original->SetValue(TCIMValue::Null(TType::kString), {});
+  EXPECT_EQ(TInmemProperty(source).GetValue({}), TCIMValue("b"));
+  copy = *original;
+  static_cast<ICIMProperty&>(copy) = *original;
+  EXPECT_EQ(copy.GetValue({}), TCIMValue("own"));
+
+  const auto other = Declare("b");
+  TInmemProperty a(declaration, "a"), b(declaration, "b"), unset(declaration), foreign(other, "a");
+  EXPECT_TRUE(a == a && b == unset && !(a == b) && !(a == foreign));
+  EXPECT_TRUE(a < b && a < unset && !(b < a) && !(b < unset));
+  EXPECT_NE(a < foreign, foreign < a);
+  EXPECT_EQ(a < foreign, b < foreign);
+}
+
+TEST_F(TInmemPropertyTest, RendersByItsQualifiers) {
+  const auto abc = std::make_pair("Values", Texts({"A", "B", "C"}));
+  const auto ranges = std::make_pair("VALUEMAP", Texts({"1..3", "10", ".."}));
+  const auto bytes = std::make_pair("Units", TCIMValue("Bytes"));
+  const auto none = std::make_pair("NullDisplay", TCIMValue("n/a"));
+  const auto hex = std::make_pair("Base", TCIMValue(static_cast<unsigned char>(16)));
+  const auto nullArray = TCIMValue::Null(TType::kUInt32Array);
+  const struct {
+    const char* description;
+    TCIMValue value;
+    TValues qualifiers;
+    TNames shown;
+  } rows[] = {
+      {"text by position", 2U, {abc}, {"C"}},
+      {"boolean by position", true, {abc}, {"B"}},
+      {"range, open up to the next number", 9U, {abc, ranges}, {"A"}},
+      {"number outside of all ranges", 11U, {abc, ranges}, {"C"}},
+      {"map of another length", 2U, {abc, {"ValueMap", Texts({"2"})}}, {"2"}},
+      {"signed numbers have no texts", 1, {abc}, {"1"}},
+      {"null", TCIMValue::Null(TType::kUInt32), {abc, none}, {"n/a"}},
+      {"array by position", TCIMValue::Array(TType::kUInt32, {0U, 2U}), {abc}, {"A", "C"}},
+      {"null array", nullArray, {none}, {"n/a"}},
+      {"null array without a text", nullArray, {abc}, {}},
+      {"scaled", 1536U, {bytes}, {"1.5 Kilobytes"}},
+      {"not beyond the divisor", 1024U, {bytes}, {"1,024 Bytes"}},
+      {"scaled, abbreviated", 1536U, {bytes, {"AbbreviateUnits", true}}, {"1.5 KB"}},
+      {"time", 90061U, {{"Units", "Seconds"}}, {"1 days 01:01:01"}},
+      {"unit without scale, base", 255U, {{"Units", "Watts"}, hex}, {"ff"}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    const auto declaration = Declare(row.value, row.qualifiers);
+    const TInmemProperty property(declaration);
+    if (row.value.IsArray()) {
+      EXPECT_EQ(property.ToStringVector(), row.shown);
+    } else {
+      EXPECT_EQ(TNames{property.ToString()}, row.shown);
+      EXPECT_EQ(TNames{property.PrevValueToString()}, row.shown);
+    }
+  }
+  // As a vector, a scalar is shown without its text.
+  const auto declaration = Declare(2U, {abc});
+  EXPECT_EQ(TInmemProperty(declaration).ToStringVector(), TNames{"2"});
+}
+
+}  // namespace
+}  // namespace NZELVYR20

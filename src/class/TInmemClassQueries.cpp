@@ -101,7 +101,7 @@ void TInmemClass::EnumerateAssociatedClasses(const TCIMClassCallback& callback,
 }
 
 /// The classes at the far ends of one association, each once. This class's own end is the property
-/// named by the role, else the first that refers to this very class.
+/// named by the role, else the first that refers to this very class and is not the result's.
 TInmemClass::TClassList TInmemClass::GetFarEnds(TInmemClass& association,
                                                 const boost::shared_ptr<ICIMClass>& resultClass,
                                                 const std::string& role,
@@ -114,7 +114,9 @@ TInmemClass::TClassList TInmemClass::GetFarEnds(TInmemClass& association,
       [&](const std::string& key, const TPropertyDeclPointer& declaration) {
         const auto referenced = declaration->GetReferencedClass();
         if (!referenced) return;
-        if (!isOwnEndFound && (roleKey.empty() ? referenced.get() == this : key == roleKey)) {
+        const bool isOwnEnd =
+        roleKey.empty() ? referenced.get() == this && key != resultRoleKey : key == roleKey;
+    if (!isOwnEndFound && isOwnEnd) {
           isOwnEndFound = true;
           return;
         }

@@ -30,8 +30,9 @@ boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetReferencedClass() const {
 }
 
 void TInmemPropertyDecl::ReleaseReferences() {
-  if (defaultValue_.GetType().GetElementType() == TCIMValue::TCIMType::kReference) {
-    defaultValue_ = TCIMValue::Null(defaultValue_.GetType());
+  const TCIMValue::TCIMType::ECIMType type = defaultValue_.GetType();
+  if (type == TCIMValue::TCIMType::kReference || type == TCIMValue::TCIMType::kReferenceArray) {
+    defaultValue_ = TCIMValue();  // a host need not offer a null that keeps the type
   }
 }
 

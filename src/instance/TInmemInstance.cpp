@@ -153,8 +153,8 @@ boost::shared_ptr<TInmemProperty> TInmemInstance::FindProperty(const std::string
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
                                                             TCIMContext) const {
   if (auto property = FindProperty(name)) return property;
-  if (Contains(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, TCIMValue("Unknown"));
-  if (Contains(name, "Description")) return DeriveProperty("Description", TCIMValue(" "));
+  if (Contains(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, std::string("Unknown"));
+  if (Contains(name, "Description")) return DeriveProperty("Description", std::string(" "));
   if (IsStatusName(name)) return DeriveProperty(name, TCIMValue(static_cast<unsigned short>(0)));
   throw Failure::NotFound();
 }

@@ -207,6 +207,7 @@ TEST_F(TInmemAssociationQueriesTest, FindsAssociatedClasses) {
       {"by result role", system, "CIM_Triple", "", "", "a", {"CIM_Disk"}},
       {"its own kind", port, "", "", "", "", {"CIM_Port"}},
       {"from end to end", port, "", "", "To", "From", {"CIM_Port"}},
+      {"to the first end, from the other", port, "", "", "", "From", {"CIM_Port"}},
       {"its own kind by role", system, "CIM_Triple", "CIM_System", "C", "", {"CIM_System"}},
   };
   for (const auto& row : rows) {

@@ -36,7 +36,7 @@ TEST(TOrderedTableTest, CursorsSurviveChanges) {
     const char* rest;
   } rows[] = {
       {"the one handed out goes", "-b", "df"}, {"the next goes", "-d", "f"},
-      {"the rest goes", "-d-f", ""},           {"one comes next", "+c", "df"},
+      {"the rest goes", "-d-f", ""},           {"others come", "+c+e+g", "df"},
       {"the next is replaced", "*d", "Df"},    {"the next goes and returns", "-d+d", "f"},
       {"all go and return", "!!+b+d+f", ""},
   };

@@ -1,199 +1,130 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <boost/algorithm/string/case_conv.hpp>
 #include <boost/make_shared.hpp>
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
+#include <boost/preprocessor.hpp>
 
-#include "ICIMMethodDecl.h"
 #include "ICIMNamespace.h"
-#include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
-#include "ICIMQualifier.h"
+#include "TCIMDateTime.h"
+#include "TCIMReference.h"
 #include "TVYRException.h"
-
-// The least of a schema that paths need: classes with typed properties, some of them keys, in a
-// namespace without instances. All else is status 1.
 
 namespace NZELVYR20 {
 
-[[noreturn]] inline void Unsupported() { throw TVYRException(TVYRStatusCode::kNotSupported); }
+#define REFUSED_ONE(R, DATA, OPERATION) \
+  OPERATION override { throw TVYRException(TVYRStatusCode::kNotSupported); }
+/// Implements operations that no test needs.
+#define REFUSED(...) BOOST_PP_SEQ_FOR_EACH(REFUSED_ONE, , BOOST_PP_VARIADIC_TO_SEQ(__VA_ARGS__))
 
-#define NOT_NEEDED \
-  override { Unsupported(); }
+template <class TPointee>
+using TPtr = boost::shared_ptr<TPointee>;
+using TClass = TPtr<ICIMClass>;
+using TCtx = TCIMContext;
+using TDecl = ICIMQualifierDecl;
+using TEachClass = const TCIMClassCallback&;
+using TEachInstance = const TCIMInstanceCallback&;
+using TKeys = std::vector<std::pair<std::string, TCIMValue>>;
+using TPath = const TCIMReference&;
+using TQualifier = TPtr<ICIMQualifier>;
+using TText = const std::string&;
+using TType = TCIMValue::TCIMType;
+using TValue = const TCIMValue&;
+using TValues = std::vector<TCIMValue>;
 
-/// The status that the action throws; 0 where it throws none.
+/// The least of a schema that paths need, in one: a property with its type, a class with its
+/// properties, or a namespace with its classes, whose one answer to instances is the path asked
+/// for.
+struct TFakeSchema : ICIMNamespace, ICIMClass, ICIMPropertyDecl {
+  explicit TFakeSchema(std::string givenName, TType givenType = {}, TPtr<ICIMNamespace> owner = {})
+      : name(std::move(givenName)), type(givenType), nameSpace(owner) {}
+
+  void Add(const TPtr<TFakeSchema>& part) { parts[boost::to_lower_copy(part->name)] = part; }
+
+  TText GetName(TCtx) const override { return name; }
+  TType GetType(TCtx) const override { return type; }
+  TPtr<ICIMNamespace> GetNamespace(TCtx) const override { return nameSpace.lock(); }
+  TClass GetClass(TText part, TCtx) override { return parts[boost::to_lower_copy(part)]; }
+  TPtr<ICIMInstance> GetInstance(TPath path, TCtx) override {
+    throw std::runtime_error(name + ": " + path.GetPath());
+  }
+  TPtr<ICIMPropertyDecl> GetPropertyDecl(TText part, TCtx) const override {
+    const auto found = parts.find(boost::to_lower_copy(part));
+    return found == parts.end() ? throw TVYRException(TVYRStatusCode::kNotFound) : found->second;
+  }
+  void EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCtx) override {
+    std::all_of(parts.begin(), parts.end(), [&](const auto& part) {
+      return part.second->type == TType::kNone || callback(&part.second->name);
+    });
+  }
+
+  std::string name;
+  TType type;  ///< none for a property that is no key
+  boost::weak_ptr<ICIMNamespace> nameSpace;
+  std::map<std::string, TPtr<TFakeSchema>> parts;  ///< by name in lower case
+
+  REFUSED(void EnumerateAssociatedClasses(TEachClass, TText, TText, TText, TText, TCtx),
+          void EnumeratePropertyDecls(const TCIMPropertyDeclCallback&, TCtx) const,
+          void EnumerateMethodDecls(const TCIMMethodDeclCallback&, TCtx) const,
+          void EnumerateStaticProperties(const TCIMPropertyCallback&, TCtx),
+          void EnumerateAssociationClasses(TEachClass, TText, TText, TCtx),
+          TPtr<ICIMPropertyDecl> AllocatePropertyDecl(TText, TValue, TCtx),
+          TPtr<ICIMMethodDecl> AllocateMethodDecl(TText, TType, TCtx), bool IsRootClass(TCtx) const,
+          TPtr<ICIMMethodDecl> GetMethodDecl(TText, TCtx) const, bool operator==(ICIMClass&) const,
+          bool IsSubclassOf(TPtr<const ICIMClass>, TCtx) const, void RemoveAssociationClass(TClass),
+          void EnumerateInstances(TEachInstance, bool, TCtx), void AddInstance(TPtr<ICIMInstance>),
+          TPtr<ICIMProperty> GetProperty(TText, TCtx) const, ICIMClass& operator=(const ICIMClass&),
+          void EnumerateSubClasses(TEachClass, bool, TCtx), void RemoveInstance(TPtr<ICIMInstance>),
+          void RemovePropertyDecl(TPtr<ICIMPropertyDecl>), void AddMethodDecl(TPtr<ICIMMethodDecl>),
+          void AddPropertyDecl(TPtr<ICIMPropertyDecl>), void RemoveMethodDecl(TPtr<ICIMMethodDecl>),
+          void SetPropertyValue(TText, TValue, TCtx), TCIMValue InvokeMethod(TText, TCtx&, TCtx),
+          TPtr<ICIMInstance> AllocateInstance(TCtx), TClass GetSuperClass(TCtx) const,
+          bool operator<(ICIMClass&) const, void AddAssociationClass(TClass),
+          void RemoveFromNamespace(TCtx), void ModifyClass(TClass, TCtx), void Validate(TCtx) const,
+          bool IsAssociation(TCtx) const, void RemoveChildClass(TClass), void AddChildClass(TClass),
+          bool IsAbstract(TCtx) const, void AddToNamespace(TCtx))
+  REFUSED(TPtr<TDecl> AllocateQualifierDecl(TText, TValue, TDecl::EScope, TDecl::EFlavor, TCtx),
+          TQualifier AllocateQualifier(TPtr<const TDecl>, TValue, TDecl::EFlavor, TCtx),
+          void EnumerateQualifierDecls(const TCIMQualifierDeclCallback&, TCtx), void Validate(TCtx),
+          void EnumerateQualifiers(const TCIMQualifierCallback&, TCtx) const, void AddToClass(TCtx),
+          void ExecuteQuery(TEachInstance, std::string&, std::string&, TCtx), void ClearInstances(),
+          void Subscribe(TPtr<ICIMIndicationFilter>, TEachInstance, TCtx), bool IsArray(TCtx) const,
+          TQualifier AllocateQualifier(TPtr<const TDecl>, TValue, TCtx), void RemoveFromClass(TCtx),
+          void EnumerateProviders(const TCIMProviderCallback&, TCtx), TClass GetClass(TCtx) const,
+          void AddUnderlyingNamespace(TPtr<ICIMNamespace>, TCtx), void DeleteInstance(TPath, TCtx),
+          ICIMPropertyDecl& operator=(const ICIMPropertyDecl&), void AddQualifier(TQualifier, TCtx),
+          TPtr<INamespaceProvider> GetNamespaceProvider(TCtx), TValue GetDefaultValue(TCtx) const,
+          void SetUpcallNamespace(TPtr<ICIMNamespace>, TCtx), void SetDefaultValue(TValue, TCtx),
+          TQualifier GetQualifier(TText, bool&, TCtx) const, void ModifyInstance(TPath, TCtx, TCtx),
+          void EnumerateRootClasses(TEachClass, TCtx), TQualifier GetQualifier(TText, TCtx) const,
+          TClass AllocateClass(TText, TClass, TCtx), TPtr<TDecl> GetQualifierDecl(TText, TCtx),
+          bool operator==(ICIMPropertyDecl&) const, ICIMNamespace& operator=(ICIMNamespace&),
+          bool operator<(ICIMPropertyDecl&) const)
+};
+
+constexpr const char* kNotFound = "The element was not found.";
+constexpr const char* kTypeMismatch = "The type does not match.";
+
+inline TClass MakeClass(TText name) { return boost::make_shared<TFakeSchema>(name); }
+
+inline TCIMReference MakePath(const TClass& cimClass, const TKeys& keys = {}) {
+  TCIMReference path({}, {});
+  path.SetClass(cimClass);
+  for (const auto& key : keys) path.AddKeyValue(key.first, key.second);
+  return path;
+}
+
+/// What the action returns or, where it throws, the message of that.
 template <class TAction>
-int StatusOf(const TAction& action) {
+std::string ResultOf(const TAction& action) {
   try {
-    action();
-  } catch (const TVYRException& exception) {
-    return exception.GetStatusCode();
+    return action();
+  } catch (const std::exception& exception) {
+    return exception.what();
   }
-  return TVYRStatusCode::kSuccess;
 }
-
-inline std::string Lower(std::string name) {
-  std::transform(name.begin(), name.end(), name.begin(),
-                 [](unsigned char c) { return tolower(c); });
-  return name;
-}
-
-template <class TMap>
-typename TMap::mapped_type Find(const TMap& map, const std::string& name) {
-  const auto entry = map.find(Lower(name));
-  if (entry == map.end()) throw TVYRException(TVYRStatusCode::kNotFound);
-  return entry->second;
-}
-
-using TString = const std::string&;
-using TClass = boost::shared_ptr<ICIMClass>;
-using TDecl = boost::shared_ptr<const ICIMQualifierDecl>;
-using TInstance = boost::shared_ptr<ICIMInstance>;
-using TMethodDecl = boost::shared_ptr<ICIMMethodDecl>;
-using TNamespace = boost::shared_ptr<ICIMNamespace>;
-using TProperty = boost::shared_ptr<ICIMProperty>;
-using TPropertyDecl = boost::shared_ptr<ICIMPropertyDecl>;
-using TQualifier = boost::shared_ptr<ICIMQualifier>;
-using EFlavor = ICIMQualifierDecl::EFlavor;
-
-template <class TInterface>
-class TWithoutQualifiers : public TInterface {
- public:
-  using TInterface::operator=;
-  void AddQualifier(TQualifier, TCIMContext) NOT_NEEDED;
-  TQualifier AllocateQualifier(TDecl, const TCIMValue&, TCIMContext) NOT_NEEDED;
-  TQualifier AllocateQualifier(TDecl, const TCIMValue&, EFlavor, TCIMContext) NOT_NEEDED;
-  TQualifier GetQualifier(const std::string&, TCIMContext) const NOT_NEEDED;
-  void EnumerateQualifiers(const TCIMQualifierCallback&, TCIMContext) const NOT_NEEDED;
-  TQualifier GetQualifier(const std::string&, bool&, TCIMContext) const NOT_NEEDED;
-};
-
-class TFakePropertyDecl : public TWithoutQualifiers<ICIMPropertyDecl> {
- public:
-  TFakePropertyDecl(std::string name, TCIMValue::TCIMType type)
-      : name_(std::move(name)), type_(type) {}
-
-  const std::string& GetName(TCIMContext) const override { return name_; }
-  TCIMValue::TCIMType GetType(TCIMContext) const override { return type_; }
-  bool IsArray(TCIMContext) const override { return type_.IsArray(); }
-
-  void Validate(TCIMContext) NOT_NEEDED;
-  void AddToClass(TCIMContext) NOT_NEEDED;
-  void RemoveFromClass(TCIMContext) NOT_NEEDED;
-  TClass GetClass(TCIMContext) const NOT_NEEDED;
-  const TCIMValue& GetDefaultValue(TCIMContext) const NOT_NEEDED;
-  void SetDefaultValue(const TCIMValue&, TCIMContext) NOT_NEEDED;
-  bool operator==(ICIMPropertyDecl&) const NOT_NEEDED;
-  bool operator<(ICIMPropertyDecl&) const NOT_NEEDED;
-  ICIMPropertyDecl& operator=(const ICIMPropertyDecl&) NOT_NEEDED;
-
- private:
-  std::string name_;
-  TCIMValue::TCIMType type_;
-};
-
-class TFakeClass : public TWithoutQualifiers<ICIMClass> {
- public:
-  TFakeClass(std::string name, const boost::weak_ptr<ICIMNamespace>& nameSpace)
-      : name_(std::move(name)), namespace_(nameSpace) {}
-
-  void AddKey(const std::string& name, TCIMValue::TCIMType type) {
-    AddProperty(name, type);
-    keyNames_.push_back(name);
-  }
-  void AddProperty(const std::string& name, TCIMValue::TCIMType type) {
-    properties_[Lower(name)] = boost::make_shared<TFakePropertyDecl>(name, type);
-  }
-
-  TString GetName(TCIMContext) const override { return name_; }
-  TNamespace GetNamespace(TCIMContext) const override { return namespace_.lock(); }
-  void EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMContext) override {
-    std::all_of(keyNames_.begin(), keyNames_.end(), [&](TString name) { return callback(&name); });
-  }
-  TPropertyDecl GetPropertyDecl(TString name, TCIMContext) const override {
-    return Find(properties_, name);
-  }
-
-  void Validate(TCIMContext) const NOT_NEEDED;
-  void AddToNamespace(TCIMContext) NOT_NEEDED;
-  void RemoveFromNamespace(TCIMContext) NOT_NEEDED;
-  void ModifyClass(TClass, TCIMContext) NOT_NEEDED;
-  bool IsAssociation(TCIMContext) const NOT_NEEDED;
-  bool IsAbstract(TCIMContext) const NOT_NEEDED;
-  bool IsRootClass(TCIMContext) const NOT_NEEDED;
-  TClass GetSuperClass(TCIMContext) const NOT_NEEDED;
-  void EnumerateSubClasses(const TCIMClassCallback&, bool, TCIMContext) NOT_NEEDED;
-  bool IsSubclassOf(boost::shared_ptr<const ICIMClass>, TCIMContext) const NOT_NEEDED;
-  void EnumerateAssociatedClasses(const TCIMClassCallback&, TString, TString, TString, TString,
-                                  TCIMContext) NOT_NEEDED;
-  void EnumerateAssociationClasses(const TCIMClassCallback&, TString, TString,
-                                   TCIMContext) NOT_NEEDED;
-  TPropertyDecl AllocatePropertyDecl(TString, const TCIMValue&, TCIMContext) NOT_NEEDED;
-  void EnumeratePropertyDecls(const TCIMPropertyDeclCallback&, TCIMContext) const NOT_NEEDED;
-  TProperty GetProperty(TString, TCIMContext) const NOT_NEEDED;
-  void SetPropertyValue(TString, const TCIMValue&, TCIMContext) NOT_NEEDED;
-  void EnumerateStaticProperties(const TCIMPropertyCallback&, TCIMContext) NOT_NEEDED;
-  TInstance AllocateInstance(TCIMContext) NOT_NEEDED;
-  void EnumerateInstances(const TCIMInstanceCallback&, bool, TCIMContext) NOT_NEEDED;
-  TMethodDecl AllocateMethodDecl(TString, TCIMValue::TCIMType, TCIMContext) NOT_NEEDED;
-  TMethodDecl GetMethodDecl(TString, TCIMContext) const NOT_NEEDED;
-  void EnumerateMethodDecls(const TCIMMethodDeclCallback&, TCIMContext) const NOT_NEEDED;
-  TCIMValue InvokeMethod(TString, TCIMContext&, TCIMContext) NOT_NEEDED;
-  bool operator==(ICIMClass&) const NOT_NEEDED;
-  bool operator<(ICIMClass&) const NOT_NEEDED;
-  ICIMClass& operator=(const ICIMClass&) NOT_NEEDED;
-  void AddChildClass(TClass) NOT_NEEDED;
-  void RemoveChildClass(TClass) NOT_NEEDED;
-  void AddInstance(TInstance) NOT_NEEDED;
-  void RemoveInstance(TInstance) NOT_NEEDED;
-  void AddAssociationClass(TClass) NOT_NEEDED;
-  void RemoveAssociationClass(TClass) NOT_NEEDED;
-  void AddPropertyDecl(TPropertyDecl) NOT_NEEDED;
-  void RemovePropertyDecl(TPropertyDecl) NOT_NEEDED;
-  void AddMethodDecl(TMethodDecl) NOT_NEEDED;
-  void RemoveMethodDecl(TMethodDecl) NOT_NEEDED;
-
- private:
-  std::string name_;
-  boost::weak_ptr<ICIMNamespace> namespace_;
-  std::vector<std::string> keyNames_;
-  std::map<std::string, TPropertyDecl> properties_;
-};
-
-class TFakeNamespace : public ICIMNamespace {
- public:
-  std::map<std::string, TClass> classes;  ///< by name in lower case
-  std::vector<std::string> wanted;        ///< the paths of the instances that were asked for
-
-  TClass GetClass(TString name, TCIMContext) override { return Find(classes, name); }
-  TInstance GetInstance(const TCIMReference& path, TCIMContext) override {
-    wanted.push_back(path.GetPath());
-    return {};
-  }
-
-  boost::shared_ptr<INamespaceProvider> GetNamespaceProvider(TCIMContext) NOT_NEEDED;
-  void SetUpcallNamespace(TNamespace, TCIMContext) NOT_NEEDED;
-  void AddUnderlyingNamespace(TNamespace, TCIMContext) NOT_NEEDED;
-  TClass AllocateClass(TString, TClass, TCIMContext) NOT_NEEDED;
-  void EnumerateRootClasses(const TCIMClassCallback&, TCIMContext) NOT_NEEDED;
-  void EnumerateProviders(const TCIMProviderCallback&, TCIMContext) NOT_NEEDED;
-  boost::shared_ptr<ICIMQualifierDecl> AllocateQualifierDecl(TString, const TCIMValue&,
-                                                             ICIMQualifierDecl::EScope,
-                                                             ICIMQualifierDecl::EFlavor,
-                                                             TCIMContext) NOT_NEEDED;
-  boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(TString, TCIMContext) NOT_NEEDED;
-  void EnumerateQualifierDecls(const TCIMQualifierDeclCallback&, TCIMContext) NOT_NEEDED;
-  void Subscribe(boost::shared_ptr<ICIMIndicationFilter>, const TCIMInstanceCallback&,
-                 TCIMContext) NOT_NEEDED;
-  void DeleteInstance(const TCIMReference&, TCIMContext) NOT_NEEDED;
-  void ModifyInstance(const TCIMReference&, TCIMContext, TCIMContext) NOT_NEEDED;
-  void ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&,
-                    TCIMContext) NOT_NEEDED;
-  void ClearInstances() NOT_NEEDED;
-  ICIMNamespace& operator=(ICIMNamespace&) NOT_NEEDED;
-};
 
 }  // namespace NZELVYR20

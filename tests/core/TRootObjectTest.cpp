@@ -1,109 +1,77 @@
 #include "TRootObject.h"
 
-#include <gtest/gtest.h>
-
-#include <boost/make_shared.hpp>
 #include <iostream>
 #include <sstream>
-#include <stdexcept>
 
 #include "ICoreLogger.h"
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
+#include "TFakeSchema.h"
 
 namespace NZELVYR20 {
-namespace {
 
-class TNotingLogger : public ICoreLogger {
- public:
-  ~TNotingLogger() override { TRootObject::GetCoreLogger()->Log(9, "logger gone"); }
-  void Log(int level, const std::string& message) override {
-    notes += std::to_string(level) + message + ';';
-  }
-  std::string notes;
+static void Log(int level, const char* text) { TRootObject::GetCoreLogger()->Log(level, text); }
+
+struct TNotingLogger : ICoreLogger {
+  ~TNotingLogger() override { NZELVYR20::Log(9, notes.c_str()); }
+  void Log(int level, TText message) override { notes += std::to_string(level) + message; }
+  std::string notes = "noted: ";
 };
 
-class TFakeProvider : public INamespaceProvider {
- public:
-  explicit TFakeProvider(std::string name) : name_(std::move(name)) {}
-  const std::string& GetName(TCIMContext) const override { return name_; }
-  boost::shared_ptr<ICIMNamespace> AllocateNamespace(TCIMContext, bool) const override {
-    return {};
-  }
-  int GetType(TCIMContext) const override { return 2; }
-  bool IsIndicationsSupported(TCIMContext) const override { return false; }
-
- private:
-  std::string name_;
+struct TFakeProvider : INamespaceProvider {
+  explicit TFakeProvider(std::string givenName) : name(std::move(givenName)) {}
+  TText GetName(TCtx) const override { return name; }
+  REFUSED(TPtr<ICIMNamespace> AllocateNamespace(TCtx, bool) const, int GetType(TCtx) const,
+          bool IsIndicationsSupported(TCtx) const)
+  std::string name;
 };
 
-/// Catches what goes to standard error in its lifetime.
-class TCaughtErrors {
- public:
-  TCaughtErrors() : original_(std::cerr.rdbuf(text_.rdbuf())) {}
-  ~TCaughtErrors() { std::cerr.rdbuf(original_); }
-  std::string GetText() const { return text_.str(); }
+struct TRootObjectTest : testing::Test {
+  ~TRootObjectTest() override { std::cerr.rdbuf(original); }
 
- private:
-  std::ostringstream text_;
-  std::streambuf* original_;
+  std::ostringstream errors;
+  std::streambuf* original = std::cerr.rdbuf(errors.rdbuf());
 };
 
-TEST(TRootObject, OwnLoggerWritesLinesWithinTheThreshold) {
-  const TCaughtErrors errors;
-  const auto log = [](int level, const char* text) {
-    TRootObject::GetCoreLogger()->Log(level, text);
-  };
-  log(0, "grave");
-  log(3, "two\r\nlines");
-  log(4, "detail");
+TEST_F(TRootObjectTest, OwnLoggerWritesLinesWithinTheThresholdAndNeverThrows) {
+  Log(3, "two\r\nlines");
+  Log(4, "detail");
   TRootObject::SetLogThreshold(4);
-  log(4, "wanted detail");
+  Log(4, "wanted detail");
   TRootObject::SetLogThreshold(-1);
-  log(0, "unheard");
-  log(-5, "unheard, too");
+  Log(-5, "unheard");
   TRootObject::SetLogThreshold(3);
-  EXPECT_EQ(errors.GetText(), "vyr[0] grave\nvyr[3] two  lines\nvyr[4] wanted detail\n");
-}
+  EXPECT_EQ(errors.str(), "vyr[3] two  lines\nvyr[4] wanted detail\n");
 
-TEST(TRootObject, OwnLoggerNeverThrows) {
-  const TCaughtErrors errors;
-  struct TFullBuffer : std::streambuf {
-  } full;
-  std::cerr.rdbuf(&full);
+  std::stringbuf unwritable(std::ios::in);
+  std::cerr.rdbuf(&unwritable);
   std::cerr.exceptions(std::ios::badbit);
-  EXPECT_NO_THROW(TRootObject::GetCoreLogger()->Log(0, "lost"));
+  EXPECT_NO_THROW(Log(0, "lost"));
   EXPECT_TRUE(std::cerr.bad());
   std::cerr.exceptions(std::ios::goodbit);
 }
 
-TEST(TRootObject, SwapsTheLogger) {
-  const TCaughtErrors errors;
-  auto logger = boost::make_shared<TNotingLogger>();
-  TRootObject::SetCoreLogger(logger);
-  TRootObject::GetCoreLogger()->Log(7, "noted");
-  EXPECT_EQ(logger->notes, "7noted;");
-  logger.reset();
+TEST_F(TRootObjectTest, SwapsTheLoggerWhichMayStillLogWhileItIsLetGoOf) {
+  TRootObject::SetCoreLogger(boost::make_shared<TNotingLogger>());
+  Log(7, "text");
   TRootObject::SetLogThreshold(9);
-  TRootObject::SetCoreLogger({});  // the noting logger logs while it is let go of
+  TRootObject::SetCoreLogger({});
   TRootObject::SetLogThreshold(3);
-  EXPECT_EQ(errors.GetText(), "vyr[9] logger gone\n");
+  EXPECT_EQ(errors.str(), "vyr[9] noted: 7text\n");
 }
 
-TEST(TRootObject, ManagerFindsAndReplacesProviders) {
+TEST_F(TRootObjectTest, ManagerFindsAndReplacesProviders) {
   const auto manager = TRootObject::GetNamespaceProviderManager();
   const auto first = boost::make_shared<TFakeProvider>("test-b");
   const auto second = boost::make_shared<TFakeProvider>("test-b");
-  manager->RegisterNamespaceProvider(first);
-  manager->RegisterNamespaceProvider(boost::make_shared<TFakeProvider>("test-a"));
-  EXPECT_EQ(manager->FindNamespaceProvider("test-b"), first);
-  EXPECT_EQ(manager->FindNamespaceProvider("TEST-B"), nullptr);
-  manager->RegisterNamespaceProvider(second);
-  EXPECT_EQ(manager->FindNamespaceProvider("test-b"), second);
+  for (const auto& provider : {first, boost::make_shared<TFakeProvider>("test-a"), second}) {
+    manager->RegisterNamespaceProvider(provider);
+    EXPECT_EQ(manager->FindNamespaceProvider(provider->name), provider);
+  }
   EXPECT_EQ(first.use_count(), 1);
+  EXPECT_EQ(manager->FindNamespaceProvider("TEST-B"), nullptr);
   EXPECT_EQ(manager->GetNamespaceProviderNames(), (std::vector<std::string>{"test-a", "test-b"}));
   EXPECT_THROW(manager->RegisterNamespaceProvider({}), std::invalid_argument);
 }
 
-}  // namespace
 }  // namespace NZELVYR20

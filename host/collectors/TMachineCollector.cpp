@@ -15,6 +15,7 @@ void TMachineCollector::DefineSchema(const boost::shared_ptr<ICIMNamespace>& nam
   builder.Declare(GetQualifierRows());
   builder.Declare(GetSystemClassRows());
   builder.Declare(GetDeviceClassRows());
+  builder.Declare(GetPciClassRows());
   builder.Declare(GetStorageClassRows());
   builder.Declare(GetAssociationClassRows());
 }
@@ -31,6 +32,8 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   CollectProcessors(collection);
   collection.BeginArea("network ports");
   CollectNetworkPorts(collection);
+  collection.BeginArea("PCI devices");
+  CollectPciDevices(collection);
   collection.BeginArea("block devices");
   const TExtents extents = CollectBlockDevices(collection);
   collection.BeginArea("file systems");

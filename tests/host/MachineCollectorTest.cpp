@@ -55,11 +55,12 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
       {"CIM_NetworkPort", 3},       {"CIM_EthernetPort", 2},
       {"CIM_DiskDrive", 2},         {"CIM_LogicalDisk", 2},
       {"CIM_DiskPartition", 2},     {"CIM_FileSystem", 5},
-      {"CIM_SystemDevice", 17},     {"CIM_HostedFileSystem", 5},
+      {"CIM_SystemDevice", 18},     {"CIM_HostedFileSystem", 5},
       {"CIM_RunningOS", 1},         {"CIM_InstalledOS", 1},
       {"CIM_ConcreteComponent", 4}, {"CIM_AssociatedCacheMemory", 6},
       {"CIM_MediaPresent", 1},      {"CIM_BasedOn", 3},
       {"CIM_ResidesOnExtent", 2},   {"CIM_ComputerSystemPackage", 1},
+      {"CIM_PCIDevice", 1},
   };
   for (const auto& [name, count] : rows) EXPECT_EQ(count, host_.Count(name)) << name;
   EXPECT_EQ(TTexts(), host_.GetMessages());
@@ -73,6 +74,7 @@ TEST_F(MachineCollector, FillsProperties) {
   const std::string processor = Device("CIM_Processor", "socket1");
   const std::string eth0 = Device("CIM_EthernetPort", "eth0");
   const std::string eth1 = Device("CIM_EthernetPort", "eth1");
+  const std::string network = Device("CIM_PCIDevice", "0000:3b:1f.6");
   const std::string drive = Device("CIM_DiskDrive", "sda");
   const std::string reader = Device("CIM_DiskDrive", "sdb");
   const std::string partition = Device("CIM_DiskPartition", "sda1");
@@ -101,13 +103,21 @@ TEST_F(MachineCollector, FillsProperties) {
       {eth0, "PermanentAddress", "02FC000A0B0C"},
       {eth0, "OperationalStatus", "{2}"},
       {eth0, "FullDuplex", "TRUE"},
-      {eth0, "ActiveMaximumTransmissionUnit", "1.5 Kilobytes"},
+      {eth0, "ActiveMaximumTransmissionUnit", "1500"},
       {eth1, "Speed", "Unknown"},
       {eth1, "FullDuplex", "<null>"},
       {eth1, "PermanentAddress", "<null>"},
       {eth1, "NetworkAddresses", "{02FC000A0B0D}"},
       {eth1, "EnabledState", "Enabled but Offline"},
       {Device("CIM_NetworkPort", "lo"), "OtherLinkTechnology", "Loopback"},
+      {network, "BusNumber", "59"},
+      {network, "DeviceNumber", "31"},
+      {network, "FunctionNumber", "6"},
+      {network, "VendorID", "1af4"},
+      {network, "PCIDeviceID", "41"},
+      {network, "SubsystemVendorID", "<null>"},
+      {network, "RevisionID", "a"},
+      {network, "ClassCode", "Network"},
       {drive, "ElementName", "Disk 9"},
       {drive, "DiskType", "Solid State Drive"},
       {drive, "MaxMediaSize", "4 Megabytes"},

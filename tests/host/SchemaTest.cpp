@@ -43,7 +43,7 @@ TEST(Schema, EveryClassIsDescribed) {
         return true;
       },
       true, {});
-  EXPECT_EQ(GetSystemClassRows().size() + GetDeviceClassRows().size() +
+  EXPECT_EQ(GetSystemClassRows().size() + GetDeviceClassRows().size() + GetPciClassRows().size() +
                 GetStorageClassRows().size() + GetAssociationClassRows().size(),
             count);
 }

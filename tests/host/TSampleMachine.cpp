@@ -54,6 +54,9 @@ void TSampleMachine::WritePorts() {
 }
 
 void TSampleMachine::WriteDevices() {
+  WriteValues("/sys/bus/pci/devices/0000:3b:1f.6/",
+              "vendor=0x1AF4 device=0x0041 class=0x020000 revision=0x0a subsystem_vendor=0xffff1");
+  MakeFolder("/sys/bus/pci/devices/slots");
   const std::string devices = "/sys/block/";
   WriteValues(devices + "sda/",
               "size=8192 queue/logical_block_size=4096 queue/rotational=0 sda1/partition=1 "

@@ -19,6 +19,7 @@ void CollectChassis(TCollection& collection);
 void CollectOperatingSystem(TCollection& collection);
 void CollectProcessors(TCollection& collection);
 void CollectNetworkPorts(TCollection& collection);
+void CollectPciDevices(TCollection& collection);
 /// Returns what file systems can reside on.
 TExtents CollectBlockDevices(TCollection& collection);
 void CollectFileSystems(TCollection& collection, const TExtents& extents);

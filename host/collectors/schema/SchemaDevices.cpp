@@ -128,8 +128,7 @@ std::vector<TClassRow> GetPortRows() {
         {"NetworkAddresses", T::kStringArray, "Addresses that the port uses."},
         {"FullDuplex", T::kBoolean, "Whether it sends and receives at once."},
         TPropertyRow("ActiveMaximumTransmissionUnit", T::kUInt64,
-                     "Largest unit that it transmits at present.")
-            .In("Bytes")}},
+                     "Largest unit that it transmits at present, in bytes.")}},
 
       GetEthernetPortRow(),
   };

@@ -172,10 +172,13 @@ TClassRow GetOperatingSystemRow() {
                .In("KiloBytes"),
            TPropertyRow("FreePhysicalMemory", T::kUInt64, "Physical memory that nothing uses.")
                .In("KiloBytes"),
+           // The two are compared: one prefix for both.
            TPropertyRow("SizeStoredInPagingFiles", T::kUInt64, "Size of the swap space.")
-               .In("KiloBytes"),
+               .In("KiloBytes")
+               .With("DisplayFixedUnits", "Mega"),
            TPropertyRow("FreeSpaceInPagingFiles", T::kUInt64, "Swap space that nothing uses.")
-               .In("KiloBytes")}};
+               .In("KiloBytes")
+               .With("DisplayFixedUnits", "Mega")}};
 }
 
 std::vector<TClassRow> GetSystemRows() {

@@ -74,6 +74,7 @@ std::vector<TQualifierRow> GetQualifierRows();
 /// before it, and always above those that need them.
 std::vector<TClassRow> GetSystemClassRows();
 std::vector<TClassRow> GetDeviceClassRows();
+std::vector<TClassRow> GetPciClassRows();
 std::vector<TClassRow> GetStorageClassRows();
 std::vector<TClassRow> GetAssociationClassRows();
 

@@ -32,6 +32,7 @@ struct TArguments {
   std::string name;
   bool isDeep = true;
   bool isTree = false;
+  TInstanceCommands::EShow show = TInstanceCommands::EShow::kDisplay;
   TTraversal traversal;
 };
 
@@ -124,9 +125,16 @@ void TParser::AddInstanceCommands() {
   CLI::App* show =
       AddCommand("show", "Show one instance with all its properties", ENeeds::kInstances,
                  [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                   return TInstanceCommands(nameSpace).Show(given.name);
+                   return TInstanceCommands(nameSpace).Show(given.name, given.show);
                  });
   show->add_option("OBJECT-PATH", arguments_.name, "The instance")->required()->type_name("");
+  CLI::Option* raw = show->add_flag_callback(
+      "--raw", [this] { arguments_.show = TInstanceCommands::EShow::kRaw; },
+      "Print values as they are stored, without texts and units");
+  show->add_flag_callback(
+          "--json", [this] { arguments_.show = TInstanceCommands::EShow::kJson; },
+          "Print stored values and texts as JSON")
+      ->excludes(raw);
 }
 
 void TParser::AddClassCommands() {

@@ -5,10 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "ICIMPropertyDecl.h"
 #include "ListElements.h"
 #include "TClassTree.h"
 #include "TElementFinder.h"
+#include "TInstanceJson.h"
+#include "TInstanceReader.h"
 #include "TPrinter.h"
 #include "TTable.h"
 #include "TText.h"
@@ -24,24 +25,17 @@ TInstanceList ListInstances(ICIMClass& cimClass, bool deep) {
   });
 }
 
-std::vector<boost::shared_ptr<ICIMProperty>> ListProperties(ICIMInstance& instance) {
-  return ListElements<ICIMProperty>([&instance](const TCIMPropertyCallback& callback) {
-    instance.EnumerateProperties(callback, {});
-  });
-}
-
-std::string NameOf(const ICIMProperty& property) {
-  return property.GetDeclaration({})->GetName({});
-}
-
+/// The path and what is not null. An association goes without its path, which would only repeat the
+/// references below it.
 std::string Summary(ICIMInstance& instance) {
-  TTable table(4);
-  for (const auto& property : ListProperties(instance)) {
+  const bool isAssociation = instance.GetClass({})->IsAssociation({});
+  TTable table(isAssociation ? 2 : 4);
+  for (const auto& property : TInstanceReader::ListProperties(instance)) {
     if (!property->GetValue({}).IsNull()) {
-      table.AddRow({NameOf(*property), TPrinter::PropertyText(*property)});
+      table.AddRow({TInstanceReader::NameOf(*property), TPrinter::PropertyText(*property)});
     }
   }
-  return "  " + TPrinter::PathText(instance) + "\n" + table.ToString();
+  return (isAssociation ? "" : "  " + TPrinter::PathText(instance) + "\n") + table.ToString();
 }
 
 std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
@@ -51,17 +45,6 @@ std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
   }
   return cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")\n" +
          TText::Join(parts, "\n");
-}
-
-std::set<std::string> ListKeyNames(ICIMClass& cimClass) {
-  std::set<std::string> names;
-  cimClass.EnumerateKeyNames(
-      [&names](const std::string* name) {
-        names.insert(*name);
-        return true;
-      },
-      {});
-  return names;
 }
 
 std::string Marks(const ICIMProperty& property, bool isKey) {
@@ -103,19 +86,20 @@ std::string TInstanceCommands::List(const std::string& className, bool deep) con
   return text;
 }
 
-std::string TInstanceCommands::Show(const std::string& path) const {
+std::string TInstanceCommands::Show(const std::string& path, EShow form) const {
   const auto instance = TElementFinder(namespace_).FindInstance(path);
+  if (form == EShow::kJson) return TInstanceJson::Write(*instance);
   const auto cimClass = instance->GetClass({});
-  const std::set<std::string> keys = ListKeyNames(*cimClass);
+  const std::set<std::string> keys = TInstanceReader::ListKeyNames(*cimClass);
 
   TTable table(0);
   table.AddRow({"Property", "Type", "Marks", "Value"});
-  for (const auto& property : ListProperties(*instance)) {
-    const std::string name = NameOf(*property);
-    const auto& value = property->GetValue({});
+  for (const auto& property : TInstanceReader::ListProperties(*instance)) {
+    const std::string name = TInstanceReader::NameOf(*property);
     table.AddRow({name, TPrinter::TypeText(property->GetType({})),
                   Marks(*property, keys.count(name) > 0),
-                  value.IsNull() ? "" : TPrinter::PropertyText(*property)});
+                  form == EShow::kRaw ? TPrinter::ValueText(property->GetValue({}))
+                                      : TPrinter::PropertyText(*property)});
   }
   return "Class  " + cimClass->GetName({}) + "\nPath   " + TPrinter::PathText(*instance) + "\n\n" +
          table.ToString();

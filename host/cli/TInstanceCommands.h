@@ -20,8 +20,11 @@ class TInstanceCommands {
   /// The paths of a class's instances; with `deep`, also of its subclasses'.
   std::string List(const std::string& className, bool deep) const;
 
+  /// How values are shown: as people read them, as they are stored, or both, as JSON.
+  enum class EShow { kDisplay, kRaw, kJson };
+
   /// One instance with all its properties.
-  std::string Show(const std::string& path) const;
+  std::string Show(const std::string& path, EShow form) const;
 
  private:
   boost::shared_ptr<ICIMNamespace> namespace_;

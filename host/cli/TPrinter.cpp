@@ -9,7 +9,10 @@
 namespace NZELVYR20 {
 
 std::string TPrinter::PropertyText(const ICIMProperty& property) {
-  return TText::OneLine(property.GetValue({}).ToString(10));
+  if (property.IsArray({}) && !property.GetValue({}).IsNull()) {
+    return TText::OneLine("{" + TText::Join(property.ToStringVector(), ", ") + "}");
+  }
+  return TText::OneLine(property.ToString());
 }
 
 std::string TPrinter::ValueText(const TCIMValue& value) {

@@ -15,10 +15,11 @@ class TPrinter {
  public:
   TPrinter() = delete;
 
-  /// The value of an instance's property.
+  /// The value of an instance's property as people read it: with the texts, units and scaling that
+  /// its declaration asks for.
   static std::string PropertyText(const ICIMProperty& property);
 
-  /// Any other value, such as a default.
+  /// A value as it is stored.
   static std::string ValueText(const TCIMValue& value);
 
   /// The type of a value; for a reference with the class to which it points.

@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
-run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev)
+run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev)
 test_packages=("${run_packages[@]}" googletest)
 lint_packages=("${test_packages[@]}" clang-format clang-tidy)
 

@@ -11,10 +11,8 @@ using TConstDecl = boost::shared_ptr<const ICIMPropertyDecl>;
 class TInmemPropertyTest : public TRepositoryTest {
  protected:
   /// A declaration that the test alone holds.
-  TConstDecl Declare(const TCIMValue& defaultValue, const TValues& qualifiers = {}) {
-    const auto declaration = NewPropertyDecl(cimClass, "Speed", defaultValue);
-    for (const auto& [name, value] : qualifiers) Qualify(*declaration, name, value);
-    return declaration;
+  TConstDecl Declare(const TCIMValue& defaultValue) {
+    return NewPropertyDecl(cimClass, "Speed", defaultValue);
   }
 
   static TCIMValue Texts(std::vector<TCIMValue> texts) {
@@ -117,51 +115,6 @@ TEST_F(TInmemPropertyTest, CopiesAndCompares) {
   EXPECT_TRUE(a < b && a < unset && !(b < a) && !(b < unset));
   EXPECT_NE(a < foreign, foreign < a);
   EXPECT_EQ(a < foreign, b < foreign);
-}
-
-TEST_F(TInmemPropertyTest, RendersByItsQualifiers) {
-  const auto abc = std::make_pair("Values", Texts({"A", "B", "C"}));
-  const auto ranges = std::make_pair("VALUEMAP", Texts({"1..3", "10", ".."}));
-  const auto bytes = std::make_pair("Units", TCIMValue("Bytes"));
-  const auto none = std::make_pair("NullDisplay", TCIMValue("n/a"));
-  const auto hex = std::make_pair("Base", TCIMValue(static_cast<unsigned char>(16)));
-  const auto nullArray = TCIMValue::Null(TType::kUInt32Array);
-  const struct {
-    const char* description;
-    TCIMValue value;
-    TValues qualifiers;
-    TNames shown;
-  } rows[] = {
-      {"text by position", 2U, {abc}, {"C"}},
-      {"boolean by position", true, {abc}, {"B"}},
-      {"range, open up to the next number", 9U, {abc, ranges}, {"A"}},
-      {"number outside of all ranges", 11U, {abc, ranges}, {"C"}},
-      {"map of another length", 2U, {abc, {"ValueMap", Texts({"2"})}}, {"2"}},
-      {"signed numbers have no texts", 1, {abc}, {"1"}},
-      {"null", TCIMValue::Null(TType::kUInt32), {abc, none}, {"n/a"}},
-      {"array by position", TCIMValue::Array(TType::kUInt32, {0U, 2U}), {abc}, {"A", "C"}},
-      {"null array", nullArray, {none}, {"n/a"}},
-      {"null array without a text", nullArray, {abc}, {}},
-      {"scaled", 1536U, {bytes}, {"1.5 Kilobytes"}},
-      {"not beyond the divisor", 1024U, {bytes}, {"1,024 Bytes"}},
-      {"scaled, abbreviated", 1536U, {bytes, {"AbbreviateUnits", true}}, {"1.5 KB"}},
-      {"time", 90061U, {{"Units", "Seconds"}}, {"1 days 01:01:01"}},
-      {"unit without scale, base", 255U, {{"Units", "Watts"}, hex}, {"ff"}},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.description);
-    const auto declaration = Declare(row.value, row.qualifiers);
-    const TInmemProperty property(declaration);
-    if (row.value.IsArray()) {
-      EXPECT_EQ(property.ToStringVector(), row.shown);
-    } else {
-      EXPECT_EQ(TNames{property.ToString()}, row.shown);
-      EXPECT_EQ(TNames{property.PrevValueToString()}, row.shown);
-    }
-  }
-  // As a vector, a scalar is shown without its text.
-  const auto declaration = Declare(2U, {abc});
-  EXPECT_EQ(TInmemProperty(declaration).ToStringVector(), TNames{"2"});
 }
 
 }  // namespace

@@ -115,8 +115,8 @@ TInmemClass::TClassList TInmemClass::GetFarEnds(TInmemClass& association,
         const auto referenced = declaration->GetReferencedClass();
         if (!referenced) return;
         const bool isOwnEnd =
-        roleKey.empty() ? referenced.get() == this && key != resultRoleKey : key == roleKey;
-    if (!isOwnEndFound && isOwnEnd) {
+            roleKey.empty() ? referenced.get() == this && key != resultRoleKey : key == roleKey;
+        if (!isOwnEndFound && isOwnEnd) {
           isOwnEndFound = true;
           return;
         }

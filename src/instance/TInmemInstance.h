@@ -25,12 +25,10 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   static constexpr int kValidateReferences = 2;
   static constexpr int kValidateAll = kValidateKeys | kValidateReferences;
 
+  /// Of a TInmemClass; any other class is a programming error.
   TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags);
   TInmemInstance(const TInmemInstance&) = delete;
   ~TInmemInstance() override;
-
-  /// Adds a property for the declaration; always true, as an enumeration's callback that goes on.
-  bool InsertProp(const boost::shared_ptr<ICIMPropertyDecl>& declaration);
 
   /// True, or status 18 (logged at level 0) when the key has no value.
   bool ValidateKeyNonNull(const std::string* keyName) const;
@@ -90,6 +88,9 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
                                       const boost::shared_ptr<TInmemInstance>& assocInstance);
 
  private:
+  /// Adds the property of the next declaration; always true, as an enumeration's callback that
+  /// goes on. A class has no two declarations of one normalized name.
+  bool InsertProp(const boost::shared_ptr<ICIMPropertyDecl>& declaration);
   void StampCollectionTime();
   boost::shared_ptr<TInmemProperty> FindProperty(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& declaredName,

@@ -125,7 +125,7 @@ TEST_F(TCIMReferenceTest, ReadsTextOrNamesWhatIsWrongAndWhere) {
       {"All.boolean=yes", "column 13: key \"boolean\": yes is no boolean"},
       {"All.string=x", "column 12: key \"string\": x is no string (that stands in quotes)"},
       {"All.char16=\"ab\"", "column 12: key \"char16\": \"ab\" is no char16"},
-      {R"(All.reference="All.uint8=x")", "column 26: key \"uint8\": x is no uint8"},
+      {R"(All.reference="All.uint8=\"1\"")", "column 26: key \"uint8\": \"1\" is no uint8"},
       {R"(All.reference="All.reference=\"Nope\"")", "column 32: there is no class \"Nope\""},
   };
   for (const auto& [text, result] : rows) EXPECT_EQ(Read(text), result.empty() ? text : result);

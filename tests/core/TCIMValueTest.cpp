@@ -146,7 +146,7 @@ TEST(TCIMValue, KnowsTheClassItWasMadeFor) {
   EXPECT_EQ(TCIMValue(MakePath(narrow), {}).GetReferencedClass(), narrow);
   EXPECT_EQ(TCIMValue::Null(TType::kReference).GetReferencedClass(), nullptr);
 
-  const TCIMValue unset = TCIMValue(TCIMValue::NullReference(wide));
+  const TCIMValue unset = TCIMValue::NullReference(wide);
   EXPECT_EQ(unset, TCIMValue::NullReference({}));
   EXPECT_EQ(unset.GetReferencedClass(), wide);
   EXPECT_EQ(static_cast<TCIMReference>(unset).GetPath(), "Wide");

@@ -48,7 +48,7 @@ class TPluginTest : public ::testing::Test {
 
   /// A class with one key, "Id"; an association where that is a reference.
   static TClass DefineClass(const TSpace& space, const char* name, const TCIMValue& key) {
-    const auto cimClass = space->AllocateClass(name, {}, {});
+    auto cimClass = space->AllocateClass(name, {}, {});
     if (key.IsReference()) Qualify(space, *cimClass, "Association");
     const auto declaration = cimClass->AllocatePropertyDecl("Id", key, {});
     Qualify(space, *declaration, "Key");
@@ -58,7 +58,7 @@ class TPluginTest : public ::testing::Test {
   }
 
   static TInstance PutInstance(const TClass& cimClass, const TCIMValue& id) {
-    const auto instance = cimClass->AllocateInstance({});
+    auto instance = cimClass->AllocateInstance({});
     instance->SetPropertyValue("Id", id, {});
     instance->AddToNamespace({});
     return instance;

@@ -157,7 +157,8 @@ TEST_F(TWalkTest, VisitsOnceWhatIsThereThroughout) {
   for (const TWalk& walk : GetWalks()) {
     SCOPED_TRACE(walk.name);
     SetUp();
-    TNames names = Run(walk), nested;
+    TNames names = Run(walk);
+    TNames nested;
     ASSERT_EQ(names.size(), 3U);
     const auto change = [&](const std::string& name) {
       if (name != names[0]) return;

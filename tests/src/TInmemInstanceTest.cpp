@@ -27,8 +27,8 @@ TEST_F(TInmemInstanceTest, IsAddedWhenKeysAndReferencesHold) {
   const auto here = RefTo(PutInstance(port, "a"));
   const auto lost = RefTo(NewInstance(port, {{"Id", "b"}}));
   const auto odd = RefTo(NewInstance(NewClass("no name", port), {{"Id", "a"}}));
-  const TOutcome fine,
-      isLost{15, {{0, "Inmem: Reference Port.id=\"b\" doesn't point to anything!"}}};
+  const TOutcome fine;
+  const TOutcome isLost{15, {{0, "Inmem: Reference Port.id=\"b\" doesn't point to anything!"}}};
   const struct {
     const char* description;
     TClass cimClass;

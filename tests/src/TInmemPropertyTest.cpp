@@ -110,7 +110,10 @@ TEST_F(TInmemPropertyTest, CopiesAndCompares) {
   EXPECT_EQ(copy.GetValue({}), TCIMValue("own"));
 
   const auto other = Declare("b");
-  TInmemProperty a(declaration, "a"), b(declaration, "b"), unset(declaration), foreign(other, "a");
+  TInmemProperty a(declaration, "a");
+  TInmemProperty b(declaration, "b");
+  TInmemProperty unset(declaration);
+  TInmemProperty foreign(other, "a");
   EXPECT_TRUE(a == a && b == unset && !(a == b) && !(a == foreign));
   EXPECT_TRUE(a < b && a < unset && !(b < a) && !(b < unset));
   EXPECT_NE(a < foreign, foreign < a);

@@ -27,7 +27,7 @@ class TLifetimeTest : public TRedefinitionTest {
   /// An association with a reference to itself or the given class, and an instance, which the
   /// class holds; all watched. The class is not added.
   TClass NewAssociation(const std::string& name, const TClass& target = {}) {
-    const auto cimClass = Watch(NewClass(name), name);
+    auto cimClass = Watch(NewClass(name), name);
     Qualify(*cimClass, "Association");
     DeclareProperty(cimClass, "Id", TCIMValue("x"), {"Key"});
     const auto end = TCIMValue::NullReference(target ? target : cimClass);

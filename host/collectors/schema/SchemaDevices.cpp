@@ -7,20 +7,20 @@ using T = TCIMValue::TCIMType;
 
 std::vector<TClassRow> GetProcessorRows() {
   return {
-      {"CIM_LogicalDevice",
-       "CIM_EnabledLogicalElement",
-       TClassRow::kAbstract,
-       "What a piece of hardware does for a system.",
-       {TPropertyRow("SystemCreationClassName", T::kString, "Class of the system.")
-            .Key()
-            .With("Propagated", "CIM_System.CreationClassName"),
-        TPropertyRow("SystemName", T::kString, "Name of the system.")
-            .Key()
-            .With("Propagated", "CIM_System.Name"),
-        TPropertyRow("CreationClassName", T::kString, "Class that the instance was made from.")
-            .Key(),
-        TPropertyRow("DeviceID", T::kString, "Tells the device from the others of its system.")
-            .Key()}},
+      TClassRow(
+          "CIM_LogicalDevice", "CIM_EnabledLogicalElement", TClassRow::kAbstract,
+          "What a piece of hardware does for a system.",
+          {TPropertyRow("SystemCreationClassName", T::kString, "Class of the system.")
+               .Key()
+               .With("Propagated", "CIM_System.CreationClassName"),
+           TPropertyRow("SystemName", T::kString, "Name of the system.")
+               .Key()
+               .With("Propagated", "CIM_System.Name"),
+           TPropertyRow("CreationClassName", T::kString, "Class that the instance was made from.")
+               .Key(),
+           TPropertyRow("DeviceID", T::kString, "Tells the device from the others of its system.")
+               .Key()})
+          .Does({"Reset", T::kUInt32, "Resets the device; 0 for success."}),
 
       {"CIM_Processor",
        "CIM_LogicalDevice",

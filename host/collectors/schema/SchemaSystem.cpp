@@ -48,6 +48,25 @@ TClassRow GetSystemElementRow() {
                      {30, "Non-recoverable error"}})}};
 }
 
+TMethodRow GetStateChangeRow() {
+  return {"RequestStateChange",
+          T::kUInt32,
+          "Asks the element to enter a state; 0 for success.",
+          {TPropertyRow("RequestedState", T::kUInt16, "The state.")
+               .With("In", true)
+               .Meaning({{2, "Enabled"},
+                         {3, "Disabled"},
+                         {4, "Shut Down"},
+                         {6, "Offline"},
+                         {7, "Test"},
+                         {8, "Defer"},
+                         {9, "Quiesce"},
+                         {10, "Reboot"},
+                         {11, "Reset"}}),
+           TPropertyRow("TimeoutPeriod", T::kDateTime, "How long it may take; none for no limit.")
+               .With("In", true)}};
+}
+
 std::vector<TClassRow> GetBaseRows() {
   return {
       {"CIM_ManagedElement",
@@ -66,23 +85,23 @@ std::vector<TClassRow> GetBaseRows() {
        "A part that is not hardware itself, or a function that hardware offers.",
        {}},
 
-      {"CIM_EnabledLogicalElement",
-       "CIM_LogicalElement",
-       TClassRow::kAbstract,
-       "A logical element that can be enabled and disabled.",
-       {TPropertyRow("EnabledState", T::kUInt16, "Whether the element takes requests.")
-            .Meaning({{0, "Unknown"},
-                      {1, "Other"},
-                      {2, "Enabled"},
-                      {3, "Disabled"},
-                      {4, "Shutting Down"},
-                      {5, "Not Applicable"},
-                      {6, "Enabled but Offline"},
-                      {7, "In Test"},
-                      {8, "Deferred"},
-                      {9, "Quiesce"},
-                      {10, "Starting"}}),
-        {"OtherEnabledState", T::kString, "The state in words where EnabledState is Other."}}},
+      TClassRow(
+          "CIM_EnabledLogicalElement", "CIM_LogicalElement", TClassRow::kAbstract,
+          "A logical element that can be enabled and disabled.",
+          {TPropertyRow("EnabledState", T::kUInt16, "Whether the element takes requests.")
+               .Meaning({{0, "Unknown"},
+                         {1, "Other"},
+                         {2, "Enabled"},
+                         {3, "Disabled"},
+                         {4, "Shutting Down"},
+                         {5, "Not Applicable"},
+                         {6, "Enabled but Offline"},
+                         {7, "In Test"},
+                         {8, "Deferred"},
+                         {9, "Quiesce"},
+                         {10, "Starting"}}),
+           {"OtherEnabledState", T::kString, "The state in words where EnabledState is Other."}})
+          .Does(GetStateChangeRow()),
   };
 }
 
@@ -144,41 +163,42 @@ std::vector<TClassRow> GetPhysicalRows() {
 }
 
 TClassRow GetOperatingSystemRow() {
-  return {"CIM_OperatingSystem",
-          "CIM_EnabledLogicalElement",
-          TClassRow::kConcrete,
-          "The software that makes the hardware of a computer usable.",
-          {TPropertyRow("CSCreationClassName", T::kString, kHostKey)
-               .Key()
-               .With("Propagated", "CIM_ComputerSystem.CreationClassName"),
-           TPropertyRow("CSName", T::kString, kHostName)
-               .Key()
-               .With("Propagated", "CIM_ComputerSystem.Name"),
-           TPropertyRow("CreationClassName", T::kString, kOwnClass).Key(),
-           TPropertyRow("Name", T::kString, "Name of the operating system.").Key().Override(),
-           TPropertyRow("OSType", T::kUInt16, "Kind of operating system.")
-               .Meaning({{0, "Unknown"}, {1, "Other"}, {36, "LINUX"}}),
-           {"OtherTypeDescription", T::kString, "More about OSType."},
-           {"Version", T::kString, "Release of the operating system."},
-           {"LastBootUpTime", T::kDateTime, "When it was started."},
-           {"LocalDateTime", T::kDateTime, "Its date and time."},
-           {"NumberOfProcesses", T::kUInt32, "Processes that are loaded or run."},
-           {"MaxNumberOfProcesses", T::kUInt32, "How many there can be; 0 for no fixed limit."},
-           TPropertyRow("TotalVirtualMemorySize", T::kUInt64, "Physical memory and swap space.")
-               .In("KiloBytes"),
-           TPropertyRow("FreeVirtualMemory", T::kUInt64, "What of it is free.").In("KiloBytes"),
-           TPropertyRow("TotalVisibleMemorySize", T::kUInt64,
-                        "Physical memory that the operating system can use.")
-               .In("KiloBytes"),
-           TPropertyRow("FreePhysicalMemory", T::kUInt64, "Physical memory that nothing uses.")
-               .In("KiloBytes"),
-           // The two are compared: one prefix for both.
-           TPropertyRow("SizeStoredInPagingFiles", T::kUInt64, "Size of the swap space.")
-               .In("KiloBytes")
-               .With("DisplayFixedUnits", "Mega"),
-           TPropertyRow("FreeSpaceInPagingFiles", T::kUInt64, "Swap space that nothing uses.")
-               .In("KiloBytes")
-               .With("DisplayFixedUnits", "Mega")}};
+  return TClassRow(
+             "CIM_OperatingSystem", "CIM_EnabledLogicalElement", TClassRow::kConcrete,
+             "The software that makes the hardware of a computer usable.",
+             {TPropertyRow("CSCreationClassName", T::kString, kHostKey)
+                  .Key()
+                  .With("Propagated", "CIM_ComputerSystem.CreationClassName"),
+              TPropertyRow("CSName", T::kString, kHostName)
+                  .Key()
+                  .With("Propagated", "CIM_ComputerSystem.Name"),
+              TPropertyRow("CreationClassName", T::kString, kOwnClass).Key(),
+              TPropertyRow("Name", T::kString, "Name of the operating system.").Key().Override(),
+              TPropertyRow("OSType", T::kUInt16, "Kind of operating system.")
+                  .Meaning({{0, "Unknown"}, {1, "Other"}, {36, "LINUX"}}),
+              {"OtherTypeDescription", T::kString, "More about OSType."},
+              {"Version", T::kString, "Release of the operating system."},
+              {"LastBootUpTime", T::kDateTime, "When it was started."},
+              {"LocalDateTime", T::kDateTime, "Its date and time."},
+              {"NumberOfProcesses", T::kUInt32, "Processes that are loaded or run."},
+              {"MaxNumberOfProcesses", T::kUInt32, "How many there can be; 0 for no fixed limit."},
+              TPropertyRow("TotalVirtualMemorySize", T::kUInt64, "Physical memory and swap space.")
+                  .In("KiloBytes"),
+              TPropertyRow("FreeVirtualMemory", T::kUInt64, "What of it is free.").In("KiloBytes"),
+              TPropertyRow("TotalVisibleMemorySize", T::kUInt64,
+                           "Physical memory that the operating system can use.")
+                  .In("KiloBytes"),
+              TPropertyRow("FreePhysicalMemory", T::kUInt64, "Physical memory that nothing uses.")
+                  .In("KiloBytes"),
+              // The two are compared: one prefix for both.
+              TPropertyRow("SizeStoredInPagingFiles", T::kUInt64, "Size of the swap space.")
+                  .In("KiloBytes")
+                  .With("DisplayFixedUnits", "Mega"),
+              TPropertyRow("FreeSpaceInPagingFiles", T::kUInt64, "Swap space that nothing uses.")
+                  .In("KiloBytes")
+                  .With("DisplayFixedUnits", "Mega")})
+      .Does({"Reboot", T::kUInt32, "Starts the operating system anew; 0 for success."})
+      .Does({"Shutdown", T::kUInt32, "Ends the operating system; 0 for success."});
 }
 
 std::vector<TClassRow> GetSystemRows() {

@@ -1,6 +1,8 @@
 #include "TSchemaBuilder.h"
 
 #include "ICIMClass.h"
+#include "ICIMMethodDecl.h"
+#include "ICIMParameterDecl.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
 #include "TVYRException.h"
@@ -27,6 +29,7 @@ void TSchemaBuilder::DeclareClass(const TClassRow& row) const {
   // Qualifiers first: a class takes references only once it is an association.
   Attach(*cimClass, row.qualifiers);
   for (const TPropertyRow& property : row.properties) DeclareProperty(*cimClass, property);
+  for (const TMethodRow& method : row.methods) DeclareMethod(*cimClass, method);
   cimClass->AddToNamespace({});
 }
 
@@ -39,6 +42,19 @@ void TSchemaBuilder::DeclareProperty(ICIMClass& cimClass, const TPropertyRow& ro
       cimClass.AllocatePropertyDecl(row.name, defaultValue, {});
   // Qualifiers first: Override decides how the class takes the declaration.
   Attach(*declaration, row.qualifiers);
+  declaration->AddToClass({});
+}
+
+void TSchemaBuilder::DeclareMethod(ICIMClass& cimClass, const TMethodRow& row) const {
+  const boost::shared_ptr<ICIMMethodDecl> declaration =
+      cimClass.AllocateMethodDecl(row.name, row.returnType, {});
+  Attach(*declaration, row.qualifiers);
+  for (const TPropertyRow& parameterRow : row.parameters) {
+    const boost::shared_ptr<ICIMParameterDecl> parameter =
+        declaration->AllocateParameterDecl(parameterRow.name, parameterRow.type, {});
+    Attach(*parameter, parameterRow.qualifiers);
+    parameter->AddToMethod({});
+  }
   declaration->AddToClass({});
 }
 

@@ -20,6 +20,7 @@ class TSchemaBuilder {
  private:
   void DeclareClass(const TClassRow& row) const;
   void DeclareProperty(ICIMClass& cimClass, const TPropertyRow& row) const;
+  void DeclareMethod(ICIMClass& cimClass, const TMethodRow& row) const;
   void Attach(ICIMNamedElement& element, const std::vector<TQualifierUse>& qualifiers) const;
 
   boost::shared_ptr<ICIMNamespace> namespace_;

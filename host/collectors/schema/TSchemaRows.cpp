@@ -36,6 +36,13 @@ TPropertyRow TPropertyRow::With(const char* qualifier, const TCIMValue& value) c
   return row;
 }
 
+TMethodRow::TMethodRow(std::string methodName, TCIMValue::TCIMType type, const char* description,
+                       std::vector<TPropertyRow> methodParameters)
+    : name(std::move(methodName)),
+      returnType(type),
+      qualifiers{{"Description", description}},
+      parameters(std::move(methodParameters)) {}
+
 TClassRow::TClassRow(std::string className, std::string superClassName, EKind kind,
                      const char* description, std::vector<TPropertyRow> classProperties)
     : name(std::move(className)),
@@ -50,6 +57,12 @@ TClassRow::TClassRow(std::string className, std::string superClassName, EKind ki
 TClassRow TClassRow::With(const char* qualifier, const TCIMValue& value) const {
   TClassRow row = *this;
   row.qualifiers.push_back({qualifier, value});
+  return row;
+}
+
+TClassRow TClassRow::Does(TMethodRow method) const {
+  TClassRow row = *this;
+  row.methods.push_back(std::move(method));
   return row;
 }
 

@@ -48,6 +48,17 @@ struct TPropertyRow {
   std::vector<TQualifierUse> qualifiers;
 };
 
+/// A method of a class of the schema. Nothing can run it: consumers see what a machine could do.
+struct TMethodRow {
+  TMethodRow(std::string methodName, TCIMValue::TCIMType type, const char* description,
+             std::vector<TPropertyRow> methodParameters = {});
+
+  std::string name;
+  TCIMValue::TCIMType returnType;
+  std::vector<TQualifierUse> qualifiers;
+  std::vector<TPropertyRow> parameters;
+};
+
 /// A class of the schema.
 struct TClassRow {
   /// What a class is besides an ordinary one.
@@ -57,11 +68,13 @@ struct TClassRow {
             std::vector<TPropertyRow> classProperties);
 
   TClassRow With(const char* qualifier, const TCIMValue& value) const;
+  TClassRow Does(TMethodRow method) const;
 
   std::string name;
   std::string superClass;  ///< empty for a class without one
   std::vector<TQualifierUse> qualifiers;
   std::vector<TPropertyRow> properties;
+  std::vector<TMethodRow> methods;
 };
 
 /// The rows of all parts, in order.

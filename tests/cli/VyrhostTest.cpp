@@ -1,4 +1,3 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -8,8 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "RunVyrhost.h"
-#include "TSavedTree.h"
+#include "TVyrhost.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -59,29 +57,27 @@ bool Contains(const std::string& text, const std::string& part) {
 
 class VyrhostTest : public ::testing::Test {
  protected:
-  TOutcome Run(TArgumentList arguments, int outputDescriptor = -1) const {
-    arguments.insert(arguments.begin(), {"--root", tree_.GetRoot(), "--plugin", INMEM_PLUGIN_PATH});
-    return RunVyrhost(arguments, outputDescriptor);
+  TOutcome Run(TArgumentList arguments, const std::string& redirection = "") const {
+    arguments.insert(arguments.begin(),
+                     {"--root", vyrhost_.GetRoot(), "--plugin", INMEM_PLUGIN_PATH});
+    return vyrhost_.Run(arguments, redirection);
   }
 
-  TSavedTree tree_;
+  TVyrhost vyrhost_;
 };
 
 TEST_F(VyrhostTest, FailuresAreOneLineThatNamesTheThing) {
-  const std::string textFile = tree_.Write("text.so", std::string(1000, 'x'));
+  const std::string textFile = vyrhost_.Write("text.so", std::string(1000, 'x'));
   const struct {
     const char* description;
     TArgumentList arguments;
     std::vector<std::string> named;
   } rows[] = {
       {"unknown class", {"instances", "CIM_Nope"}, {"CIM_Nope"}},
-      {"unknown class, schema only", {"class", "CIM_Nope"}, {"CIM_Nope"}},
       {"unknown class in the tree", {"classes", "--tree", "CIM_Nope"}, {"CIM_Nope"}},
       {"class name that is none", {"class", "2x"}, {"2x"}},
-      {"class name that is none, with data", {"instances", "a-b"}, {"a-b"}},
       {"empty class name", {"class", ""}, {"class"}},
       {"line break in a name", {"class", "a\nb"}, {"a\\nb"}},
-      {"unknown class in a path", {"show", "CIM_Nope.A=1"}, {"CIM_Nope"}},
       {"path without class", {"show", ".A=1"}, {".A=1", "column 1:"}},
       {"unknown key", {"show", "CIM_ProcessorCore.Foo=\"x\""}, {"Foo", "column 19:"}},
       {"quotes that do not end", {"show", "CIM_ProcessorCore.InstanceID=\"x"}, {"column 30:"}},
@@ -90,15 +86,11 @@ TEST_F(VyrhostTest, FailuresAreOneLineThatNamesTheThing) {
       {"associators of nothing", {"associators", DevicePath("CIM_Processor", "no")}, {"\"no\""}},
       {"unknown result class", {"associators", kBox, "--result-class", "CIM_Nope"}, {"CIM_Nope"}},
       {"unknown association", {"associators", kBox, "--assoc-class", "CIM_Nope"}, {"CIM_Nope"}},
-      {"unknown class of references", {"references", kBox, "--result-class", "Nope"}, {"Nope"}},
       {"role that is no name", {"references", kBox, "--role", "2x"}, {"2x"}},
-      {"result role that is no name", {"associators", kBox, "--result-role", "2x"}, {"2x"}},
       {"no such plug-in", {"--plugin", "/nowhere/x.so"}, {"/nowhere/x.so"}},
       {"plug-in that is a text", {"classes", "--plugin", textFile}, {textFile}},
-      {"plug-in that is a folder", {"--plugin", tree_.GetRoot()}, {tree_.GetRoot()}},
       {"library without provider", {"--plugin", "libm.so.6"}, {"libm.so.6", "inmem"}},
       {"no such root", {"--root", "/nowhere"}, {"/nowhere"}},
-      {"root that is a file", {"--root", textFile}, {textFile}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
@@ -120,20 +112,16 @@ TEST_F(VyrhostTest, WrongUsageNamesTheArgumentAndPointsToTheHelp) {
     const char* help;
   } rows[] = {
       {"unknown command", {"frobnicate"}, "command frobnicate", "vyrhost --help"},
-      {"unknown option", {"--frobnicate"}, "option --frobnicate", "vyrhost --help"},
       {"option of another command", {"classes", "--deep"}, "--deep", "vyrhost classes --help"},
-      {"unknown option before a missing class", {"class", "--x"}, "--x", "vyrhost class --help"},
-      {"missing class", {"instances"}, "CLASS", "vyrhost instances --help"},
       {"missing path", {"show"}, "OBJECT-PATH", "vyrhost show --help"},
       {"two forms", {"show", kBox, "--raw", "--json"}, "--json", "vyrhost show --help"},
       {"one path too many", {"show", kBox, "more"}, "more", "vyrhost show --help"},
-      {"two commands", {"show", kBox, "classes"}, "classes", "vyrhost show --help"},
       {"option without value", {"--plugin"}, "--plugin", "vyrhost --help"},
       {"level that is no number", {"--log-level", "loud"}, "loud", "vyrhost --help"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
-    const TOutcome outcome = RunVyrhost(row.arguments);
+    const TOutcome outcome = vyrhost_.Run(row.arguments);
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.output, "");
     const std::vector<std::string> lines = Lines(outcome.errors);
@@ -150,13 +138,10 @@ TEST_F(VyrhostTest, PathsAreListedOnePerLine) {
     std::vector<std::string> paths;
   } rows[] = {
       {"a class and its subclasses", {"instances", "CIM_LogicalDevice"}, {kSocket, kPort}},
-      {"in any letter case", {"instances", "cim_networkport", "--deep"}, {kPort}},
       {"without subclasses", {"instances", "CIM_LogicalDevice", "--no-deep"}, {}},
       {"each once, though there are two associations to the operating system",
        {"associators", kBox},
        {kSystem, kPort, kSocket}},
-      {"both ends of associations", {"associators", kSocket}, {kBox, kCore}},
-      {"of a result class", {"associators", kBox, "--result-class", "cim_networkport"}, {kPort}},
       {"through an association",
        {"associators", kSocket, "--assoc-class", "CIM_SystemComponent"},
        {kBox}},
@@ -166,9 +151,6 @@ TEST_F(VyrhostTest, PathsAreListedOnePerLine) {
        {kPort, kSocket}},
       {"associations", {"references", kSocket}, {kHoldsSocket, kHoldsCore}},
       {"associations by role", {"references", kSocket, "--role", "PartComponent"}, {kHoldsSocket}},
-      {"associations by class",
-       {"references", kBox, "--result-class", "CIM_SystemDevice"},
-       {kHoldsPort, kHoldsSocket}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
@@ -179,7 +161,7 @@ TEST_F(VyrhostTest, PathsAreListedOnePerLine) {
 }
 
 TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
-  tree_.Write("sys/class/net/odd \"name\"\\=,/type", "1\n");
+  vyrhost_.Write("sys/class/net/odd \"name\"\\=,/type", "1\n");
   std::vector<std::string> paths;
   for (const char* top : {"CIM_ManagedElement", "CIM_Component", "CIM_Dependency"}) {
     for (const auto& path : Lines(Run({"instances", top}).output)) paths.push_back(path);
@@ -193,7 +175,7 @@ TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
 }
 
 TEST_F(VyrhostTest, OutputHoldsTheseLines) {
-  tree_.Write("proc/version", "not\033[31m one\tline");
+  vyrhost_.Write("proc/version", "not\033[31m one\tline");
   const struct {
     const char* description;
     TArgumentList arguments;
@@ -229,9 +211,6 @@ TEST_F(VyrhostTest, OutputHoldsTheseLines) {
        {"Class         CIM_SystemDevice (association)",
         "Superclasses  CIM_SystemComponent < CIM_Component", "Qualifiers", "  Association",
         "  GroupComponent  reference to CIM_System         CIM_SystemDevice", "      Key"}},
-      {"inherited property",
-       {"class", "CIM_ProcessorCore"},
-       {"  EnabledState        uint16    CIM_EnabledLogicalElement"}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
@@ -258,42 +237,32 @@ TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {
   EXPECT_EQ(quiet.errors, "");
 }
 
-TEST(VyrhostHelpTest, HelpAndVersionNeedNoPlugin) {
-  const struct {
-    TArgumentList arguments;
-    const char* part;
-  } rows[] = {
-      {{"--help", "--plugin", "/nowhere"}, "--plugin PATH"},
-      {{"associators", "--help"}, "--result-class CLASS"},
-      {{"--version"}, "vyrhost "},
-  };
-  for (const auto& row : rows) {
-    const TOutcome outcome = RunVyrhost(row.arguments);
-    EXPECT_EQ(outcome.status, 0) << outcome.errors;
-    EXPECT_TRUE(Contains(outcome.output, row.part)) << outcome.output;
-    EXPECT_EQ(outcome.errors, "");
-  }
+TEST_F(VyrhostTest, HelpNeedsNoPlugin) {
+  const TOutcome outcome = vyrhost_.Run({"associators", "--help", "--plugin", "/nowhere"});
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_TRUE(Contains(outcome.output, "--result-class CLASS")) << outcome.output;
+  EXPECT_TRUE(Contains(vyrhost_.Run({"--version"}).output, "vyrhost "));
 }
 
 TEST_F(VyrhostTest, LooksForThePluginBesideItself) {
   const auto beside = std::filesystem::path(VYRHOST_PATH).parent_path() / "libinmem.nsp.so";
   ASSERT_TRUE(std::filesystem::equivalent(beside, INMEM_PLUGIN_PATH));
-  EXPECT_EQ(RunVyrhost({"classes"}).output, Run({"classes"}).output);
+  EXPECT_EQ(vyrhost_.Run({"classes"}).output, Run({"classes"}).output);
 }
 
 TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {
-  const int fullDevice = open("/dev/full", O_WRONLY | O_CLOEXEC);
-  ASSERT_GE(fullDevice, 0);
-  const TOutcome full = Run({"classes"}, fullDevice);
-  close(fullDevice);
+  const TOutcome full = Run({"classes"}, ">/dev/full");
   EXPECT_EQ(full.status, 1);
   EXPECT_EQ(full.errors, "vyrhost: error: standard output: No space left on device\n");
 
+  // A pipe that nobody reads, at a descriptor that every shell can name.
   int ends[2] = {-1, -1};
-  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  ASSERT_EQ(pipe(ends), 0);
+  dup2(ends[1], 9);
   close(ends[0]);
-  const TOutcome broken = Run({"classes"}, ends[1]);
   close(ends[1]);
+  const TOutcome broken = Run({"classes"}, ">&9");
+  close(9);
   EXPECT_EQ(broken.status, 1);
   EXPECT_EQ(broken.errors, "");
 }

@@ -44,6 +44,8 @@ TEST(TCIMValue, ChangesNothingAndLeaksNothingWhenAnAssignmentFails) {
   }
   EXPECT_GT(failures, 5);
   EXPECT_EQ(target, source) << "after " << failures << " allocations";
+  target = before;
+  EXPECT_EQ(liveBlocks, liveBefore);
 }
 
 /// For each content, whether the value converts to it and back (1) or is of another type (0).

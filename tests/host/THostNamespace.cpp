@@ -1,33 +1,31 @@
 #include "THostNamespace.h"
 
 #include <dlfcn.h>
+#include <gtest/gtest.h>
 
 #include <boost/make_shared.hpp>
+#include <sstream>
 #include <stdexcept>
 
 #include "ICIMProperty.h"
 #include "ICoreLogger.h"
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
+#include "TMachineCollector.h"
 #include "TRootObject.h"
 
 namespace NZELVYR20 {
-
-/// A logger that keeps what it is told.
-class TMessageList : public ICoreLogger {
- public:
-  void Log(int, const std::string& message) override { messages_.push_back(message); }
-  const std::vector<std::string>& Get() const { return messages_; }
-
- private:
-  std::vector<std::string> messages_;
-};
-
 namespace {
+
+class TFailingLogger : public ICoreLogger {
+ public:
+  void Log(int, const std::string& message) override { ADD_FAILURE() << message; }
+};
 
 boost::shared_ptr<ICIMNamespace> AllocateNamespace() {
   static void* const library = dlopen(INMEM_PLUGIN_PATH, RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) throw std::runtime_error(dlerror());
+  TRootObject::SetCoreLogger(boost::make_shared<TFailingLogger>());
   return TRootObject::GetNamespaceProviderManager()
       ->FindNamespaceProvider("inmem")
       ->AllocateNamespace({}, false);
@@ -35,21 +33,13 @@ boost::shared_ptr<ICIMNamespace> AllocateNamespace() {
 
 }  // namespace
 
-THostNamespace::THostNamespace(const std::string& root)
-    : messages_(boost::make_shared<TMessageList>()), namespace_(AllocateNamespace()) {
-  TRootObject::SetCoreLogger(messages_);
+THostNamespace::THostNamespace(const std::string& root) : namespace_(AllocateNamespace()) {
   TMachineCollector::DefineSchema(namespace_);
-  if (!root.empty()) notes_ = TMachineCollector(root).Collect(namespace_);
-}
-
-THostNamespace::~THostNamespace() { TRootObject::SetCoreLogger({}); }
-
-const std::vector<std::string>& THostNamespace::GetMessages() const { return messages_->Get(); }
-
-std::vector<std::string> THostNamespace::GetNoted() const {
-  std::vector<std::string> noted;
-  for (const TCollectorNote& note : notes_) noted.push_back(note.what);
-  return noted;
+  if (root.empty()) return;
+  for (const TCollectorNote& note : TMachineCollector(root).Collect(namespace_)) {
+    EXPECT_FALSE(note.area.empty() || note.why.empty()) << note.what;
+    noted_.push_back(note.what);
+  }
 }
 
 std::vector<std::string> THostNamespace::ListPaths(const std::string& className) const {
@@ -64,10 +54,6 @@ std::vector<std::string> THostNamespace::ListPaths(const std::string& className)
   return paths;
 }
 
-std::size_t THostNamespace::Count(const std::string& className) const {
-  return ListPaths(className).size();
-}
-
 boost::shared_ptr<ICIMInstance> THostNamespace::Find(const std::string& path) const {
   boost::shared_ptr<ICIMInstance> instance =
       namespace_->GetInstance(TCIMReference::Parse(path, namespace_), {});
@@ -75,10 +61,15 @@ boost::shared_ptr<ICIMInstance> THostNamespace::Find(const std::string& path) co
   return instance;
 }
 
-std::string THostNamespace::Show(const std::string& path, const std::string& property) const {
-  const boost::shared_ptr<ICIMProperty> shown = Find(path)->GetProperty(property, {});
-  const std::string text = shown->ToString();
-  return text.empty() && shown->GetValue({}).IsNull() ? "<null>" : text;
+std::string THostNamespace::Show(const std::string& path, const std::string& properties) const {
+  std::istringstream names(properties);
+  std::string shown;
+  for (std::string name; names >> name; shown += '|') {
+    const boost::shared_ptr<ICIMProperty> property = Find(path)->GetProperty(name, {});
+    const std::string text = property->ToString();
+    shown += text.empty() && property->GetValue({}).IsNull() ? "<null>" : text;
+  }
+  return shown;
 }
 
 }  // namespace NZELVYR20

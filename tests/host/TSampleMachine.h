@@ -10,12 +10,6 @@ namespace NZELVYR20 {
 class TSampleMachine : public TSampleTree {
  public:
   TSampleMachine();
-
- private:
-  void WriteSystem();
-  void WriteProcessors();
-  void WritePorts();
-  void WriteDevices();
 };
 
 }  // namespace NZELVYR20

@@ -14,12 +14,11 @@ class TSampleTree {
 
   const std::string& GetRoot() const { return root_; }
 
-  /// Writes a file, with the folders on the way to it.
-  TSampleTree& Write(const std::string& path, const std::string& text);
+  /// Writes a file, with the folders on the way to it; only the folders for a path that ends in
+  /// "/".
+  void Write(const std::string& path, const std::string& text) const;
   /// Writes small files as the kernel does: "size=8 ro=0" gives two of one line each.
-  TSampleTree& WriteValues(const std::string& folder, const std::string& values);
-  TSampleTree& MakeFolder(const std::string& path);
-  TSampleTree& Link(const std::string& path, const std::string& target);
+  void WriteValues(const std::string& folder, const std::string& values) const;
 
  private:
   std::string root_;

@@ -1,27 +1,22 @@
 #include <boost/weak_ptr.hpp>
-#include <functional>
 
 #include "ICIMMethodDecl.h"
 #include "ICIMParameterDecl.h"
-#include "TInmemMethodDecl.h"
-#include "TInmemParameterDecl.h"
-#include "TInmemPropertyDecl.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
 namespace {
 
 using TType = TCIMValue::TCIMType;
-using TVisit = std::function<void(const std::string& name)>;
 
-/// One model in which everything that can be enumerated has elements "b", "d" and "f" (some with a
-/// prefix); other names than those of one letter are the model's own.
+/// One model in which everything that can be enumerated has elements whose names end in "_b", "_d"
+/// and "_f"; names without a "_" are the model's own.
 class TWalkTest : public TRedefinitionTest {
  protected:
   struct TWalk {
     const char* name;
     bool isRemovable;
-    std::function<void(const TVisit&)> run;
+    std::function<void(const TNamer&)> run;
   };
 
   void SetUp() override {
@@ -29,120 +24,83 @@ class TWalkTest : public TRedefinitionTest {
     port = DefineClass("Port");
     schema = DefineClass("Schema");
     link = DefineAssociation("Link", {{"From", port}, {"To", port}});
-    DeclareProperty(link, "Id", "");
     hub = PutInstance(port, "hub");
     property = DeclareProperty(port, "Speed", TCIMValue(1U));
     method = schema->AllocateMethodDecl("Reset", TType::kUInt32, {});
-    method->AddToClass({});
     parameter = method->AllocateParameterDecl("Force", TType::kBoolean, {});
-    parameter->AddToMethod({});
-    for (const char* name : {"b", "d", "f"}) Add(name);
+    for (const char* name : {"_b", "_d", "_f"}) Add(name);
   }
 
   TInstance NewPort(const std::string& id) { return NewInstance(port, {{"Id", id}}); }
 
   TInstance NewLink(const std::string& id) {
-    return NewInstance(link, {{"Id", id}, {"From", RefTo(hub)}, {"To", RefTo(NewPort(id))}});
-  }
-
-  /// Adds to the collections in which a second element of a name takes the place of the first.
-  void Put(const std::string& name) {
-    NewPort(name)->AddToNamespace({});
-    NewLink(name)->AddToNamespace({});
-    DeclareProperty(schema, "PortType" + name, TCIMValue(1U), {"Key"});
-    NewQualifierDecl(name)->AddToNamespace({});
-    Qualify(*schema, name), Qualify(*property, name);
-    Qualify(*method, name), Qualify(*parameter, name);
+    return NewInstance(link, {{"From", RefTo(hub)}, {"To", RefTo(NewPort(id))}});
   }
 
   void Add(const std::string& name) {
-    Put(name);
-    DefineAssociation("Has" + name, {{"Far", DefineClass(name)}, {"Near", port}});
+    NewPort(name)->AddToNamespace({});
+    NewLink(name)->AddToNamespace({});
+    DefineAssociation("Has" + name, {{"Far", DefineClass("Far" + name)}, {"Near", port}});
     PutInstance(DefineClass("Sub" + name, schema), TValues{{"Id", name}});
+    DeclareProperty(schema, "Key" + name, TCIMValue(1U), {"Key"});
     schema->AllocateMethodDecl(name, TType::kNone, {})->AddToClass({});
     method->AllocateParameterDecl(name, TType::kNone, {})->AddToMethod({});
+    NewQualifierDecl(name)->AddToNamespace({});
+    const std::vector<ICIMNamedElement*> elements{schema.get(), property.get(), method.get(),
+                                                  parameter.get()};
+    for (ICIMNamedElement* element : elements) Qualify(*element, name);
   }
 
   void Remove(const std::string& name) {
     NewLink(name)->Delete({});
     NewPort(name)->Delete({});
-    for (const auto& cimClass : {"Has" + name, name, "Sub" + name}) {
-      space->GetClass(cimClass, {})->RemoveFromNamespace({});
+    for (const char* prefix : {"Has", "Far", "Sub"}) {
+      space->GetClass(prefix + name, {})->RemoveFromNamespace({});
     }
-    schema->RemovePropertyDecl(schema->GetPropertyDecl("PortType" + name, {}));
+    schema->RemovePropertyDecl(schema->GetPropertyDecl("Key" + name, {}));
     schema->RemoveMethodDecl(schema->GetMethodDecl(name, {}));
-    boost::dynamic_pointer_cast<TInmemMethodDecl>(method)->RemoveParameterDecl(
-        boost::dynamic_pointer_cast<TInmemParameterDecl>(method->GetParameterDecl(name, {})));
-    boost::dynamic_pointer_cast<TInmemPropertyDecl>(property)->RemoveQualifier(
-        property->GetQualifier(name, {}));
-    boost::dynamic_pointer_cast<TInmemParameterDecl>(parameter)->RemoveQualifier(
-        parameter->GetQualifier(name, {}));
-  }
-
-  /// A callback that visits what follows the prefix of an element's name.
-  static auto Names(const TVisit& visit, const std::string& prefix = "") {
-    return [&visit, prefix](const auto& element) {
-      const std::string name = element->GetName({});
-      if (name.compare(0, prefix.size(), prefix) == 0) visit(name.substr(prefix.size()));
-      return true;
-    };
-  }
-
-  static auto Ids(const TVisit& visit) {
-    return [&visit](const TInstance& instance) {
-      visit(instance->GetProperty("Id", {})->ToString());
-      return true;
-    };
   }
 
   std::vector<TWalk> GetWalks() {
-    using V = const TVisit&;
+    using N = const TNamer&;
+    const auto parameters = [&](N note) {
+      TCIMParameterDeclCallback callback = note;
+      method->EnumerateParameterDecls(callback, {});
+    };
     return {
-        {"instances", true, [&](V v) { port->EnumerateInstances(Ids(v), false, {}); }},
-        {"deep instances", true, [&](V v) { schema->EnumerateInstances(Ids(v), true, {}); }},
+        {"instances", true, [&](N note) { port->EnumerateInstances(note, false, {}); }},
+        {"deep instances", true, [&](N note) { schema->EnumerateInstances(note, true, {}); }},
         {"references", true,
-         [&](V v) { hub->EnumerateAssociationInstances(Ids(v), "", "From", {}); }},
+         [&](N note) { hub->EnumerateAssociationInstances(note, "", "From", {}); }},
         {"associators", true,
-         [&](V v) { hub->EnumerateAssociatedInstances(Ids(v), "", "Port", "", "", {}); }},
-        {"subclasses", true, [&](V v) { schema->EnumerateSubClasses(Names(v, "Sub"), true, {}); }},
-        {"root classes", true, [&](V v) { space->EnumerateRootClasses(Names(v), {}); }},
+         [&](N note) { hub->EnumerateAssociatedInstances(note, "", "Port", "", "", {}); }},
+        {"subclasses", true, [&](N note) { schema->EnumerateSubClasses(note, true, {}); }},
         {"association classes", true,
-         [&](V v) { port->EnumerateAssociationClasses(Names(v, "Has"), "", "", {}); }},
+         [&](N note) { port->EnumerateAssociationClasses(note, "", "", {}); }},
         {"associated classes", true,
-         [&](V v) { port->EnumerateAssociatedClasses(Names(v), "", "", "", "", {}); }},
-        {"properties", true,
-         [&](V v) { schema->EnumeratePropertyDecls(Names(v, "PortType"), {}); }},
-        {"keys", true,
-         [&](V v) {
-           const auto visit = [&](const std::string* name) {
-             if (name->size() > 8) v(name->substr(8));
-             return true;
-           };
-           schema->EnumerateKeyNames(visit, {});
-         }},
-        {"methods", true, [&](V v) { schema->EnumerateMethodDecls(Names(v), {}); }},
-        {"parameters", true,
-         [&](V v) {
-           TCIMParameterDeclCallback visit = Names(v);
-           method->EnumerateParameterDecls(visit, {});
-         }},
-        {"qualifier declarations", false,
-         [&](V v) { space->EnumerateQualifierDecls(Names(v), {}); }},
-        {"class qualifiers", false, [&](V v) { schema->EnumerateQualifiers(Names(v), {}); }},
-        {"method qualifiers", false, [&](V v) { method->EnumerateQualifiers(Names(v), {}); }},
-        {"property qualifiers", true, [&](V v) { property->EnumerateQualifiers(Names(v), {}); }},
-        {"parameter qualifiers", true, [&](V v) { parameter->EnumerateQualifiers(Names(v), {}); }},
+         [&](N note) { port->EnumerateAssociatedClasses(note, "", "", "", "", {}); }},
+        {"properties", true, [&](N note) { schema->EnumeratePropertyDecls(note, {}); }},
+        {"keys", true, [&](N note) { schema->EnumerateKeyNames(note, {}); }},
+        {"methods", true, [&](N note) { schema->EnumerateMethodDecls(note, {}); }},
+        {"parameters", false, parameters},
+        {"declared", false, [&](N note) { space->EnumerateQualifierDecls(note, {}); }},
+        {"of a class", false, [&](N note) { schema->EnumerateQualifiers(note, {}); }},
+        {"of a method", false, [&](N note) { method->EnumerateQualifiers(note, {}); }},
+        {"of a property", false, [&](N note) { property->EnumerateQualifiers(note, {}); }},
+        {"of a parameter", false, [&](N note) { parameter->EnumerateQualifiers(note, {}); }},
     };
   }
 
-  /// The names of one letter in the order of the walk, and a call for each on the way.
-  static TNames Run(const TWalk& walk, const TVisit& during = {}) {
+  /// The ends of the names in the order of the walk, and a call for each on the way.
+  static TNames Run(const TWalk& walk, const std::function<void(const TNames&)>& during = {}) {
     TNames names;
-    walk.run([&](const std::string& name) {
-      if (name.size() != 1) return;
-      names.push_back(name);
-      if (during) during(name);
-    });
+    walk.run(TNamer{[&](const std::string& name) {
+      const auto end = name.find('_');
+      if (end == std::string::npos) return true;
+      names.push_back(name.substr(end, 2));
+      if (during) during(names);
+      return true;
+    }});
     return names;
   }
 
@@ -158,17 +116,16 @@ TEST_F(TWalkTest, VisitsOnceWhatIsThereThroughout) {
     SCOPED_TRACE(walk.name);
     SetUp();
     TNames names = Run(walk);
-    TNames nested;
     ASSERT_EQ(names.size(), 3U);
-    const auto change = [&](const std::string& name) {
-      if (name != names[0]) return;
-      for (const char* added : {"a", "c", "g"}) Add(added);
-      Put(names[0]), Put(names[2]);
-      Remove(names[0]), Remove(names[1]);
+    TNames nested;
+    const auto change = [&](const TNames& visited) {
+      if (visited.size() > 1) return;
+      for (const char* added : {"_a", "_c", "_g"}) Add(added);
+      Remove(names[0]);
+      Remove(names[1]);
       nested = Run(walk);
     };
     const TNames visited = Run(walk, change);
-    EXPECT_EQ(Run(walk), nested);
     EXPECT_EQ(nested.size(), walk.isRemovable ? 4U : 6U);
     if (walk.isRemovable) names.erase(names.begin() + 1);
     EXPECT_EQ(visited, names);
@@ -182,7 +139,7 @@ TEST_F(TWalkTest, MayDropTheLastReferenceToTheNamespace) {
     const TNames names = Run(walk);
     const boost::weak_ptr<void> watched[] = {space,    port,   schema,    link,
                                              property, method, parameter, hub};
-    const auto drop = [&](const std::string&) {
+    const auto drop = [&](const TNames&) {
       hub.reset(), parameter.reset(), method.reset(), property.reset();
       link.reset(), port.reset(), schema.reset(), space.reset();
     };
@@ -192,18 +149,25 @@ TEST_F(TWalkTest, MayDropTheLastReferenceToTheNamespace) {
   }
 }
 
-TEST_F(TWalkTest, HandsOutTheReplacementAndNothingThatWasCleared) {
+TEST_F(TWalkTest, HandsOutTheReplacementButNeitherTheReturnedNorTheCleared) {
+  NewPort("_h")->AddToNamespace({});
+  NewPort("_i")->AddToNamespace({});
   TInstance replacement;
   std::vector<TInstance> visited;
   const auto change = [&](const TInstance& instance) {
     visited.push_back(instance);
-    if (visited.size() == 1) replacement = PutInstance(port, "d");
-    if (visited.size() == 2) space->ClearInstances();
+    if (visited.size() == 1) {
+      replacement = PutInstance(port, "_d");
+      NewPort("_f")->Delete({});
+      PutInstance(port, "_f");
+    }
+    if (visited.size() == 3) space->ClearInstances();
     return true;
   };
   port->EnumerateInstances(change, false, {});
-  ASSERT_EQ(visited.size(), 2U);
+  ASSERT_EQ(visited.size(), 3U);
   EXPECT_EQ(visited[1], replacement);
+  EXPECT_EQ(visited[2]->GetProperty("Id", {})->ToString(), "_h");
 }
 
 TEST_F(TWalkTest, AnInstanceMayGoWhileItsPropertiesAreVisited) {

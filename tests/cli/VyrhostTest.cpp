@@ -211,6 +211,9 @@ TEST_F(VyrhostTest, OutputHoldsTheseLines) {
        {"Class         CIM_SystemDevice (association)",
         "Superclasses  CIM_SystemComponent < CIM_Component", "Qualifiers", "  Association",
         "  GroupComponent  reference to CIM_System         CIM_SystemDevice", "      Key"}},
+      {"inherited method",
+       {"class", "CIM_OperatingSystem"},
+       {"  RequestStateChange(...)  uint32  CIM_EnabledLogicalElement"}},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);

@@ -6,6 +6,7 @@ namespace NZELVYR20 {
 namespace {
 
 using TType = TCIMValue::TCIMType;
+using TInmemClassRedefinitionTest = TRedefinitionTest;
 
 enum EFlag { kAbsent, kNull, kFalse, kTrue };
 
@@ -32,10 +33,14 @@ class TInmemClassTest : public TRepositoryTest {
     return hasAny;
   }
 
+  TClass root = space->GetClass("", {});
   TClass base = DefineClass("CIM_Base");
 };
 
 TEST_F(TInmemClassTest, PassesDownDifferentlyWhenMadeAndWhenRefreshed) {
+  EXPECT_TRUE(root->IsRootClass({}) && !root->GetSuperClass({}));
+  EXPECT_TRUE(!base->IsRootClass({}) && base->GetSuperClass({}) == root);
+
   const auto reset = base->AllocateMethodDecl("Reset", TType::kUInt32, {});
   const TClass refreshed = DefineClass("CIM_Refreshed", base);
   const TPropertyDecl own = DeclareProperty(refreshed, "Speed", TCIMValue(1));
@@ -48,7 +53,7 @@ TEST_F(TInmemClassTest, PassesDownDifferentlyWhenMadeAndWhenRefreshed) {
   Qualify(*base, "Abstract");
   const TClass made = NewClass("CIM_Made", base);
   base->RemovePropertyDecl(base->GetPropertyDecl("Id", {}));
-  NewClass("CIM_Refreshed");
+  EXPECT_EQ(NewClass("CIM_Refreshed"), refreshed);
 
   for (const TClass& sub : {made, refreshed}) {
     SCOPED_TRACE(sub->GetName({}));
@@ -58,7 +63,9 @@ TEST_F(TInmemClassTest, PassesDownDifferentlyWhenMadeAndWhenRefreshed) {
     EXPECT_TRUE(sub->GetPropertyDecl("Id", {})) << "nothing is taken away";
     EXPECT_EQ(sub->GetMethodDecl("Reset", {}), reset);
     const auto version = sub->GetQualifier("Version", {});
-    EXPECT_TRUE(version && version->GetClassOrProperty({}) == sub) << "a copy of its own";
+    ASSERT_TRUE(version);
+    EXPECT_EQ(version->GetClassOrProperty({}), sub) << "a copy of its own";
+    EXPECT_TRUE(version->GetPropagated({}));
     EXPECT_EQ(sub->GetQualifier("Units", {})->GetValue({}), TCIMValue(isMade ? "base's" : "own"));
     EXPECT_FALSE(sub->GetQualifier("Terminal", {})) << "its flavor does not let it pass";
     EXPECT_EQ(sub->IsAbstract({}), !isMade) << "only making leaves this one behind";
@@ -68,27 +75,32 @@ TEST_F(TInmemClassTest, PassesDownDifferentlyWhenMadeAndWhenRefreshed) {
 TEST_F(TInmemClassTest, NeedsAKeyUnlessAbstract) {
   const struct {
     const char* description;
+    TClass superClass;
     EFlag abstract;
     EFlag association;
     EFlag key;
     bool isValid;
   } rows[] = {
-      {"a key", kAbsent, kAbsent, kTrue, true},
-      {"no key", kAbsent, kAbsent, kAbsent, false},
-      {"KEY is false", kAbsent, kAbsent, kFalse, false},
-      {"KEY is null", kAbsent, kAbsent, kNull, false},
-      {"abstract", kTrue, kAbsent, kAbsent, true},
-      {"ABSTRACT is null", kNull, kNull, kAbsent, false},
+      {"a key", {}, kAbsent, kAbsent, kTrue, true},
+      {"no key", {}, kAbsent, kAbsent, kAbsent, false},
+      {"KEY is false", {}, kAbsent, kAbsent, kFalse, false},
+      {"KEY is null", {}, kAbsent, kAbsent, kNull, false},
+      {"an inherited key", base, kAbsent, kAbsent, kAbsent, true},
+      {"abstract", {}, kTrue, kAbsent, kAbsent, true},
+      {"ABSTRACT is false", {}, kFalse, kFalse, kAbsent, false},
+      {"ABSTRACT is null", {}, kNull, kNull, kAbsent, false},
+      {"an association", {}, kAbsent, kTrue, kAbsent, false},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.description);
     const std::string name = "CIM_Made" + std::to_string(&row - rows);
-    const TClass made = NewClass(name);
+    const TClass made = NewClass(name, row.superClass);
     SetFlag(*made, "ABSTRACT", row.abstract);
     SetFlag(*made, "ASSOCIATION", row.association);
     SetFlag(*DeclareProperty(made, "Number", TCIMValue(1)), "KEY", row.key);
     const TOutcome noKeys = TOutcome::Logged(7, 3, "Inmem: Class " + name + " has no keys");
     EXPECT_EQ(TryAdd(made), row.isValid ? TOutcome::Quiet() : noKeys);
+    EXPECT_EQ(Try([&] { space->GetClass(name, {}); }), TOutcome::Quiet(row.isValid ? 0 : 15));
     EXPECT_EQ(made->IsAbstract({}), row.abstract == kTrue);
     EXPECT_EQ(made->IsAssociation({}), row.association == kTrue);
   }
@@ -107,6 +119,9 @@ TEST_F(TInmemClassTest, LeavesItsNamespaceOnlyWhenNothingNeedsIt) {
   EXPECT_EQ(TryRemove(sub), cannotLeave);
   EXPECT_EQ(SubClassesOf(base), TNames());
   EXPECT_EQ(space->GetClass("CIM_Sub", {}), sub) << "its name stays taken";
+  EXPECT_EQ(TryAdd(sub),
+            TOutcome::Logged(16, 3, "Inmem: TInmemNamespace: class CIM_Sub already defined"));
+  EXPECT_EQ(TryRemove(base), TOutcome::Quiet());
 }
 
 TEST_F(TInmemClassTest, AssociationsRegisterWithTheWidestClassOnce) {
@@ -117,6 +132,8 @@ TEST_F(TInmemClassTest, AssociationsRegisterWithTheWidestClassOnce) {
     std::vector<std::pair<std::string, TClass>> ends;
     std::vector<bool> expected;  ///< whether it registers with base, sub and other
   } rows[] = {
+      {"two classes", {{"A", base}, {"B", other}}, {true, false, true}},
+      {"one class three times", {{"A", sub}, {"B", sub}, {"C", sub}}, {false, true, false}},
       {"a class and its subclass", {{"A", base}, {"B", sub}}, {true, false, false}},
       {"a subclass and its class", {{"A", sub}, {"B", base}}, {true, false, false}},
       {"around another", {{"A", other}, {"B", sub}, {"C", other}}, {false, true, true}},
@@ -131,6 +148,26 @@ TEST_F(TInmemClassTest, AssociationsRegisterWithTheWidestClassOnce) {
     EXPECT_EQ(TryRemove(link), TOutcome::Quiet()) << "each registration is undone once";
     EXPECT_EQ(registrations(), std::vector<bool>(3));
   }
+  base->AddAssociationClass(other);
+  base->AddAssociationClass(other);
+  for (const int status : {0, 15}) {
+    EXPECT_EQ(Try([&] { base->RemoveAssociationClass(other); }), TOutcome::Quiet(status));
+  }
+}
+
+TEST_F(TInmemClassRedefinitionTest, ARedefinedSubclassTakesTheLastPlace) {
+  const TClass base = DefineClass("CIM_Base");
+  const TClass again = NewClass("CIM_Sub", base);
+  const TClass otherSpelling = NewClass("CIM_SUB", base);
+  DefineClass("CIM_Sub", base);
+  DefineClass("CIM_Other", base);
+  again->AddToNamespace({});
+  EXPECT_EQ(SubClassesOf(base), (TNames{"CIM_Other", "CIM_Sub"}));
+  otherSpelling->AddToNamespace({});
+  EXPECT_EQ(SubClassesOf(base), (TNames{"CIM_Other", "CIM_Sub", "CIM_SUB"}));
+  again->RemoveFromNamespace({});
+  again->AddToNamespace({});
+  EXPECT_EQ(SubClassesOf(base), (TNames{"CIM_Other", "CIM_SUB", "CIM_Sub"}));
 }
 
 TEST_F(TInmemClassTest, ComparesNamesByteForByteAndDoesLittleElse) {
@@ -142,6 +179,7 @@ TEST_F(TInmemClassTest, ComparesNamesByteForByteAndDoesLittleElse) {
   port->ModifyClass(lower, {});
   EXPECT_EQ(&(*port = *lower), port.get());
   EXPECT_EQ(port->GetName({}), "CIM_Port");
+  EXPECT_TRUE(port->GetPropertyDecl("Id", {}));
 
   TCIMContext parameters;
   EXPECT_EQ(port->InvokeMethod("Reset", parameters, {}), TCIMValue());

@@ -36,7 +36,9 @@ TEST_F(TInmemInstanceTest, IsAddedWhenKeysAndReferencesHold) {
     TValues values;
     TOutcome outcome;
   } rows[] = {
-      {"null key before a lost reference",
+      {"all is well", link, 3, {{"From", here}, {"To", here}}, fine},
+      {"null key", port, 3, {}, {18, {{0, "Inmem: Instance Port: key property Id is NULL"}}}},
+      {"null key, before a lost reference",
        link,
        3,
        {{"From", lost}},
@@ -51,8 +53,9 @@ TEST_F(TInmemInstanceTest, IsAddedWhenKeysAndReferencesHold) {
        link,
        3,
        {{"From", odd}, {"To", here}},
-       InvalidName("no name")},
+       {25, {{0, "Inmem: CIM name 'no name' is invalid"}}}},
       {"lost reference outside an association", former, 3, {{"From", lost}}, fine},
+      {"nothing is checked", link, 0, {{"From", lost}}, fine},
       {"keys are checked", link, 1, {{"From", lost}, {"To", lost}}, fine},
       {"references are checked", link, 2, {{"From", lost}}, isLost},
   };
@@ -74,6 +77,7 @@ TEST_F(TInmemInstanceTest, StaysUnderThePathWithWhichItWasAdded) {
   const auto first = PutInstance(port, "a");
   const auto second = PutInstance(port, "a");
   const auto oldPath = second->GetReference({});
+  EXPECT_EQ(space->GetInstance(oldPath, {}), second);
   second->SetPropertyValue("id", "b", {});
   EXPECT_EQ(space->GetInstance(second->GetReference({}), {}), nullptr);
   second->Delete({});
@@ -81,6 +85,16 @@ TEST_F(TInmemInstanceTest, StaysUnderThePathWithWhichItWasAdded) {
   first->Delete({});  // what stands there goes, whichever instance it is
   EXPECT_EQ(PathsOf(port), TNames{});
   EXPECT_EQ(Try([&] { first->Delete({}); }), TOutcome{});
+  EXPECT_EQ(PathOf(*second), "Port.id=\"b\"");
+}
+
+TEST_F(TInmemInstanceTest, PathHoldsTheKeysInTheOrderOfTheClass) {
+  const auto pair = NewClass("Pair");
+  DeclareProperty(pair, "b", TCIMValue(7), {"Key"});
+  DeclareProperty(pair, "C", TCIMValue("no key"));
+  DeclareProperty(pair, "A", TCIMValue::Null(TType::kString), {"Key"});
+  EXPECT_EQ(NewInstance(pair)->BuildPath({}).ToString(), "Pair.A=NULL,b=7");
+  EXPECT_EQ(PathOf(*NewInstance(NewClass("Keyless"))), "Keyless");
 }
 
 TEST_F(TInmemInstanceTest, ComparesByClassAndCopiesNothing) {
@@ -92,8 +106,9 @@ TEST_F(TInmemInstanceTest, ComparesByClassAndCopiesNothing) {
   *a = *b;
   a->ModifyInstance(b, {});
   EXPECT_EQ(TextOf(a, "Id"), "a");
-  TCIMContext parameters;
+  TCIMContext parameters{{"Force", TCIMValue(true)}};
   EXPECT_EQ(a->InvokeMethod("Reset", parameters, {}), TCIMValue());
+  EXPECT_EQ(parameters, (TCIMContext{{"Force", TCIMValue(true)}}));
 }
 
 TEST_F(TInmemInstanceTest, IsStampedWithTheTimeOfItsMaking) {
@@ -109,13 +124,16 @@ TEST_F(TInmemInstanceTest, IsStampedWithTheTimeOfItsMaking) {
   const TLogLine complaint{3, "Inmem: SetValue: decl is type string but value is type datetime"};
   EXPECT_EQ(Try([&] { EXPECT_EQ(TextOf(NewInstance(mistyped), "DateTimeOfCollection"), "never"); }),
             (TOutcome{0, {complaint}}));
+  EXPECT_EQ(Try([&] { NewInstance(NewClass("Unstamped")); }), TOutcome{});
 }
 
 TEST_F(TInmemInstanceTest, FindsAndEnumeratesItsOwnProperties) {
   for (const char* name : {"gamma", "beta", "ALPHA"}) DeclareProperty(port, name, TCIMValue("x"));
   const auto instance = NewInstance(port, {{"BETA", "y"}});
   EXPECT_EQ(instance->GetProperty("alpha", {}), instance->GetProperty("ALPHA", {}));
-  EXPECT_EQ(Try([&] { instance->GetProperty("Health State", {}); }), InvalidName("Health State"));
+  const TOutcome invalid{25, {{0, "Inmem: CIM name 'Health State' is invalid"}}};
+  EXPECT_EQ(Try([&] { instance->GetProperty("Health State", {}); }), invalid);
+  EXPECT_EQ(Try([&] { instance->SetPropertyValue("Health State", "1", {}); }), invalid);
   instance->GetProperty("AHealthState", {});  // is not kept
   std::string texts;
   const auto note = [&](const boost::shared_ptr<ICIMProperty>& property) {
@@ -137,11 +155,16 @@ TEST_F(TInmemInstanceTest, AnswersForStatusPropertiesThatNobodyDeclared) {
   } rows[] = {
       {"speedDuplex", "speedDuplex", "Unknown", 0},
       {"MyspeedDuplexDescription", "speedDuplex", "Unknown", 0},
+      {"MyDescriptionText", "Description", " ", 15},
       {"HealthStateDescription", "Description", " ", 15},
       {"XHealthStateY", "XHealthStateY", zero, 15},
       {"CommunicationStatus", "CommunicationStatus", zero, 15},
       {"DetailedStatus", "DetailedStatus", zero, 15},
+      {"OperatingStatus", "OperatingStatus", zero, 15},
+      {"PrimaryStatus", "PrimaryStatus", zero, 15},
       {"description", "", {}, 15},
+      {"SpeedDuplex", "", {}, 15},
+      {"healthState", "", {}, 15},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
@@ -153,11 +176,14 @@ TEST_F(TInmemInstanceTest, AnswersForStatusPropertiesThatNobodyDeclared) {
     const bool isKnown = *row.declared != '\0';
     EXPECT_EQ(Try([&] { instance->GetProperty(row.name, {}); }), TOutcome::Quiet(isKnown ? 0 : 15));
     if (!isKnown) continue;
+    EXPECT_EQ(device->GetPropertyDecl(row.declared, {})->GetName({}), row.declared);
     EXPECT_EQ(device->GetPropertyDecl(row.declared, {})->GetDefaultValue({}), row.value);
     const auto first = instance->GetProperty(row.name, {});
     first->SetValue(TCIMValue::Null(row.value.GetType()), {});
     EXPECT_EQ(instance->GetProperty(row.name, {})->GetValue({}), row.value);
     EXPECT_TRUE(first->GetValue({}).IsNull());
+    const auto later = NewInstance(device);
+    EXPECT_EQ(later->GetProperty(row.declared, {}), later->GetProperty(row.declared, {}));
   }
 }
 

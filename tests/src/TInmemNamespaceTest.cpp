@@ -88,6 +88,17 @@ TEST_F(TInmemNamespaceTest, AllocatingAKnownNameRefreshesThatClass) {
   EXPECT_FALSE(root->GetSuperClass({}));
 }
 
+TEST_F(TInmemNamespaceTest, RejectsWhatItDoesNotSupport) {
+  const TCIMReference path({}, {});
+  std::string text;
+  const TOutcome unsupported = TOutcome::Quiet(1);
+  EXPECT_EQ(Try([&] { space->AddUnderlyingNamespace({}, {}); }), unsupported);
+  EXPECT_EQ(Try([&] { space->Subscribe({}, {}, {}); }), unsupported);
+  EXPECT_EQ(Try([&] { space->DeleteInstance(path, {}); }), unsupported);
+  EXPECT_EQ(Try([&] { space->ModifyInstance(path, {}, {}); }), unsupported);
+  EXPECT_EQ(Try([&] { space->ExecuteQuery({}, text, text, {}); }), unsupported);
+}
+
 TEST_F(TInmemNamespaceRedefinitionTest, ReplacesAClassAndLeavesItsSubclassesAlone) {
   const TClass base = DefineClass("CIM_Base");
   const TClass second = NewClass("cim_port");

@@ -1,6 +1,7 @@
 #include <map>
 #include <set>
 
+#include "TInmemInstance.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
@@ -72,12 +73,18 @@ TEST_F(TTraversalTest, References) {
     int status = 0;
   } rows[] = {
       {"p1", "", "", {"back", "lost", "one", "sub", "wire"}},
+      {"p1", "Link", "", {"back", "lost", "one", "sub"}},
       {"p1", "subLINK", "", {"sub"}},
       {"p1", "Card", "", {}},
       {"p1", "Unknown", "", {}, 15},
-      {"p1", "SubLink", "fROM", {"sub"}},
+      {"p1", "", "fROM", {"lost", "one", "sub"}},
+      {"p1", "SubLink", "From", {"sub"}},
+      {"p1", "", "To", {"back"}},
+      {"p1", "", "Plug", {"wire"}},
       {"p1", "", "Board", {}},
+      {"p1", "", "Nobody", {}},
       {"p3", "", "", {"self", "sub"}},
+      {"p4", "", "", {"found", "up"}},
       {"f1", "", "To", {"wide"}},
       {"f2", "", "", {"fast", "up"}},
       {"f2", "", "Fast", {}},  // "Uplink" is registered with "Port" only, and this end is no "Port"
@@ -104,14 +111,22 @@ TEST_F(TTraversalTest, Associators) {
     int status = 0;
   } rows[] = {
       {"ends of the class", "p1", "", "Port", "", "", {"p2", "p2", "p3"}},
+      {"ends of another class", "p1", "", "Card", "", "", {"c1"}},
       {"no class, no results", "p1", "", "", "", "", {}},
+      {"unknown class, no results", "p1", "", "Unknown", "", "", {}},
       {"by one association", "p1", "SubLink", "Port", "", "", {"p3"}},
+      {"unknown association", "p1", "Unknown", "Port", "", "", {}, 15},
       {"role, wherever it points", "p1", "Link", "Port", "From", "", {"p1", "p2", "p3"}},
+      {"role in another case", "p1", "Link", "Port", "tO", "", {"p1", "p1", "p1", "p2"}},
       {"role of no end", "p1", "Link", "Port", "X", "", {"p1", "p1", "p1", "p2"}},
       {"result role, be it the own end", "p1", "", "Port", "", "tO", {"p1", "p2", "p3"}},
       {"result role: role has no effect", "p1", "", "Port", "To", "To", {"p1", "p2", "p3"}},
+      {"result role of another class", "p1", "", "Card", "", "To", {}},
       {"result role of no end", "p1", "", "Port", "", "X", {}},
+      {"two references to one object", "p3", "Link", "Port", "", "", {"p1", "p3"}},
       {"own end behind a lost one", "p4", "Link", "Port", "", "", {}},
+      {"three ends: the first", "c2", "", "Port", "", "", {"p5"}},
+      {"three ends, role", "c2", "", "Port", "left", "", {"p6"}},
       {"three ends, result role", "c2", "", "Port", "", "Right", {"p6"}},
       {"far end of a subclass", "f1", "", "FastPort", "", "", {"f2"}},
       {"far end declared wider", "f3", "", "FastPort", "", "", {}},
@@ -131,10 +146,31 @@ TEST_F(TTraversalTest, Associators) {
 TEST_F(TTraversalTest, MissesOfTheCallbackLeadToTheNextProperty) {
   at["p3"]->EnumerateAssociationInstances(Note(15), "", "", {});
   EXPECT_EQ(found, (TIds{"self", "self", "sub"}));
+  at["p3"]->EnumerateAssociationInstances(Note(15), "", "From", {});
+  EXPECT_EQ(found, TIds{"self"});
   at["c2"]->EnumerateAssociatedInstances(Note(15), "", "Port", "", "", {});
   EXPECT_EQ(found, (TIds{"p5", "p6"}));
   at["p3"]->EnumerateAssociationInstances(Note(7), "", "", {});  // the walk discards it
   EXPECT_EQ(found, (TIds{"self", "sub"}));
+}
+
+TEST_F(TTraversalTest, StepsPassOtherFailuresAndAnswerWhetherToGoOn) {
+  const auto from = boost::dynamic_pointer_cast<TInmemInstance>(at["p1"]);
+  const auto one = boost::dynamic_pointer_cast<TInmemInstance>(at["one"]);
+  for (const int status : {0, 7}) {
+    const auto note = Note(status);
+    const TOutcome outcome = TOutcome::Quiet(status);
+    EXPECT_EQ(Try([&] { EXPECT_FALSE(from->ExamineCandidate(note, port, "", one)); }), outcome);
+    EXPECT_EQ(Try([&] { EXPECT_TRUE(from->ExamineCandidateClassInstance(note, one)); }), outcome);
+    EXPECT_EQ(
+        Try([&] { EXPECT_TRUE(from->ExamineCandidateClassInstanceWithRole(note, "From", one)); }),
+        outcome);
+    EXPECT_EQ(
+        Try([&] { EXPECT_TRUE(from->ExamineCandidateWithResultRole(note, port, "To", one)); }),
+        outcome);
+    EXPECT_EQ(found, (TIds{"one", "one", "p2", "p2"}));
+    EXPECT_TRUE(from->ExamineCandidate(note, card, "", one));
+  }
 }
 
 }  // namespace

@@ -220,17 +220,18 @@ std::vector<std::string> TInmemProperty::ToStringVectorWithBase() const {
   const TCIMValue& value = GetValue(TCIMContext());
   if (!IsArray(TCIMContext())) return {ToStringWithQualifiers(value)};
   std::vector<std::string> texts;
+  const std::vector<TCIMValue>* elements = nullptr;
   try {
-    for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
-      texts.push_back(ToStringWithQualifiers(element));
-    }
+    elements = &static_cast<const std::vector<TCIMValue>&>(value);
   } catch (...) {
-    // A null array has no elements to look at. What its elements may throw counts the same.
-    texts.clear();
+    // A null array has no elements to look at.
     if (const auto text = FindUsableQualifier("NULLDISPLAY", TType::kString)) {
       texts.push_back(static_cast<std::string>(text->GetValue(TCIMContext())));
     }
+    return texts;
   }
+  texts.reserve(elements->size());
+  for (const TCIMValue& element : *elements) texts.push_back(ToStringWithQualifiers(element));
   return texts;
 }
 

@@ -225,15 +225,17 @@ TEST_F(TInmemDisplayTest, TablesKeepWhatStoodBeforeAContradiction) {
   EXPECT_EQ(Try([&] { property->LookupInTable(TCIMValue(1), table, other); }), TOutcome::Quiet(1));
 }
 
-/// A declaration of another implementation, whose every look-up throws the status.
+/// A declaration of another implementation, whose every look-up but that of "NULLDISPLAY" throws
+/// the status.
 struct TForeignDecl : TInmemDeclaration<ICIMPropertyDecl, TForeignDecl> {
   TForeignDecl(int lookUpStatus, const TCIMValue& defaultValue)
       : TInmemDeclaration("Foreign"), status(lookUpStatus), value(defaultValue) {}
 
   using TInmemDeclaration::operator=;
   TForeignDecl& operator=(const TForeignDecl&) { return *this; }
-  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string&, TCIMContext) const override {
-    throw TVYRException(status);
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
+                                                TCIMContext) const override {
+    throw TVYRException(name == "NULLDISPLAY" ? nullStatus : status);
   }
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string&, bool&,
                                                 TCIMContext) const override {
@@ -250,6 +252,7 @@ struct TForeignDecl : TInmemDeclaration<ICIMPropertyDecl, TForeignDecl> {
   void SetDefaultValue(const TCIMValue&, TCIMContext) override {}
 
   int status;
+  int nullStatus = status;
   TCIMValue value;
 };
 
@@ -261,8 +264,11 @@ TEST_F(TInmemDisplayTest, OnlyAMissingQualifierIsNoFailure) {
     const auto failing = boost::make_shared<TForeignDecl>(28, value);
     EXPECT_EQ(Try([&] { TInmemProperty(failing).ToString(); }), TOutcome::Quiet(28));
   }
-  const auto failing = boost::make_shared<TForeignDecl>(28, nullArray);
-  EXPECT_EQ(Try([&] { TInmemProperty(failing).ToStringVector(); }), TOutcome::Quiet(28));
+  const auto nulls = boost::make_shared<TForeignDecl>(28, nullArray);
+  EXPECT_EQ(Try([&] { TInmemProperty(nulls).ToStringVector(); }), TOutcome::Quiet(28));
+  const auto elements = boost::make_shared<TForeignDecl>(28, Texts({"x"}));
+  elements->nullStatus = 15;
+  EXPECT_EQ(Try([&] { TInmemProperty(elements).ToStringVector(); }), TOutcome::Quiet(28));
 }
 
 }  // namespace

@@ -2,7 +2,8 @@
 # shellcheck shell=bash
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
-run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev)
+run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
+  tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
 lint_packages=("${test_packages[@]}" clang-format clang-tidy)
 

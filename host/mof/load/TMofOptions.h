@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace NZELVYR20 {
+
+/// How MOF is read. The limits guard against files that are no MOF; what people write stays far
+/// below them.
+struct TMofOptions {
+  /// Folders in which files are searched that are not found beside the file that includes them:
+  /// included ones, and CLASS.mof for a class that nothing declares.
+  std::vector<std::string> searchPath;
+  bool isStrict = false;         ///< warnings are errors, and the first error ends the load
+  std::size_t reportLimit = 20;  ///< of messages of each severity
+  std::size_t largestFile = 64 * 1024 * 1024;  ///< in bytes
+  std::size_t deepestInclude = 64;             ///< files on the way to the innermost
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace NZELVYR20 {
+
+/// What a load came to.
+struct TMofSummary {
+  /// Of one kind of declaration.
+  struct TCounts {
+    std::size_t declared = 0;  ///< entered into the namespace
+    std::size_t skipped = 0;   ///< there already, or wrong as it stands in the text
+    std::size_t refused = 0;   ///< by the repository
+  };
+  /// An element that the repository did not take.
+  struct TRefusal {
+    std::string name;
+    std::string why;  ///< the text of the status, or which other refusal led to this one
+  };
+
+  std::size_t files = 0;
+  TCounts qualifiers;
+  TCounts classes;
+  TCounts instances;
+  std::vector<TRefusal> refusals;
+  std::size_t errors = 0;
+  std::size_t warnings = 0;
+  std::size_t notes = 0;
+
+  /// One line that counts, then one for each reason with the names of those that it befell.
+  std::string ToString() const;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,38 @@
+#include "TMofSource.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace NZELVYR20 {
+namespace {
+
+bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
+
+}  // namespace
+
+TMofSource::TMofSource(std::string name, std::string text)
+    : name_(std::move(name)), text_(std::move(text)), lineStarts_{0} {
+  for (std::size_t end = text_.find('\n'); end != std::string::npos;
+       end = text_.find('\n', end + 1))
+    lineStarts_.push_back(end + 1);
+}
+
+TMofPosition TMofSource::Locate(std::size_t offset) const {
+  const std::size_t byte = std::min(offset, text_.size());
+  const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), byte);
+  const auto start = text_.begin() + static_cast<std::ptrdiff_t>(*std::prev(next));
+  const auto characters =
+      std::count_if(start, text_.begin() + static_cast<std::ptrdiff_t>(byte), BeginsCharacter);
+  return {static_cast<std::size_t>(next - lineStarts_.begin()),
+          static_cast<std::size_t>(characters) + 1};
+}
+
+std::string TMofSource::GetLine(std::size_t offset) const {
+  const std::size_t line = Locate(offset).line - 1;
+  const std::size_t start = lineStarts_[line];
+  std::size_t end = std::min(text_.find('\n', start), text_.size());
+  if (end > start && text_[end - 1] == '\r') --end;
+  return text_.substr(start, end - start);
+}
+
+}  // namespace NZELVYR20

@@ -64,8 +64,8 @@ TEST_F(TMofFilesTest, IncludesStandBesideTheFileOrInTheSearchPath) {
   options.searchPath = {At("nowhere"), At("search")};
   TLoadedMof mof("", options);
   EXPECT_EQ(Load(mof, At("main/start.mof")),
-            "main/start.mof:2:19: note: the path has back-slashes; they are read as slashes\n"
-            "main/start.mof:4:19: note: the file main/part/../part/a.mof was read already\n"
+            "main/start.mof:2:18: note: the path has back-slashes; they are read as slashes\n"
+            "main/start.mof:4:18: note: the file main/part/../part/a.mof was read already\n"
             "main/start.mof:5:9: note: the directive locale has no effect here");
   EXPECT_TRUE(mof.Has("B") && mof.Has("F"));
 }
@@ -118,16 +118,16 @@ TEST_F(TMofFilesTest, FilesThatCannotBeReadAreOneError) {
       {"gone.mof", "gone.mof: error: No such file or directory"},
       {"empty", "empty: error: The folder has no *.mof file"},
       {"missing.mof",
-       "missing.mof:1:19: error: there is no file gone.mof, neither beside this one nor in the "
+       "missing.mof:1:18: error: there is no file gone.mof, neither beside this one nor in the "
        "search path"},
-      {"self.mof", "other.mof:1:19: error: the file self.mof includes itself"},
-      {"one.mof", "three.mof:1:19: error: more than 3 files include each other"},
+      {"self.mof", "other.mof:1:18: error: the file self.mof includes itself"},
+      {"one.mof", "three.mof:1:18: error: more than 3 files include each other"},
       {"large.mof", "large.mof: error: The file is larger than the limit of 1000 bytes"},
       {"includes-folder.mof",
-       "includes-folder.mof:1:19: error: there is no file folder.mof, neither beside this one nor "
+       "includes-folder.mof:1:18: error: there is no file folder.mof, neither beside this one nor "
        "in the search path"},
       {"includes-large.mof",
-       "includes-large.mof:1:19: error: cannot include large.mof: The file is larger than the "
+       "includes-large.mof:1:18: error: cannot include large.mof: The file is larger than the "
        "limit "
        "of 1000 bytes"},
   };

@@ -148,8 +148,8 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
       {"class B : Ok { uint8 Do(); uint8 do(); };",
        "1:7: error: class B is refused: The name is already defined."},
       {"class B : C { };\nclass C : B { };",
-       "2:11: error: class C: it and the superclass B need each other\n"
-       "1:11: error: class B: it needs the class C, which was left out"},
+       "1:11: error: class B: it and the superclass C need each other\n"
+       "2:11: error: class C: it needs the class B, which was left out"},
       {"[Later(\"x\")] class B : Ok { };\nQualifier Later : string;",
        "1:2: note: the qualifier Later is declared further down"},
       {"[Odd(\"x\")] class B : Ok { [Odd(5)] string P; };",

@@ -221,8 +221,9 @@ TEST(TMofLoaderTest, LongChainsDoNotExhaustTheStack) {
   constexpr std::size_t kLength = 20000;
   for (std::size_t index = 0; index < kLength; ++index) {
     const std::string number = std::to_string(index);
-    text += "instance of N as $N" + number + " { Id = \"" + number + "\"; To = $A; Next = $N" +
-            std::to_string(index + 1) + "; };\n";
+    text.append("instance of N as $N").append(number);
+    text.append(" { Id = \"").append(number).append("\"; To = $A; Next = $N");
+    text.append(std::to_string(index + 1)).append("; };\n");
   }
   text += "instance of M as $N" + std::to_string(kLength) + " { Id = \"end\"; To = $A; };\n" +
           "instance of A as $A { Id = \"a\"; };\n";

@@ -37,10 +37,11 @@ std::vector<std::size_t> OrderByNeeds(
         continue;
       }
       const std::size_t need = visit.needs[visit.next++];
-      if (states[need] == EState::kUnseen)
+      if (states[need] == EState::kUnseen) {
         open(need);
-      else if (states[need] == EState::kOpen)
+      } else if (states[need] == EState::kOpen) {
         onCircle(visit.node, need);
+      }
     }
   }
   return order;

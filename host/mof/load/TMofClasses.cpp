@@ -71,9 +71,10 @@ TMofClasses::TEntry* TMofClasses::FindEntry(const std::string& name) {
 
 std::vector<std::size_t> TMofClasses::GetNeeds(const TEntry& entry) const {
   std::vector<std::size_t> needs;
-  for (const TMofName& name : GetNeededClasses(*entry.syntax))
+  for (const TMofName& name : GetNeededClasses(*entry.syntax)) {
     if (const TEntry* const need = FindEntry(name.text))
       needs.push_back(static_cast<std::size_t>(need - entries_.data()));
+  }
   return needs;
 }
 
@@ -142,9 +143,10 @@ void TMofClasses::Allocate(TEntry& entry) {
 boost::shared_ptr<ICIMClass> TMofClasses::FindSuperClass(const TMofClass& cimClass) {
   if (!cimClass.superClass) return {};
   const TEntry* const entry = FindEntry(cimClass.superClass->text);
-  if (entry != nullptr && entry->state == EState::kPending)
+  if (entry != nullptr && entry->state == EState::kPending) {
     throw TMofFault(cimClass.superClass->place,
                     "it and the superclass " + cimClass.superClass->text + " need each other");
+  }
   return FindClass(*cimClass.superClass, entry);
 }
 

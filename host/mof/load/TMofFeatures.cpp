@@ -45,9 +45,10 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
 void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofName& name,
                                  const ICIMPropertyDecl& kept) {
   const auto owner = kept.GetClass({});
-  if (owner.get() == &cimClass)
+  if (owner.get() == &cimClass) {
     return diagnostics_.Note(name.place,
                              "the property " + name.text + " is named twice; the first one stays");
+  }
   diagnostics_.Warning(name.place, "the property " + name.text +
                                        " is left out: that of the superclass " +
                                        (owner ? owner->GetName({}) : std::string()) +

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kMebibyte = 1024 * 1024;
+constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
 
 bool IsFile(const fs::path& path) {
   std::error_code ignored;
@@ -30,7 +30,7 @@ std::system_error GetSystemError() { return {errno, std::generic_category()}; }
 using TFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
 std::string ReadAtMost(std::FILE* file, std::size_t limit) {
-  constexpr std::size_t kStep = 64 * 1024;
+  constexpr std::size_t kStep = std::size_t{64} * 1024;
   std::string bytes;
   std::size_t count = 0;
   do {

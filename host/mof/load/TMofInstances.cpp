@@ -87,9 +87,10 @@ TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
   if (found == byAlias_.end())
     throw TMofFault(alias.place, "no instance has the alias $" + alias.text);
   const TDraft& draft = drafts_[found->second];
-  if (!draft.instance)
+  if (!draft.instance) {
     throw TMofFault(alias.place, "the instance with the alias $" + alias.text +
                                      " was left out, or refers to this one in turn");
+  }
   return draft.instance->GetReference({});
 }
 
@@ -136,9 +137,10 @@ void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
 
 void TMofInstances::AddOrReport(const TDraft& draft) {
   const TCIMReference path = draft.instance->GetReference({});
-  if (namespace_->GetInstance(path, {}))
+  if (namespace_->GetInstance(path, {})) {
     diagnostics_.Note(draft.syntax->className.place,
                       "takes the place of the instance " + path.ToString());
+  }
   draft.instance->AddToNamespace({});
   // A refused instance is only logged, so that the one way to know is to ask for it.
   if (namespace_->GetInstance(path, {}) == draft.instance) {

@@ -35,6 +35,7 @@ class TMofLoader::TImpl {
   TMofSummary summary_;
   TMofQualifiers qualifiers_;
   std::set<std::string> known_;  ///< folded names of classes that are there or were searched for
+  std::size_t learned_ = 0;      ///< of the batch's classes, how many are in known_
 };
 
 TMofLoader::TImpl::TImpl(boost::shared_ptr<ICIMNamespace> nameSpace, TMofOptions options,
@@ -51,25 +52,22 @@ TMofLoader::TImpl::TImpl(boost::shared_ptr<ICIMNamespace> nameSpace, TMofOptions
 void TMofLoader::TImpl::ReadMissingClasses() {
   if (options_.searchPath.empty()) return;
   const TMofBatch& batch = reader_.GetBatch();
-  std::size_t declared = 0;
-  const auto learn = [&] {
-    for (; declared < batch.classes.size(); ++declared)
-      known_.insert(FoldName(batch.classes[declared].name.text));
-  };
-  learn();
-  for (std::size_t index = 0; index < batch.classes.size(); ++index) {
-    for (const TMofName& name : GetNeededClasses(batch.classes[index])) {
-      ReadMissing(name.text);
-      learn();
+  std::size_t nextClass = 0;
+  std::size_t nextInstance = 0;
+  while (nextClass < batch.classes.size() || nextInstance < batch.instances.size()) {
+    if (nextInstance < batch.instances.size()) {
+      ReadMissing(batch.instances[nextInstance++].className.text);
+      continue;
     }
-  }
-  for (std::size_t index = 0; index < batch.instances.size(); ++index) {
-    ReadMissing(batch.instances[index].className.text);
-    learn();
+    for (const TMofName& name : GetNeededClasses(batch.classes[nextClass++]))
+      ReadMissing(name.text);
   }
 }
 
 void TMofLoader::TImpl::ReadMissing(const std::string& className) {
+  const TMofBatch& batch = reader_.GetBatch();
+  while (learned_ < batch.classes.size())
+    known_.insert(FoldName(batch.classes[learned_++].name.text));
   if (!known_.insert(FoldName(className)).second) return;
   if (!FindOrNothing([&] { return namespace_->GetClass(className, {}); }))
     reader_.ReadClass(className);
@@ -98,6 +96,7 @@ void TMofLoader::TImpl::EnterBatch() {
 void TMofLoader::TImpl::Forget() {
   qualifiers_.Clear();
   known_.clear();
+  learned_ = 0;
   reader_.Clear();
 }
 

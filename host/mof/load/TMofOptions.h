@@ -14,7 +14,7 @@ struct TMofOptions {
   std::vector<std::string> searchPath;
   bool isStrict = false;         ///< warnings are errors, and the first error ends the load
   std::size_t reportLimit = 20;  ///< of messages of each severity
-  std::size_t largestFile = 64 * 1024 * 1024;  ///< in bytes
+  std::size_t largestFile = std::size_t{64} * 1024 * 1024;  ///< in bytes
   std::size_t deepestInclude = 64;             ///< files on the way to the innermost
 };
 

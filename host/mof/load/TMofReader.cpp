@@ -57,10 +57,11 @@ void TMofReader::ReadText(const std::string& name, const std::string& bytes) {
 
 /// `place` is where the file is asked for; nowhere for one that the user named.
 void TMofReader::Fail(const std::string& name, const TMofPlace& place, const std::string& why) {
-  if (place.source == nullptr)
+  if (place.source == nullptr) {
     diagnostics_.FileError(name, why);
-  else
+  } else {
     diagnostics_.Error(place, "cannot include " + name + ": " + why);
+  }
 }
 
 std::optional<TMofReader::TOpenFile> TMofReader::OpenFile(const fs::path& path,
@@ -104,12 +105,13 @@ void TMofReader::ReadWithIncludes(TOpenFile file) {
     }
     TMofDeclaration& declaration = inner.declarations[inner.next++];
     const auto* const pragma = std::get_if<TMofPragma>(&declaration);
-    if (pragma == nullptr)
+    if (pragma == nullptr) {
       Collect(declaration);
-    else if (!IsInclude(*pragma))
+    } else if (!IsInclude(*pragma)) {
       NotePragma(*pragma);
-    else if (std::optional<TOpenFile> included = OpenIncluded(*pragma, open))
+    } else if (std::optional<TOpenFile> included = OpenIncluded(*pragma, open)) {
       open.push_back(std::move(*included));
+    }
   }
 }
 
@@ -153,12 +155,13 @@ void TMofReader::Collect(TMofDeclaration& declaration) {
   std::visit(
       [this](auto& node) {
         using TNode = std::decay_t<decltype(node)>;
-        if constexpr (std::is_same_v<TNode, TMofQualifierDeclaration>)
+        if constexpr (std::is_same_v<TNode, TMofQualifierDeclaration>) {
           batch_.qualifiers.push_back(std::move(node));
-        else if constexpr (std::is_same_v<TNode, TMofClass>)
+        } else if constexpr (std::is_same_v<TNode, TMofClass>) {
           batch_.classes.push_back(std::move(node));
-        else if constexpr (std::is_same_v<TNode, TMofInstance>)
+        } else if constexpr (std::is_same_v<TNode, TMofInstance>) {
           batch_.instances.push_back(std::move(node));
+        }
       },
       declaration);
 }

@@ -27,9 +27,11 @@ std::string TMofSummary::ToString() const {
   std::map<std::string, std::string> names;
   for (const TRefusal& refusal : refusals) {
     std::string& list = names[refusal.why];
-    list += (list.empty() ? "" : ", ") + refusal.name;
+    list += list.empty() ? "" : ", ";
+    list += refusal.name;
   }
-  for (const auto& [why, list] : names) text += "\nrefused: " + why + ": " + list;
+  for (const auto& [why, list] : names)
+    text.append("\nrefused: ").append(why).append(": ").append(list);
   return text;
 }
 

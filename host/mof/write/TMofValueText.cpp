@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <boost/locale/utf.hpp>
 #include <cstdio>
 #include <limits>
 #include <utility>
@@ -31,16 +32,34 @@ std::string HexEscape(unsigned code) {
   return escape.data();
 }
 
-/// One byte of a text between quotes of the given kind.
-std::string Escape(char byte, char quote) {
+/// One ASCII character between quotes of the given kind.
+std::string Escape(char character, char quote) {
   constexpr const char* kSpecial = "\n\t\r\b\f";
   constexpr const char* kLetters = "ntrbf";
-  if (byte == quote || byte == '\\') return {'\\', byte};
-  const auto code = static_cast<unsigned char>(byte);
-  if (code >= 0x20 && code != 0x7F) return {byte};
-  const char* const special = std::find(kSpecial, kSpecial + 5, byte);
+  if (character == quote || character == '\\') return {'\\', character};
+  if (character >= 0x20 && character != 0x7F) return {character};
+  const char* const special = std::find(kSpecial, kSpecial + 5, character);
   if (special != kSpecial + 5) return {'\\', kLetters[special - kSpecial]};
-  return HexEscape(code);
+  return HexEscape(static_cast<unsigned char>(character));
+}
+
+/// A byte that is no UTF-8 would make the whole text unreadable.
+std::string EscapeText(const char* next, const char* end) {
+  using TUtf8 = boost::locale::utf::utf_traits<char>;
+  std::string escaped;
+  while (next != end) {
+    const char* const start = next;
+    const boost::locale::utf::code_point code = TUtf8::decode(next, end);
+    if (code < 0x80) {
+      escaped += Escape(*start, '"');
+    } else if (boost::locale::utf::is_valid_codepoint(code)) {
+      escaped.append(start, next);
+    } else {
+      escaped += HexEscape(static_cast<unsigned char>(*start));
+      next = start + 1;
+    }
+  }
+  return escaped;
 }
 
 /// In quotes, in pieces of at most `width` columns, except where a single word is longer.
@@ -48,10 +67,9 @@ TPieces TextPieces(const std::string& text, std::size_t width) {
   TPieces pieces;
   std::string piece = "\"";
   std::size_t columns = 2;  // with both quotes
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(" \n", start), text.size() - 1) + 1;
-    std::string word;
-    for (; start < end; ++start) word += Escape(text[start], '"');
+  for (std::size_t start = 0, end = 0; start < text.size(); start = end) {
+    end = std::min(text.find_first_of(" \n", start), text.size() - 1) + 1;
+    const std::string word = EscapeText(text.data() + start, text.data() + end);
     const std::size_t wordColumns = Columns(word);
     if (piece.size() > 1 && columns + wordColumns > width) {
       pieces.push_back(std::exchange(piece, "\"") + '"');

@@ -185,7 +185,8 @@ void TRandomModel::DeclareClass() {
   }
   if (cimClass->IsAssociation({})) {
     for (unsigned count = 0; count < 2; ++count) {
-      DeclareProperty(*cimClass, TCIMValue::NullReference(Pick(classes_)), Chance(80));
+      DeclareProperty(*cimClass, TCIMValue::NullReference(Chance(10) ? cimClass : Pick(classes_)),
+                      Chance(80));
     }
   }
   for (unsigned count = Below(3); count > 0; --count) DeclareMethod(*cimClass);

@@ -135,6 +135,7 @@ TEST_F(TMofWriterTest, Values) {
       {"\x01"
        "F \xC3(\xED\xA0\x80",
        " \"\\x0001F \\x00C3(\\x00ED\\x00A0\\x0080\""},
+      {std::string("\0", 1), " \"\\xFFFD\""},
       {TCIMValue::Null(TType::kString), " NULL"},
       {interval, " \"00000001020304.000005:000\""},
       {TCIMValue::Array(TType::kUInt8, {}), " {}"},

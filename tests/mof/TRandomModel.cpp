@@ -66,9 +66,6 @@ std::string TRandomModel::AnyText() {
                                                   "\\x41",
                                                   "\\n",
                                                   "a longer run of words to wrap ",
-                                                  std::string("\0"
-                                                              "7",
-                                                              2),
                                                   "\xEF\xBB\xBF",
                                                   "{1, 2}",
                                                   "NULL",

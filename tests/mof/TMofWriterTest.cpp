@@ -46,15 +46,14 @@ class TMofWriterTest : public testing::Test {
 
   boost::shared_ptr<ICIMQualifier> Attach(ICIMNamedElement& element, const char* name,
                                           const TCIMValue& value) {
-    const auto qualifier =
-        element.AllocateQualifier(namespace_->GetQualifierDecl(name, {}), value, {});
+    auto qualifier = element.AllocateQualifier(namespace_->GetQualifierDecl(name, {}), value, {});
     qualifier->AddToClassOrProperty({});
     return qualifier;
   }
 
   boost::shared_ptr<ICIMPropertyDecl> AddProperty(ICIMClass& cimClass, const char* name,
                                                   const TCIMValue& value, bool isKey) {
-    const auto property = cimClass.AllocatePropertyDecl(name, value, {});
+    auto property = cimClass.AllocatePropertyDecl(name, value, {});
     if (isKey) Attach(*property, "Key", true);
     property->AddToClass({});
     return property;
@@ -66,14 +65,14 @@ class TMofWriterTest : public testing::Test {
                                               const boost::shared_ptr<ICIMClass>& target) {
     const auto link = Allocate(name, superClass);
     if (!superClass) Attach(*link, "Association", true);
-    const auto end = AddProperty(*link, reference, TCIMValue::NullReference(target), true);
+    auto end = AddProperty(*link, reference, TCIMValue::NullReference(target), true);
     link->AddToNamespace({});
     return end;
   }
 
   boost::shared_ptr<ICIMInstance> AddInstance(const char* className, const char* key,
                                               const TCIMValue& value) {
-    const auto instance = namespace_->GetClass(className, {})->AllocateInstance({});
+    auto instance = namespace_->GetClass(className, {})->AllocateInstance({});
     instance->SetPropertyValue(key, value, {});
     instance->AddToNamespace({});
     return instance;

@@ -52,10 +52,8 @@ std::string TRandomModel::AnyText() {
                                                   "\\\"",
                                                   "\n",
                                                   "\t\r\b\f",
-                                                  "\x01"
-                                                  "F",
-                                                  "\x1f"
-                                                  "00",
+                                                  "\001F",
+                                                  "\03700",
                                                   "\x7f",
                                                   "\xC3\xA9",
                                                   "'",

@@ -46,15 +46,14 @@ class TMofWriterTest : public testing::Test {
 
   boost::shared_ptr<ICIMQualifier> Attach(ICIMNamedElement& element, const char* name,
                                           const TCIMValue& value) {
-    const auto qualifier =
-        element.AllocateQualifier(namespace_->GetQualifierDecl(name, {}), value, {});
+    auto qualifier = element.AllocateQualifier(namespace_->GetQualifierDecl(name, {}), value, {});
     qualifier->AddToClassOrProperty({});
     return qualifier;
   }
 
   boost::shared_ptr<ICIMPropertyDecl> AddProperty(ICIMClass& cimClass, const char* name,
                                                   const TCIMValue& value, bool isKey) {
-    const auto property = cimClass.AllocatePropertyDecl(name, value, {});
+    auto property = cimClass.AllocatePropertyDecl(name, value, {});
     if (isKey) Attach(*property, "Key", true);
     property->AddToClass({});
     return property;
@@ -66,14 +65,14 @@ class TMofWriterTest : public testing::Test {
                                               const boost::shared_ptr<ICIMClass>& target) {
     const auto link = Allocate(name, superClass);
     if (!superClass) Attach(*link, "Association", true);
-    const auto end = AddProperty(*link, reference, TCIMValue::NullReference(target), true);
+    auto end = AddProperty(*link, reference, TCIMValue::NullReference(target), true);
     link->AddToNamespace({});
     return end;
   }
 
   boost::shared_ptr<ICIMInstance> AddInstance(const char* className, const char* key,
                                               const TCIMValue& value) {
-    const auto instance = namespace_->GetClass(className, {})->AllocateInstance({});
+    auto instance = namespace_->GetClass(className, {})->AllocateInstance({});
     instance->SetPropertyValue(key, value, {});
     instance->AddToNamespace({});
     return instance;
@@ -135,6 +134,7 @@ TEST_F(TMofWriterTest, Values) {
       {"\x01"
        "F \xC3(\xED\xA0\x80",
        " \"\\x0001F \\x00C3(\\x00ED\\x00A0\\x0080\""},
+      {std::string("\0", 1), " \"\\xFFFD\""},
       {TCIMValue::Null(TType::kString), " NULL"},
       {interval, " \"00000001020304.000005:000\""},
       {TCIMValue::Array(TType::kUInt8, {}), " {}"},

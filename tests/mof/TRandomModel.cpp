@@ -52,10 +52,8 @@ std::string TRandomModel::AnyText() {
                                                   "\\\"",
                                                   "\n",
                                                   "\t\r\b\f",
-                                                  "\x01"
-                                                  "F",
-                                                  "\x1f"
-                                                  "00",
+                                                  "\001F",
+                                                  "\03700",
                                                   "\x7f",
                                                   "\xC3\xA9",
                                                   "'",
@@ -66,9 +64,6 @@ std::string TRandomModel::AnyText() {
                                                   "\\x41",
                                                   "\\n",
                                                   "a longer run of words to wrap ",
-                                                  std::string("\0"
-                                                              "7",
-                                                              2),
                                                   "\xEF\xBB\xBF",
                                                   "{1, 2}",
                                                   "NULL",

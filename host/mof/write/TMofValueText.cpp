@@ -17,6 +17,8 @@ namespace {
 constexpr std::size_t kWidth = 80;
 constexpr std::size_t kUnlimited = std::numeric_limits<std::size_t>::max();
 
+constexpr unsigned kReplacement = 0xFFFD;
+
 using TPieces = std::vector<std::string>;
 
 bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
@@ -43,14 +45,16 @@ std::string Escape(char character, char quote) {
   return HexEscape(static_cast<unsigned char>(character));
 }
 
-/// A byte that is no UTF-8 would make the whole text unreadable.
+/// NUL and bytes that are no UTF-8 would make the text unreadable.
 std::string EscapeText(const char* next, const char* end) {
   using TUtf8 = boost::locale::utf::utf_traits<char>;
   std::string escaped;
   while (next != end) {
     const char* const start = next;
     const boost::locale::utf::code_point code = TUtf8::decode(next, end);
-    if (code < 0x80) {
+    if (code == 0) {
+      escaped += HexEscape(kReplacement);
+    } else if (code < 0x80) {
       escaped += Escape(*start, '"');
     } else if (boost::locale::utf::is_valid_codepoint(code)) {
       escaped.append(start, next);

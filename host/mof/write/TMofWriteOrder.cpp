@@ -28,8 +28,7 @@ std::vector<boost::shared_ptr<TElement>> Arrange(
   };
   std::vector<boost::shared_ptr<TElement>> arranged;
   arranged.reserve(elements.size());
-  for (const std::size_t number :
-       OrderByNeeds(elements.size(), getNeeds, [](std::size_t, std::size_t) {})) {
+  for (const std::size_t number : OrderByNeeds(elements.size(), getNeeds)) {
     arranged.push_back(elements[number]);
   }
   return arranged;

@@ -44,10 +44,11 @@ class TFuzzNamespace {
                           const std::vector<std::pair<const char*, TCIMValue>>& qualifiers) {
     const boost::shared_ptr<ICIMPropertyDecl> made =
         cimClass->AllocatePropertyDecl(name, value, {});
-    for (const auto& [qualifier, qualifierValue] : qualifiers)
+    for (const auto& [qualifier, qualifierValue] : qualifiers) {
       made->AllocateQualifier(cimClass->GetNamespace({})->GetQualifierDecl(qualifier, {}),
                               qualifierValue, {})
           ->AddToClassOrProperty({});
+    }
     made->AddToClass({});
   }
 

@@ -6,7 +6,7 @@ run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
-lint_packages=("${test_packages[@]}" clang-format clang-tidy)
+lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

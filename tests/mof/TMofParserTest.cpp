@@ -67,9 +67,10 @@ TEST(TMofParserTest, ReadsValues) {
       {R"("\x41\X0042C\x9G")", "|ABC\tG|"},
       {R"("\xD83D" "\xde00")", "|\xF0\x9F\x98\x80|"},
   };
-  for (const auto& [text, value] : rows)
+  for (const auto& [text, value] : rows) {
     EXPECT_EQ(TSyntaxText::Parse("instance of A{a=" + std::string(text) + ";};"),
               "instance A{a=" + std::string(value) + "}");
+  }
 }
 
 TEST(TMofParserTest, SaysWhatIsWrong) {

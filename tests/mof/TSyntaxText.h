@@ -12,7 +12,7 @@ namespace NZELVYR20 {
 /// Shows a syntax tree on one line: what was read, with types by number and texts between "|".
 struct TSyntaxText {
   static std::string Show(const TMofLiteral& literal) {
-    const std::string number = (literal.isNegative ? "-" : "") + std::to_string(literal.number);
+    std::string number = (literal.isNegative ? "-" : "") + std::to_string(literal.number);
     switch (literal.kind) {
       case TMofLiteral::kNull:
         return "null";

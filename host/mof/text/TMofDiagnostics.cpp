@@ -34,10 +34,11 @@ TMofDiagnostics::TMofDiagnostics(const TMofOptions& options, TSink sink)
 void TMofDiagnostics::Report(TSeverity& severity, const std::string& where, const std::string& text,
                              const std::string& excerpt) {
   ++severity.count;
-  if (severity.count <= limit_)
+  if (severity.count <= limit_) {
     sink_(where + severity.name + ": " + text + excerpt);
-  else if (severity.count == limit_ + 1)
+  } else if (severity.count == limit_ + 1) {
     sink_(std::string("there are more ") + severity.name + "s, which are not shown");
+  }
 }
 
 void TMofDiagnostics::ReportAt(TSeverity& severity, const TMofPlace& place,

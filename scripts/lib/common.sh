@@ -5,6 +5,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
+fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" clang-format clang-tidy)
 
 fail() {
@@ -42,5 +43,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host tests -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host tests fuzz -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

@@ -43,7 +43,8 @@ void TMofDiagnostics::Report(TSeverity& severity, const std::string& where, cons
 
 void TMofDiagnostics::ReportAt(TSeverity& severity, const TMofPlace& place,
                                const std::string& text) {
-  if (place.source == nullptr) return Report(severity, "", text, "");
+  const bool isShown = severity.count < limit_;
+  if (place.source == nullptr || !isShown) return Report(severity, "", text, "");
   const TMofPosition position = place.source->Locate(place.offset);
   Report(severity,
          place.source->GetName() + ":" + std::to_string(position.line) + ":" +

@@ -1,0 +1,105 @@
+#include "TMofFiles.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <system_error>
+
+namespace NZELVYR20 {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kMebibyte = std::size_t{1024} * 1024;
+
+bool IsFile(const fs::path& path) {
+  std::error_code ignored;
+  return fs::exists(path, ignored) && !fs::is_directory(path, ignored);
+}
+
+std::optional<fs::path> FindIn(const std::vector<fs::path>& folders, const fs::path& name) {
+  for (const fs::path& folder : folders)
+    if (IsFile(folder / name)) return folder / name;
+  return std::nullopt;
+}
+
+std::system_error GetSystemError() { return {errno, std::generic_category()}; }
+
+using TFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+std::string ReadAtMost(std::FILE* file, std::size_t limit) {
+  constexpr std::size_t kStep = std::size_t{64} * 1024;
+  std::string bytes;
+  std::size_t count = 0;
+  do {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + kStep);
+    count = std::fread(bytes.data() + before, 1, kStep, file);
+    bytes.resize(before + count);
+  } while (count == kStep && bytes.size() <= limit);
+  return bytes;
+}
+
+}  // namespace
+
+std::optional<fs::path> TMofFiles::FindIncluded(const std::string& name,
+                                                const fs::path& folder) const {
+  std::string portable = name;
+  std::replace(portable.begin(), portable.end(), '\\', '/');
+  std::vector<fs::path> folders{folder};
+  folders.insert(folders.end(), options_.searchPath.begin(), options_.searchPath.end());
+  return FindIn(folders, portable);
+}
+
+/// Schemas keep their classes in a folder for each area.
+void TMofFiles::ListSearchFolders() {
+  searchFolders_.emplace();
+  for (const std::string& folder : options_.searchPath) {
+    searchFolders_->emplace_back(folder);
+    std::vector<fs::path> below;
+    std::error_code ignored;
+    for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end;
+         entry.increment(ignored))
+      if (entry->is_directory(ignored)) below.push_back(entry->path());
+    std::sort(below.begin(), below.end());
+    searchFolders_->insert(searchFolders_->end(), below.begin(), below.end());
+  }
+}
+
+std::optional<fs::path> TMofFiles::FindClass(const std::string& className) {
+  if (!searchFolders_) ListSearchFolders();
+  return FindIn(*searchFolders_, className + ".mof");
+}
+
+std::vector<fs::path> TMofFiles::List(const fs::path& folder) {
+  std::vector<fs::path> files;
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+    if (entry.path().extension() == ".mof" && IsFile(entry.path())) files.push_back(entry.path());
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+bool TMofFiles::IsNew(const fs::path& file) {
+  std::error_code ignored;
+  return seen_.insert(fs::weakly_canonical(file, ignored)).second;
+}
+
+std::string TMofFiles::Read(const fs::path& file) const {
+  if (std::error_code ignored; fs::is_directory(file, ignored))
+    throw std::system_error(std::make_error_code(std::errc::is_a_directory));
+  const TFile stream(std::fopen(file.c_str(), "rb"), &std::fclose);
+  if (!stream) throw GetSystemError();
+  std::string bytes = ReadAtMost(stream.get(), options_.largestFile);
+  if (std::ferror(stream.get()) != 0) throw GetSystemError();
+  if (bytes.size() > options_.largestFile) {
+    const std::size_t mebibytes = options_.largestFile / kMebibyte;
+    throw std::length_error("The file is larger than the limit of " +
+                            (mebibytes > 0 ? std::to_string(mebibytes) + " MiB"
+                                           : std::to_string(options_.largestFile) + " bytes"));
+  }
+  return bytes;
+}
+
+}  // namespace NZELVYR20

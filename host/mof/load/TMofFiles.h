@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "TMofOptions.h"
+
+namespace NZELVYR20 {
+
+/// The files of a load: where they are, what is in them, and which were read already.
+class TMofFiles {
+ public:
+  explicit TMofFiles(const TMofOptions& options) : options_(options) {}
+
+  /// An included file: beside the one that includes it, else in the search path. `name` may have
+  /// either kind of slash.
+  std::optional<std::filesystem::path> FindIncluded(const std::string& name,
+                                                    const std::filesystem::path& folder) const;
+
+  /// The file that is named after a class, in the search path or in a folder directly in it.
+  std::optional<std::filesystem::path> FindClass(const std::string& className);
+
+  /// The *.mof files directly in a folder, in order of their names. Throws std::system_error.
+  static std::vector<std::filesystem::path> List(const std::filesystem::path& folder);
+
+  /// Whether this is the first time that somebody asks for the file, by whatever path.
+  bool IsNew(const std::filesystem::path& file);
+
+  /// The bytes of a file. Throws std::system_error, or std::length_error where there are more than
+  /// the options allow.
+  std::string Read(const std::filesystem::path& file) const;
+
+ private:
+  void ListSearchFolders();
+
+  const TMofOptions& options_;
+  std::set<std::filesystem::path> seen_;
+  std::optional<std::vector<std::filesystem::path>> searchFolders_;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,165 @@
+#include "TMofInstances.h"
+
+#include <utility>
+
+#include "FindOrNothing.h"
+#include "FoldName.h"
+#include "ICIMClass.h"
+#include "ICIMPropertyDecl.h"
+#include "OrderByNeeds.h"
+#include "TMofFault.h"
+#include "TVYRException.h"
+
+namespace NZELVYR20 {
+
+TMofInstances::TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace,
+                             TMofDiagnostics& diagnostics, TMofSummary& summary,
+                             const std::vector<TMofInstance>& instances)
+    : namespace_(std::move(nameSpace)),
+      diagnostics_(diagnostics),
+      summary_(summary),
+      values_(namespace_, [this](const TMofLiteral& alias) { return GetAliasPath(alias); }) {
+  drafts_.reserve(instances.size());
+  for (const TMofInstance& instance : instances) {
+    drafts_.push_back({&instance, {}, {}});
+    RegisterAlias(drafts_.size() - 1);
+  }
+}
+
+void TMofInstances::RegisterAlias(std::size_t index) {
+  const std::optional<TMofName>& alias = drafts_[index].syntax->alias;
+  if (alias && !byAlias_.emplace(FoldName(alias->text), index).second)
+    diagnostics_.Error(alias->place, "the alias $" + alias->text + " stands for another instance");
+}
+
+void TMofInstances::Enter(const TProgress& onProgress) {
+  FillAll();
+  AddAll(onProgress);
+}
+
+/// A path is known only when the key values are, which may be aliases themselves.
+void TMofInstances::FillAll() {
+  const auto order = OrderByNeeds(
+      drafts_.size(), [this](std::size_t index) { return GetAliasNeeds(index); },
+      [](std::size_t, std::size_t) {});
+  for (const std::size_t index : order) {
+    TDraft& draft = drafts_[index];
+    FillOrReport(draft);
+    if (draft.instance) byPath_[draft.instance->GetReference({}).GetPath()] = index;
+  }
+}
+
+/// An association is valid only once its ends are there.
+void TMofInstances::AddAll(const TProgress& onProgress) {
+  const auto order = OrderByNeeds(
+      drafts_.size(), [this](std::size_t index) { return GetPathNeeds(index); },
+      [](std::size_t, std::size_t) {});
+  std::size_t done = 0;
+  for (const std::size_t index : order) {
+    if (drafts_[index].instance) AddOrReport(drafts_[index]);
+    onProgress(++done, order.size());
+  }
+}
+
+std::vector<std::size_t> TMofInstances::GetAliasNeeds(std::size_t index) const {
+  std::vector<std::size_t> needs;
+  for (const TMofAssignment& assignment : drafts_[index].syntax->assignments) {
+    for (const TMofLiteral& literal : assignment.value.literals) {
+      if (literal.kind != TMofLiteral::kAlias) continue;
+      const auto found = byAlias_.find(FoldName(literal.text));
+      if (found != byAlias_.end()) needs.push_back(found->second);
+    }
+  }
+  return needs;
+}
+
+std::vector<std::size_t> TMofInstances::GetPathNeeds(std::size_t index) const {
+  std::vector<std::size_t> needs;
+  for (const std::string& path : drafts_[index].referredPaths) {
+    const auto found = byPath_.find(path);
+    if (found != byPath_.end()) needs.push_back(found->second);
+  }
+  return needs;
+}
+
+TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
+  const auto found = byAlias_.find(FoldName(alias.text));
+  if (found == byAlias_.end())
+    throw TMofFault(alias.place, "no instance has the alias $" + alias.text);
+  const TDraft& draft = drafts_[found->second];
+  if (!draft.instance) {
+    throw TMofFault(alias.place, "the instance with the alias $" + alias.text +
+                                     " was left out, or refers to this one in turn");
+  }
+  return draft.instance->GetReference({});
+}
+
+void TMofInstances::FillOrReport(TDraft& draft) {
+  const TMofName& className = draft.syntax->className;
+  try {
+    if (draft.syntax->hasQualifiers)
+      diagnostics_.Note(className.place, "qualifiers of instances are not kept");
+    Fill(draft);
+  } catch (const TMofFault& fault) {
+    ++summary_.instances.skipped;
+    diagnostics_.Error(fault.GetPlace(), "instance of " + className.text + ": " + fault.what());
+  } catch (const TVYRException& refusal) {
+    Refuse(draft, refusal.what());
+  }
+}
+
+void TMofInstances::Fill(TDraft& draft) const {
+  const TMofName& className = draft.syntax->className;
+  const auto cimClass = FindOrNothing([&] { return namespace_->GetClass(className.text, {}); });
+  if (!cimClass) throw TMofFault(className.place, "there is no class " + className.text);
+  const auto instance = cimClass->AllocateInstance({});
+  for (const TMofAssignment& assignment : draft.syntax->assignments)
+    Assign(draft, *instance, assignment);
+  draft.instance = instance;
+}
+
+void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
+                           const TMofAssignment& assignment) const {
+  const TMofName& name = assignment.property;
+  // The class is asked: an instance answers for some properties that nobody declared.
+  const auto declaration =
+      FindOrNothing([&] { return instance.GetClass({})->GetPropertyDecl(name.text, {}); });
+  if (!declaration) throw TMofFault(name.place, "the class has no property " + name.text);
+  const TCIMValue value = values_.Make(assignment.value, declaration->GetType({}));
+  if (value.IsReference() && !value.IsNull())
+    draft.referredPaths.push_back(static_cast<TCIMReference>(value).GetPath());
+  try {
+    instance.SetPropertyValue(name.text, value, {});
+  } catch (const TVYRException& refusal) {
+    throw TMofFault(assignment.value.place, "property " + name.text + ": " + refusal.what());
+  }
+}
+
+void TMofInstances::AddOrReport(const TDraft& draft) {
+  const TCIMReference path = draft.instance->GetReference({});
+  if (namespace_->GetInstance(path, {})) {
+    diagnostics_.Note(draft.syntax->className.place,
+                      "takes the place of the instance " + path.ToString());
+  }
+  draft.instance->AddToNamespace({});
+  // A refused instance is only logged, so that the one way to know is to ask for it.
+  if (namespace_->GetInstance(path, {}) == draft.instance) {
+    ++summary_.instances.declared;
+    return;
+  }
+  try {
+    draft.instance->Validate({});
+    Refuse(draft, "it cannot be found by its path");
+  } catch (const TVYRException& refusal) {
+    Refuse(draft, refusal.what());
+  }
+}
+
+void TMofInstances::Refuse(const TDraft& draft, const std::string& why) {
+  const TMofName& className = draft.syntax->className;
+  ++summary_.instances.refused;
+  summary_.refusals.push_back({"instance of " + className.text, why});
+  diagnostics_.Error(className.place, "instance of " + className.text + " is refused: " + why);
+}
+
+}  // namespace NZELVYR20

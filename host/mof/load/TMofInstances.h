@@ -1,0 +1,60 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "ICIMInstance.h"
+#include "ICIMNamespace.h"
+#include "MofSyntax.h"
+#include "TCIMReference.h"
+#include "TMofDiagnostics.h"
+#include "TMofSummary.h"
+#include "TMofValues.h"
+
+namespace NZELVYR20 {
+
+/// Enters the instances of one batch, each behind those to which it refers, by alias or by path.
+class TMofInstances {
+ public:
+  using TProgress = std::function<void(std::size_t done, std::size_t all)>;
+
+  /// The instances outlive this object, as do the others.
+  TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
+                TMofSummary& summary, const std::vector<TMofInstance>& instances);
+
+  void Enter(const TProgress& onProgress);
+
+ private:
+  struct TDraft {
+    const TMofInstance* syntax;
+    boost::shared_ptr<ICIMInstance> instance;  ///< empty before it is filled, or where it is wrong
+    std::vector<std::string> referredPaths;
+  };
+
+  void FillAll();
+  void AddAll(const TProgress& onProgress);
+  void RegisterAlias(std::size_t index);
+  std::vector<std::size_t> GetAliasNeeds(std::size_t index) const;
+  std::vector<std::size_t> GetPathNeeds(std::size_t index) const;
+  TCIMReference GetAliasPath(const TMofLiteral& alias) const;
+
+  void FillOrReport(TDraft& draft);
+  void Fill(TDraft& draft) const;
+  void Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment) const;
+  void AddOrReport(const TDraft& draft);
+  void Refuse(const TDraft& draft, const std::string& why);
+
+  boost::shared_ptr<ICIMNamespace> namespace_;
+  TMofDiagnostics& diagnostics_;
+  TMofSummary& summary_;
+  TMofValues values_;
+  std::vector<TDraft> drafts_;
+  std::unordered_map<std::string, std::size_t> byAlias_;  ///< folded
+  std::unordered_map<std::string, std::size_t> byPath_;
+};
+
+}  // namespace NZELVYR20

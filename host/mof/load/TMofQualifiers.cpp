@@ -1,0 +1,201 @@
+#include "TMofQualifiers.h"
+
+#include <algorithm>
+#include <boost/algorithm/string/predicate.hpp>
+#include <utility>
+
+#include "ICIMQualifier.h"
+#include "ListElements.h"
+#include "TMofFault.h"
+#include "TVYRException.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using D = ICIMQualifierDecl;
+using T = TCIMValue::TCIMType;
+
+template <class TBit>
+struct TWord {
+  const char* word;
+  TBit bit;
+};
+
+constexpr TWord<D::EScope> kScopes[] = {
+    {"schema", D::kSchema},         {"class", D::kClass},         {"association", D::kAssociation},
+    {"indication", D::kIndication}, {"property", D::kProperty},   {"reference", D::kReference},
+    {"method", D::kMethod},         {"parameter", D::kParameter}, {"any", D::kAny},
+};
+constexpr TWord<D::EFlavor> kSetFlavors[] = {
+    {"EnableOverride", D::kOverridable},
+    {"ToSubclass", D::kToSubclass},
+    {"Translatable", D::kTranslatable},
+};
+constexpr TWord<D::EFlavor> kUnsetFlavors[] = {
+    {"DisableOverride", D::kOverridable},
+    {"Restricted", D::kToSubclass},
+};
+
+/// The bit for a word; none for one that stands for nothing here.
+template <class TBit, std::size_t kCount>
+TBit FindBit(const TWord<TBit> (&words)[kCount], const std::string& text) {
+  const auto* const found = std::find_if(std::begin(words), std::end(words), [&](const auto& word) {
+    return boost::algorithm::iequals(word.word, text);
+  });
+  return found == std::end(words) ? TBit{} : found->bit;
+}
+
+D::EScope GetScope(const std::vector<TMofName>& words) {
+  D::EScope scope = D::kNoScope;
+  for (const TMofName& word : words) scope = scope | FindBit(kScopes, word.text);
+  return scope;
+}
+
+D::EFlavor ApplyFlavors(D::EFlavor flavor, const std::vector<TMofName>& words) {
+  for (const TMofName& word : words)
+    flavor = (flavor - FindBit(kUnsetFlavors, word.text)) | FindBit(kSetFlavors, word.text);
+  return flavor;
+}
+
+/// What MOF leaves unsaid.
+constexpr D::EFlavor kDefaultFlavor = D::kOverridable | D::kToSubclass;
+
+T GetLiteralType(const TMofLiteral& literal) {
+  switch (literal.kind) {
+    case TMofLiteral::kBoolean:
+      return T::kBoolean;
+    case TMofLiteral::kInteger:
+      return literal.isNegative ? T::kSInt64 : T::kUInt64;
+    case TMofLiteral::kReal:
+      return T::kReal64;
+    case TMofLiteral::kCharacter:
+      return T::kChar16;
+    default:
+      return T::kString;
+  }
+}
+
+T GuessType(const TMofQualifier& qualifier) {
+  if (!qualifier.value) return T::kBoolean;
+  const TMofValue& value = *qualifier.value;
+  const T element = value.literals.empty() ? T(T::kString) : GetLiteralType(value.literals.front());
+  return value.isArray ? T::ArrayOf(element) : element;
+}
+
+TCIMValue MakeValue(const TMofValues& values, const TMofQualifier& qualifier, T type) {
+  if (qualifier.value) return values.Make(*qualifier.value, type);
+  return type == T::kBoolean ? TCIMValue(true) : TCIMValue::Null(type);
+}
+
+std::vector<boost::shared_ptr<ICIMQualifier>> ListQualifiers(const ICIMNamedElement& element) {
+  return ListElements<ICIMQualifier>([&element](const TCIMQualifierCallback& callback) {
+    element.EnumerateQualifiers(callback, {});
+  });
+}
+
+/// The repository keeps an overriding declaration apart from the one that it overrides.
+void PassDown(ICIMNamedElement& element, const ICIMNamedElement& overridden) {
+  for (const auto& qualifier : ListQualifiers(overridden)) {
+    const D::EFlavor flavor = qualifier->GetFlavor({});
+    if ((flavor & D::kToSubclass) == 0) continue;
+    element.AllocateQualifier(qualifier->GetDeclaration({}), qualifier->GetValue({}), flavor, {})
+        ->AddToClassOrProperty({});
+  }
+}
+
+}  // namespace
+
+TMofQualifiers::TMofQualifiers(boost::shared_ptr<ICIMNamespace> nameSpace,
+                               TMofDiagnostics& diagnostics, TMofSummary& summary)
+    : namespace_(std::move(nameSpace)),
+      diagnostics_(diagnostics),
+      summary_(summary),
+      values_(namespace_) {}
+
+bool TMofQualifiers::Has(const std::vector<TMofQualifier>& qualifiers, const std::string& name) {
+  return std::any_of(qualifiers.begin(), qualifiers.end(), [&name](const TMofQualifier& qualifier) {
+    return boost::algorithm::iequals(qualifier.name.text, name);
+  });
+}
+
+void TMofQualifiers::Declare(const std::vector<TMofQualifierDeclaration>& declarations) {
+  for (const TMofQualifierDeclaration& declaration : declarations) {
+    const TMofName& name = declaration.name;
+    try {
+      DeclareOne(declaration);
+    } catch (const TMofFault& fault) {
+      ++summary_.qualifiers.skipped;
+      diagnostics_.Error(fault.GetPlace(), "qualifier " + name.text + ": " + fault.what());
+    } catch (const TVYRException& refusal) {
+      ++summary_.qualifiers.refused;
+      summary_.refusals.push_back({name.text, refusal.what()});
+      diagnostics_.Error(name.place, "qualifier " + name.text + " is refused: " + refusal.what());
+    }
+  }
+}
+
+void TMofQualifiers::DeclareOne(const TMofQualifierDeclaration& declaration) {
+  const TMofName& name = declaration.name;
+  if (namespace_->GetQualifierDecl(name.text, {})) {
+    ++summary_.qualifiers.skipped;
+    return diagnostics_.Note(
+        name.place, "the qualifier " + name.text + " is declared already, and stays as it is");
+  }
+  const TCIMValue defaultValue =
+      declaration.defaultValue ? values_.Make(*declaration.defaultValue, declaration.type.type)
+                               : TCIMValue::Null(declaration.type.type);
+  const TDeclarationPtr added =
+      namespace_->AllocateQualifierDecl(name.text, defaultValue, GetScope(declaration.scopes),
+                                        ApplyFlavors(kDefaultFlavor, declaration.flavors), {});
+  added->AddToNamespace({});
+  places_.emplace(added, name.place);
+  ++summary_.qualifiers.declared;
+}
+
+TMofQualifiers::TDeclarationPtr TMofQualifiers::DeclareUndeclared(const TMofQualifier& qualifier) {
+  const std::string& name = qualifier.name.text;
+  const T type = GuessType(qualifier);
+  diagnostics_.Warning(
+      qualifier.name.place,
+      "the qualifier " + name + " is declared nowhere; it is taken for a " + GetTypeText(type));
+  TDeclarationPtr added =
+      namespace_->AllocateQualifierDecl(name, TCIMValue::Null(type), D::kAny, kDefaultFlavor, {});
+  added->AddToNamespace({});
+  ++summary_.qualifiers.declared;
+  return added;
+}
+
+TMofQualifiers::TDeclarationPtr TMofQualifiers::FindDeclaration(const TMofQualifier& qualifier) {
+  TDeclarationPtr declaration = namespace_->GetQualifierDecl(qualifier.name.text, {});
+  if (!declaration) return DeclareUndeclared(qualifier);
+  const auto found = places_.find(declaration);
+  if (found == places_.end()) return declaration;
+  const TMofPlace& place = qualifier.name.place;
+  if (found->second.source == place.source && found->second.offset > place.offset) {
+    diagnostics_.Note(place, "the qualifier " + qualifier.name.text + " is declared further down");
+    places_.erase(found);  // Once is enough.
+  }
+  return declaration;
+}
+
+void TMofQualifiers::Attach(ICIMNamedElement& element, const std::vector<TMofQualifier>& qualifiers,
+                            const ICIMNamedElement* overridden) {
+  if (overridden != nullptr) PassDown(element, *overridden);
+  for (const TMofQualifier& qualifier : qualifiers) AttachOne(element, qualifier);
+}
+
+void TMofQualifiers::AttachOne(ICIMNamedElement& element, const TMofQualifier& qualifier) {
+  const TDeclarationPtr declaration = FindDeclaration(qualifier);
+  const auto attached = element.AllocateQualifier(
+      declaration, MakeValue(values_, qualifier, declaration->GetType({})),
+      ApplyFlavors(declaration->GetFlavor({}), qualifier.flavors), {});
+  try {
+    attached->AddToClassOrProperty({});
+  } catch (const TVYRException& refusal) {
+    if (refusal.GetStatusCode() != TVYRStatusCode::kQualifierConflict) throw;
+    diagnostics_.Note(qualifier.name.place, "the qualifier " + qualifier.name.text +
+                                                " stays as it is, since it may not be overridden");
+  }
+}
+
+}  // namespace NZELVYR20

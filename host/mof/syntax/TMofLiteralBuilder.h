@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "MofSyntax.h"
+#include "TMofDiagnostics.h"
+
+namespace NZELVYR20 {
+
+/// Makes literals of what the parser meets. Every piece that it is given lies in the source's
+/// text, which is how it knows the place.
+class TMofLiteralBuilder {
+ public:
+  TMofLiteralBuilder(const TMofSource& source, TMofDiagnostics& diagnostics)
+      : source_(source), diagnostics_(diagnostics) {}
+
+  void RefuseOpenComment(std::string_view opening);
+  void ReadName(std::string_view name);
+
+  // The content of a text, piece by piece; escapes come without their back-slash.
+  void AddPlainText(std::string_view text);
+  void AddKnownEscape(std::string_view escape);
+  void AddHexEscape(std::string_view escape);
+  void AddUnknownEscape(std::string_view escape);
+  void RefuseOpenText(std::string_view opening);
+
+  void EndText(std::string_view text);
+  void ReadDecimal(std::string_view digits);
+  void ReadHexadecimal(std::string_view digits);
+  void ReadOctal(std::string_view digits);
+  void ReadBinary(std::string_view digits);
+  void ReadReal(std::string_view digits);
+  void RefuseNumber(std::string_view text);
+  void ReadCharacter(std::string_view character);
+  void ReadKnownEscape(std::string_view escape);
+  void ReadHexEscape(std::string_view escape);
+  void EndCharacter(std::string_view character);
+  void ReadNull(std::string_view word);
+  void ReadTrue(std::string_view word);
+  void ReadFalse(std::string_view word);
+  void EndAlias(std::string_view alias);
+
+ protected:
+  TMofPlace GetPlace(std::string_view piece) const { return GetPlace(piece.data()); }
+  TMofPlace GetPlace(const char* where) const;
+  TMofName TakeName() { return std::move(name_); }
+  TMofLiteral TakeLiteral() { return std::move(literal_); }
+  TMofDiagnostics& GetDiagnostics() { return diagnostics_; }
+
+  /// Drops what an unreadable declaration left behind.
+  void ForgetLiteral();
+
+ private:
+  void SetLiteral(TMofLiteral::EKind kind, std::string_view piece);
+  void ReadInteger(std::string_view digits, int base);
+  void AddCode(std::uint32_t code);
+  void FlushSurrogate();
+
+  const TMofSource& source_;
+  TMofDiagnostics& diagnostics_;
+  TMofName name_;
+  TMofLiteral literal_;
+  std::string text_;
+  /// The first half of a pair whose second half has not come yet; 0 where there is none.
+  std::uint32_t highSurrogate_ = 0;
+  TMofPlace surrogatePlace_;
+};
+
+}  // namespace NZELVYR20

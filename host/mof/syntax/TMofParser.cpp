@@ -1,0 +1,87 @@
+#include "TMofParser.h"
+
+#include <string>
+#include <string_view>
+
+#include "MofActions.h"
+#include "MofGrammar.h"
+#include "MofRecovery.h"
+#include "TMofBuilder.h"
+#include "TMofSyntaxError.h"
+
+namespace NZELVYR20 {
+namespace {
+
+namespace peg = tao::pegtl;
+using TInput = peg::memory_input<peg::tracking_mode::lazy, peg::eol::lf_crlf, const char*>;
+
+/// A text with more of them than this is no MOF, and is not worth the time.
+constexpr std::size_t kMostErrors = 1000;
+
+/// Says what a rule expected that has to match and does not.
+template <class TRule>
+struct TControl : peg::normal<TRule> {
+  template <class TAnyInput, class... TStates>
+  [[noreturn]] static void raise(const TAnyInput& input, TStates&&...) {
+    const std::string_view rest(input.current(), input.size());
+    throw TMofSyntaxError{input.current(), std::string("expected ") + TRule::kExpected +
+                                               ", found " + DescribeMof(rest)};
+  }
+};
+
+/// Reads the declarations of one source, one after the other.
+class TReading {
+ public:
+  TReading(const TMofSource& source, TMofDiagnostics& diagnostics)
+      : source_(source),
+        diagnostics_(diagnostics),
+        builder_(source, diagnostics),
+        text_(source.GetText()) {}
+
+  std::vector<TMofDeclaration> ReadAll() {
+    while (at_ < text_.size()) ReadOne();
+    return builder_.TakeDeclarations();
+  }
+
+ private:
+  void ReadOne() {
+    builder_.Reset();
+    try {
+      Match<MofGrammar::TBetweenDeclarations>();
+      if (at_ < text_.size()) Match<MofGrammar::TOneDeclaration>();
+    } catch (const TMofSyntaxError& error) {
+      Recover(error);
+    }
+  }
+
+  template <class TRule>
+  void Match() {
+    TInput input(text_.data() + at_, text_.size() - at_, "");
+    peg::parse<TRule, MofGrammar::TAction, TControl>(input, builder_);
+    at_ = static_cast<std::size_t>(input.current() - text_.data());
+  }
+
+  void Recover(const TMofSyntaxError& error) {
+    const auto where = static_cast<std::size_t>(error.where - text_.data());
+    at_ = error.isAtTheEnd ? text_.size() : FindNextDeclaration(text_, at_, where);
+    diagnostics_.Error({&source_, where}, error.text);
+    if (++errorCount_ < kMostErrors || at_ == text_.size()) return;
+    diagnostics_.Error({&source_, at_}, "the rest is not read: too much is wrong");
+    at_ = text_.size();
+  }
+
+  const TMofSource& source_;
+  TMofDiagnostics& diagnostics_;
+  TMofBuilder builder_;
+  std::string_view text_;
+  std::size_t at_ = 0;
+  std::size_t errorCount_ = 0;
+};
+
+}  // namespace
+
+std::vector<TMofDeclaration> TMofParser::Parse(const TMofSource& source) {
+  return TReading(source, diagnostics_).ReadAll();
+}
+
+}  // namespace NZELVYR20

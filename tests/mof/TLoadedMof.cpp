@@ -1,0 +1,102 @@
+#include "TLoadedMof.h"
+
+#include <sstream>
+
+#include "ICIMInstance.h"
+#include "ICIMProperty.h"
+#include "ICIMPropertyDecl.h"
+#include "ICIMQualifier.h"
+#include "PluginNamespace.h"
+#include "TCIMReference.h"
+#include "TRootObject.h"
+#include "TVYRException.h"
+
+namespace NZELVYR20 {
+
+const char* const kQualifiers =
+    "Qualifier Association : boolean = false, Scope(association), Flavor(DisableOverride);\n"
+    "Qualifier Abstract : boolean = false, Scope(class), Flavor(Restricted);\n"
+    "Qualifier Key : boolean = false, Scope(property, reference), Flavor(DisableOverride);\n"
+    "Qualifier Override : string, Scope(property, method), Flavor(Restricted);\n"
+    "Qualifier Description : string, Scope(any), Flavor(Translatable);\n"
+    "Qualifier Units : string, Scope(property);\n"
+    "Qualifier Local : string, Scope(any), Flavor(Restricted);\n"
+    "Qualifier Values : string[], Scope(property);\n"
+    "Qualifier In : boolean = true, Scope(parameter), Flavor(DisableOverride);\n";
+
+namespace {
+
+std::string GetFirstLine(const std::string& message) {
+  const std::string line = message.substr(0, message.find('\n'));
+  const std::string name = "t.mof:";
+  return line.compare(0, name.size(), name) == 0 ? line.substr(name.size()) : line;
+}
+
+}  // namespace
+
+TLoadedMof::TLoadedMof(const std::string& text, const TMofOptions& options)
+    : namespace_(AllocatePluginNamespace()),
+      loader_(namespace_, options,
+              [this](const std::string& message) { messages_.push_back(GetFirstLine(message)); }) {
+  TRootObject::SetLogThreshold(-1);  // What the loader reports is enough.
+  loader_.ReadText("qualifiers.mof", kQualifiers);
+  loader_.Enter();
+  LoadText(text);
+}
+
+TLoadedMof& TLoadedMof::LoadText(const std::string& text) {
+  loader_.ReadText("t.mof", text);
+  loader_.Enter();
+  return *this;
+}
+
+TLoadedMof& TLoadedMof::LoadFile(const std::string& path) {
+  loader_.Read(path);
+  loader_.Enter();
+  return *this;
+}
+
+std::string TLoadedMof::TakeMessages() {
+  std::string all;
+  for (const std::string& message : messages_) all += (all.empty() ? "" : "\n") + message;
+  messages_.clear();
+  return all;
+}
+
+boost::shared_ptr<ICIMClass> TLoadedMof::Class(const std::string& name) const {
+  return namespace_->GetClass(name, {});
+}
+
+bool TLoadedMof::Has(const std::string& className) const {
+  try {
+    return Class(className) != nullptr;
+  } catch (const TVYRException&) {
+    return false;
+  }
+}
+
+bool TLoadedMof::HasInstance(const std::string& path) const {
+  return namespace_->GetInstance(TCIMReference::Parse(path, namespace_), {}) != nullptr;
+}
+
+std::string TLoadedMof::Show(const std::string& path, const std::string& properties) const {
+  const auto instance = namespace_->GetInstance(TCIMReference::Parse(path, namespace_), {});
+  if (!instance) return "no instance " + path;
+  std::istringstream names(properties);
+  std::string shown;
+  for (std::string name; names >> name; shown += '|') {
+    const TCIMValue& value = instance->GetProperty(name, {})->GetValue({});
+    shown += value.IsNull() ? "<null>" : value.ToString(10);
+  }
+  return shown;
+}
+
+std::string TLoadedMof::Qualifier(const std::string& className, const std::string& property,
+                                  const std::string& qualifier) const {
+  bool isFound = false;
+  const auto found =
+      Class(className)->GetPropertyDecl(property, {})->GetQualifier(qualifier, isFound, {});
+  return isFound ? found->GetValue({}).ToString(10) : "-";
+}
+
+}  // namespace NZELVYR20

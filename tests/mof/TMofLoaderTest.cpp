@@ -1,0 +1,236 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "ICIMMethodDecl.h"
+#include "ICIMParameterDecl.h"
+#include "ICIMPropertyDecl.h"
+#include "ICIMQualifier.h"
+#include "TLoadedMof.h"
+
+namespace NZELVYR20 {
+namespace {
+
+TEST(TMofLoaderTest, DeclarationsMayStandInAnyOrder) {
+  TLoadedMof mof(
+      "instance of L as $L { Left = $A; Right = \"B.Id=\\\"b\\\"\"; };\n"
+      "instance of B as $B { Id = \"b\"; Size = 0x10; };\n"
+      "instance of A as $A { Id = \"a\"; };\n"
+      "[Association] class L { [Key] A REF Left; [Key] B REF Right; };\n"
+      "class B : A { uint32 Size = 3; };\n"
+      "class A { [Key] string Id; };\n");
+  EXPECT_EQ(mof.TakeMessages(), "");
+  EXPECT_EQ(mof.Show("B.Id=\"b\"", "Id Size"), "b|16|");
+  EXPECT_TRUE(mof.HasInstance(R"(L.Left="A.Id=\"a\"",Right="B.Id=\"b\"")"));
+  EXPECT_EQ(mof.GetSummary().ToString(),
+            "2 files; qualifiers: 9 entered; classes: 3 entered; instances: 3 entered; 0 errors, "
+            "0 warnings, 0 notes");
+}
+
+TEST(TMofLoaderTest, AssociationsMayReferInACircle) {
+  TLoadedMof mof(
+      "[Association] class C { [Key] A REF X; [Key] C REF Y; };\n"
+      "[Association] class A { [Key] B REF X; };\n"
+      "[Association] class B : C { };\n");
+  EXPECT_EQ(mof.TakeMessages(), "");
+  const auto referenced = [&mof](const char* className, const char* property) {
+    return mof.Class(className)->GetPropertyDecl(property, {})->GetDefaultValue({});
+  };
+  EXPECT_EQ(referenced("C", "X").GetReferencedClass(), mof.Class("A"));
+  EXPECT_EQ(referenced("C", "Y").GetReferencedClass(), mof.Class("C"));
+  EXPECT_EQ(referenced("A", "X").GetReferencedClass(), mof.Class("B"));
+}
+
+TEST(TMofLoaderTest, AnOverrideGetsWhatIsPassedDown) {
+  TLoadedMof mof(
+      "class A { [Key, Description(\"id\"), Local(\"here\")] string Id;\n"
+      "  [Units(\"Bytes\"), Description(\"old\")] uint32 Size;\n"
+      "  [Description(\"m\")] uint32 Do([In(false), Description(\"p\")] string P); };\n"
+      "class B : A { [Override(\"Id\")] string ID;\n"
+      "  [Override(\"Size\"), Description(\"new\"), Units(\"Bits\"): DisableOverride] uint32 "
+      "Size;\n"
+      "  [Override(\"Do\")] uint32 Do(string P); };\n"
+      "class C : B { [Override(\"Size\"), Units(\"Words\")] uint32 Size; };\n");
+  EXPECT_EQ(mof.TakeMessages(),
+            "7:34: note: the qualifier Units stays as it is, since it may not be overridden");
+  EXPECT_EQ(mof.Qualifier("B", "Id", "Key"), "TRUE");
+  EXPECT_EQ(mof.Qualifier("B", "Id", "Description"), "id");
+  EXPECT_EQ(mof.Qualifier("B", "Id", "Local"), "-");
+  EXPECT_EQ(mof.Qualifier("B", "Size", "Description"), "new");
+  EXPECT_EQ(mof.Qualifier("C", "Size", "Units"), "Bits");
+  const auto method = mof.Class("B")->GetMethodDecl("Do", {});
+  EXPECT_EQ(method->GetQualifier("Description", {})->GetValue({}), TCIMValue("m"));
+  const auto parameter = method->GetParameterDecl("P", {});
+  EXPECT_EQ(parameter->GetQualifier("In", {})->GetValue({}), TCIMValue(false));
+}
+
+TEST(TMofLoaderTest, ValuesHaveTheTypeOfTheirDeclaration) {
+  struct TRow {
+    const char* type;
+    const char* literal;
+    const char* shown;  ///< or the message, from its column
+  };
+  const TRow rows[] = {
+      {"uint8", "255", "255"},
+      {"uint8", "256", ": error: class A: the number is out of the range of the type uint8"},
+      {"uint8", "-1", ": error: class A: the number is out of the range of the type uint8"},
+      {"sint8", "-128", "-128"},
+      {"sint8", "128", ": error: class A: the number is out of the range of the type sint8"},
+      {"sint64", "-9223372036854775808", "-9223372036854775808"},
+      {"sint64", "9223372036854775808",
+       ": error: class A: the number is out of the range of the type sint64"},
+      {"uint64", "0xFFFFFFFFFFFFFFFF", "18446744073709551615"},
+      {"uint16", "1.5", ": error: class A: a real number is no value of the type uint16"},
+      {"uint16", "\"1\"", ": error: class A: a string is no value of the type uint16"},
+      {"real32", "-2", "-2"},
+      {"real64", "-1.5e-3", "-0.0015"},
+      {"real32", "1.0e99", ": error: class A: the number is out of the range of the type real32"},
+      {"boolean", "TRUE", "TRUE"},
+      {"boolean", "1", ": error: class A: an integer is no value of the type boolean"},
+      {"char16", "'\\x20AC'", "€"},
+      {"string", "'a'", ": error: class A: a character is no value of the type string"},
+      {"string", "{\"a\"}", ": error: class A: one value is expected, not an array"},
+      {"string", "NULL", "<null>"},
+      {"datetime", "\"00000002030405.000000:000\"", "2 days 03:04:05"},
+      {"datetime", "\"soon\"", ": error: class A: date-time \"soon\": "},
+  };
+  for (const TRow& row : rows) {
+    SCOPED_TRACE(std::string(row.type) + " " + row.literal);
+    TLoadedMof mof(std::string("class A { [Key] uint8 K = 1;\n") + row.type +
+                   " P = " + row.literal + "; };\n" + "instance of A {};");
+    const std::string messages = mof.TakeMessages();
+    if (messages.empty()) {
+      EXPECT_EQ(mof.Show("A.K=1", "P"), std::string(row.shown) + "|");
+    } else {
+      const std::size_t column = messages.find(':', 2);
+      EXPECT_EQ(messages.compare(column, std::string(row.shown).size(), row.shown), 0) << messages;
+      EXPECT_FALSE(mof.Has("A"));
+    }
+  }
+}
+
+TEST(TMofLoaderTest, ArraysKeepNullsAndTakeASingleValue) {
+  TLoadedMof mof(
+      "class A { [Key] uint8 K = 1; string N[] = NULL; string E[] = {};\n"
+      "  string S[] = {\"a\", NULL, \"b\"}; [Values(\"one\")] uint16 U[] = 7; };\n"
+      "instance of A {};");
+  EXPECT_EQ(mof.TakeMessages(), "");
+  EXPECT_EQ(mof.Show("A.K=1", "N E S U"), "<null>|{}|{a,,b}|{7}|");
+  EXPECT_EQ(mof.Qualifier("A", "U", "Values"), "{one}");
+}
+
+/// What is wrong is named with its place, and left out; what is right beside it is entered.
+TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
+  const std::vector<std::pair<const char*, const char*>> rows = {
+      {"class B : Nowhere { };", "1:11: error: class B: there is no class Nowhere"},
+      {"class B { [Key] string Id; string id; };",
+       "1:35: note: the property id is named twice; the first one stays"},
+      {"class B { [Key] string Id; };\nclass b { };",
+       "2:7: warning: the class b stands twice; the first one counts"},
+      {"class ok { };", "1:7: note: the class ok is there already, and stays as it is"},
+      {"Qualifier key : string;",
+       "1:11: note: the qualifier key is declared already, and stays as it is"},
+      {"class B : Ok { uint8 Id; };",
+       "1:22: warning: the property Id is left out: that of the superclass Ok has another type, or "
+       "is not overridden"},
+      {"class B : Ok { [Override(\"Id\")] uint8 Id; };",
+       "1:39: warning: the property Id is left out: that of the superclass Ok has another type, or "
+       "is not overridden"},
+      {"class B { string P; };\n[Association] class L : B { Ok REF R; };",
+       "1:7: error: class B is refused: The class has no key property.\n"
+       "2:25: error: class L is refused: it needs the class B, which was refused"},
+      {"class B : Nowhere { };\nclass C : B { };",
+       "1:11: error: class B: there is no class Nowhere\n"
+       "2:11: error: class C: it needs the class B, which was left out"},
+      {"class B { [Key] Ok REF R; };",
+       "1:7: error: class B is refused: Only an association may declare a reference."},
+      {"class B : Ok { uint8 Do(); uint8 do(); };",
+       "1:7: error: class B is refused: The name is already defined."},
+      {"class B : C { };\nclass C : B { };",
+       "1:11: error: class B: it and the superclass C need each other\n"
+       "2:11: error: class C: it needs the class B, which was left out"},
+      {"[Later(\"x\")] class B : Ok { };\nQualifier Later : string;",
+       "1:2: note: the qualifier Later is declared further down"},
+      {"[Odd(\"x\")] class B : Ok { [Odd(5)] string P; };",
+       "1:2: warning: the qualifier Odd is declared nowhere; it is taken for a string\n"
+       "1:32: error: class B: an integer is no value of the type string"},
+      {"[Description(\"x\") : Restricted] instance of Ok { Id = \"2\"; };",
+       "1:45: note: qualifiers of instances are not kept"},
+      {"instance of Nowhere { };", "1:13: error: instance of Nowhere: there is no class Nowhere"},
+      {"instance of Ok { Id = \"2\"; HealthState = 5; };",
+       "1:28: error: instance of Ok: the class has no property HealthState"},
+      {"instance of Ok { };",
+       "1:13: error: instance of Ok is refused: A key property has no value."},
+      {"instance of Ok { Id = \"1\"; };",
+       "1:13: note: takes the place of the instance Ok.Id=\"1\""},
+      {"instance of Link { Left = $Who; Right = $Who; };",
+       "1:27: error: instance of Link: no instance has the alias $Who"},
+      {"instance of Link as $L { Left = $L; Right = $L; };",
+       "1:33: error: instance of Link: the instance with the alias $L was left out, or refers to "
+       "this one in turn"},
+      {"instance of Link { Left = \"Ok.Id=\\\"1\\\"\"; Right = \"Ok.Id=\\\"9\\\"\"; };",
+       "1:13: error: instance of Link is refused: The element was not found."},
+      {"instance of Link { Left = \"Link\"; };",
+       "1:27: error: instance of Link: property Left: The type does not match."},
+      {"instance of Ok as $X { Id = \"3\"; };\ninstance of Ok as $x { Id = \"4\"; };",
+       "2:20: error: the alias $x stands for another instance"},
+  };
+  for (const auto& [text, messages] : rows) {
+    SCOPED_TRACE(text);
+    TLoadedMof mof(
+        "class Ok { [Key] string Id; };\n"
+        "[Association] class Link { [Key] Ok REF Left; [Key] Ok REF Right; };\n"
+        "instance of Ok { Id = \"1\"; };");
+    ASSERT_EQ(mof.TakeMessages(), "");
+    mof.LoadText(std::string(text) + "\nclass Beside : Ok { };");
+    EXPECT_EQ(mof.TakeMessages(), messages);
+    EXPECT_TRUE(mof.Has("Beside"));
+  }
+}
+
+TEST(TMofLoaderTest, RefusalsAreCountedByTheirReason) {
+  const TLoadedMof mof("class B { };\nclass C { };\nclass D : B { };\ninstance of D { };");
+  const TMofSummary summary = mof.GetSummary();
+  EXPECT_EQ(summary.classes.refused, 3U);
+  EXPECT_EQ(summary.instances.skipped, 1U);
+  const std::string text = summary.ToString();
+  EXPECT_EQ(text.substr(text.find('\n')),
+            "\nrefused: The class has no key property.: B, C"
+            "\nrefused: it needs the class B, which was refused: D");
+}
+
+TEST(TMofLoaderTest, AStrictLoadStopsAtItsFirstFault) {
+  TMofOptions strict;
+  strict.isStrict = true;
+  TLoadedMof mof("class A { [Key] string Id; };", strict);
+  EXPECT_THROW(mof.LoadText("[Odd] class B : A { };\nclass C : A { };"), TMofStrictStop);
+  EXPECT_EQ(mof.TakeMessages(),
+            "1:2: error: the qualifier Odd is declared nowhere; it is taken for a boolean");
+  EXPECT_FALSE(mof.Has("B") || mof.Has("C"));
+  EXPECT_THROW(mof.LoadText("class"), TMofStrictStop);
+  mof.LoadText("class D : A { };");
+  EXPECT_TRUE(mof.Has("D"));
+}
+
+TEST(TMofLoaderTest, LongChainsDoNotExhaustTheStack) {
+  std::string text =
+      "class A { [Key] string Id; };\n"
+      "[Association] class M { [Key] string Id; A REF To; };\n"
+      "[Association] class N : M { M REF Next; };\n";
+  constexpr std::size_t kLength = 20000;
+  for (std::size_t index = 0; index < kLength; ++index) {
+    const std::string number = std::to_string(index);
+    text.append("instance of N as $N").append(number);
+    text.append(" { Id = \"").append(number).append("\"; To = $A; Next = $N");
+    text.append(std::to_string(index + 1)).append("; };\n");
+  }
+  text += "instance of M as $N" + std::to_string(kLength) + " { Id = \"end\"; To = $A; };\n" +
+          "instance of A as $A { Id = \"a\"; };\n";
+  TLoadedMof mof(text);
+  EXPECT_EQ(mof.TakeMessages(), "");
+  EXPECT_EQ(mof.GetSummary().instances.declared, kLength + 2);
+}
+
+}  // namespace
+}  // namespace NZELVYR20

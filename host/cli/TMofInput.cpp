@@ -37,7 +37,7 @@ bool Load(TMofLoader& loader, const std::vector<std::string>& files) {
 }
 
 std::string ProgressText(const char* what, std::size_t done, std::size_t all) {
-  return std::string(what) + " " + std::to_string(done) +
+  return std::string("MOF ") + what + " " + std::to_string(done) +
          (all == 0 ? "" : " of " + std::to_string(all));
 }
 
@@ -45,7 +45,7 @@ bool IsWhole(const TMofSummary& summary) { return summary.errors == 0 && summary
 
 void ReportSummary(const TMofSummary& summary, bool isQuiet) {
   if (!isQuiet && (!IsWhole(summary) || TStandardStreams::IsErrorTerminal())) {
-    TStandardStreams::WriteErrorLines(summary.ToString());
+    TStandardStreams::WriteErrorLines("MOF: " + summary.ToString());
   }
 }
 

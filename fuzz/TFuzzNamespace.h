@@ -17,12 +17,12 @@
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
 #include "TFuzzCheck.h"
-#include "TMachineCollector.h"
+#include "TMofLoader.h"
 #include "TRootObject.h"
 
 namespace NZELVYR20 {
 
-/// A namespace of the plug-in with the collectors' schema in it.
+/// A namespace of the plug-in with the program's schema in it.
 class TFuzzNamespace {
  public:
   TFuzzNamespace() = delete;
@@ -34,7 +34,10 @@ class TFuzzNamespace {
     boost::shared_ptr<ICIMNamespace> made = TRootObject::GetNamespaceProviderManager()
                                                 ->FindNamespaceProvider("inmem")
                                                 ->AllocateNamespace({}, true);
-    TMachineCollector::DefineSchema(made);
+    TMofLoader loader(made, {},
+                      [](const std::string& message) { Require(false, message.c_str()); });
+    loader.Read(VYR_SCHEMA_DIR "/vyr.mof");
+    loader.Enter();
     return made;
   }
 

@@ -49,6 +49,7 @@ class VYR_EXPORT ICIMInstance : public ICIMElement {
   /// GetReference() with the same context.
   virtual TCIMReference BuildPath(TCIMContext context) const;
 
+  /// The class from which it was made; never empty.
   virtual boost::shared_ptr<ICIMClass> GetClass(TCIMContext context) const = 0;
 
   /// Associators: calls back for the instance at the far end of each association instance that

@@ -5,6 +5,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
+docs_packages=("${run_packages[@]}" doxygen mandoc)
 lint_packages=("${test_packages[@]}" clang-format clang-tidy)
 
 fail() {

@@ -74,7 +74,7 @@ TCIMValue ReadQualifierValue(const std::string& text) {
   if (text[0] == '{') return ReadArray(GetTypes().at("string"), text);
   if (text[1] == '"') return ReadText(text.substr(1, text.size() - 2));
   const std::string bare = text.substr(1, text.size() - 2);
-  return std::isdigit(bare[0]) ? ReadNumber<unsigned char>(bare) : ReadBoolean(bare);
+  return std::isdigit(bare[0]) != 0 ? ReadNumber<unsigned char>(bare) : ReadBoolean(bare);
 }
 
 class TDisplayDocumentTest : public TRepositoryTest {

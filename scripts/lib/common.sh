@@ -7,6 +7,7 @@ run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
 test_packages=("${run_packages[@]}" googletest)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy)
+docs_packages=("${run_packages[@]}" doxygen mandoc)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

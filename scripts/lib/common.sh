@@ -6,6 +6,9 @@ run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
 lint_packages=("${test_packages[@]}" clang-format clang-tidy)
+slots_packages=(g++ libboost-dev)
+abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
+memcheck_packages=("${test_packages[@]}" valgrind)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

@@ -1,15 +1,16 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace NZELVYR20 {
 namespace {
 
-const std::string plugin = INMEM_PLUGIN_PATH;
-const std::string core = VYRCORE_PATH;
-const std::string user = USE_REPOSITORY_PATH;  ///< its static namespaces last until it goes
+const std::string kPlugin = INMEM_PLUGIN_PATH;
+const std::string kCore = VYRCORE_PATH;
+const std::string kUser = USE_REPOSITORY_PATH;  ///< its static namespaces last until it goes
 
 /// A whole life of a process that has none of the libraries to begin with; it has to end cleanly
 /// too, which the sanitizers and valgrind judge.
@@ -21,11 +22,13 @@ struct TLoadOrder {
 class TLoadOrderTest : public ::testing::TestWithParam<TLoadOrder> {};
 
 TEST_P(TLoadOrderTest, ProcessRunsAndEndsCleanly) {
-  std::vector<const char*> arguments = {LOAD_STEPS_PATH};
-  for (const std::string& step : GetParam().steps) arguments.push_back(step.c_str());
-  arguments.push_back(nullptr);
+  std::vector<std::string> words = GetParam().steps;
+  words.insert(words.begin(), LOAD_STEPS_PATH);
   const auto run = [&] {
-    execv(LOAD_STEPS_PATH, const_cast<char* const*>(arguments.data()));
+    std::vector<char*> arguments(words.size() + 1, nullptr);
+    std::transform(words.begin(), words.end(), arguments.begin(),
+                   [](std::string& word) { return word.data(); });
+    execv(LOAD_STEPS_PATH, arguments.data());
     _exit(127);
   };
   EXPECT_EXIT(run(), ::testing::ExitedWithCode(0), "^$");
@@ -34,30 +37,32 @@ TEST_P(TLoadOrderTest, ProcessRunsAndEndsCleanly) {
 INSTANTIATE_TEST_SUITE_P(
     Orders, TLoadOrderTest,
     ::testing::Values(
-        TLoadOrder{"CoreFirst", {"now:" + core, "now:" + plugin, "now:" + user, "use:" + user}},
-        TLoadOrder{"PluginFirst", {"now:" + plugin, "now:" + user, "use:" + user, "now:" + core}},
-        TLoadOrder{"LazyPluginFirst", {"lazy:" + plugin, "lazy:" + user, "use:" + user}},
+        TLoadOrder{"CoreFirst", {"now:" + kCore, "now:" + kPlugin, "now:" + kUser, "use:" + kUser}},
+        TLoadOrder{"PluginFirst",
+                   {"now:" + kPlugin, "now:" + kUser, "use:" + kUser, "now:" + kCore}},
+        TLoadOrder{"LazyPluginFirst", {"lazy:" + kPlugin, "lazy:" + kUser, "use:" + kUser}},
         TLoadOrder{"NamespacesOutliveThePlugin",
-                   {"now:" + user, "lazy:" + plugin, "use:" + user, "use:" + user}},
+                   {"now:" + kUser, "lazy:" + kPlugin, "use:" + kUser, "use:" + kUser}},
         TLoadOrder{"LoadedAgainInTheOtherMode",
-                   {"lazy:" + plugin, "now:" + plugin, "now:" + user, "use:" + user,
-                    "close:" + plugin, "use:" + user, "close:" + plugin}},
+                   {"lazy:" + kPlugin, "now:" + kPlugin, "now:" + kUser, "use:" + kUser,
+                    "close:" + kPlugin, "use:" + kUser, "close:" + kPlugin}},
         TLoadOrder{"ClosedWhileNamespacesLive",
-                   {"now:" + plugin, "now:" + user, "use:" + user, "close:" + plugin, "use:" + user,
-                    "now:" + plugin, "use:" + user}},
+                   {"now:" + kPlugin, "now:" + kUser, "use:" + kUser, "close:" + kPlugin,
+                    "use:" + kUser, "now:" + kPlugin, "use:" + kUser}},
         TLoadOrder{"EverythingClosed",
-                   {"now:" + core, "now:" + plugin, "now:" + user, "use:" + user, "close:" + core,
-                    "close:" + plugin, "close:" + user}},
+                   {"now:" + kCore, "now:" + kPlugin, "now:" + kUser, "use:" + kUser,
+                    "close:" + kCore, "close:" + kPlugin, "close:" + kUser}},
         TLoadOrder{"UserLeavesAndComesBack",
-                   {"now:" + plugin, "now:" + user, "use:" + user, "close:" + user, "now:" + user,
-                    "use:" + user}},
-        TLoadOrder{"LoadedAndClosedUnused", {"now:" + plugin, "close:" + plugin}},
-        TLoadOrder{"LoadedFromTwoThreads",
-                   {"twice:now:" + plugin, "now:" + user, "use:" + user, "twice:close:" + plugin}},
+                   {"now:" + kPlugin, "now:" + kUser, "use:" + kUser, "close:" + kUser,
+                    "now:" + kUser, "use:" + kUser}},
+        TLoadOrder{"LoadedAndClosedUnused", {"now:" + kPlugin, "close:" + kPlugin}},
+        TLoadOrder{
+            "LoadedFromTwoThreads",
+            {"twice:now:" + kPlugin, "now:" + kUser, "use:" + kUser, "twice:close:" + kPlugin}},
         TLoadOrder{"ANamespaceInEachThread",
-                   {"lazy:" + plugin, "now:" + user, "twice:use:" + user, "twice:use:" + user}},
+                   {"lazy:" + kPlugin, "now:" + kUser, "twice:use:" + kUser, "twice:use:" + kUser}},
         TLoadOrder{"LoadedAndUsedFromTwoThreads",
-                   {"twice:lazy:" + user, "twice:lazy:" + plugin, "twice:use:" + user}}),
+                   {"twice:lazy:" + kUser, "twice:lazy:" + kPlugin, "twice:use:" + kUser}}),
     [](const auto& order) { return order.param.name; });
 
 }  // namespace

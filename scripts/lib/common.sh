@@ -8,6 +8,9 @@ test_packages=("${run_packages[@]}" googletest)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy)
 docs_packages=("${run_packages[@]}" doxygen mandoc)
+slots_packages=(g++ libboost-dev)
+abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
+memcheck_packages=("${test_packages[@]}" valgrind)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

@@ -22,7 +22,8 @@ if(EXISTS ${PROJECT_SOURCE_DIR}/host/cli/completion/vyrhost.bash)
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME vyrhost)
 endif()
 
-install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
 install(FILES README.md cmake/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # vyr_install_compressed(<file> <folder>): as Debian wants manual pages and change logs.

@@ -6,6 +6,7 @@ run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
 lint_packages=("${test_packages[@]}" clang-format clang-tidy)
+package_packages=("${run_packages[@]}" dpkg-dev file)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

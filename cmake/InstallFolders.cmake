@@ -1,6 +1,6 @@
 # vyrhost finds its library, plug-in and schema by their places relative to its own, so that an
 # installation can be moved as a whole. A multiarch libdir would break that.
-set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Libraries, relative to the prefix")
+set(CMAKE_INSTALL_LIBDIR lib)
 include(GNUInstallDirs)
 
 set(VYR_INSTALL_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/vyr)

@@ -17,7 +17,7 @@ it with the hardware, file systems and network ports of this machine and
 prints them.
 With the headers, the library libvyrcore.so and a CMake package for hosts and
 collectors of one's own, which also need the Boost headers.")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cmake, g++, libboost-dev (>= 1.74)")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cmake, g++, libboost-dev (>= 1.74), make")
 # The dependencies come from what the programs link to; one library of those is the package's own.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})

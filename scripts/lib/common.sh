@@ -43,5 +43,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host tests -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host examples tests -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

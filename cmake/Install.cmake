@@ -15,12 +15,10 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/vyrcoreConfigVersion.cmak
 install(FILES cmake/vyrcoreConfig.cmake ${PROJECT_BINARY_DIR}/vyrcoreConfigVersion.cmake
         DESTINATION ${VYR_INSTALL_CMAKEDIR})
 
-install(DIRECTORY schema DESTINATION ${CMAKE_INSTALL_DATADIR}/vyr OPTIONAL
+install(DIRECTORY schema DESTINATION ${CMAKE_INSTALL_DATADIR}/vyr
         FILES_MATCHING PATTERN *.mof)
-if(EXISTS ${PROJECT_SOURCE_DIR}/host/cli/completion/vyrhost.bash)
-  install(FILES host/cli/completion/vyrhost.bash
-          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME vyrhost)
-endif()
+install(FILES host/cli/completion/vyrhost.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME vyrhost)
 
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
@@ -38,6 +36,4 @@ function(vyr_install_compressed file folder)
 endfunction()
 
 vyr_install_compressed(${PROJECT_SOURCE_DIR}/cmake/debian/changelog ${CMAKE_INSTALL_DOCDIR})
-if(EXISTS ${PROJECT_SOURCE_DIR}/docs/vyrhost.1)
-  vyr_install_compressed(${PROJECT_SOURCE_DIR}/docs/vyrhost.1 ${CMAKE_INSTALL_MANDIR}/man1)
-endif()
+vyr_install_compressed(${PROJECT_SOURCE_DIR}/docs/vyrhost.1 ${CMAKE_INSTALL_MANDIR}/man1)

@@ -11,6 +11,7 @@ docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
 abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
 memcheck_packages=("${test_packages[@]}" valgrind)
+package_packages=("${run_packages[@]}" dpkg-dev file)
 
 fail() {
   echo "$(basename "$0"): $*" >&2
@@ -47,5 +48,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host tests fuzz -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host examples tests fuzz -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

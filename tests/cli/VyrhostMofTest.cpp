@@ -87,7 +87,7 @@ TEST_F(VyrhostMof, InstalledProgramsFindTheirParts) {
   const fs::path from = fs::path(VYRHOST_PATH).parent_path();
   const fs::path to = vyrhost_.GetRoot() + "/usr";
   for (const char* folder : {"bin", "lib/vyr", "share/vyr"}) fs::create_directories(to / folder);
-  for (const char* file : {"vyrhost", "libvyrcore.so"}) fs::copy(from / file, to / "bin" / file);
+  for (const char* file : {"vyrhost", "libvyrcore.so.1"}) fs::copy(from / file, to / "bin" / file);
   fs::copy(INMEM_PLUGIN_PATH, to / "lib/vyr");
   fs::copy(from / "schema", to / "share/vyr/schema");
   const std::string program = (to / "bin/vyrhost").string();

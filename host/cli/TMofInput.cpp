@@ -1,5 +1,7 @@
 #include "TMofInput.h"
 
+#include <optional>
+
 #include <string>
 #include <vector>
 
@@ -7,6 +9,7 @@
 #include "TMofLoader.h"
 #include "TProgramFolder.h"
 #include "TProgressLine.h"
+#include "TScopedSilence.h"
 #include "TStandardStreams.h"
 #include "TVYRException.h"
 
@@ -76,6 +79,11 @@ bool TMofInput::LoadFiles(const boost::shared_ptr<ICIMNamespace>& nameSpace,
   }
   TMofOptions mofOptions = options.mofOptions;
   mofOptions.isQuiet = options.isQuiet;
+  // The loader says, with their places, what the repository logs; only who asks gets both.
+  std::optional<TScopedSilence> silence;
+  if (!options.logLevel) {
+    silence.emplace();
+  }
   TProgressLine line;
   TMofLoader loader(
       nameSpace, mofOptions,

@@ -1,7 +1,6 @@
 #include "TMofInput.h"
 
 #include <optional>
-
 #include <string>
 #include <vector>
 

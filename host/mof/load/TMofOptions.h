@@ -16,7 +16,7 @@ struct TMofOptions {
   bool isQuiet = false;          ///< neither warnings nor notes are said; they are counted
   std::size_t reportLimit = 20;  ///< of messages of each severity
   std::size_t largestFile = std::size_t{64} * 1024 * 1024;  ///< in bytes
-  std::size_t deepestInclude = 64;             ///< files on the way to the innermost
+  std::size_t deepestInclude = 64;                          ///< files on the way to the innermost
 };
 
 }  // namespace NZELVYR20

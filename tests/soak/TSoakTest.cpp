@@ -10,9 +10,10 @@ namespace {
 TEST(TSoakTest, MemoryIsFlatAfterTheFirstRounds) {
   const TSampleMachine machine;
   TSoakHost host(machine.GetRoot());
-  PollAndMeasure(host, 20);
-  TSoakSample first = PollAndMeasure(host, 20);
-  TSoakSample second = PollAndMeasure(host, 20);
+  PollAndMeasure(host, 10);
+  // Longer than it takes the namespace to fill its list of weak pointers and prune it.
+  TSoakSample first = PollAndMeasure(host, 100);
+  TSoakSample second = PollAndMeasure(host, 100);
   first.resident = second.resident = 0;  // never twice the same
   EXPECT_FALSE(IsGrowth(first, second)) << first << '\n' << second;
   second.blocks += 1;

@@ -95,7 +95,7 @@ TEST_F(TThreadsTest, TwoNamespacesInTwoThreadsShareTheHostServices) {
   EXPECT_EQ(CountWholeLines(), 2 * kRounds * kMessagesPerRound);
   const std::string alone = UseNamespace();
   EXPECT_EQ(alone,
-            "Link.Id=\"Port.id=\\\"a\\\"\"\n0\nThe name is not a valid CIM name.\n"
+            "Link.Id=\"Port.Id=\\\"a\\\"\"\n0\nThe name is not a valid CIM name.\n"
             "The element was not found.\nfound\ninmem\n");
   std::string expected;
   for (int round = 0; round < kRounds; ++round) expected += alone;

@@ -1,5 +1,7 @@
+#include <boost/algorithm/string/predicate.hpp>
 #include <cstddef>
 #include <cstdint>
+#include <locale>
 #include <stdexcept>
 #include <string>
 #include <variant>
@@ -7,9 +9,12 @@
 
 #include "MofUnicode.h"
 #include "TFuzzCheck.h"
+#include "TFuzzNamespace.h"
 #include "TMofDiagnostics.h"
+#include "TMofLoader.h"
 #include "TMofParser.h"
 #include "TMofSource.h"
+#include "TMofWriter.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -114,6 +119,23 @@ void Parse(const std::string& text) {
     std::visit([](const auto& one) { Check(one); }, declaration);
 }
 
+/// An input must not lead to files of the machine.
+bool NamesFiles(const std::string& text) {
+  return boost::algorithm::icontains(text, "include", std::locale::classic());
+}
+
+/// Whatever was entered can be written, and what is written can be read.
+void LoadAndWrite(const std::string& text) {
+  const boost::shared_ptr<ICIMNamespace> nameSpace = TFuzzNamespace::MakeEmpty();
+  TMofLoader loader(nameSpace, {}, [](const std::string&) {});
+  loader.ReadText("input", text);
+  loader.Enter();
+  const TMofSource written("written", TMofWriter::WriteNamespace(nameSpace));
+  TMofDiagnostics diagnostics({}, [](const std::string&) {});
+  TMofParser(diagnostics).Parse(written);
+  Require(diagnostics.GetErrorCount() == 0, "what is written can be read");
+}
+
 }  // namespace
 }  // namespace NZELVYR20
 
@@ -125,5 +147,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     return 0;
   }
   NZELVYR20::Parse(text);
+  if (!NZELVYR20::NamesFiles(text)) NZELVYR20::LoadAndWrite(text);
   return 0;
 }

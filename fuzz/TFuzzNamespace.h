@@ -17,24 +17,32 @@
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
 #include "TFuzzCheck.h"
-#include "TMachineCollector.h"
+#include "TMofLoader.h"
 #include "TRootObject.h"
 
 namespace NZELVYR20 {
 
-/// A namespace of the plug-in with the collectors' schema in it.
+/// Namespaces of the plug-in.
 class TFuzzNamespace {
  public:
   TFuzzNamespace() = delete;
 
-  static boost::shared_ptr<ICIMNamespace> Make() {
+  static boost::shared_ptr<ICIMNamespace> MakeEmpty() {
     static void* const plugin = dlopen(INMEM_PLUGIN_PATH, RTLD_NOW | RTLD_LOCAL);
     Require(plugin != nullptr, "the plug-in can be loaded");
     TRootObject::SetCoreLogger(boost::make_shared<TSilentLogger>());
-    boost::shared_ptr<ICIMNamespace> made = TRootObject::GetNamespaceProviderManager()
-                                                ->FindNamespaceProvider("inmem")
-                                                ->AllocateNamespace({}, true);
-    TMachineCollector::DefineSchema(made);
+    return TRootObject::GetNamespaceProviderManager()
+        ->FindNamespaceProvider("inmem")
+        ->AllocateNamespace({}, true);
+  }
+
+  /// One with the program's schema in it.
+  static boost::shared_ptr<ICIMNamespace> Make() {
+    boost::shared_ptr<ICIMNamespace> made = MakeEmpty();
+    TMofLoader loader(made, {},
+                      [](const std::string& message) { Require(false, message.c_str()); });
+    loader.Read(VYR_SCHEMA_DIR "/vyr.mof");
+    loader.Enter();
     return made;
   }
 

@@ -11,6 +11,7 @@
 #include "SmallSchema.h"
 #include "TCIMReference.h"
 #include "TMachineCollector.h"
+#include "TMofLoader.h"
 #include "TRootObject.h"
 #include "TVYRException.h"
 
@@ -26,7 +27,9 @@ class TSilentLogger : public ICoreLogger {
 boost::shared_ptr<ICIMNamespace> LoadSchema() {
   TRootObject::SetCoreLogger(boost::make_shared<TSilentLogger>());
   auto space = AllocatePluginNamespace(true);
-  TMachineCollector::DefineSchema(space);
+  TMofLoader loader(space, {}, [](const std::string& message) { throw std::logic_error(message); });
+  loader.Read(VYR_SCHEMA_DIR "/vyr.mof");
+  loader.Enter();
   return space;
 }
 

@@ -8,6 +8,11 @@ test_packages=("${run_packages[@]}" googletest)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck)
+docs_packages=("${run_packages[@]}" doxygen mandoc)
+slots_packages=(g++ libboost-dev)
+abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
+memcheck_packages=("${test_packages[@]}" valgrind)
+package_packages=("${run_packages[@]}" dpkg-dev file)
 
 fail() {
   echo "$(basename "$0"): $*" >&2
@@ -44,5 +49,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host tests fuzz soak -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host examples tests fuzz soak -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

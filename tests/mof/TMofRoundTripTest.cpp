@@ -48,13 +48,11 @@ TEST(TMofRoundTripTest, RandomModels) {
   EXPECT_GT(facts, 60 * 300U);
 }
 
-#ifdef VYR_SCHEMA_DIR
 TEST(TMofRoundTripTest, BundledSchema) {
   const TNamespacePtr nameSpace = LoadFile(VYR_SCHEMA_DIR "/vyr.mof");
   EXPECT_GT(TNamespaceDump(nameSpace).GetSize(), 500U);
   ExpectRoundTrip(nameSpace);
 }
-#endif
 
 TEST(TMofRoundTripTest, PublicSchema) {
   const char* const file = std::getenv("VYR_CIM_SCHEMA");

@@ -47,6 +47,28 @@ void RequireStatus(int status, TOperation operation) {
   Require(false, "an operation fails");
 }
 
+/// Everything in it refers to something else in it, replaced classes and lost instances included.
+void UseShortNamespace() {
+  std::vector<boost::weak_ptr<const void>> made;
+  {
+    const auto space = AllocatePluginNamespace(true);
+    const auto node = AddClass(space, "Node", "");
+    // Allocated while there is none of that name yet, each is a class of its own.
+    std::vector<boost::shared_ptr<ICIMClass>> versions;
+    versions.reserve(3);
+    for (int version = 0; version < 3; ++version) {
+      versions.push_back(MakeClass(space, "Link", TCIMValue::NullReference(node)));
+    }
+    for (const auto& link : versions) {
+      link->AddToNamespace({});
+      const auto instance = AddInstance(node, link->GetName({}));
+      made.insert(made.end(), {link, instance, AddInstance(link, instance->GetReference({}))});
+    }
+    versions.front()->RemoveFromNamespace({});
+  }
+  for (const auto& element : made) Require(element.expired(), "all goes with its namespace");
+}
+
 }  // namespace
 
 TSoakHost::TSoakHost(std::string root)
@@ -144,27 +166,6 @@ void TSoakHost::Fail() {
   RequireStatus(14, [&] { AddInstance(port_, 7); });
   RequireStatus(17, [&] { space_->AllocateClass("SOAK_Lost", {}, {})->RemoveFromNamespace({}); });
   AddInstance(port_, TCIMValue::Null(TCIMValue::TCIMType::kString));
-}
-
-/// Everything in it refers to something else in it, replaced classes and lost instances included.
-void TSoakHost::UseShortNamespace() {
-  std::vector<boost::weak_ptr<const void>> made;
-  {
-    const auto space = AllocatePluginNamespace(true);
-    const auto node = AddClass(space, "Node", "");
-    // Allocated while there is none of that name yet, each is a class of its own.
-    std::vector<boost::shared_ptr<ICIMClass>> versions;
-    for (int version = 0; version < 3; ++version) {
-      versions.push_back(MakeClass(space, "Link", TCIMValue::NullReference(node)));
-    }
-    for (const auto& link : versions) {
-      link->AddToNamespace({});
-      const auto instance = AddInstance(node, link->GetName({}));
-      made.insert(made.end(), {link, instance, AddInstance(link, instance->GetReference({}))});
-    }
-    versions.front()->RemoveFromNamespace({});
-  }
-  for (const auto& element : made) Require(element.expired(), "all goes with its namespace");
 }
 
 }  // namespace NZELVYR20

@@ -28,7 +28,6 @@ class TSoakHost {
   void ReadUndeclared();
   void ReplaceInstances();
   void Fail();
-  void UseShortNamespace();
 
   std::vector<boost::shared_ptr<ICIMInstance>> ListInstances(const std::string& className);
 

@@ -6,7 +6,8 @@ run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
-lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy)
+lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
+  cppcheck)
 docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
 abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
@@ -48,5 +49,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host examples tests fuzz -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host examples tests fuzz soak -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

@@ -46,6 +46,8 @@ class VYR_EXPORT TCIMReference {
   /// class name stands alone. No namespace takes part. A name that is no CIM name is quoted, too.
   /// Types take no part: a key has the type that its class declares. Among values of one type (and
   /// between null, numbers, booleans and strings) different keys never give the same text.
+  /// A reference key whose own path is longer than 8 MiB throws std::length_error: each further
+  /// level would double it.
   /// The text stays valid until the path changes; the first call makes it, so that a path shared
   /// between threads needs a lock even for reading.
   const std::string& GetPath() const;

@@ -55,6 +55,15 @@ void AddNested(unsigned depth) {
   AddNestedInstances(space, AddInstance(AddClass(space, "Leaf", ""), "a"), depth);
 }
 
+void RefuseNested() {
+  try {
+    AddNested(30);
+  } catch (const std::length_error&) {
+    return;
+  }
+  throw std::runtime_error("nothing refused the path");
+}
+
 struct TTrial {
   const char* name;
   void (*run)();
@@ -77,7 +86,7 @@ const TTrial kTrials[] = {
     {"reference keys nested 5 deep", [] { AddNested(5); }},
     {"reference keys nested 15 deep", [] { AddNested(15); }},
     {"reference keys nested 20 deep", [] { AddNested(20); }},
-    {"reference keys nested 30 deep", [] { AddNested(30); }},
+    {"reference keys nested 30 deep, refused", &RefuseNested},
 };
 
 /// The child's part: never returns, and leaves nothing of the parent's behind.

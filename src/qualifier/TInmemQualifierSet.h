@@ -60,7 +60,7 @@ class TInmemQualifierSet {
   enum class EInherit { kAllButAbstract, kAll };
 
   /// Copies what the superclass's flavors pass to subclasses, marked propagated, for `owner`. What
-  /// is attached already stays.
+  /// is attached already stays. A failure changes nothing.
   void Inherit(const TInmemQualifierSet& superClass,
                const boost::shared_ptr<const ICIMNamedElement>& owner, EInherit inherit);
 

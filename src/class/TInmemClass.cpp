@@ -91,13 +91,16 @@ void TInmemClass::ReleaseLinks() {
   subClasses_.Clear();
   associationClasses_.Clear();
   declaredProperties_.reset();
+  ReleaseReferences();
   // A declaration of a superclass in a namespace that lives on is left as it is. All others may
   // have nobody else to undo them: the class that declared them may have lost them.
-  propertyDecls_.ForEach([](const std::string&, const TPropertyDeclPointer& declaration) {
+  const auto release = [](const std::string&, const auto& declaration) {
     const auto declaringClass = declaration->GetClass(TCIMContext());
     if (declaringClass && declaringClass->GetNamespace(TCIMContext())) return;
     declaration->ReleaseReferences();
-  });
+  };
+  propertyDecls_.ForEach(release);
+  methodDecls_.ForEach(release);
 }
 
 /// What needs memory is made before the class enters the namespace. A status that comes later, of a

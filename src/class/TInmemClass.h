@@ -61,8 +61,9 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   boost::shared_ptr<TInmemPropertyDecl> Declare(
       const boost::shared_ptr<TInmemPropertyDecl>& declaration);
 
-  /// Lets go of instances, subclasses, associations and of what the defaults of its own
-  /// declarations refer to: its namespace goes, and these hold one another.
+  /// Lets go of instances, subclasses, associations and of what its qualifiers, and the defaults
+  /// and qualifiers of its own declarations, refer to: its namespace goes, and these hold one
+  /// another.
   void ReleaseLinks();
 
   void Validate(TCIMContext context) const override;

@@ -73,4 +73,10 @@ void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
   qualifiers_.Insert(std::move(copies));
 }
 
+void TInmemQualifierSet::ReleaseReferences() {
+  qualifiers_.ForEach([](const std::string&, const boost::shared_ptr<TInmemQualifier>& qualifier) {
+    qualifier->ReleaseReferences();
+  });
+}
+
 }  // namespace NZELVYR20

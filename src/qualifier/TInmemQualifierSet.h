@@ -64,6 +64,9 @@ class TInmemQualifierSet {
   void Inherit(const TInmemQualifierSet& superClass,
                const boost::shared_ptr<const ICIMNamedElement>& owner, EInherit inherit);
 
+  /// Lets go of the classes that the qualifiers hold.
+  void ReleaseReferences();
+
  private:
   bool Conflicts(const ICIMQualifier& attached, const ICIMQualifier& added) const;
 

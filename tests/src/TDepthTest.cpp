@@ -1,3 +1,5 @@
+#include <boost/weak_ptr.hpp>
+
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
@@ -25,17 +27,18 @@ TEST_F(TDepthTest, AChainOfAHundredThousandClasses) {
 }
 
 TEST_F(TDepthTest, AChainThatOnlyItsHeadHolds) {
-  const auto link = NewClass("Link");
-  Qualify(*link, "Association");
-  boost::weak_ptr<ICIMClass> end = link;
-  auto head = link;
+  TClass head;
+  boost::weak_ptr<ICIMClass> last;
   for (int i = 0; i < 100000; ++i) {
-    auto next = NewClass("Link");
+    const auto next = NewClass("Link");
     Qualify(*next, "Association");
     DeclareProperty(next, "End", TCIMValue::NullReference(head));
     head = next;
+    if (i == 0) last = head;
   }
+  EXPECT_FALSE(last.expired());
   head.reset();
+  EXPECT_TRUE(last.expired());
 }
 
 /// A class that replaces its own ancestor takes over that one's subclasses and so stands below

@@ -67,18 +67,25 @@ int SplitPrefix(std::string& unit) {
 
 /// Groups thousands with a comma whatever locales the machine has.
 class TGroupedNumbers : public std::numpunct<char> {
+ public:
+  /// No locale deletes it.
+  TGroupedNumbers() : numpunct(1) {}
+
+ private:
   char do_thousands_sep() const override { return ','; }
   char do_decimal_point() const override { return '.'; }
   std::string do_grouping() const override { return "\3"; }
 };
 
 const std::locale& GetGroupingLocale() {
-  static const std::locale locale(std::locale::classic(), new TGroupedNumbers);
+  static TGroupedNumbers numbers;
+  static const std::locale locale(std::locale::classic(), &numbers);
   return locale;
 }
 
 std::string FormatNumber(float number) {
   std::ostringstream stream;
+  stream.exceptions(std::ios::badbit);  // lack of memory must not pass for an empty text
   stream.imbue(GetGroupingLocale());
   stream.precision(1);
   stream << std::fixed << number;

@@ -83,19 +83,25 @@ class TFaultTest : public TRedefinitionTest {
     return TCIMValue::Array(TType::kString, texts);
   }
 
-  /// What a host can see of the namespaces, also who is registered with whom.
+  /// What a host can see of the namespaces: also who is registered with whom, and the classes that
+  /// only their names lead to.
   struct TState {
     TNamespaceDump dump, strictDump;
     TNames links;
+    std::vector<bool> found;
 
     std::string Compare(const TState& other) const {
       return dump.Compare(other.dump) + strictDump.Compare(other.strictDump) +
-             (links == other.links ? "" : "other registrations");
+             (links == other.links ? "" : "other registrations") +
+             (found == other.found ? "" : "other classes under the names");
     }
   };
 
   TState GetState() {
-    TState seen{TNamespaceDump(space), TNamespaceDump(strict), {}};
+    TState seen{TNamespaceDump(space), TNamespaceDump(strict), {}, {}};
+    for (const char* name : {"CIM_SubclassOfTheBase", "CIM_LinkOfTheLinks", "CIM_NoAssociation"}) {
+      seen.found.push_back(Try([&] { space->GetClass(name, {}); }).status == 0);
+    }
     for (const std::string& name : {kBase, kSub}) {
       const auto cimClass = space->GetClass(name, {});
       for (const auto& association : NamesOf([&](const TNamer& note) {
@@ -129,7 +135,8 @@ class TFaultTest : public TRedefinitionTest {
     return Do([added = NewPropertyDecl(cimClass, name, value, flags)] { added->AddToClass({}); });
   }
 
-  TOperation AddMethod(const TClass& cimClass, const std::string& name, TType type, bool overrides) {
+  TOperation AddMethod(const TClass& cimClass, const std::string& name, TType type,
+                       bool overrides) {
     const auto added = cimClass->AllocateMethodDecl(name, type, {});
     if (overrides) Qualify(*added, "Override");
     return Do([added] { added->AddToClass({}); });
@@ -240,7 +247,8 @@ std::vector<TCase> TFaultTest::GetChanges() {
   return {
       {"allocate a namespace", [] { return Do([] { NewNamespace(true); }); }},
       {"register the provider", [] { return Do([] { TInmemNamespaceProvider::Initialize(); }); }},
-      {"allocate a class", [=] { return Do([=] { NewClass("CIM_SubclassOfTheBase", base); }); }, true},
+      {"allocate a class", [=] { return Do([=] { NewClass("CIM_SubclassOfTheBase", base); }); },
+       true},
       {"refresh a class",
        [=] {
          AddProperty(base, "PropertyForTheSubclass", kText)();
@@ -250,6 +258,7 @@ std::vector<TCase> TFaultTest::GetChanges() {
        },
        true},
       {"add a class", [=] { return AddClass(NewClass("CIM_SubclassOfTheBase", base)); }},
+      {"add a class once", [=] { return AddClass(NewKeyed(strict, "CIM_ClassThatIsThere")); }},
       {"add an association",
        [=] {
          const auto added = NewClass("CIM_LinkOfTheLinks", link);
@@ -273,12 +282,13 @@ std::vector<TCase> TFaultTest::GetChanges() {
          return AddClass(added);
        }},
       {"declare a qualifier",
-       [=] { return Do([=] { NewQualifierDecl("NewMarkOfTheTest", kText)->AddToNamespace({}); }); }},
-      {"declare a qualifier again",
        [=] {
-         return Do([=] { NewQualifierDecl("MarkOfTheHierarchy", 1U)->AddToNamespace({}); });
+         return Do([=] { NewQualifierDecl("NewMarkOfTheTest", kText)->AddToNamespace({}); });
        }},
-      {"attach a qualifier", [=] { return Do([=] { Qualify(*state, "NewMarkOfTheTest", kText); }); }},
+      {"declare a qualifier again",
+       [=] { return Do([=] { NewQualifierDecl("MarkOfTheHierarchy", 1U)->AddToNamespace({}); }); }},
+      {"attach a qualifier",
+       [=] { return Do([=] { Qualify(*state, "NewMarkOfTheTest", kText); }); }},
       {"replace a qualifier",
        [=] { return Do([=] { Qualify(*base, "MarkOfTheHierarchy", kText + kText); }); }},
       {"set a qualifier", [=] { return Do([=] { mark->SetValue(kText + kText, {}); }); }},
@@ -309,13 +319,18 @@ std::vector<TCase> TFaultTest::GetChanges() {
          DeclareProperty(sub, "DateTimeOfCollection", TCIMValue::Null(TType::kDateTime));
          return Do([=] { sub->AllocateInstance({}); });
        }},
-      {"add an instance", [=] { return AddInstance(sub, {{"Id", kText}}); }},
+      {"add an instance",
+       [=] {
+         return AddInstance(sub, {{"Id", kText}});
+       }},
       {"replace an instance",
        [=] {
          return AddInstance(base, {{"Id", a->GetProperty("Id", {})->GetValue({})}, {kSpeed, 7ULL}});
        }},
       {"add an association instance",
-       [=] { return AddInstance(link, {{"Antecedent", RefTo(b)}, {"Dependent", RefTo(a)}}); }},
+       [=] {
+         return AddInstance(link, {{"Antecedent", RefTo(b)}, {"Dependent", RefTo(a)}});
+       }},
       {"delete an instance", [=] { return Do([=] { edge->Delete({}); }); }},
       {"clear", [=] { return Do([=] { space->ClearInstances(); }); }},
       {"read an undeclared status",
@@ -402,8 +417,13 @@ std::vector<TCase> TFaultTest::GetReadings() {
   };
   const auto root = [=] { return space->GetClass("", {}); };
   return {
-      // First: it is the first in this process to format a number.
       {"show a speed", [=] { return show(kSpeed, 123456789ULL); }},
+      {"show a long number",
+       [=] {
+         Qualify(*speed, "DisplayFixedUnits", "Tera");
+         Qualify(*speed, "Units", "TeraBytes");
+         return show(kSpeed, 12345678901234567890ULL);
+       }},
       {"show a state", [=] { return show("StateOfTheElement", static_cast<unsigned short>(3)); }},
       {"show a text", [=] { return show("Id", kText); }},
       {"show an array",
@@ -423,7 +443,9 @@ std::vector<TCase> TFaultTest::GetReadings() {
       {"instances",
        [=] { return Walk([=](const auto& note) { root()->EnumerateInstances(note, true, {}); }); }},
       {"classes",
-       [=] { return Walk([=](const auto& note) { root()->EnumerateSubClasses(note, true, {}); }); }},
+       [=] {
+         return Walk([=](const auto& note) { root()->EnumerateSubClasses(note, true, {}); });
+       }},
       {"top classes",
        [=] { return Walk([=](const auto& note) { space->EnumerateRootClasses(note, {}); }); }},
       {"keys", [=] { return Walk([=](const auto& note) { link->EnumerateKeyNames(note, {}); }); }},

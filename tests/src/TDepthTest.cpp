@@ -20,9 +20,10 @@ TEST_F(TDepthTest, AChainOfAHundredThousandClasses) {
   const auto below = NamesOf([&](const TNamer& note) { top->EnumerateSubClasses(note, true, {}); });
   EXPECT_EQ(below.size(), kDepth - 1);
   EXPECT_EQ(below.back(), last->GetName({}));
-  EXPECT_EQ(
-      NamesOf([&](const TNamer& note) { space->GetClass("", {})->EnumerateInstances(note, true, {}); }),
-      TNames{PathOf(*NewInstance(last, {{"Id", "deepest"}}))});
+  EXPECT_EQ(NamesOf([&](const TNamer& note) {
+              space->GetClass("", {})->EnumerateInstances(note, true, {});
+            }),
+            TNames{PathOf(*NewInstance(last, {{"Id", "deepest"}}))});
   EXPECT_TRUE(last->IsSubclassOf(top, {}));
 }
 

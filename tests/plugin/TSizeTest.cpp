@@ -98,7 +98,10 @@ TEST(TSizeTest, APathInAPathInAPath) {
   const auto last = AddNestedInstances(space, leaf, 5);
   const std::string path = last->GetReference({}).ToString();
   EXPECT_EQ(TCIMReference::Parse(path, space).GetCIMElement(false), last);
-  EXPECT_THROW(AddNestedInstances(space, leaf, 30), std::length_error);
+
+  const auto other = AllocatePluginNamespace();
+  const auto otherLeaf = AddInstance(AddClass(other, "Leaf", ""), "a");
+  EXPECT_THROW(AddNestedInstances(other, otherLeaf, 30), std::length_error);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <boost/weak_ptr.hpp>
+#include <stdexcept>
 
 #include "ICIMMethodDecl.h"
 #include "ICIMParameterDecl.h"
@@ -17,6 +18,7 @@ class TWalkTest : public TRedefinitionTest {
     const char* name;
     bool isRemovable;
     std::function<void(const TNamer&)> run;
+    bool passes = false;  ///< what the callback throws
   };
 
   void SetUp() override {
@@ -72,22 +74,26 @@ class TWalkTest : public TRedefinitionTest {
         {"deep instances", true, [&](N note) { schema->EnumerateInstances(note, true, {}); }},
         {"references", true,
          [&](N note) { hub->EnumerateAssociationInstances(note, "", "From", {}); }},
+        {"references by any role", true,
+         [&](N note) { hub->EnumerateAssociationInstances(note, "Link", "", {}); }},
+        {"associators by result role", true,
+         [&](N note) { hub->EnumerateAssociatedInstances(note, "", "Port", "", "To", {}); }},
         {"associators", true,
          [&](N note) { hub->EnumerateAssociatedInstances(note, "", "Port", "", "", {}); }},
         {"subclasses", true, [&](N note) { schema->EnumerateSubClasses(note, true, {}); }},
         {"association classes", true,
-         [&](N note) { port->EnumerateAssociationClasses(note, "", "", {}); }},
+         [&](N note) { port->EnumerateAssociationClasses(note, "", "", {}); }, true},
         {"associated classes", true,
-         [&](N note) { port->EnumerateAssociatedClasses(note, "", "", "", "", {}); }},
+         [&](N note) { port->EnumerateAssociatedClasses(note, "", "", "", "", {}); }, true},
         {"properties", true, [&](N note) { schema->EnumeratePropertyDecls(note, {}); }},
-        {"keys", true, [&](N note) { schema->EnumerateKeyNames(note, {}); }},
+        {"keys", true, [&](N note) { schema->EnumerateKeyNames(note, {}); }, true},
         {"methods", true, [&](N note) { schema->EnumerateMethodDecls(note, {}); }},
-        {"parameters", false, parameters},
+        {"parameters", false, parameters, true},
         {"declared", false, [&](N note) { space->EnumerateQualifierDecls(note, {}); }},
         {"of a class", false, [&](N note) { schema->EnumerateQualifiers(note, {}); }},
-        {"of a method", false, [&](N note) { method->EnumerateQualifiers(note, {}); }},
+        {"of a method", false, [&](N note) { method->EnumerateQualifiers(note, {}); }, true},
         {"of a property", false, [&](N note) { property->EnumerateQualifiers(note, {}); }},
-        {"of a parameter", false, [&](N note) { parameter->EnumerateQualifiers(note, {}); }},
+        {"of a parameter", false, [&](N note) { parameter->EnumerateQualifiers(note, {}); }, true},
     };
   }
 
@@ -146,6 +152,42 @@ TEST_F(TWalkTest, MayDropTheLastReferenceToTheNamespace) {
     const TNames visited = Run(walk, drop);
     EXPECT_TRUE(visited == names || visited == TNames{names[0]});
     for (const auto& element : watched) EXPECT_TRUE(element.expired());
+  }
+}
+
+TEST_F(TWalkTest, SurvivesWhateverTheCallbackThrows) {
+  const std::vector<std::pair<const char*, std::function<void()>>> throws{
+      {"status 7", [] { throw TVYRException(7); }},
+      {"status 15", [] { throw TVYRException(15); }},
+      {"another exception", [] { throw std::runtime_error("callback"); }},
+      {"a number", [] { throw 7; }},
+  };
+  for (const TWalk& walk : GetWalks()) {
+    SCOPED_TRACE(walk.name);
+    SetUp();
+    const TNames names = Run(walk);
+    for (const auto& [what, fail] : throws) {
+      SCOPED_TRACE(what);
+      TNames visited;
+      const auto note = [&, thrown = fail](const TNames& sofar) {
+        visited = sofar;
+        thrown();
+      };
+      bool passed = true;
+      try {
+        Run(walk, note);
+        passed = false;
+      } catch (const TVYRException& failure) {
+        EXPECT_EQ(what, "status " + std::to_string(failure.GetStatusCode()));
+      } catch (const std::runtime_error& failure) {
+        EXPECT_STREQ(failure.what(), "callback");
+      } catch (int number) {
+        EXPECT_EQ(number, 7);
+      }
+      EXPECT_EQ(passed, walk.passes);
+      EXPECT_EQ(visited, walk.passes ? TNames{names[0]} : names);
+      EXPECT_EQ(Run(walk), names);
+    }
   }
 }
 

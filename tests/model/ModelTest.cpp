@@ -1,21 +1,21 @@
 #include <gtest/gtest.h>
 
-#include <boost/make_shared.hpp>
 #include <algorithm>
+#include <boost/make_shared.hpp>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <optional>
 #include <random>
 
 #include "PluginNamespace.h"
-#include "TTwoSides.h"
+#include "Operations.h"
 
 namespace NZELVYR20 {
 namespace {
 
+using TScript = std::vector<TStep>;
 using TClock = std::chrono::steady_clock;
 
 struct TStreamingLogger : ICoreLogger {
@@ -25,12 +25,14 @@ struct TStreamingLogger : ICoreLogger {
   }
 };
 
-template <class TSide, class TRun>
-std::string Run(TStreamingLogger& logger, TWorld<TSide>& world, const TStep& step,
-                const TRun& run) {
+/// What the step in hand shows, and how it ends.
+template <bool kIsModel>
+std::string Run(TStreamingLogger& logger, TWorld<kIsModel>& world,
+                void (*operation)(TWorld<kIsModel>&)) {
   logger.out = &world.out;
+  world.out.str("");
   try {
-    run(world, step);
+    operation(world);
   } catch (const TVYRException& failure) {
     world.out << " status " << failure.GetStatusCode();
   } catch (const TNothingThere&) {
@@ -38,9 +40,7 @@ std::string Run(TStreamingLogger& logger, TWorld<TSide>& world, const TStep& ste
   } catch (int) {
     world.out << " thrown by the callback";
   }
-  std::string text = world.out.str();
-  world.out.str("");
-  return text;
+  return world.out.str();
 }
 
 /// Where the two sides first differ, and what each of them showed there.
@@ -49,16 +49,77 @@ struct TDifference {
   std::string plugin, model;
 };
 
+TCIMValue Array(TType type, const std::vector<TCIMValue>& elements) {
+  return TCIMValue::Array(type, elements);
+}
+
+const std::vector<TCIMValue>& GetConstants() {
+  static const std::vector<TCIMValue> constants = {
+      true, "a", "b", static_cast<unsigned short>(0), static_cast<unsigned short>(2),
+      TCIMValue::Null(TType::kString), TCIMValue::Null(TType::kUInt16), TCIMValue(), false,
+      TCIMValue::Null(TType::kBoolean), static_cast<unsigned char>(16), 1536U, -5, 1ULL << 60U,
+      "quote\"d", "", Array(TType::kString, {"a", "b"}), Array(TType::kBoolean, {true, false}),
+      TCIMValue::Null(TType::kUInt16Array), TCIMDateTime(), TCIMValue::Null(TType::kDateTime)};
+  return constants;
+}
+constexpr int kConstants = 21;  ///< of a hundred; then null references, then references
+
+/// The value of a step: a constant, a null reference to a class, or a reference to an instance.
+TCIMValue MakeValue(TWorld<false>& plugin, TWorld<true>& model, int value) {
+  const int at = value % 32;
+  if (at < kConstants) return GetConstants()[at];
+  if (at < 24) return TCIMValue::NullReference(plugin.c(value / 32));
+  const TCIMReference path = plugin.i(value / 32)->GetReference({});
+  if (path.GetPath() != model.i(value / 32)->GetReference({}).GetPath()) plugin.out << "path!";
+  // Escaping doubles with every level of a reference in a key.
+  if (path.GetPath().size() > 200) throw TNothingThere();
+  return at < 30 ? TCIMValue(path) : TCIMValue(path, path.GetClass()->GetSuperClass({}));
+}
+
+std::string ValueText(int value) {
+  const int at = value % 32;
+  const std::string from = std::to_string(value / 32 & 7);
+  if (at < kConstants) return TWorld<true>::Text(GetConstants()[at]);
+  if (at < 24) return "null reference to c" + from;
+  return "reference to i" + from + (at < 30 ? "" : " of the superclass");
+}
+
+std::string ToText(const TStep& s) {
+  const auto quoted = [](const std::string& text) { return '"' + text + '"'; };
+  const auto in = [&](const TPool& pool) { return quoted(pool[s.name % pool.size()]); };
+  const auto maybe = [&](const TPool& pool, int at) {
+    return quoted(TWorld<true>::Maybe(pool, at));
+  };
+  const std::map<char, std::string> fields = {
+      {'a', std::to_string(s.a)},
+      {'b', std::to_string(s.b)},
+      {'n', std::to_string(s.name & 7)},
+      {'f', std::to_string(s.flag)},
+      {'F', std::to_string(s.flag & 7)},
+      {'V', ValueText(s.value)},
+      {'C', in(kClasses)},
+      {'P', in(kProperties)},
+      {'M', in(kMethods)},
+      {'Q', in(kQualifiers)},
+      {'E', std::string(1, "cdmp"[s.b % 4]) + std::to_string(s.a)},
+      {'1', maybe(kClasses, s.name)},
+      {'2', maybe(kProperties, s.value)},
+      {'3', quoted(kClasses[s.a])},
+      {'4', maybe(kProperties, s.flag)}};
+  std::string text;
+  for (const char* at = kOperations[s.operation].pattern; *at != 0; ++at) {
+    text += *at == '@' ? fields.at(*++at) : std::string(1, *at);
+  }
+  return text;
+}
+
 std::optional<TDifference> Compare(const TScript& script, bool redefines) {
   static const bool traces = std::getenv("MODEL_TRACE") != nullptr;
   const auto logger = boost::make_shared<TStreamingLogger>();
-  std::ostringstream before;
-  logger->out = &before;
   TRootObject::SetCoreLogger(logger);
   TModelNamespace modelSpace(redefines);
-  TWorld<TPluginSide> plugin{
-      AllocatePluginNamespace(redefines), {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
-  TWorld<TModelSide> model{&modelSpace, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
+  TWorld<false> plugin{AllocatePluginNamespace(redefines)};
+  TWorld<true> model{&modelSpace};
   const auto meet = [&](const boost::shared_ptr<ICIMClass>& handle, TModelClass* met) {
     if (!handle || met == nullptr || met->handle) return;
     met->handle = handle;
@@ -66,19 +127,21 @@ std::optional<TDifference> Compare(const TScript& script, bool redefines) {
   };
   meet(plugin.space->GetClass("", {}), modelSpace.root);
   for (std::size_t at = 0; at < script.size(); ++at) {
-    const TStep& step = script[at];
+    const TStep& step = plugin.s = model.s = script[at];
+    const TOperation& operation = kOperations[step.operation];
     if (traces) std::cerr << at << ": " << ToText(step) << std::endl;
-    logger->out = &before;
+    logger->out = &plugin.out;
     try {
-      plugin.value = model.value = MakeValue(plugin, model, step);
+      const bool needsValue = Contains(operation.pattern, "@V");
+      if (needsValue) plugin.value = model.value = MakeValue(plugin, model, step.value);
     } catch (const TVYRException&) {
       continue;
     } catch (const TNothingThere&) {
       continue;
     }
-    const TOperation& operation = GetOperations()[step.operation];
-    const std::string onPlugin = Run(*logger, plugin, step, operation.onPlugin);
-    const std::string onModel = Run(*logger, model, step, operation.onModel);
+    const std::string onPlugin = Run(*logger, plugin, operation.onPlugin);
+    const std::string onModel = Run(*logger, model, operation.onModel);
+    if (traces) std::cerr << "    " << onPlugin << std::endl;
     if (onPlugin != onModel) return TDifference{at, onPlugin, onModel};
     meet(plugin.c[step.a], model.c[step.a]);
   }
@@ -91,67 +154,62 @@ class TGenerator {
 
   TScript Make(std::size_t size) {
     for (int q = 0; q < 8; ++q) {
-      Add("declare", q, 0, q, 0, q < 4 && Draw(4) != 0 ? 3 : Draw(8));
-      Add("adddeclared", q, 0, 0, 0, 0);
+      Add(kDeclare, q, 0, q, 0, q < 4 && Draw(4) != 0 ? 3 : Draw(8));
+      Add(kAddDeclared, q, 0, 0, 0, 0);
+    }
+    for (int c = 0; c < 8; ++c) DefineClass(c);
+    for (int i = 0; i < 8; ++i) PutInstance(i);
+    std::vector<int> lots;
+    for (const TOperation& operation : kOperations) {
+      lots.insert(lots.end(), operation.weight, static_cast<int>(&operation - kOperations));
     }
     while (script_.size() < size) {
-      const int recipe = Draw(40);
+      const int recipe = Draw(60);
       if (recipe == 0) DefineClass(Draw(8));
-      if (recipe == 1 || recipe == 2) PutInstance(Draw(8));
-      if (recipe > 2) Add(nullptr, Draw(8), Draw(8), Draw(1000), Draw(320), Draw(32));
+      if (recipe > 0 && recipe < 4) PutInstance(Draw(8));
+      const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
+      const int name = Draw(3) == 0 ? Draw(1000) : Draw(6);
+      if (recipe >= 4) Add(operation, Draw(8), Draw(8), name, Draw(512), Draw(32));
     }
     return script_;
   }
 
  private:
   int Draw(unsigned below) { return static_cast<int>(random_() % below); }
-
-  /// The operation of that code; without one, any.
-  void Add(const char* code, int a, int b, int name, int value, int flag) {
-    static const std::vector<int> lots = [] {
-      std::vector<int> drawn;
-      for (std::size_t i = 0; i < GetOperations().size(); ++i) {
-        drawn.insert(drawn.end(), GetOperations()[i].weight, static_cast<int>(i));
-      }
-      return drawn;
-    }();
-    int operation = lots[random_() % lots.size()];
-    for (std::size_t i = 0; code != nullptr && i < GetOperations().size(); ++i) {
-      if (std::strcmp(GetOperations()[i].code, code) == 0) operation = static_cast<int>(i);
-    }
+  void Add(int operation, int a, int b, int name, int value, int flag) {
     script_.push_back({operation, a, b, name, value, flag});
   }
 
   void AddProperty(int c, int name, int value, bool isKey) {
-    Add("property", c, 0, name, value, 0);
-    if (isKey) Add("attach", 0, 1, 0, 0, 0);
-    if (Draw(3) == 0) Add("attach", 0, 1, 0, Draw(24), Draw(8));
-    Add("addproperty", c, 0, 0, 0, 0);
+    Add(kProperty, c, 0, name, value, 0);
+    if (isKey) Add(kAttach, 0, 1, 0, 0, 0);
+    if (Draw(3) == 0) Add(kAttach, 0, 1, 0, Draw(kConstants), Draw(8));
+    Add(kAddProperty, c, 0, 0, 0, 0);
   }
 
   /// The last three registers are for associations.
   void DefineClass(int c) {
-    Add("class", c, Draw(8), Draw(16), 0, Draw(6));
-    if (Draw(4) == 0) Add("attach", c, 0, 0, 0, 3);
-    AddProperty(c, Draw(2), 1, true);
+    Add(kClass, c, Draw(c + 1), Draw(2) == 0 ? c : Draw(14), 0, Draw(6));
+    if (Draw(6) == 0) Add(kAttach, c, 0, 0, 0, 3);
+    AddProperty(c, 0, 1, true);
     if (c >= 5) {
-      Add("attach", c, 0, 0, 0, 2);
-      AddProperty(c, 4, 24 + 40 * Draw(5), Draw(2) == 0);
-      AddProperty(c, 5, 24 + 40 * Draw(5), Draw(2) == 0);
+      Add(kAttach, c, 0, 0, 0, 2);
+      AddProperty(c, 1, kConstants + 32 * Draw(5), Draw(2) == 0);
+      AddProperty(c, 2, kConstants + 32 * Draw(5), Draw(2) == 0);
     }
-    Add("method", c, 0, Draw(4), 0, Draw(2));
-    Add("addmethod", c, 0, 0, 0, 0);
-    Add("addclass", c, 0, 0, 0, 0);
+    Add(kMethod, c, 0, Draw(4), 0, Draw(2));
+    if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
+    Add(kAddMethod, c, 0, 0, 0, 0);
+    Add(kAddClass, c, 0, 0, 0, 0);
   }
 
+  /// The last three registers are for instances of associations.
   void PutInstance(int i) {
-    Add("instance", i < 5 ? Draw(5) : 5 + Draw(3), i, 0, 0, 0);
-    Add("set", 0, i, 0, 1 + Draw(2), 0);
-    if (i >= 5) {
-      Add("set", 0, i, 4, 30 + Draw(10) + 40 * Draw(5), 0);
-      Add("set", 0, i, 5, 30 + Draw(10) + 40 * Draw(5), 0);
-    }
-    Add("addinstance", 0, i, 0, 0, 0);
+    Add(kInstance, i < 5 ? Draw(5) : 5 + Draw(3), i, 0, 0, 0);
+    Add(kSet, 0, i, 0, 1 + Draw(2), 0);
+    if (i >= 5) Add(kSet, 0, i, 1, 24 + Draw(8) + 32 * Draw(5), 0);
+    if (i >= 5) Add(kSet, 0, i, 2, 24 + Draw(8) + 32 * Draw(5), 0);
+    Add(kAddInstance, 0, i, 0, 0, 0);
   }
 
   std::mt19937 random_;

@@ -9,8 +9,8 @@
 #include <optional>
 #include <random>
 
-#include "PluginNamespace.h"
 #include "Operations.h"
+#include "PluginNamespace.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -54,12 +54,27 @@ TCIMValue Array(TType type, const std::vector<TCIMValue>& elements) {
 }
 
 const std::vector<TCIMValue>& GetConstants() {
-  static const std::vector<TCIMValue> constants = {
-      true, "a", "b", static_cast<unsigned short>(0), static_cast<unsigned short>(2),
-      TCIMValue::Null(TType::kString), TCIMValue::Null(TType::kUInt16), TCIMValue(), false,
-      TCIMValue::Null(TType::kBoolean), static_cast<unsigned char>(16), 1536U, -5, 1ULL << 60U,
-      "quote\"d", "", Array(TType::kString, {"a", "b"}), Array(TType::kBoolean, {true, false}),
-      TCIMValue::Null(TType::kUInt16Array), TCIMDateTime(), TCIMValue::Null(TType::kDateTime)};
+  static const std::vector<TCIMValue> constants = {true,
+                                                   "a",
+                                                   "b",
+                                                   static_cast<unsigned short>(0),
+                                                   static_cast<unsigned short>(2),
+                                                   TCIMValue::Null(TType::kString),
+                                                   TCIMValue::Null(TType::kUInt16),
+                                                   TCIMValue(),
+                                                   false,
+                                                   TCIMValue::Null(TType::kBoolean),
+                                                   static_cast<unsigned char>(16),
+                                                   1536U,
+                                                   -5,
+                                                   1ULL << 60U,
+                                                   "quote\"d",
+                                                   "",
+                                                   Array(TType::kString, {"a", "b"}),
+                                                   Array(TType::kBoolean, {true, false}),
+                                                   TCIMValue::Null(TType::kUInt16Array),
+                                                   TCIMDateTime(),
+                                                   TCIMValue::Null(TType::kDateTime)};
   return constants;
 }
 constexpr int kConstants = 21;  ///< of a hundred; then null references, then references
@@ -104,7 +119,7 @@ std::string ToText(const TStep& s) {
       {'E', std::string(1, "cdmp"[s.b % 4]) + std::to_string(s.a)},
       {'1', maybe(kClasses, s.name)},
       {'2', maybe(kProperties, s.value)},
-      {'3', quoted(kClasses[s.a])},
+      {'3', quoted(kClasses[s.a * s.a / 8])},
       {'4', maybe(kProperties, s.flag)}};
   std::string text;
   for (const char* at = kOperations[s.operation].pattern; *at != 0; ++at) {
@@ -189,13 +204,13 @@ class TGenerator {
 
   /// The last three registers are for associations.
   void DefineClass(int c) {
-    Add(kClass, c, Draw(c + 1), Draw(2) == 0 ? c : Draw(14), 0, Draw(6));
+    Add(kClass, c, Draw(2) * Draw(c + 1), Draw(4) == 0 ? Draw(15) : c, 0, c < 5 ? 1 : Draw(6));
     if (Draw(6) == 0) Add(kAttach, c, 0, 0, 0, 3);
     AddProperty(c, 0, 1, true);
     if (c >= 5) {
       Add(kAttach, c, 0, 0, 0, 2);
-      AddProperty(c, 1, kConstants + 32 * Draw(5), Draw(2) == 0);
-      AddProperty(c, 2, kConstants + 32 * Draw(5), Draw(2) == 0);
+      AddProperty(c, 1, kConstants + 32 * Draw(2) * Draw(5), Draw(2) == 0);
+      AddProperty(c, 2, kConstants + 32 * Draw(2) * Draw(5), Draw(2) == 0);
     }
     Add(kMethod, c, 0, Draw(4), 0, Draw(2));
     if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
@@ -205,11 +220,15 @@ class TGenerator {
 
   /// The last three registers are for instances of associations.
   void PutInstance(int i) {
+    const int near = Draw(5);
     Add(kInstance, i < 5 ? Draw(5) : 5 + Draw(3), i, 0, 0, 0);
     Add(kSet, 0, i, 0, 1 + Draw(2), 0);
-    if (i >= 5) Add(kSet, 0, i, 1, 24 + Draw(8) + 32 * Draw(5), 0);
+    if (i >= 5) Add(kSet, 0, i, 1, 24 + Draw(8) + 32 * near, 0);
     if (i >= 5) Add(kSet, 0, i, 2, 24 + Draw(8) + 32 * Draw(5), 0);
     Add(kAddInstance, 0, i, 0, 0, 0);
+    if (i < 5) return;
+    Add(kReferences, 0, near, Draw(32), Draw(2) * Draw(16), Draw(8));
+    Add(kAssociators, Draw(8), near, Draw(2) * Draw(32), Draw(2) * Draw(16), Draw(32));
   }
 
   std::mt19937 random_;

@@ -4,13 +4,10 @@
 
 namespace NZELVYR20 {
 
-inline const TPool kClasses = {"CIM_Foo",  "CIM_Bar",
-                               "CIM_Qux",  "Baz",
-                               "cim_foo",  "ZELSG_PhysicalNetworkPort",
-                               "CIM_Link", "Link2",
-                               "BAZ",      "",
-                               "1bad",     "<root>",
-                               "<ROOT>",   "zelsg_physicalnetworkport"};
+inline const TPool kClasses = {
+    "CIM_Foo", "CIM_Bar", "CIM_Qux", "Baz",     "ZELSG_PhysicalNetworkPort",
+    "CIM_L",   "CIM_M",   "CIM_N",   "cim_foo", "BAZ",
+    "",        "1bad",    "<root>",  "<ROOT>",  "zelsg_physicalnetworkport"};
 inline const TPool kProperties = {"Name",
                                   "Antecedent",
                                   "Dependent",
@@ -80,7 +77,9 @@ enum : int {
   kSet,
   kAddInstance,
   kMethod,
-  kAddMethod
+  kAddMethod,
+  kReferences,
+  kAssociators
 };
 
 inline const TOperation kOperations[] = {
@@ -103,7 +102,8 @@ inline const TOperation kOperations[] = {
     {4, "d@b = c@a.AllocatePropertyDecl(@P, @V)",
      [](auto& w) { w.d[w.s.b] = w.C()->AllocatePropertyDecl(w.In(kProperties), w.value, {}); }},
     {6, "d@b.AddToClass()", [](auto& w) { w.D()->AddToClass({}); }},
-    {2, "i@b = c@a.AllocateInstance()", [](auto& w) { w.i[w.s.b] = w.C()->AllocateInstance({}); }},
+    {2, "i@b = c@a.AllocateInstance()",
+     [](auto& w) { w.out << w.Text(w.i[w.s.b] = w.C()->AllocateInstance({})); }},
     {8, "i@b.SetPropertyValue(@P, @V)",
      [](auto& w) { w.I()->SetPropertyValue(w.In(kProperties), w.value, {}); }},
     {4, "i@b.AddToNamespace()", [](auto& w) { w.I()->AddToNamespace({}); }},
@@ -114,6 +114,21 @@ inline const TOperation kOperations[] = {
        w.kept.push_back(w.M());
      }},
     {4, "m@b.AddToClass()", [](auto& w) { w.M()->AddToClass({}); }},
+    {6, "i@b.EnumerateAssociationInstances(@1, @2; conduct @F)",
+     [](auto& w) {
+       w.List(false, [&](auto& take) {
+         w.I()->EnumerateAssociationInstances(take, w.Maybe(kClasses, w.s.name),
+                                              w.Maybe(kProperties, w.s.value), {});
+       });
+     }},
+    {9, "i@b.EnumerateAssociatedInstances(@1, @3, @2, @4; conduct @F)",
+     [](auto& w) {
+       w.List(false, [&](auto& take) {
+         w.I()->EnumerateAssociatedInstances(
+             take, w.Maybe(kClasses, w.s.name), kClasses[w.s.a * w.s.a / 8],
+             w.Maybe(kProperties, w.s.value), w.Maybe(kProperties, w.s.flag), {});
+       });
+     }},
     {1, "c@a.RemoveFromNamespace()", [](auto& w) { w.C()->RemoveFromNamespace({}); }},
     {1, "c@a = ns.GetClass(@C)",
      [](auto& w) { w.out << w.Text(w.c[w.s.a] = w.space->GetClass(w.In(kClasses), {})); }},
@@ -215,21 +230,6 @@ inline const TOperation kOperations[] = {
        w.List(false, [&](auto& take) {
          w.C()->EnumerateAssociationClasses(take, w.Maybe(kClasses, w.s.name),
                                             w.Maybe(kProperties, w.s.value), {});
-       });
-     }},
-    {6, "i@b.EnumerateAssociationInstances(@1, @2; conduct @F)",
-     [](auto& w) {
-       w.List(false, [&](auto& take) {
-         w.I()->EnumerateAssociationInstances(take, w.Maybe(kClasses, w.s.name),
-                                              w.Maybe(kProperties, w.s.value), {});
-       });
-     }},
-    {9, "i@b.EnumerateAssociatedInstances(@1, @3, @2, @4; conduct @F)",
-     [](auto& w) {
-       w.List(false, [&](auto& take) {
-         w.I()->EnumerateAssociatedInstances(take, w.Maybe(kClasses, w.s.name), kClasses[w.s.a],
-                                             w.Maybe(kProperties, w.s.value),
-                                             w.Maybe(kProperties, w.s.flag), {});
        });
      }},
     {5, "show c@a", [](auto& w) { w.ShowClass(); }},

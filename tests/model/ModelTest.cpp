@@ -184,7 +184,8 @@ class TGenerator {
       if (recipe > 0 && recipe < 4) PutInstance(Draw(8));
       const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
       const int name = Draw(3) == 0 ? Draw(1000) : Draw(6);
-      if (recipe >= 4) Add(operation, Draw(8), Draw(8), name, Draw(512), Draw(32));
+      if (recipe >= 4)
+        Add(operation, Draw(8), Draw(8), name, Draw(3) == 0 ? 0 : Draw(512), Draw(32));
     }
     return script_;
   }
@@ -198,19 +199,20 @@ class TGenerator {
   void AddProperty(int c, int name, int value, bool isKey) {
     Add(kProperty, c, 0, name, value, 0);
     if (isKey) Add(kAttach, 0, 1, 0, 0, 0);
-    if (Draw(3) == 0) Add(kAttach, 0, 1, 0, Draw(kConstants), Draw(8));
+    if (Draw(3) == 0) Add(kAttach, 0, 1, 0, Draw(kConstants), Draw(6) == 0 ? 1 : 4 + Draw(4));
     Add(kAddProperty, c, 0, 0, 0, 0);
   }
 
   /// The last three registers are for associations.
   void DefineClass(int c) {
-    Add(kClass, c, Draw(2) * Draw(c + 1), Draw(4) == 0 ? Draw(15) : c, 0, c < 5 ? 1 : Draw(6));
+    Add(kClass, c, (Draw(4) == 0 ? Draw(c + 1) : 0), Draw(4) == 0 ? Draw(15) : c, 0,
+        c < 5 ? 1 : Draw(6));
     if (Draw(6) == 0) Add(kAttach, c, 0, 0, 0, 3);
     AddProperty(c, 0, 1, true);
     if (c >= 5) {
       Add(kAttach, c, 0, 0, 0, 2);
-      AddProperty(c, 1, kConstants + 32 * Draw(2) * Draw(5), Draw(2) == 0);
-      AddProperty(c, 2, kConstants + 32 * Draw(2) * Draw(5), Draw(2) == 0);
+      AddProperty(c, 1, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
+      AddProperty(c, 2, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
     }
     Add(kMethod, c, 0, Draw(4), 0, Draw(2));
     if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
@@ -289,14 +291,14 @@ class ModelTest : public testing::Test {
 };
 
 TEST_F(ModelTest, PluginDoesWhatTheModelDoes) {
-  const unsigned steps = Setting("MODEL_STEPS", 3000);
+  const unsigned steps = Setting("MODEL_STEPS", 2000);
   const auto end = TClock::now() + std::chrono::seconds(Setting("MODEL_SECONDS", 0));
   unsigned seed = Setting("MODEL_FIRST_SEED", 1);
   unsigned done = 0;
   do {
     Check(seed++, steps);
     ++done;
-  } while (!HasFailure() && (done < Setting("MODEL_SEEDS", 8) || TClock::now() < end));
+  } while (!HasFailure() && (done < Setting("MODEL_SEEDS", 40) || TClock::now() < end));
   std::cout << done << " seeds to " << seed - 1 << ", " << done * steps << " steps\n";
 }
 

@@ -116,7 +116,7 @@ std::string ToText(const TStep& s) {
       {'P', in(kProperties)},
       {'M', in(kMethods)},
       {'Q', in(kQualifiers)},
-      {'E', std::string(1, "cdmp"[s.b % 4]) + std::to_string(s.a)},
+      {'E', std::string(1, "cdm"[s.b % 3]) + std::to_string(s.a)},
       {'1', maybe(kClasses, s.name)},
       {'2', maybe(kProperties, s.value)},
       {'3', quoted(kClasses[s.a * s.a / 8])},
@@ -205,8 +205,9 @@ class TGenerator {
 
   /// The last three registers are for associations.
   void DefineClass(int c) {
-    Add(kClass, c, (Draw(4) == 0 ? Draw(c + 1) : 0), Draw(4) == 0 ? Draw(15) : c, 0,
-        c < 5 ? 1 : Draw(6));
+    const int super = Draw(4) == 0 ? Draw(c + 1) : 0;
+    const int name = Draw(4) == 0 ? Draw(15) : c;
+    Add(kClass, c, super, name, 0, c < 5 ? 1 : Draw(6));
     if (Draw(6) == 0) Add(kAttach, c, 0, 0, 0, 3);
     AddProperty(c, 0, 1, true);
     if (c >= 5) {
@@ -217,7 +218,11 @@ class TGenerator {
     Add(kMethod, c, 0, Draw(4), 0, Draw(2));
     if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
     Add(kAddMethod, c, 0, 0, 0, 0);
+    // Only a class that was made before its namesake was added can take its place.
+    const int namesake = Draw(32);
+    if (namesake < 8) Add(kClass, namesake, super, name, 0, 1);
     Add(kAddClass, c, 0, 0, 0, 0);
+    if (namesake < 8 && Draw(2) == 0) Add(kAddClass, namesake, 0, 0, 0, 0);
   }
 
   /// The last three registers are for instances of associations.

@@ -150,7 +150,7 @@ struct TModelQualifier {
   }
 };
 
-enum class EModelKind { kClass, kProperty, kMethod, kParameter };
+enum class EModelKind { kClass, kProperty, kMethod };
 
 /// A class or a declaration: what has a name and qualifiers.
 struct TModelNamed {
@@ -161,7 +161,6 @@ struct TModelNamed {
   TTable<TModelQualifier> qualifiers;
 
   TText GetName(TAny) const { return name; }
-  bool IsOfMethod() const { return kind == EModelKind::kMethod || kind == EModelKind::kParameter; }
   TModelQualifier* AllocateQualifier(TModelQualifier* declared, const TCIMValue& value, TAny) {
     return AllocateQualifier(declared, value, declared->flavor, {});
   }
@@ -179,18 +178,17 @@ struct TModelNamed {
     qualifiers[Normalize(added->name)] = added;
   }
   TModelQualifier* GetQualifier(TText named, TAny) const {
-    const bool demands = kind == EModelKind::kProperty || kind == EModelKind::kMethod;
     TModelQualifier* found = Find(qualifiers, named);
-    return demands ? Demand(found) : found;
+    return kind == EModelKind::kClass ? found : Demand(found);
   }
   TModelQualifier* GetQualifier(TText named, bool& found, TAny) const {
-    if (IsOfMethod()) throw TVYRException(1);
+    if (kind == EModelKind::kMethod) throw TVYRException(1);
     TModelQualifier* qualifier = Find(qualifiers, named);
     found = qualifier != nullptr;
     return qualifier;
   }
   void EnumerateQualifiers(const TCall<TModelQualifier>& callback, TAny) const {
-    Walk(qualifiers, kind == EModelKind::kClass, IsOfMethod(), callback);
+    Walk(qualifiers, kind == EModelKind::kClass, kind == EModelKind::kMethod, callback);
   }
   bool IsSet(TText qualifier) const {
     TModelQualifier* found = Find(qualifiers, qualifier);
@@ -198,37 +196,18 @@ struct TModelNamed {
   }
 };
 
-/// The declaration of a property, of a method or of a parameter.
+/// The declaration of a property or of a method.
 struct TModelDecl : TModelNamed {
   TModelClass* owner;
-  TModelDecl* method;
-  TCIMValue value;  ///< of a property the default; of others a null of their type
-  TTable<TModelDecl> parameters = {};
+  TCIMValue value;  ///< of a property the default, of a method a null of its type
 
   TModelClass* GetClass(TAny) const { return owner; }
-  TModelDecl* GetMethodDecl(TAny) const { return method; }
   TType GetType(TAny) const { return value.GetType(); }
   TType GetReturnType(TAny) const { return value.GetType(); }
   bool IsArray(TAny) const { return kind == EModelKind::kProperty && value.IsArray(); }
   const TCIMValue& GetDefaultValue(TAny) const { return value; }
   void SetDefaultValue(const TCIMValue& given, TAny) { value = TCIMValue(given); }
   void AddToClass(TAny);
-  TModelDecl* AllocateParameterDecl(TText named, TType type, TAny) {
-    return space->New<TModelDecl>(TModelNamed{EModelKind::kParameter, space, named, {}}, owner,
-                                  this, TCIMValue::Null(type));
-  }
-  TModelDecl* GetParameterDecl(TText named, TAny) const { return Demand(Find(parameters, named)); }
-  void EnumerateParameterDecls(const TCall<TModelDecl>& callback, TAny) {
-    Walk(parameters, false, true, callback);
-  }
-  void AddToMethod(TAny) {
-    if (Find(method->parameters, name) != nullptr) {
-      LogModel(3, "Inmem: Attempt to add property " + name + " to method " + method->name +
-                      ": already exists");
-      throw TVYRException(16);
-    }
-    method->parameters[Normalize(name)] = this;
-  }
 };
 
 struct TModelClass : TModelNamed {
@@ -324,7 +303,7 @@ struct TModelClass : TModelNamed {
     return name == other->name || (!isLast && super->IsSubclassOf(other, {}));
   }
   void EnumerateSubClasses(const TCall<TModelClass>& callback, bool deep, TAny) {
-    for (TModelClass* subClass : std::vector<TModelClass*>(subClasses)) {
+    for (TModelClass* subClass : subClasses) {
       try {
         if (!callback(subClass)) return;
         if (deep) subClass->EnumerateSubClasses(callback, true, {});
@@ -338,7 +317,7 @@ struct TModelClass : TModelNamed {
     const TModelClass* filter = resultClass.empty() ? nullptr : space->GetClass(resultClass, {});
     for (TModelClass* at = this; at != nullptr && (at == this || !at->IsRootClass({}));
          at = at->super) {
-      for (TModelClass* association : std::vector<TModelClass*>(at->associations)) {
+      for (TModelClass* association : at->associations) {
         if (filter != nullptr && !association->IsSubclassOf(filter, {})) continue;
         if (at->IsReferredBy(*association, role) && !callback(association)) return;
       }
@@ -351,10 +330,10 @@ struct TModelClass : TModelNamed {
   }
   TModelDecl* AllocatePropertyDecl(TText given, const TCIMValue& value, TAny) {
     return space->New<TModelDecl>(TModelNamed{EModelKind::kProperty, space, given, {}}, this,
-                                  nullptr, value);
+                                  value);
   }
   TModelDecl* AllocateMethodDecl(TText given, TType type, TAny) {
-    return space->New<TModelDecl>(TModelNamed{EModelKind::kMethod, space, given, {}}, this, nullptr,
+    return space->New<TModelDecl>(TModelNamed{EModelKind::kMethod, space, given, {}}, this,
                                   TCIMValue::Null(type));
   }
   TModelDecl* GetPropertyDecl(TText given, TAny) const { return Demand(Find(properties, given)); }
@@ -364,9 +343,6 @@ struct TModelClass : TModelNamed {
   }
   void EnumerateMethodDecls(const TCall<TModelDecl>& callback, TAny) const {
     Walk(methods, true, false, callback);
-  }
-  TModelProperty* GetProperty(TText given, TAny) const {
-    return Demand(Find(TTable<TModelProperty>(), given));
   }
   TModelInstance* AllocateInstance(TAny);
   TModelInstance* GetInstance(const TCIMReference& path) const {
@@ -472,9 +448,6 @@ struct TModelProperty {
     }
     LogModel(3, why.str());
     throw TVYRException(14);
-  }
-  bool operator==(const TModelProperty& other) const {
-    return declaration == other.declaration && *value == other.GetValue({});
   }
   std::string ToString() const { return Show(GetValue({})); }
   std::string PrevValueToString() const { return Show(GetPrevValue()); }
@@ -626,7 +599,6 @@ struct TModelInstance {
     const auto path = static_cast<TCIMReference>(reference);
     return Demand(cimClass->space->GetClass(path.GetClassName(), {})->GetInstance(path));
   }
-  bool operator==(const TModelInstance& other) const { return cimClass == other.cimClass; }
 };
 
 inline void TModelDecl::AddToClass(TAny) {

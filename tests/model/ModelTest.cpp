@@ -315,10 +315,9 @@ TEST_F(ModelTest, ScriptReplays) {
     if (line.rfind('#') == std::string::npos) break;
     std::istringstream numbers(line.substr(line.rfind('#') + 1));
     TStep s{};
-    if (numbers >> s.operation >> s.a >> s.b >> s.name >> s.value >> s.flag)
-      script.push_back(s);
-    else
-      redefines = s.operation == 1;
+    const bool isStep = !!(numbers >> s.operation >> s.a >> s.b >> s.name >> s.value >> s.flag);
+    if (isStep) script.push_back(s);
+    if (!isStep) redefines = s.operation == 1;
   }
   EXPECT_FALSE(Compare(script, redefines)) << Report(script, redefines);
 }

@@ -102,7 +102,7 @@ struct TWorld {
       texts.push_back(Text(element));
       if (conduct == 5) throw TVYRException(15);
       if (conduct == 6) throw TVYRException(14);
-      if (conduct == 7) throw conduct;
+      if (conduct == 7) throw 7;
       return conduct < 4;
     };
     const auto print = [&] {

@@ -50,7 +50,8 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
   /// Takes the class out of its superclass's list and undoes the registration of an association.
   /// The namespace goes on finding it by name. Status 17 for a class that is not in the namespace,
   /// has subclasses, or is referred to by an association; nothing is then changed. Instances are
-  /// no obstacle.
+  /// no obstacle. Status 15 when an association's references were changed after it was added and
+  /// it is not registered where they point now; it has left its superclass by then.
   virtual void RemoveFromNamespace(TCIMContext context) = 0;
 
   /// Does nothing.

@@ -13,7 +13,9 @@ class VYR_EXPORT ICIMIndicationFilter {
  public:
   virtual ~ICIMIndicationFilter();
 
+  /// The text of the query.
   virtual const std::string& GetQuery(TCIMContext context) const = 0;
+  /// The name of the language in which the query is written.
   virtual const std::string& GetQueryLanguage(TCIMContext context) const = 0;
 };
 

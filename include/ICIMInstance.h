@@ -43,22 +43,24 @@ class VYR_EXPORT ICIMInstance : public ICIMElement {
   /// is no error. The instance lives on while somebody holds it.
   virtual void Delete(TCIMContext context) = 0;
 
-  /// The object path: the class and its key values, null ones included, without namespace.
+  /// The object path: the class and its key values, null ones included, without namespace. Status
+  /// 15 when the class declared a key after the instance was made.
   virtual TCIMReference GetReference(TCIMContext context) const = 0;
 
   /// GetReference() with the same context.
   virtual TCIMReference BuildPath(TCIMContext context) const;
 
+  /// The class from which it was made; never empty.
   virtual boost::shared_ptr<ICIMClass> GetClass(TCIMContext context) const = 0;
 
   /// Associators: calls back for the instance at the far end of each association instance that
-  /// refers to this one. `resultClass` is required: an empty or unknown name gives no results.
-  /// `assocClass` restricts the association's class; empty means any, unknown is status 15.
-  /// `role` names the property that counts as this instance's end, wherever that points;
-  /// `resultRole` names the far end's, which may be this instance itself, and leaves `role` without
-  /// effect. At most one instance for each association instance; the callback's result is ignored
-  /// and what it throws discarded. References that lead nowhere are skipped. A role that is no CIM
-  /// name is logged at level 0 and matches nothing.
+  /// refers to this one. `resultClass` is required: an empty or unknown name gives no results, one
+  /// that is no CIM name is status 25. `assocClass` restricts the association's class; empty means
+  /// any, unknown is status 15. `role` names the property that counts as this instance's end,
+  /// wherever that points; `resultRole` names the far end's, which may be this instance itself, and
+  /// leaves `role` without effect. At most one instance for each association instance; the
+  /// callback's result is ignored and what it throws discarded. References that lead nowhere are
+  /// skipped. A role that is no CIM name is logged at level 0 and matches nothing.
   virtual void EnumerateAssociatedInstances(const TCIMInstanceCallback& callback,
                                             const std::string& assocClass,
                                             const std::string& resultClass, const std::string& role,

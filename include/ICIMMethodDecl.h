@@ -37,6 +37,7 @@ class VYR_EXPORT ICIMMethodDecl : public ICIMNamedElement {
   /// The class that declared it; empty when that class is gone.
   virtual boost::shared_ptr<ICIMClass> GetClass(TCIMContext context) const = 0;
 
+  /// The type with which the method was allocated.
   virtual TCIMValue::TCIMType GetReturnType(TCIMContext context) const = 0;
 
   /// Makes a parameter of this method. It is not added: fill it, then call its AddToMethod.

@@ -34,6 +34,7 @@ class VYR_EXPORT ICIMNamespace {
  public:
   virtual ~ICIMNamespace();
 
+  /// The provider that made the namespace.
   virtual boost::shared_ptr<INamespaceProvider> GetNamespaceProvider(TCIMContext context) = 0;
 
   /// Does nothing.

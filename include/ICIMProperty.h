@@ -20,6 +20,7 @@ class VYR_EXPORT ICIMProperty {
 
   /// The type that the declaration gives.
   virtual TCIMValue::TCIMType GetType(TCIMContext context) const = 0;
+  /// Whether that is an array type.
   virtual bool IsArray(TCIMContext context) const = 0;
 
   /// True as long as no value of its own was set.
@@ -62,11 +63,13 @@ class VYR_EXPORT ICIMProperty {
   virtual bool IsPrevValueDifferent() const = 0;
 
   /// The value as people read it, by the declaration's qualifiers: value maps, units and scaling.
-  /// A status other than 15 from a qualifier look-up passes.
+  /// A status other than 15 from a qualifier look-up passes; a null in a value map is status 14.
   virtual std::string ToString() const = 0;
   /// The same for the previous value.
   virtual std::string PrevValueToString() const = 0;
-  /// The same for each element of an array; one text for a scalar.
+  /// One text for each element of an array, by the same qualifiers; for a null array its text for
+  /// null, or nothing; a null element with a value map is status 14. A scalar gives one text,
+  /// without its value map.
   virtual std::vector<std::string> ToStringVector() const = 0;
 };
 

@@ -38,6 +38,7 @@ class VYR_EXPORT ICIMPropertyDecl : public ICIMNamedElement {
   /// The type of the default value. A reference declaration carries the class that it refers to
   /// in its default value (TCIMValue::GetReferencedClass).
   virtual TCIMValue::TCIMType GetType(TCIMContext context) const = 0;
+  /// Whether that is an array type.
   virtual bool IsArray(TCIMContext context) const = 0;
 
   /// Valid until the default is set again.

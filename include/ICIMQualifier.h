@@ -37,8 +37,10 @@ class VYR_EXPORT ICIMQualifier {
 
   /// The type of the value, which need not be that of the declaration.
   virtual TCIMValue::TCIMType GetType(TCIMContext context) const = 0;
+  /// Whether that is an array type.
   virtual bool IsArray(TCIMContext context) const = 0;
 
+  /// The declaration from which it was made.
   virtual boost::shared_ptr<const ICIMQualifierDecl> GetDeclaration(TCIMContext context) const = 0;
 
   /// Valid until the value is set again.
@@ -51,6 +53,7 @@ class VYR_EXPORT ICIMQualifier {
   virtual void SetFlavor(ICIMQualifierDecl::EFlavor flavor, TCIMContext context) = 0;
   /// Takes the given bits away.
   virtual void UnsetFlavor(ICIMQualifierDecl::EFlavor flavor, TCIMContext context) = 0;
+  /// The bits that are set.
   virtual ICIMQualifierDecl::EFlavor GetFlavor(TCIMContext context) const = 0;
 
   /// Compares the normalized names of the declarations and nothing else; a name that is no CIM

@@ -60,6 +60,7 @@ class VYR_EXPORT ICIMQualifierDecl {
 
   /// The type of the default value.
   virtual TCIMValue::TCIMType GetType(TCIMContext context) const = 0;
+  /// Whether that is an array type.
   virtual bool IsArray(TCIMContext context) const = 0;
 
   /// Valid until the default is set again.
@@ -68,12 +69,14 @@ class VYR_EXPORT ICIMQualifierDecl {
   /// Replaces the default, and with it the type.
   virtual void SetDefaultValue(const TCIMValue& value, TCIMContext context) = 0;
 
+  /// The scope with which it was allocated.
   virtual EScope GetScope(TCIMContext context) const = 0;
 
   /// Adds the given bits.
   virtual void SetFlavor(EFlavor flavor, TCIMContext context) = 0;
   /// Takes the given bits away.
   virtual void UnsetFlavor(EFlavor flavor, TCIMContext context) = 0;
+  /// The bits that are set.
   virtual EFlavor GetFlavor(TCIMContext context) const = 0;
 
   /// Compares normalized names and nothing else; a name that is no CIM name is status 25.
@@ -85,12 +88,14 @@ class VYR_EXPORT ICIMQualifierDecl {
   virtual ICIMQualifierDecl& operator=(const ICIMQualifierDecl& other) = 0;
 };
 
+/// The bits of both.
 constexpr ICIMQualifierDecl::EScope operator|(ICIMQualifierDecl::EScope left,
                                               ICIMQualifierDecl::EScope right) {
   return static_cast<ICIMQualifierDecl::EScope>(static_cast<unsigned>(left) |
                                                 static_cast<unsigned>(right));
 }
 
+/// The bits of both.
 constexpr ICIMQualifierDecl::EFlavor operator|(ICIMQualifierDecl::EFlavor left,
                                                ICIMQualifierDecl::EFlavor right) {
   return static_cast<ICIMQualifierDecl::EFlavor>(static_cast<unsigned>(left) |

@@ -13,6 +13,7 @@ class VYR_EXPORT IProvider {
  public:
   virtual ~IProvider();
 
+  /// The name that tells it from the others.
   virtual const std::string& GetName(TCIMContext context) const = 0;
 };
 

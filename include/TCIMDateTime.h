@@ -25,6 +25,7 @@ class VYR_EXPORT TCIMDateTime {
   void SetTimeStamp(int year, unsigned month, unsigned day, unsigned hours, unsigned minutes,
                     unsigned seconds, unsigned microseconds, int offsetMinutes);
 
+  /// False for a time stamp.
   bool IsInterval() const noexcept;
 
   /// The display text. An interval: "2 days 03:04:05" (in this form for any count), a time stamp:
@@ -41,11 +42,13 @@ class VYR_EXPORT TCIMDateTime {
   /// wrong and the column.
   static TCIMDateTime FromCIMString(const std::string& text);
 
+  /// @{
   /// Two date-times are equal when they are of one kind and denote the same moment or length.
   /// Intervals sort before time stamps, within a kind the shorter or earlier first.
   bool operator==(const TCIMDateTime& other) const noexcept;
   bool operator!=(const TCIMDateTime& other) const noexcept { return !(*this == other); }
   bool operator<(const TCIMDateTime& other) const noexcept;
+  /// @}
 
  private:
   std::pair<std::int64_t, std::int64_t> GetSecondsAndMicroseconds() const noexcept;

@@ -26,12 +26,14 @@ class VYR_EXPORT TCIMReference {
   /// namespace of its class. The context is not used.
   TCIMReference(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TCIMContext& context);
 
+  /// Makes the path one of this class; the keys stay as they are. Empty takes the class away.
   void SetClass(const boost::shared_ptr<ICIMClass>& cimClass);
 
   /// Adds a key, or replaces the value of one whose name differs at most in letter case; that one
   /// keeps its place and spelling. A null value is a value too.
   void AddKeyValue(const std::string& name, const TCIMValue& value);
 
+  /// The class that was set; empty when none was.
   boost::shared_ptr<ICIMClass> GetClass() const;
 
   /// The name as the class reports it; empty without a class.
@@ -44,6 +46,8 @@ class VYR_EXPORT TCIMReference {
   /// class name stands alone. No namespace takes part. A name that is no CIM name is quoted, too.
   /// Types take no part: a key has the type that its class declares. Among values of one type (and
   /// between null, numbers, booleans and strings) different keys never give the same text.
+  /// A reference key whose own path is longer than 8 MiB throws std::length_error: each further
+  /// level would double it.
   /// The text stays valid until the path changes; the first call makes it, so that a path shared
   /// between threads needs a lock even for reading.
   const std::string& GetPath() const;

@@ -25,6 +25,7 @@ class VYR_EXPORT TCIMValue {
   /// contract; the type of an array is kArray + the type of its elements.
   class VYR_EXPORT TCIMType {
    public:
+    /// Scalars, and the arrays that have a name; ArrayOf() makes the others.
     enum ECIMType : std::uint8_t {
       kNone = 0,
       kBoolean = 1,
@@ -52,6 +53,7 @@ class VYR_EXPORT TCIMValue {
       kReferenceArray = kArray + kReference,
     };
 
+    /// The type of that number.
     TCIMType(ECIMType type = kNone) noexcept : type_(type) {}
 
     /// The type of an array whose elements are of the scalar type `element`.
@@ -59,8 +61,10 @@ class VYR_EXPORT TCIMValue {
       return static_cast<ECIMType>(kArray + element);
     }
 
+    /// The number.
     operator ECIMType() const noexcept { return type_; }
 
+    /// Whether the type is that of an array.
     bool IsArray() const noexcept { return type_ >= kArray; }
 
     /// The scalar type itself, or that of an array's elements.
@@ -75,6 +79,9 @@ class VYR_EXPORT TCIMValue {
   /// Null, of type none.
   TCIMValue() noexcept;
 
+  /// @{
+  /// A value of the CIM type that corresponds; `long` becomes the CIM type of its size on this
+  /// machine.
   TCIMValue(bool value) noexcept;
   TCIMValue(unsigned char value) noexcept;
   TCIMValue(signed char value) noexcept;
@@ -82,7 +89,6 @@ class VYR_EXPORT TCIMValue {
   TCIMValue(short value) noexcept;
   TCIMValue(unsigned int value) noexcept;
   TCIMValue(int value) noexcept;
-  /// `long` becomes the CIM type of its size on this machine.
   TCIMValue(unsigned long value) noexcept;
   TCIMValue(long value) noexcept;
   TCIMValue(unsigned long long value) noexcept;
@@ -91,10 +97,12 @@ class VYR_EXPORT TCIMValue {
   TCIMValue(double value) noexcept;
   TCIMValue(char16_t value) noexcept;
   TCIMValue(const std::string& value);
+  TCIMValue(const TCIMDateTime& value);
+  /// @}
+
   /// A string; a null pointer gives a null string. Without this a text literal would become a
   /// boolean.
   TCIMValue(const char* value);
-  TCIMValue(const TCIMDateTime& value);
 
   /// A reference to the element that the path names; its referenced class is the path's class.
   TCIMValue(const TCIMReference& path);
@@ -110,10 +118,13 @@ class VYR_EXPORT TCIMValue {
   template <class TAny>
   TCIMValue(const TAny*) = delete;
 
+  /// @{
+  /// A copy owns content of its own. What was moved from is a null.
   TCIMValue(const TCIMValue& other);
   TCIMValue(TCIMValue&& other) noexcept;
   TCIMValue& operator=(const TCIMValue& other);
   TCIMValue& operator=(TCIMValue&& other) noexcept;
+  /// @}
   ~TCIMValue();
 
   /// A null of the given type, scalar or array.
@@ -127,7 +138,9 @@ class VYR_EXPORT TCIMValue {
   /// another type throws status 14.
   static TCIMValue Array(TCIMType elementType, std::vector<TCIMValue> elements);
 
+  /// The type, also of a null.
   TCIMType GetType() const noexcept;
+  /// Whether there is no content.
   bool IsNull() const noexcept;
   /// True for the array types, null or not.
   bool IsArray() const noexcept;
@@ -139,6 +152,7 @@ class VYR_EXPORT TCIMValue {
   /// path resolves to.
   boost::shared_ptr<ICIMClass> GetReferencedClass() const;
 
+  /// @{
   /// Conversions accept the very type only. Another type, or a null, throws status 14, except that
   /// a null reference with a class converts to a path with that class and no keys.
   explicit operator bool() const;
@@ -158,15 +172,23 @@ class VYR_EXPORT TCIMValue {
   explicit operator std::string() const;
   explicit operator TCIMDateTime() const;
   explicit operator TCIMReference() const;
-  /// The elements of an array, in place. The caller keeps the elements' type as it is.
+  /// @}
+
+  /// @{
+  /// The elements of an array, in place. The caller keeps the elements' type as it is. A scalar or
+  /// a null throws status 14.
   explicit operator std::vector<TCIMValue>&();
   explicit operator const std::vector<TCIMValue>&() const;
+  /// @}
 
+  /// @{
   /// Same type, same nullness, same content; references compare by the text of their paths, and
   /// nulls of one type are equal. Zero equals negative zero, and every NaN equals every other, so
   /// that a value always equals its copy.
   bool operator==(const TCIMValue& other) const;
   bool operator!=(const TCIMValue& other) const { return !(*this == other); }
+  /// @}
+
   /// By type, then null first, then content; NaN comes behind every number.
   bool operator<(const TCIMValue& other) const;
 

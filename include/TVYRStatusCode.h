@@ -10,8 +10,9 @@ namespace NZELVYR20 {
 /// repository and the reference core raise.
 class VYR_EXPORT TVYRStatusCode {
  public:
+  /// The codes that have a name here; any other number is a code as well.
   enum ECode : int {
-    kSuccess = 0,
+    kSuccess = 0,                ///< never thrown
     kNotSupported = 1,           ///< the repository does not offer the operation
     kNoKeys = 7,                 ///< a concrete class has no key property
     kTypeMismatch = 14,          ///< a value, or an override, of the wrong type
@@ -24,8 +25,10 @@ class VYR_EXPORT TVYRStatusCode {
     kQualifierConflict = 28,            ///< another value is attached and may not be replaced
   };
 
+  /// Any number is taken as it is.
   TVYRStatusCode(int code = kSuccess) noexcept : code_(code) {}
 
+  /// The number.
   operator int() const noexcept { return code_; }
 
   /// A short sentence for people. Never null, also for codes that nobody defined; the text is

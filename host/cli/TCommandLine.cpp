@@ -9,13 +9,15 @@
 #include "TClassCommands.h"
 #include "TCommandError.h"
 #include "TInstanceCommands.h"
+#include "TMofArguments.h"
+#include "TMofCommands.h"
 
 namespace NZELVYR20 {
 namespace {
 
 using TNamespacePtr = boost::shared_ptr<ICIMNamespace>;
 
-constexpr auto kVersion = "vyrhost 1.0.0";
+constexpr auto kVersion = "vyrhost " VYR_VERSION;
 
 constexpr auto kFooter =
     "An object path is a class name with key values, as 'instances' prints it:\n"
@@ -32,6 +34,7 @@ struct TArguments {
   std::string name;
   bool isDeep = true;
   bool isTree = false;
+  bool isInherited = false;
   TInstanceCommands::EShow show = TInstanceCommands::EShow::kDisplay;
   TTraversal traversal;
 };
@@ -48,6 +51,7 @@ class TParser {
   void AddHostOptions();
   void AddInstanceCommands();
   void AddClassCommands();
+  void AddMofCommand();
   void AddAssociationCommands();
   void AddTraversalOptions(CLI::App& command, const std::string& resultClassHelp,
                            const std::string& roleHelp);
@@ -55,6 +59,7 @@ class TParser {
                        TCommand command);
 
   CLI::App* FindNamedCommand() const;
+  ENeeds GetNeeds() const;
   TInvocation Print(const std::string& text) const;
   std::string DescribeError(const CLI::ParseError& error) const;
   std::string HelpCommand() const;
@@ -83,6 +88,7 @@ TParser::TParser()
   app_.set_help_flag("-h,--help", "Print this help");
   app_.set_version_flag("--version", kVersion, "Print the version");
   AddHostOptions();
+  TMofArguments::AddTo(app_, options_);
   AddInstanceCommands();
   AddClassCommands();
   AddAssociationCommands();
@@ -98,7 +104,8 @@ void TParser::AddHostOptions() {
   app_.add_option("--log-level", options_.logLevel,
                   "The highest level of log messages to print (default: 3; -1 for none)")
       ->type_name("N");
-  app_.add_flag("--quiet", options_.isQuiet, "Do not report what could not be read");
+  app_.add_flag("--quiet", options_.isQuiet,
+                "Do not report what could not be read; of MOF, report errors only");
 }
 
 CLI::App* TParser::AddCommand(const std::string& name, const std::string& help, ENeeds needs,
@@ -153,6 +160,17 @@ void TParser::AddClassCommands() {
                                     return TClassCommands(nameSpace).Describe(given.name);
                                   });
   describe->add_option("CLASS", arguments_.name, "The class")->required()->type_name("");
+  AddMofCommand();
+}
+
+void TParser::AddMofCommand() {
+  CLI::App* mof = AddCommand("mof", "Print one class, or everything, as MOF", ENeeds::kInstances,
+                             [](const TNamespacePtr& nameSpace, const TArguments& given) {
+                               return TMofCommands(nameSpace).Write(given.name, given.isInherited);
+                             });
+  CLI::Option* name = mof->add_option("CLASS", arguments_.name, "This class only")->type_name("");
+  mof->add_flag("--inherited", arguments_.isInherited, "With what the class inherited")
+      ->needs(name);
 }
 
 void TParser::AddAssociationCommands() {
@@ -202,10 +220,15 @@ TInvocation TParser::Parse(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw TUsageError(DescribeError(error), HelpCommand());
   }
-  return {options_, needs_,
+  return {options_, GetNeeds(),
           [command = command_, arguments = arguments_](const TNamespacePtr& nameSpace) {
             return command(nameSpace, arguments);
           }};
+}
+
+/// One class can be written without instances, everything cannot.
+ENeeds TParser::GetNeeds() const {
+  return app_.got_subcommand("mof") && !arguments_.name.empty() ? ENeeds::kSchema : needs_;
 }
 
 TInvocation TParser::Print(const std::string& text) const {

@@ -4,8 +4,10 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ICIMNamespace.h"
+#include "TMofOptions.h"
 
 namespace NZELVYR20 {
 
@@ -15,6 +17,9 @@ struct THostOptions {
   std::string root = "/";
   std::optional<int> logLevel;  ///< none: the logger's own threshold
   bool isQuiet = false;
+  bool isEmpty = false;               ///< neither the program's schema nor the machine's data
+  std::vector<std::string> mofFiles;  ///< files and folders of the user's own
+  TMofOptions mofOptions;
 };
 
 /// How much of the repository a command needs; each step includes the ones before.

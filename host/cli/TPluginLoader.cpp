@@ -9,6 +9,7 @@
 
 #include "INamespaceProviderManager.h"
 #include "TCommandError.h"
+#include "TProgramFolder.h"
 #include "TRootObject.h"
 
 namespace NZELVYR20 {
@@ -17,20 +18,15 @@ namespace {
 const std::string kPluginName = "libinmem.nsp.so";
 const std::string kProviderName = "inmem";
 
-/// With a slash in it dlopen takes a name for a file, else it searches the library path.
-std::string FileOrLibraryName(const std::filesystem::path& file, const std::string& libraryName) {
-  std::error_code ignored;
-  return std::filesystem::exists(file, ignored) ? file.string() : libraryName;
-}
-
 std::string FindDefaultPlugin() {
-  std::error_code ignored;
-  const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  return FileOrLibraryName(program.parent_path() / kPluginName, kPluginName);
+  return TProgramFolder::Find({kPluginName, "../lib/vyr/" + kPluginName}).value_or(kPluginName);
 }
 
+/// With a slash in it dlopen takes a name for a file, else it searches the library path.
 std::string FindPlugin(const std::string& path) {
-  return FileOrLibraryName(path.find('/') == std::string::npos ? "./" + path : path, path);
+  const std::string file = path.find('/') == std::string::npos ? "./" + path : path;
+  std::error_code ignored;
+  return std::filesystem::exists(file, ignored) ? file : path;
 }
 
 void Load(const std::string& plugin) {

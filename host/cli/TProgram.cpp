@@ -9,6 +9,7 @@
 #include "TCommandLine.h"
 #include "TInvocation.h"
 #include "TMachineCollector.h"
+#include "TMofInput.h"
 #include "TRepository.h"
 #include "TRootObject.h"
 #include "TStandardStreams.h"
@@ -34,6 +35,12 @@ int Finish(const std::string& output, const std::vector<TCollectorNote>& notes) 
   return 0;
 }
 
+/// Instances of the user's own may refer to the machine's.
+bool NeedsMachine(const TInvocation& invocation) {
+  const THostOptions& options = invocation.options;
+  return !options.isEmpty && (invocation.needs == ENeeds::kInstances || !options.mofFiles.empty());
+}
+
 int Execute(const TInvocation& invocation) {
   if (invocation.needs == ENeeds::kNothing) {
     return Finish(invocation.command({}), {});
@@ -42,12 +49,14 @@ int Execute(const TInvocation& invocation) {
     TRootObject::SetLogThreshold(*invocation.options.logLevel);
   }
   TRepository repository(invocation.options);
-  if (invocation.needs == ENeeds::kInstances) {
+  if (NeedsMachine(invocation)) {
     repository.Collect();
   }
+  const bool isWhole = TMofInput::LoadFiles(repository.GetNamespace(), invocation.options);
   const std::string output = invocation.command(repository.GetNamespace());
-  return Finish(output,
-                invocation.options.isQuiet ? std::vector<TCollectorNote>() : repository.GetNotes());
+  const int status = Finish(
+      output, invocation.options.isQuiet ? std::vector<TCollectorNote>() : repository.GetNotes());
+  return isWhole ? status : 1;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "INamespaceProvider.h"
 #include "TCommandError.h"
+#include "TMofInput.h"
 #include "TPluginLoader.h"
 #include "TVYRException.h"
 
@@ -24,12 +25,12 @@ std::string CheckRoot(const std::string& root) {
 
 }  // namespace
 
-TRepository::TRepository(const THostOptions& options) try
+TRepository::TRepository(const THostOptions& options)
     : collector_(CheckRoot(options.root)),
       namespace_(TPluginLoader::LoadProvider(options.plugin)->AllocateNamespace({}, false)) {
-  TMachineCollector::DefineSchema(namespace_);
-} catch (const TVYRException& error) {
-  throw TCommandError(std::string("cannot define the schema: ") + error.what());
+  if (!options.isEmpty) {
+    TMofInput::LoadSchema(namespace_);
+  }
 }
 
 void TRepository::Collect() {

@@ -12,7 +12,7 @@ namespace NZELVYR20 {
 /// A namespace of the plug-in with the schema in it and, on demand, the machine's instances.
 class TRepository {
  public:
-  /// Loads the plug-in and defines the schema. Throws TCommandError.
+  /// Loads the plug-in and, unless the namespace is to be empty, the schema. Throws TCommandError.
   explicit TRepository(const THostOptions& options);
 
   /// Reads the machine; what could not be read is in the notes. Throws TCommandError.

@@ -40,4 +40,15 @@ void TStandardStreams::WriteErrorLine(const std::string& line) {
   WriteAll(STDERR_FILENO, TText::OneLine(line) + "\n");
 }
 
+void TStandardStreams::WriteErrorLines(const std::string& lines) {
+  WriteAll(STDERR_FILENO, TText::Printable(lines) + "\n");
+}
+
+bool TStandardStreams::IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+void TStandardStreams::RewriteErrorLine(const std::string& line) {
+  static const std::string kClearToEnd = "\033[K";
+  WriteAll(STDERR_FILENO, "\r" + TText::OneLine(line) + kClearToEnd);
+}
+
 }  // namespace NZELVYR20

@@ -15,6 +15,12 @@ class TStandardStreams {
 
   /// Writes one line, and adds the line end. Failures have nowhere to go and are dropped.
   static void WriteErrorLine(const std::string& line);
+  /// The same for a text of several lines, in which tabs stay what they are.
+  static void WriteErrorLines(const std::string& lines);
+
+  static bool IsErrorTerminal();
+  /// Writes over the line on which a terminal's cursor stands.
+  static void RewriteErrorLine(const std::string& line);
 };
 
 }  // namespace NZELVYR20

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace NZELVYR20 {
@@ -21,16 +22,22 @@ std::string Escape(unsigned char character) {
   }
 }
 
-}  // namespace
-
-std::string TText::OneLine(const std::string& text) {
-  std::string line;
+/// The control characters in `kept` stay.
+std::string EscapeControls(const std::string& text, std::string_view kept) {
+  std::string escaped;
   for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
-    line += IsControl(byte) ? Escape(byte) : std::string(1, character);
+    const bool stays = !IsControl(byte) || kept.find(character) != std::string_view::npos;
+    escaped += stays ? std::string(1, character) : Escape(byte);
   }
-  return line;
+  return escaped;
 }
+
+}  // namespace
+
+std::string TText::OneLine(const std::string& text) { return EscapeControls(text, ""); }
+
+std::string TText::Printable(const std::string& text) { return EscapeControls(text, "\n\t"); }
 
 std::vector<std::string> TText::Wrap(const std::string& text, std::size_t width) {
   std::vector<std::string> lines;

@@ -14,6 +14,8 @@ class TText {
   /// The text with control characters written as \n, \t or \xNN: whatever a machine's files or a
   /// user's arguments contain, it stays one line and drives no terminal.
   static std::string OneLine(const std::string& text);
+  /// The same, but line ends and tabs stay what they are.
+  static std::string Printable(const std::string& text);
 
   /// The text in lines of at most `width` bytes, broken behind blanks and commas. A longer stretch
   /// without either stays whole.

@@ -4,21 +4,10 @@
 
 #include "CollectAreas.h"
 #include "TCollection.h"
-#include "TSchemaBuilder.h"
 
 namespace NZELVYR20 {
 
 TMachineCollector::TMachineCollector(std::string root) : root_(std::move(root)) {}
-
-void TMachineCollector::DefineSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
-  const TSchemaBuilder builder(nameSpace);
-  builder.Declare(GetQualifierRows());
-  builder.Declare(GetSystemClassRows());
-  builder.Declare(GetDeviceClassRows());
-  builder.Declare(GetPciClassRows());
-  builder.Declare(GetStorageClassRows());
-  builder.Declare(GetAssociationClassRows());
-}
 
 std::vector<TCollectorNote> TMachineCollector::Collect(
     const boost::shared_ptr<ICIMNamespace>& nameSpace) const {

@@ -21,11 +21,8 @@ class TMachineCollector {
   /// `root` stands before every path that is read; "/" is this machine.
   explicit TMachineCollector(std::string root = "/");
 
-  /// Declares the qualifiers and classes that Collect() needs. Throws what the namespace throws.
-  static void DefineSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace);
-
-  /// Reads the machine and adds what it finds as instances. What cannot be read is no failure: it
-  /// becomes a note.
+  /// Reads the machine and adds what it finds as instances, of classes that the namespace has to
+  /// know (schema/vyr.mof). What cannot be read is no failure: it becomes a note.
   std::vector<TCollectorNote> Collect(const boost::shared_ptr<ICIMNamespace>& nameSpace) const;
 
  private:

@@ -1,6 +1,7 @@
 #include "PathText.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <vector>
 
 #include "TCIMDateTime.h"
@@ -17,9 +18,15 @@ std::string CharacterKeyText(const TCIMValue& value) {
   return QuoteText(value.ToString(10));
 }
 
+// Each level of references in references doubles the escapes of those inside.
+constexpr std::size_t kLongestInnerPath = std::size_t{8} * 1024 * 1024;
+
 std::string ReferenceKeyText(const TCIMValue& value, EPathForm form) {
   const auto path = static_cast<TCIMReference>(value);
-  return QuoteText(form == EPathForm::kCanonical ? path.GetPath() : path.ToString());
+  const std::string text = form == EPathForm::kCanonical ? path.GetPath() : path.ToString();
+  if (text.size() > kLongestInnerPath)
+    throw std::length_error("object path: references are nested too deeply");
+  return QuoteText(text);
 }
 
 // No class has a key of an array type, but a path can be given one.

@@ -5,7 +5,14 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 test_packages=("${run_packages[@]}" googletest)
-lint_packages=("${test_packages[@]}" clang-format clang-tidy)
+fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
+lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
+  cppcheck)
+docs_packages=("${run_packages[@]}" doxygen mandoc)
+slots_packages=(g++ libboost-dev)
+abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
+memcheck_packages=("${test_packages[@]}" valgrind)
+package_packages=("${run_packages[@]}" dpkg-dev file)
 
 fail() {
   echo "$(basename "$0"): $*" >&2
@@ -42,5 +49,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host tests -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host examples tests fuzz soak -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

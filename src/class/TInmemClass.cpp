@@ -1,11 +1,37 @@
 #include "TInmemClass.h"
 
+#include <utility>
+
 #include "Failures.h"
 #include "InMemory.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
 
 namespace NZELVYR20 {
+
+/// An association's entry at a class to which it refers, made ahead where that class is one of this
+/// repository's.
+class TInmemClass::TRegistration {
+ public:
+  TRegistration(const boost::shared_ptr<ICIMClass>& target,
+                const boost::shared_ptr<TInmemClass>& association)
+      : target_(target), association_(association) {
+    entry_.Add(association.get(), association);
+  }
+
+  void Enter() {
+    if (const auto own = boost::dynamic_pointer_cast<TInmemClass>(target_)) {
+      own->associationClasses_.Insert(std::move(entry_));
+    } else {
+      target_->AddAssociationClass(association_);
+    }
+  }
+
+ private:
+  boost::shared_ptr<ICIMClass> target_;
+  boost::shared_ptr<TInmemClass> association_;
+  TAssociationClasses::TDraft entry_;
+};
 
 TInmemClass::TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace,
                          const std::string& name, const boost::shared_ptr<TInmemClass>& superClass)
@@ -16,13 +42,26 @@ TInmemClass::TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace,
 
 TInmemClass::~TInmemClass() = default;
 
+void TInmemClass::Delete(TInmemClass* cimClass) noexcept {
+  thread_local TInmemClass* waiting = nullptr;
+  thread_local bool isDeleting = false;
+  cimClass->nextToDelete_ = std::exchange(waiting, cimClass);
+  if (std::exchange(isDeleting, true)) return;
+  while (waiting) {
+    const TInmemClass* const next = waiting;
+    waiting = next->nextToDelete_;
+    delete next;
+  }
+  isDeleting = false;
+}
+
 void TInmemClass::Initialize() {
   if (HangsUnderRoot()) return;
   const auto superClass = superClass_.lock();
   propertyDecls_.Clear();
-  propertyDecls_.InsertMissing(superClass->propertyDecls_);
+  propertyDecls_.Insert(propertyDecls_.GetMissing(superClass->propertyDecls_));
   methodDecls_.Clear();
-  methodDecls_.InsertMissing(superClass->methodDecls_);
+  methodDecls_.Insert(methodDecls_.GetMissing(superClass->methodDecls_));
   qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(),
                       TInmemQualifierSet::EInherit::kAllButAbstract);
 }
@@ -30,10 +69,12 @@ void TInmemClass::Initialize() {
 void TInmemClass::PropagateFromSuperClass() {
   if (HangsUnderRoot()) return;
   const auto superClass = superClass_.lock();
-  propertyDecls_.InsertMissing(superClass->propertyDecls_);
-  methodDecls_.InsertMissing(superClass->methodDecls_);
+  auto properties = propertyDecls_.GetMissing(superClass->propertyDecls_);
+  auto methods = methodDecls_.GetMissing(superClass->methodDecls_);
   qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(),
                       TInmemQualifierSet::EInherit::kAll);
+  propertyDecls_.Insert(std::move(properties));
+  methodDecls_.Insert(std::move(methods));
 }
 
 /// A class that has no superclass, or has lost it, comes under the root class and inherits nothing
@@ -50,23 +91,34 @@ void TInmemClass::ReleaseLinks() {
   subClasses_.Clear();
   associationClasses_.Clear();
   declaredProperties_.reset();
+  ReleaseReferences();
   // A declaration of a superclass in a namespace that lives on is left as it is. All others may
   // have nobody else to undo them: the class that declared them may have lost them.
-  propertyDecls_.ForEach([](const std::string&, const TPropertyDeclPointer& declaration) {
+  const auto release = [](const std::string&, const auto& declaration) {
     const auto declaringClass = declaration->GetClass(TCIMContext());
     if (declaringClass && declaringClass->GetNamespace(TCIMContext())) return;
     declaration->ReleaseReferences();
-  });
+  };
+  propertyDecls_.ForEach(release);
+  methodDecls_.ForEach(release);
 }
 
+/// What needs memory is made before the class enters the namespace. A status that comes later, of a
+/// qualifier "ASSOCIATION" that is no boolean, leaves what was done before it.
 void TInmemClass::AddToNamespace(TCIMContext) {
   Validate(TCIMContext());
   const auto self = shared_from_this();
-  namespace_.lock()->AddClass(self);
-  superClass_.lock()->AddChildClass(self);
+  const auto superClass = superClass_.lock();
+  const auto nameSpace = namespace_.lock();
+  TSubClasses::TDraft listing;
+  listing.Add(superClass->nextSubClass_, self);
+  std::vector<TRegistration> registrations;
+  for (const auto& target : GetClassesToRegisterWith()) registrations.emplace_back(target, self);
+  nameSpace->AddClass(self);
+  superClass->List(std::move(listing), *self);
   isInNamespace_ = true;
   if (!IsAssociation(TCIMContext())) return;
-  for (const auto& target : GetClassesToRegisterWith()) target->AddAssociationClass(self);
+  for (TRegistration& registration : registrations) registration.Enter();
 }
 
 void TInmemClass::RemoveFromNamespace(TCIMContext) {
@@ -74,11 +126,12 @@ void TInmemClass::RemoveFromNamespace(TCIMContext) {
     throw Failure::CannotLeaveNamespace();
   }
   const auto self = shared_from_this();
+  const auto targets = GetClassesToRegisterWith();
   namespace_.lock()->RemoveClass(self);
   if (const auto superClass = superClass_.lock()) superClass->RemoveChildClass(self);
   isInNamespace_ = false;
   if (!IsAssociation(TCIMContext())) return;
-  for (const auto& target : GetClassesToRegisterWith()) target->RemoveAssociationClass(self);
+  for (const auto& target : targets) target->RemoveAssociationClass(self);
 }
 
 /// Where an association registers: with each class that one of its references points to, except as
@@ -139,12 +192,20 @@ bool TInmemClass::operator==(ICIMClass& other) const {
 bool TInmemClass::operator<(ICIMClass& other) const { return name_ < other.GetName(TCIMContext()); }
 
 void TInmemClass::AddChildClass(boost::shared_ptr<ICIMClass> subClass) {
+  const auto added = InMemory<TInmemClass>(subClass);
+  TSubClasses::TDraft listing;
+  listing.Add(nextSubClass_, added);
+  List(std::move(listing), *added);
+}
+
+/// Puts the subclass at the end, as `listing` has it.
+void TInmemClass::List(TSubClasses::TDraft listing, const TInmemClass& subClass) {
   const bool mayRedefine = namespace_.lock()->IsRedefinitionAllowed();
   const std::uint64_t position = nextSubClass_++;
-  subClasses_.Insert(position, InMemory<TInmemClass>(subClass));
+  subClasses_.Insert(std::move(listing));
   if (!mayRedefine) return;
   subClasses_.EraseFirst([&](std::uint64_t other, const TInmemClass& present) {
-    return other != position && present.name_ == subClass->GetName(TCIMContext());
+    return other != position && present.name_ == subClass.name_;
   });
 }
 
@@ -155,8 +216,9 @@ void TInmemClass::RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) {
 
 void TInmemClass::TakeOverSubClasses(const TInmemClass& replaced) {
   if (this == &replaced) return;
+  auto taken = TSubClasses().GetMissing(replaced.subClasses_);
   subClasses_.Clear();
-  subClasses_.InsertMissing(replaced.subClasses_);
+  subClasses_.Insert(std::move(taken));
   nextSubClass_ = replaced.nextSubClass_;
 }
 

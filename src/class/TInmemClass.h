@@ -33,6 +33,11 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   TInmemClass(const TInmemClass&) = delete;
   ~TInmemClass() override;
 
+  /// Deletes a class, as the deleter of the pointers that own it. Classes may hold one another in
+  /// chains of any length, which the stack must not follow: a class that goes because another is
+  /// being deleted waits until that one is gone.
+  static void Delete(TInmemClass* cimClass) noexcept;
+
   /// Takes over what the superclass passes down, in place of what is here.
   void Initialize();
 
@@ -52,8 +57,13 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   /// The present property declarations, shared by all who ask until one changes.
   boost::shared_ptr<const TDeclaredProperties> GetDeclaredProperties();
 
-  /// Lets go of instances, subclasses, associations and of what the defaults of its own
-  /// declarations refer to: its namespace goes, and these hold one another.
+  /// AddPropertyDecl; returns the declaration that then stands under the name, this one or another.
+  boost::shared_ptr<TInmemPropertyDecl> Declare(
+      const boost::shared_ptr<TInmemPropertyDecl>& declaration);
+
+  /// Lets go of instances, subclasses, associations and of what its qualifiers, and the defaults
+  /// and qualifiers of its own declarations, refer to: its namespace goes, and these hold one
+  /// another.
   void ReleaseLinks();
 
   void Validate(TCIMContext context) const override;
@@ -131,11 +141,20 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   using TMethodDeclPointer = boost::shared_ptr<TInmemMethodDecl>;
   /// Subclasses in order of addition.
   using TSubClasses = TOrderedTable<std::uint64_t, TInmemClass>;
+  using TAssociationClasses = TOrderedTable<const ICIMClass*, TInmemClass>;
+  class TRegistration;
+
+  /// Where a walk down the hierarchy goes from a class.
+  enum class EStep { kDown, kNext, kUp };
+  struct TLevel;
+  template <class TVisit>
+  void WalkDown(TVisit visit);
 
   bool HangsUnderRoot();
   bool IsReferenceSkipped(const TInmemPropertyDecl& reference,
                           const boost::shared_ptr<ICIMClass>& target) const;
   TClassList GetClassesToRegisterWith() const;
+  void List(TSubClasses::TDraft listing, const TInmemClass& subClass);
 
   bool IsPropertyDeclAccepted(const TInmemPropertyDecl& declaration, const std::string& key,
                               const TPropertyDeclPointer& existing) const;
@@ -158,12 +177,13 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   TNameTable<TInmemPropertyDecl> propertyDecls_;
   TSubClasses subClasses_;
   std::uint64_t nextSubClass_ = 0;
-  TOrderedTable<const ICIMClass*, TInmemClass> associationClasses_;
+  TAssociationClasses associationClasses_;
   TOrderedTable<std::string, TInmemInstance> instances_;  ///< by the text of their paths
   TNameTable<TInmemMethodDecl> methodDecls_;
   bool isInNamespace_ = false;
   boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< of the revision below
   std::uint64_t declaredRevision_ = 0;
+  TInmemClass* nextToDelete_ = nullptr;  ///< see Delete
 };
 
 }  // namespace NZELVYR20

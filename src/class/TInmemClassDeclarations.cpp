@@ -38,6 +38,11 @@ bool TInmemClass::IsDeclaredHere(const boost::shared_ptr<ICIMClass>& declaringCl
 }
 
 void TInmemClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
+  Declare(InMemory<TInmemPropertyDecl>(declaration));
+}
+
+boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
+    const boost::shared_ptr<TInmemPropertyDecl>& declaration) {
   const std::string& name = declaration->GetName(TCIMContext());
   if (declaration->GetType(TCIMContext()) == TCIMValue::TCIMType::kReference &&
       !IsAssociation(TCIMContext())) {
@@ -46,8 +51,10 @@ void TInmemClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaratio
     throw Failure::ReferenceOutsideAssociation();
   }
   const std::string key = TInmemNamespace::NormalizeName(name);
-  const auto added = InMemory<TInmemPropertyDecl>(declaration);
-  if (IsPropertyDeclAccepted(*added, key, propertyDecls_.Find(key))) propertyDecls_.Put(key, added);
+  const auto existing = propertyDecls_.Find(key);
+  if (!IsPropertyDeclAccepted(*declaration, key, existing)) return existing;
+  propertyDecls_.Put(key, declaration);
+  return declaration;
 }
 
 /// Whether the declaration goes in, in place of the existing one where there is one. A refusal is

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <forward_list>
+#include <unordered_set>
 
 #include "Failures.h"
 #include "TInmemClass.h"
@@ -26,24 +28,55 @@ bool TInmemClass::IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMCon
   return false;
 }
 
+/// One class on the way down, held, and what is left of its subclasses.
+struct TInmemClass::TLevel {
+  explicit TLevel(const boost::shared_ptr<TInmemClass>& parent)
+      : cimClass(parent), cursor(parent->subClasses_) {}
+
+  boost::shared_ptr<TInmemClass> cimClass;
+  TSubClasses::TCursor cursor;
+};
+
+/// Calls `visit` for every class below this one, each before its descendants and these before the
+/// next sibling. The way down lies on the heap: hierarchies may be deeper than the stack. A class
+/// that is on the way already is not entered again, since one that replaces its own ancestor takes
+/// that one's subclasses over.
+template <class TVisit>
+void TInmemClass::WalkDown(TVisit visit) {
+  std::forward_list<TLevel> way;
+  std::unordered_set<const TInmemClass*> onTheWay{this};
+  way.emplace_front(shared_from_this());
+  while (!way.empty()) {
+    const auto subClass = way.front().cursor.Next();
+    const EStep step = subClass ? visit(subClass) : EStep::kUp;
+    if (step == EStep::kUp) {
+      onTheWay.erase(way.front().cimClass.get());
+      way.pop_front();
+    } else if (step == EStep::kDown && !subClass->subClasses_.IsEmpty() &&
+               onTheWay.insert(subClass.get()).second) {
+      way.emplace_front(subClass);
+    }
+  }
+}
+
 void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool deep, TCIMContext) {
-  const auto visit = [&](const boost::shared_ptr<TInmemClass>& subClass) {
-    if (!callback(subClass)) return false;
-    if (deep) subClass->EnumerateSubClasses(callback, deep, TCIMContext());
-    return true;
-  };
-  Enumerate(shared_from_this(), subClasses_, kStopsAndDiscards, visit);
+  if (!deep) return Enumerate(shared_from_this(), subClasses_, kStopsAndDiscards, callback);
+  WalkDown([&](const boost::shared_ptr<TInmemClass>& subClass) {
+    bool isWanted = false;  // nor are a class's descendants when the callback throws
+    const auto call = [&] { return isWanted = callback(subClass); };
+    if (!CallBack(kStopsAndDiscards, call)) return EStep::kUp;
+    return isWanted ? EStep::kDown : EStep::kNext;
+  });
 }
 
 void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TCIMContext) {
   const auto self = shared_from_this();
   Enumerate(self, instances_, kVisitsAllAndDiscards, callback);
   if (!deep) return;
-  const auto visit = [&](const boost::shared_ptr<TInmemClass>& subClass) {
-    subClass->EnumerateInstances(callback, deep, TCIMContext());
-    return true;
-  };
-  Enumerate(self, subClasses_, kVisitsAllAndDiscards, visit);
+  WalkDown([&](const boost::shared_ptr<TInmemClass>& subClass) {
+    Enumerate(subClass, subClass->instances_, kVisitsAllAndDiscards, callback);
+    return EStep::kDown;
+  });
 }
 
 boost::shared_ptr<ICIMClass> TInmemClass::FindFilterClass(const std::string& name) const {

@@ -64,6 +64,20 @@ class TOrderedTable {
     TCursor* nextCursor_;
   };
 
+  /// Entries made ahead of a change: putting them in cannot fail, and so a change of several tables
+  /// fails before the first of them or not at all.
+  class TDraft {
+   public:
+    void Add(const TKey& key, const TPointer& element) {
+      entries_.emplace(key, TEntry{element, 0});
+    }
+
+   private:
+    friend class TOrderedTable;
+
+    TEntries entries_;
+  };
+
   TOrderedTable() = default;
   TOrderedTable(const TOrderedTable&) = delete;
   TOrderedTable& operator=(const TOrderedTable&) = delete;
@@ -126,9 +140,21 @@ class TOrderedTable {
     }
   }
 
-  /// Inserts what the other table has under keys that are free here.
-  void InsertMissing(const TOrderedTable& other) {
-    for (const auto& [key, entry] : other.entries_) Insert(key, entry.element);
+  /// Inserts what the draft has under keys that are free here.
+  void Insert(TDraft draft) noexcept {
+    if (draft.entries_.empty()) return;
+    ++revision_;
+    for (auto& made : draft.entries_) made.second.serial = revision_;
+    entries_.merge(draft.entries_);
+  }
+
+  /// What the other table has under keys that are free here.
+  TDraft GetMissing(const TOrderedTable& other) const {
+    TDraft missing;
+    for (const auto& [key, entry] : other.entries_) {
+      if (entries_.find(key) == entries_.end()) missing.Add(key, entry.element);
+    }
+    return missing;
   }
 
   /// Calls `visit(key, element)` for every entry. For the repository's own use: `visit` must not

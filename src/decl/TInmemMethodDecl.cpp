@@ -29,6 +29,14 @@ void TInmemMethodDecl::RemoveParameterDecl(
   if (!parameters_.Erase(key)) throw Failure::NotFound();
 }
 
+void TInmemMethodDecl::ReleaseReferences() {
+  TInmemDeclaration::ReleaseReferences();
+  parameters_.ForEach(
+      [](const std::string&, const boost::shared_ptr<TInmemParameterDecl>& parameter) {
+        parameter->ReleaseReferences();
+      });
+}
+
 boost::shared_ptr<ICIMQualifier> TInmemMethodDecl::GetQualifier(const std::string& name,
                                                                 TCIMContext) const {
   auto qualifier = qualifiers_.Find(name);

@@ -26,6 +26,9 @@ class TInmemMethodDecl : public TInmemDeclaration<ICIMMethodDecl, TInmemMethodDe
   /// Takes out the parameter of that name, whichever object it is; status 15 when there is none.
   void RemoveParameterDecl(const boost::shared_ptr<TInmemParameterDecl>& parameter);
 
+  /// Lets go of the classes that the qualifiers, its own and those of its parameters, hold.
+  void ReleaseReferences();
+
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
                                                 TCIMContext context) const override;
   void EnumerateQualifiers(const TCIMQualifierCallback& callback,

@@ -1,6 +1,7 @@
 #include "TInmemPropertyDecl.h"
 
 #include "Failures.h"
+#include "References.h"
 #include "TInmemClass.h"
 
 namespace NZELVYR20 {
@@ -30,10 +31,8 @@ boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetReferencedClass() const {
 }
 
 void TInmemPropertyDecl::ReleaseReferences() {
-  const TCIMValue::TCIMType::ECIMType type = defaultValue_.GetType();
-  if (type == TCIMValue::TCIMType::kReference || type == TCIMValue::TCIMType::kReferenceArray) {
-    defaultValue_ = TCIMValue();  // a host need not offer a null that keeps the type
-  }
+  TInmemDeclaration::ReleaseReferences();
+  NZELVYR20::ReleaseReferences(defaultValue_);
 }
 
 boost::shared_ptr<ICIMQualifier> TInmemPropertyDecl::GetQualifier(const std::string& name,

@@ -35,7 +35,7 @@ class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemProp
   /// no class.
   boost::shared_ptr<ICIMClass> GetReferencedClass() const;
 
-  /// Lets go of the classes that a default of references holds.
+  /// Lets go of the classes that the default and the qualifiers hold.
   void ReleaseReferences();
 
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,

@@ -164,11 +164,10 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& n
 boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(
     const std::string& declaredName, const TCIMValue& defaultValue) const {
   const auto cimClass = InMemory<TInmemClass>(class_);
-  cimClass->AddPropertyDecl(
-      boost::make_shared<TInmemPropertyDecl>(cimClass, declaredName, defaultValue));
-  const boost::shared_ptr<const ICIMPropertyDecl> declaration =
-      cimClass->GetPropertyDecl(declaredName, TCIMContext());
-  const auto derived = boost::make_shared<TDerivedProperty>(declaration);
+  const auto added = boost::make_shared<TInmemPropertyDecl>(cimClass, declaredName, defaultValue);
+  auto derived = boost::make_shared<TDerivedProperty>(added);  // before the class changes
+  const auto declared = cimClass->Declare(added);
+  if (declared != added) derived = boost::make_shared<TDerivedProperty>(declared);
   return boost::shared_ptr<ICIMProperty>(derived, &derived->property);
 }
 

@@ -98,8 +98,10 @@ boost::shared_ptr<ICIMClass> TInmemNamespace::AllocateClass(const std::string& n
     return present;
   }
   if (!superClass) superClass = rootClass_;
-  const boost::shared_ptr<TInmemClass> made(new TInmemClass(
-      shared_from_this(), name, boost::dynamic_pointer_cast<TInmemClass>(superClass)));
+  const boost::shared_ptr<TInmemClass> made(
+      new TInmemClass(shared_from_this(), name,
+                      boost::dynamic_pointer_cast<TInmemClass>(superClass)),
+      &TInmemClass::Delete);
   Track(made);
   made->Initialize();
   return made;

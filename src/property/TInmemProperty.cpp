@@ -69,6 +69,7 @@ void TInmemProperty::Check(const TCIMValue& value, const char* operation) const 
   const auto declaration = declaration_.lock();
   const TCIMValue::TCIMType type = declaration->GetType(TCIMContext());
   std::ostringstream message;
+  message.exceptions(std::ios::badbit);  // lack of memory must not pass for a shorter message
   if (type != value.GetType()) {
     message << operation << ": decl is type " << type << " but value is type " << value.GetType();
     FailTypeMismatch(message);

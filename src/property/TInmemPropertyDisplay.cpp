@@ -1,8 +1,6 @@
 #include <array>
 #include <cctype>
-#include <ios>
-#include <locale>
-#include <sstream>
+#include <charconv>
 
 #include "ICIMQualifier.h"
 #include "TCIMDateTime.h"
@@ -65,28 +63,17 @@ int SplitPrefix(std::string& unit) {
   return kUnscaled;
 }
 
-/// Groups thousands with a comma whatever locales the machine has.
-class TGroupedNumbers : public std::numpunct<char> {
-  char do_thousands_sep() const override { return ','; }
-  char do_decimal_point() const override { return '.'; }
-  std::string do_grouping() const override { return "\3"; }
-};
-
-const std::locale& GetGroupingLocale() {
-  static const std::locale locale(std::locale::classic(), new TGroupedNumbers);
-  return locale;
-}
-
+/// With one decimal unless that is 0, and thousands grouped by commas, whatever locales the machine
+/// has. No stream takes part: one with a locale of its own does not survive lack of memory.
 std::string FormatNumber(float number) {
-  std::ostringstream stream;
-  stream.imbue(GetGroupingLocale());
-  stream.precision(1);
-  stream << std::fixed << number;
-  std::string text = stream.str();
-  constexpr std::size_t kTail = 2;
-  if (text.size() > kTail && text.compare(text.size() - kTail, kTail, ".0") == 0) {
-    text.resize(text.size() - kTail);
-  }
+  std::array<char, 48> digits{};  // room for the 39 of the largest number
+  const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                     std::chars_format::fixed, 1);
+  std::string text(digits.data(), written.ptr);
+  std::size_t whole = text.size() - 2;
+  if (text.back() == '0') text.resize(whole);
+  constexpr std::size_t kGroup = 3;
+  for (; whole > kGroup; whole -= kGroup) text.insert(whole - kGroup, 1, ',');
   return text;
 }
 

@@ -37,6 +37,9 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
 
   const TInmemQualifierSet& GetQualifiers() const { return qualifiers_; }
 
+  /// Lets go of the classes that the qualifiers hold.
+  void ReleaseReferences() { qualifiers_.ReleaseReferences(); }
+
  protected:
   explicit TInmemQualifiedElement(TInmemQualifierSet::EMatch match) : qualifiers_(match) {}
   ~TInmemQualifiedElement() override = default;

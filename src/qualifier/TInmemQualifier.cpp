@@ -2,6 +2,8 @@
 
 #include "ICIMNamedElement.h"
 #include "NormalizedNames.h"
+#include "References.h"
+#include "TInmemQualifierDecl.h"
 
 namespace NZELVYR20 {
 
@@ -28,6 +30,12 @@ TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>
       propagated_(source->GetPropagated(TCIMContext())) {}
 
 TInmemQualifier::~TInmemQualifier() = default;
+
+void TInmemQualifier::ReleaseReferences() {
+  NZELVYR20::ReleaseReferences(value_);
+  const auto declaration = boost::dynamic_pointer_cast<const TInmemQualifierDecl>(declaration_);
+  if (declaration) boost::const_pointer_cast<TInmemQualifierDecl>(declaration)->ReleaseReferences();
+}
 
 void TInmemQualifier::AddToClassOrProperty(TCIMContext) const {
   const auto self = boost::const_pointer_cast<TInmemQualifier>(shared_from_this());

@@ -32,6 +32,10 @@ class TInmemQualifier : public ICIMQualifier,
 
   void SetPropagated(bool propagated) { propagated_ = propagated; }
 
+  /// Lets go of the classes that the value holds, and those that the declaration's default holds
+  /// where the declaration's namespace is gone.
+  void ReleaseReferences();
+
   void Validate(TCIMContext context) override;
   void AddToClassOrProperty(TCIMContext context) const override;
   void RemoveFromClassOrProperty(TCIMContext context) override;

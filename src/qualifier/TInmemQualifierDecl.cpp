@@ -1,6 +1,7 @@
 #include "TInmemQualifierDecl.h"
 
 #include "NormalizedNames.h"
+#include "References.h"
 #include "TInmemNamespace.h"
 
 namespace NZELVYR20 {
@@ -15,6 +16,10 @@ TInmemQualifierDecl::TInmemQualifierDecl(const boost::shared_ptr<TInmemNamespace
       flavor_(flavor) {}
 
 TInmemQualifierDecl::~TInmemQualifierDecl() = default;
+
+void TInmemQualifierDecl::ReleaseReferences() {
+  if (namespace_.expired()) NZELVYR20::ReleaseReferences(defaultValue_);
+}
 
 void TInmemQualifierDecl::AddToNamespace(TCIMContext) {
   namespace_.lock()->AddQualifierDecl(shared_from_this());

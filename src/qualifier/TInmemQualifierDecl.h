@@ -20,6 +20,9 @@ class TInmemQualifierDecl : public ICIMQualifierDecl,
   TInmemQualifierDecl(const TInmemQualifierDecl&) = delete;
   ~TInmemQualifierDecl() override;
 
+  /// Lets go of the classes that the default holds, unless the namespace lives on.
+  void ReleaseReferences();
+
   void Validate(TCIMContext context) override;
   void AddToNamespace(TCIMContext context) override;
   void RemoveQualifierDecl(TCIMContext context) override;

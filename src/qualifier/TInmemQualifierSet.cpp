@@ -1,6 +1,7 @@
 #include "TInmemQualifierSet.h"
 
 #include <boost/make_shared.hpp>
+#include <utility>
 
 #include "Failures.h"
 #include "InMemory.h"
@@ -59,15 +60,23 @@ bool TInmemQualifierSet::IsFlagSet(std::string_view key) const {
 void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
                                  const boost::shared_ptr<const ICIMNamedElement>& owner,
                                  EInherit inherit) {
+  TNameTable<TInmemQualifier>::TDraft copies;
   superClass.qualifiers_.ForEach(
       [&](const std::string& key, const boost::shared_ptr<TInmemQualifier>& qualifier) {
         if (inherit == EInherit::kAllButAbstract && key == QualifierKey::kAbstract) return;
-        if (!HasFlavor(*qualifier, ICIMQualifierDecl::kToSubclass)) return;
+        if (!HasFlavor(*qualifier, ICIMQualifierDecl::kToSubclass) || FindKey(key)) return;
         const boost::shared_ptr<const ICIMQualifier> source(qualifier);
         const auto copy = boost::make_shared<TInmemQualifier>(owner, source);
         copy->SetPropagated(true);
-        qualifiers_.Insert(key, copy);
+        copies.Add(key, copy);
       });
+  qualifiers_.Insert(std::move(copies));
+}
+
+void TInmemQualifierSet::ReleaseReferences() {
+  qualifiers_.ForEach([](const std::string&, const boost::shared_ptr<TInmemQualifier>& qualifier) {
+    qualifier->ReleaseReferences();
+  });
 }
 
 }  // namespace NZELVYR20

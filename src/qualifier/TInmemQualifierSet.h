@@ -60,9 +60,12 @@ class TInmemQualifierSet {
   enum class EInherit { kAllButAbstract, kAll };
 
   /// Copies what the superclass's flavors pass to subclasses, marked propagated, for `owner`. What
-  /// is attached already stays.
+  /// is attached already stays. A failure changes nothing.
   void Inherit(const TInmemQualifierSet& superClass,
                const boost::shared_ptr<const ICIMNamedElement>& owner, EInherit inherit);
+
+  /// Lets go of the classes that the qualifiers hold.
+  void ReleaseReferences();
 
  private:
   bool Conflicts(const ICIMQualifier& attached, const ICIMQualifier& added) const;

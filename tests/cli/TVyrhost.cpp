@@ -39,8 +39,9 @@ std::string TVyrhost::Write(const std::string& path, const std::string& content)
   return file.string();
 }
 
-TOutcome TVyrhost::Run(const TArgumentList& arguments, const std::string& redirection) const {
-  std::string command = "exec '" VYRHOST_PATH "'";
+TOutcome TVyrhost::Run(const TArgumentList& arguments, const std::string& redirection,
+                       const std::string& program) const {
+  std::string command = "exec '" + program + "'";
   for (const std::string& argument : arguments) command += " '" + argument + '\'';
   command += " >" + folder_ + "/output 2>" + folder_ + "/errors " + redirection;
   const int status = std::system(command.c_str());

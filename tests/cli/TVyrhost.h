@@ -28,9 +28,10 @@ class TVyrhost {
   /// Writes a file; `path` is relative to the root. Returns where it is.
   std::string Write(const std::string& path, const std::string& content) const;
 
-  /// Runs the program to its end. `redirection` is the shell's word on where its standard output
-  /// goes; `output` is then empty. No argument may hold a single quote.
-  TOutcome Run(const TArgumentList& arguments, const std::string& redirection = "") const;
+  /// Runs the program, or a copy of it, to its end. `redirection` is the shell's word on where its
+  /// standard output goes; `output` is then empty. No argument may hold a single quote.
+  TOutcome Run(const TArgumentList& arguments, const std::string& redirection = "",
+               const std::string& program = VYRHOST_PATH) const;
 
  private:
   std::string folder_;

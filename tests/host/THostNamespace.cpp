@@ -12,6 +12,7 @@
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
 #include "TMachineCollector.h"
+#include "TMofLoader.h"
 #include "TRootObject.h"
 
 namespace NZELVYR20 {
@@ -31,10 +32,16 @@ boost::shared_ptr<ICIMNamespace> AllocateNamespace() {
       ->AllocateNamespace({}, false);
 }
 
+void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
+  TMofLoader loader(nameSpace, {}, [](const std::string& message) { ADD_FAILURE() << message; });
+  loader.Read(VYR_SCHEMA_DIR "/vyr.mof");
+  loader.Enter();
+}
+
 }  // namespace
 
 THostNamespace::THostNamespace(const std::string& root) : namespace_(AllocateNamespace()) {
-  TMachineCollector::DefineSchema(namespace_);
+  LoadSchema(namespace_);
   if (root.empty()) return;
   for (const TCollectorNote& note : TMachineCollector(root).Collect(namespace_)) {
     EXPECT_FALSE(note.area.empty() || note.why.empty()) << note.what;

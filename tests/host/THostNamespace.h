@@ -9,7 +9,7 @@
 
 namespace NZELVYR20 {
 
-/// A namespace of the in-memory plug-in with the collectors' schema in it, and what a machine
+/// A namespace of the in-memory plug-in with the program's schema in it, and what a machine
 /// adds. A message of the repository fails the test.
 class THostNamespace {
  public:

@@ -114,7 +114,7 @@ TEST_F(TMofFilesTest, FilesThatCannotBeReadAreOneError) {
   Put("includes-folder.mof", "#pragma include (\"folder.mof\")");
   Put("includes-large.mof", "#pragma include (\"large.mof\")");
   const std::vector<std::pair<const char*, const char*>> rows = {
-      {"nothing.mof", ""},
+      {"nothing.mof", "nothing.mof: error: The file is empty"},
       {"gone.mof", "gone.mof: error: No such file or directory"},
       {"empty", "empty: error: The folder has no *.mof file"},
       {"missing.mof",
@@ -137,7 +137,7 @@ TEST_F(TMofFilesTest, FilesThatCannotBeReadAreOneError) {
   for (const auto& [name, message] : rows) {
     TLoadedMof mof("", options);
     EXPECT_EQ(Load(mof, At(name)), message);
-    EXPECT_EQ(mof.GetSummary().errors, std::string(message).empty() ? 0U : 1U);
+    EXPECT_EQ(mof.GetSummary().errors, 1U);
   }
   for (const char* const name : {"binary.mof", "latin.mof", "half.mof"}) {
     TLoadedMof mof;

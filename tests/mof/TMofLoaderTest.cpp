@@ -134,6 +134,9 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
       {"class B : Ok { uint8 Id; };",
        "1:22: warning: the property Id is left out: that of the superclass Ok has another type, or "
        "is not overridden"},
+      {"class B : Ok { [Override(\"Do\")] uint8 Do(); [Override(\"P\")] uint8 P; };",
+       "1:39: note: Do overrides nothing: no superclass has it\n"
+       "1:67: note: P overrides nothing: no superclass has it"},
       {"class B : Ok { [Override(\"Id\")] uint8 Id; };",
        "1:39: warning: the property Id is left out: that of the superclass Ok has another type, or "
        "is not overridden"},

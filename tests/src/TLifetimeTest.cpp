@@ -1,5 +1,7 @@
 #include <boost/weak_ptr.hpp>
 
+#include "ICIMMethodDecl.h"
+#include "ICIMParameterDecl.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
@@ -65,6 +67,29 @@ TEST_F(TLifetimeTest, EverythingGoesWithTheNamespace) {
     const auto keeper = Watch(NewClass("Keeper", base));
     kept->SetDefaultValue(TCIMValue::NullReference(keeper), {});
     base->RemovePropertyDecl(kept);
+  }
+  Watch(space);
+  space.reset();
+  EXPECT_EQ(CountSurvivors(), 0);
+}
+
+/// A qualifier holds its declaration, and either may refer to the very class that it qualifies.
+TEST_F(TLifetimeTest, QualifiersLetGoOfTheClassesTheyReferTo) {
+  {
+    const auto port = Watch(DefineClass("Port"));
+    const auto sub = Watch(NewClass("Sub", port));
+    const auto toSub = TCIMValue::NullReference(sub);
+    const auto property = port->GetPropertyDecl("Id", {});
+    const auto method = port->AllocateMethodDecl("Reset", TType::kUInt32, {});
+    const auto parameter = method->AllocateParameterDecl("Force", TType::kBoolean, {});
+    method->AddToClass({}), parameter->AddToMethod({});
+    const std::vector<ICIMNamedElement*> elements{port.get(), sub.get(), property.get(),
+                                                  method.get(), parameter.get()};
+    for (ICIMNamedElement* element : elements) {
+      Qualify(*element, "ByValue", TCIMValue::Array(TType::kReference, {toSub}));
+      const auto declaration = NewQualifierDecl("ByDefault", toSub);
+      element->AllocateQualifier(declaration, TCIMValue(true), {})->AddToClassOrProperty({});
+    }
   }
   Watch(space);
   space.reset();

@@ -79,9 +79,8 @@ std::vector<std::size_t> TMofClasses::GetNeeds(const TEntry& entry) const {
 }
 
 void TMofClasses::Enter(const TProgress& onProgress) {
-  const auto order = OrderByNeeds(
-      entries_.size(), [this](std::size_t index) { return GetNeeds(entries_[index]); },
-      [](std::size_t, std::size_t) {});
+  const auto order = OrderByNeeds(entries_.size(),
+                                  [this](std::size_t index) { return GetNeeds(entries_[index]); });
   std::size_t done = 0;
   for (const std::size_t index : order) {
     EnterBehindSuperClasses(entries_[index]);

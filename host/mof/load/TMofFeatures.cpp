@@ -32,7 +32,10 @@ TMofFeatures::TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagn
 void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
   const std::string& name = property.name.text;
   boost::shared_ptr<ICIMPropertyDecl> overridden;
-  if (IsOverride(property.qualifiers)) overridden = FindProperty(cimClass, name);
+  if (IsOverride(property.qualifiers)) {
+    overridden = FindProperty(cimClass, name);
+    NoteIfNothingOverridden(property.name, overridden.get());
+  }
 
   const auto declaration = cimClass.AllocatePropertyDecl(name, MakeDefault(property), {});
   // Qualifiers first: Override decides how the class takes the declaration.
@@ -55,6 +58,11 @@ void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofName& name
                                        " has another type, or is not overridden");
 }
 
+void TMofFeatures::NoteIfNothingOverridden(const TMofName& name, const void* overridden) {
+  if (overridden == nullptr)
+    diagnostics_.Note(name.place, name.text + " overrides nothing: no superclass has it");
+}
+
 TCIMValue TMofFeatures::MakeDefault(const TMofProperty& property) const {
   const TCIMValue::TCIMType type = property.type.type;
   if (type == TCIMValue::TCIMType::kReference) return MakeReferenceDefault(property);
@@ -72,7 +80,10 @@ TCIMValue TMofFeatures::MakeReferenceDefault(const TMofProperty& property) const
 
 void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
   boost::shared_ptr<ICIMMethodDecl> overridden;
-  if (IsOverride(method.qualifiers)) overridden = cimClass.GetMethodDecl(method.name.text, {});
+  if (IsOverride(method.qualifiers)) {
+    overridden = cimClass.GetMethodDecl(method.name.text, {});
+    NoteIfNothingOverridden(method.name, overridden.get());
+  }
 
   const auto declaration = cimClass.AllocateMethodDecl(method.name.text, method.type.type, {});
   qualifiers_.Attach(*declaration, method.qualifiers, overridden.get());

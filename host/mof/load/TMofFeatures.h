@@ -31,6 +31,7 @@ class TMofFeatures {
   TCIMValue MakeReferenceDefault(const TMofProperty& property) const;
   void DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
                         const ICIMMethodDecl* overridden);
+  void NoteIfNothingOverridden(const TMofName& name, const void* overridden);
   void ReportLeftOut(const ICIMClass& cimClass, const TMofName& name, const ICIMPropertyDecl& kept);
 
   TMofDiagnostics& diagnostics_;

@@ -39,9 +39,8 @@ void TMofInstances::Enter(const TProgress& onProgress) {
 
 /// A path is known only when the key values are, which may be aliases themselves.
 void TMofInstances::FillAll() {
-  const auto order = OrderByNeeds(
-      drafts_.size(), [this](std::size_t index) { return GetAliasNeeds(index); },
-      [](std::size_t, std::size_t) {});
+  const auto order =
+      OrderByNeeds(drafts_.size(), [this](std::size_t index) { return GetAliasNeeds(index); });
   for (const std::size_t index : order) {
     TDraft& draft = drafts_[index];
     FillOrReport(draft);
@@ -51,9 +50,8 @@ void TMofInstances::FillAll() {
 
 /// An association is valid only once its ends are there.
 void TMofInstances::AddAll(const TProgress& onProgress) {
-  const auto order = OrderByNeeds(
-      drafts_.size(), [this](std::size_t index) { return GetPathNeeds(index); },
-      [](std::size_t, std::size_t) {});
+  const auto order =
+      OrderByNeeds(drafts_.size(), [this](std::size_t index) { return GetPathNeeds(index); });
   std::size_t done = 0;
   for (const std::size_t index : order) {
     if (drafts_[index].instance) AddOrReport(drafts_[index]);
@@ -125,9 +123,12 @@ void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
   const auto declaration =
       FindOrNothing([&] { return instance.GetClass({})->GetPropertyDecl(name.text, {}); });
   if (!declaration) throw TMofFault(name.place, "the class has no property " + name.text);
-  const TCIMValue value = values_.Make(assignment.value, declaration->GetType({}));
-  if (value.IsReference() && !value.IsNull())
+  TCIMValue value = values_.Make(assignment.value, declaration->GetType({}));
+  if (value.IsReference() && value.IsNull()) {
+    value = TCIMValue::NullReference(declaration->GetDefaultValue({}).GetReferencedClass());
+  } else if (value.IsReference()) {
     draft.referredPaths.push_back(static_cast<TCIMReference>(value).GetPath());
+  }
   try {
     instance.SetPropertyValue(name.text, value, {});
   } catch (const TVYRException& refusal) {

@@ -13,9 +13,10 @@ struct TMofOptions {
   /// included ones, and CLASS.mof for a class that nothing declares.
   std::vector<std::string> searchPath;
   bool isStrict = false;         ///< warnings are errors, and the first error ends the load
+  bool isQuiet = false;          ///< neither warnings nor notes are said; they are counted
   std::size_t reportLimit = 20;  ///< of messages of each severity
   std::size_t largestFile = std::size_t{64} * 1024 * 1024;  ///< in bytes
-  std::size_t deepestInclude = 64;             ///< files on the way to the innermost
+  std::size_t deepestInclude = 64;                          ///< files on the way to the innermost
 };
 
 }  // namespace NZELVYR20

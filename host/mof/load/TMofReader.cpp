@@ -71,7 +71,8 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenFile(const fs::path& path,
     const std::string bytes = files_.Read(path);
     ++fileCount_;
     onFile_(fileCount_);
-    return TOpenFile{path, Parse(path.string(), bytes, place)};
+    if (!bytes.empty()) return TOpenFile{path, Parse(path.string(), bytes, place)};
+    why = "The file is empty";
   } catch (const std::system_error& error) {
     why = error.code().message();
   } catch (const std::length_error& error) {

@@ -22,11 +22,19 @@ struct TGive {
   }
 };
 
+template <void (*kRefusal)(std::string_view)>
+struct TRefuse {
+  template <class TInput>
+  static void apply(const TInput& input, TMofBuilder&) {
+    kRefusal(std::string_view(input.begin(), input.size()));
+  }
+};
+
 template <class TRule>
 struct TAction : peg::nothing<TRule> {};
 
 template <>
-struct TAction<TOpenComment> : TGive<&TMofBuilder::RefuseOpenComment> {};
+struct TAction<TOpenComment> : TRefuse<&TMofBuilder::RefuseOpenComment> {};
 template <>
 struct TAction<TName> : TGive<&TMofBuilder::ReadName> {};
 template <>
@@ -38,7 +46,7 @@ struct TAction<THexEscape> : TGive<&TMofBuilder::AddHexEscape> {};
 template <>
 struct TAction<TUnknownEscape> : TGive<&TMofBuilder::AddUnknownEscape> {};
 template <>
-struct TAction<TOpenText> : TGive<&TMofBuilder::RefuseOpenText> {};
+struct TAction<TOpenText> : TRefuse<&TMofBuilder::RefuseOpenText> {};
 template <>
 struct TAction<TText> : TGive<&TMofBuilder::EndText> {};
 template <>
@@ -52,7 +60,7 @@ struct TAction<TBinary> : TGive<&TMofBuilder::ReadBinary> {};
 template <>
 struct TAction<TReal> : TGive<&TMofBuilder::ReadReal> {};
 template <>
-struct TAction<TNoNumber> : TGive<&TMofBuilder::RefuseNumber> {};
+struct TAction<TNoNumber> : TRefuse<&TMofBuilder::RefuseNumber> {};
 template <>
 struct TAction<TCharacterItself> : TGive<&TMofBuilder::ReadCharacter> {};
 template <>

@@ -209,9 +209,7 @@ struct TOfWord : TKeyword<TAO_PEGTL_ISTRING("of")> {
 struct TInstanceClass : TNameToken {
   static constexpr const char* kExpected = "the name of a class";
 };
-struct TInstanceAlias : TAlias {
-  static constexpr const char* kExpected = TAlias::kExpected;
-};
+struct TInstanceAlias : TAlias {};
 struct TAssignedName : TNameToken {
   static constexpr const char* kExpected = "the name of a property or \"}\"";
 };

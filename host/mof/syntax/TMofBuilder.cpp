@@ -44,10 +44,8 @@ bool Holds(const TWords& words, const std::string& word) {
 template <class TWords>
 void Add(const TWords& known, const char* kind, TMofName word, TMofDiagnostics& diagnostics,
          std::vector<TMofName>& words) {
-  if (Holds(known, word.text))
-    words.push_back(std::move(word));
-  else
-    diagnostics.Warning(word.place, "unknown " + std::string(kind) + " " + QuoteMof(word.text));
+  if (Holds(known, word.text)) return words.push_back(std::move(word));
+  diagnostics.Warning(word.place, "unknown " + std::string(kind) + " " + QuoteMof(word.text));
 }
 
 [[noreturn]] void Refuse(const TMofPlace& place, std::string text) {

@@ -109,10 +109,11 @@ void TMofLiteralBuilder::AddUnknownEscape(std::string_view escape) {
   FlushSurrogate();
   const char* const where = escape.data() - 1;
   (text_ += '\\') += escape;
-  if (BelongsToWord(where[-1]) && BelongsToWord(escape.front()))
+  if (BelongsToWord(where[-1]) && BelongsToWord(escape.front())) {
     diagnostics_.Note(GetPlace(where), "a back-slash in a text should be doubled");
-  else
+  } else {
     diagnostics_.Warning(GetPlace(where), "unknown escape; the back-slash is read as itself");
+  }
 }
 
 void TMofLiteralBuilder::RefuseOpenText(std::string_view opening) {

@@ -16,7 +16,7 @@ class TMofLiteralBuilder {
   TMofLiteralBuilder(const TMofSource& source, TMofDiagnostics& diagnostics)
       : source_(source), diagnostics_(diagnostics) {}
 
-  void RefuseOpenComment(std::string_view opening);
+  [[noreturn]] static void RefuseOpenComment(std::string_view opening);
   void ReadName(std::string_view name);
 
   // The content of a text, piece by piece; escapes come without their back-slash.
@@ -24,7 +24,7 @@ class TMofLiteralBuilder {
   void AddKnownEscape(std::string_view escape);
   void AddHexEscape(std::string_view escape);
   void AddUnknownEscape(std::string_view escape);
-  void RefuseOpenText(std::string_view opening);
+  [[noreturn]] static void RefuseOpenText(std::string_view opening);
 
   void EndText(std::string_view text);
   void ReadDecimal(std::string_view digits);
@@ -32,7 +32,7 @@ class TMofLiteralBuilder {
   void ReadOctal(std::string_view digits);
   void ReadBinary(std::string_view digits);
   void ReadReal(std::string_view digits);
-  void RefuseNumber(std::string_view text);
+  [[noreturn]] static void RefuseNumber(std::string_view text);
   void ReadCharacter(std::string_view character);
   void ReadKnownEscape(std::string_view escape);
   void ReadHexEscape(std::string_view escape);

@@ -44,10 +44,11 @@ void CheckUtf8(const std::string& bytes) {
 std::vector<char16_t> ReadUnits(std::string_view bytes, std::size_t highByte) {
   if (bytes.size() % 2 != 0) Refuse("not UTF-16: half a character", bytes.size() - 1);
   std::vector<char16_t> units(bytes.size() / 2);
-  for (std::size_t index = 0; index < units.size(); ++index)
-    units[index] =
-        static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * index + highByte]) << 8U |
-                              static_cast<unsigned char>(bytes[2 * index + 1 - highByte]));
+  for (std::size_t index = 0; index < units.size(); ++index) {
+    const auto high = static_cast<unsigned char>(bytes[2 * index + highByte]);
+    const auto low = static_cast<unsigned char>(bytes[2 * index + 1 - highByte]);
+    units[index] = static_cast<char16_t>(high << 8U | low);
+  }
   return units;
 }
 
@@ -80,8 +81,8 @@ void AppendUtf8(std::string& text, std::uint32_t code) {
 }
 
 std::uint32_t DecodeUtf8(std::string_view text) {
-  auto at = text.begin();
-  return TUtf8::decode(at, text.end());
+  const char* at = text.data();
+  return TUtf8::decode(at, at + text.size());
 }
 
 }  // namespace NZELVYR20

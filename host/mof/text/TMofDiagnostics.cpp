@@ -29,15 +29,20 @@ std::string GetExcerpt(const TMofPlace& place, const TMofPosition& position) {
 }  // namespace
 
 TMofDiagnostics::TMofDiagnostics(const TMofOptions& options, TSink sink)
-    : limit_(options.reportLimit), isStrict_(options.isStrict), sink_(std::move(sink)) {}
+    : limit_(options.reportLimit),
+      isQuiet_(options.isQuiet),
+      isStrict_(options.isStrict),
+      sink_(std::move(sink)) {}
 
 void TMofDiagnostics::Report(TSeverity& severity, const std::string& where, const std::string& text,
                              const std::string& excerpt) {
   ++severity.count;
-  if (severity.count <= limit_)
+  if (isQuiet_ && &severity != &errors_) return;
+  if (severity.count <= limit_) {
     sink_(where + severity.name + ": " + text + excerpt);
-  else if (severity.count == limit_ + 1)
+  } else if (severity.count == limit_ + 1) {
     sink_(std::string("there are more ") + severity.name + "s, which are not shown");
+  }
 }
 
 void TMofDiagnostics::ReportAt(TSeverity& severity, const TMofPlace& place,

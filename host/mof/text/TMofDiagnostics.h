@@ -17,7 +17,8 @@ class TMofStrictStop {};
 /// file ("name: error: text") or of nothing in particular ("error: text").
 ///
 /// Each severity has its limit (TMofOptions::reportLimit); a last line says that there is more.
-/// Everything is counted. In strict mode warnings are errors, and an error throws TMofStrictStop.
+/// Everything is counted. In quiet mode only errors are said. In strict mode warnings are errors,
+/// and an error throws TMofStrictStop.
 class TMofDiagnostics {
  public:
   /// Receives each message, several lines with ends between them but none behind the last.
@@ -48,6 +49,7 @@ class TMofDiagnostics {
   void ReportAt(TSeverity& severity, const TMofPlace& place, const std::string& text);
 
   std::size_t limit_;
+  bool isQuiet_;
   bool isStrict_;
   TSink sink_;
   TSeverity errors_{"error"};

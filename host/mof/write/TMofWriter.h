@@ -10,17 +10,28 @@
 
 namespace NZELVYR20 {
 
-/// Writes elements as MOF that reads back to an equal namespace.
+/// Writes elements as MOF that reads back to an equal namespace, laid out for people.
+///
+/// What MOF has no words for is lost: infinite reals and such as are no number become null; a
+/// parameter's or a result's reference names no class; a qualifier's value takes the declared
+/// type; a declaration or qualifier that was taken away from a class is there again.
 class TMofWriter {
  public:
-  /// With `isInherited`, a class is written as it is: with the declarations and qualifiers that it
-  /// took over from its superclasses. Without, only with what it declared itself.
+  TMofWriter() = delete;
+
+  /// A class with what it declared itself, under its superclass. With `isInherited` it has in
+  /// addition, for people to read, the declarations that it took over, each marked with the class
+  /// it comes from, and the qualifiers that were passed down to it.
   static std::string WriteClass(const boost::shared_ptr<ICIMClass>& cimClass, bool isInherited);
 
   static std::string WriteQualifierDecl(const boost::shared_ptr<ICIMQualifierDecl>& declaration);
+
+  /// An instance with the values of its own; defaults are left to the class. References stand
+  /// there as object paths.
   static std::string WriteInstance(const boost::shared_ptr<ICIMInstance>& instance);
 
-  /// Everything: qualifier declarations, then classes behind those that they need, then instances.
+  /// Everything: qualifier declarations, then classes behind those that they need, then instances
+  /// behind those to which they refer.
   static std::string WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace);
 };
 

@@ -1,0 +1,20 @@
+#include "TMofCommands.h"
+
+#include <utility>
+
+#include "TElementFinder.h"
+#include "TMofWriter.h"
+
+namespace NZELVYR20 {
+
+TMofCommands::TMofCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
+    : namespace_(std::move(nameSpace)) {}
+
+std::string TMofCommands::Write(const std::string& className, bool isInherited) const {
+  if (className.empty()) {
+    return TMofWriter::WriteNamespace(namespace_);
+  }
+  return TMofWriter::WriteClass(TElementFinder(namespace_).FindClass(className), isInherited);
+}
+
+}  // namespace NZELVYR20

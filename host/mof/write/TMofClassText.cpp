@@ -1,0 +1,116 @@
+#include "TMofClassText.h"
+
+#include <boost/shared_ptr.hpp>
+#include <cstddef>
+#include <sstream>
+
+#include "ICIMMethodDecl.h"
+#include "ICIMParameterDecl.h"
+#include "ICIMPropertyDecl.h"
+#include "ListElements.h"
+#include "TMofQualifierText.h"
+#include "TMofValueText.h"
+
+namespace NZELVYR20 {
+namespace {
+
+constexpr std::size_t kMemberMargin = 2;
+constexpr std::size_t kParameterMargin = 6;
+
+/// "uint16", or "CIM_Disk REF". A reference whose class nobody knows, such as a parameter's, is
+/// one to any object.
+std::string TypeText(const TCIMValue::TCIMType& type, const boost::shared_ptr<ICIMClass>& target) {
+  const TCIMValue::TCIMType element = type.GetElementType();
+  if (element == TCIMValue::TCIMType::kReference) {
+    return (target ? target->GetName({}) : "object") + " REF";
+  }
+  if (element == TCIMValue::TCIMType::kNone) return "void";
+  std::ostringstream text;
+  text << element;
+  return text.str();
+}
+
+std::string ArrayText(const TCIMValue::TCIMType& type) { return type.IsArray() ? "[]" : ""; }
+
+/// Begins a member: with an empty line, where it comes from and its qualifiers.
+template <class TDeclaration>
+void AppendBeginning(std::string& text, const TDeclaration& declaration,
+                     const ICIMClass& cimClass) {
+  const boost::shared_ptr<ICIMClass> owner = declaration.GetClass({});
+  text += '\n';
+  if (owner && owner.get() != &cimClass) text += "  // inherited from " + owner->GetName({}) + '\n';
+  TMofQualifierText::AppendList(text, declaration, true, kMemberMargin);
+}
+
+void AppendProperty(std::string& text, const ICIMPropertyDecl& property) {
+  const TCIMValue& value = property.GetDefaultValue({});
+  const TCIMValue::TCIMType type = value.GetType();
+  const std::string head = "  " + TypeText(type, value.GetReferencedClass()) + ' ' +
+                           property.GetName({}) + ArrayText(type);
+  if (value.IsNull()) {
+    text += head + ';';
+  } else {
+    TMofValueText::Append(text, head + " = ", value, ";", kMemberMargin + 4);
+  }
+  text += '\n';
+}
+
+void AppendParameter(std::string& text, const ICIMParameterDecl& parameter) {
+  const TCIMValue::TCIMType type = parameter.GetType({});
+  TMofQualifierText::AppendList(text, parameter, true, kParameterMargin);
+  text += std::string(kParameterMargin, ' ') + TypeText(type, {}) + ' ' + parameter.GetName({}) +
+          ArrayText(type);
+}
+
+void AppendMethod(std::string& text, ICIMMethodDecl& method) {
+  const TCIMValue::TCIMType type = method.GetReturnType({});
+  text += "  " + TypeText(type, {}) + ArrayText(type) + ' ' + method.GetName({}) + '(';
+  const char* separator = "\n";
+  for (const auto& parameter :
+       ListElements<ICIMParameterDecl>([&method](TCIMParameterDeclCallback callback) {
+         method.EnumerateParameterDecls(callback, {});
+       })) {
+    text += separator;
+    AppendParameter(text, *parameter);
+    separator = ",\n";
+  }
+  text += ");\n";
+}
+
+template <class TDeclaration>
+bool IsWritten(const TDeclaration& declaration, const ICIMClass& cimClass, bool isInherited) {
+  return isInherited || declaration.GetClass({}).get() == &cimClass;
+}
+
+void AppendHead(std::string& text, const ICIMClass& cimClass) {
+  const boost::shared_ptr<ICIMClass> superClass = cimClass.GetSuperClass({});
+  const bool hasSuperClass = superClass && !superClass->IsRootClass({});
+  text += "class " + cimClass.GetName({}) + (hasSuperClass ? " : " + superClass->GetName({}) : "") +
+          " {\n";
+}
+
+}  // namespace
+
+void TMofClassText::Append(std::string& text, const ICIMClass& cimClass, bool isInherited) {
+  TMofQualifierText::AppendList(text, cimClass, isInherited, 0);
+  AppendHead(text, cimClass);
+  for (const auto& property :
+       ListElements<ICIMPropertyDecl>([&cimClass](const TCIMPropertyDeclCallback& callback) {
+         cimClass.EnumeratePropertyDecls(callback, {});
+       })) {
+    if (!IsWritten(*property, cimClass, isInherited)) continue;
+    AppendBeginning(text, *property, cimClass);
+    AppendProperty(text, *property);
+  }
+  for (const auto& method :
+       ListElements<ICIMMethodDecl>([&cimClass](const TCIMMethodDeclCallback& callback) {
+         cimClass.EnumerateMethodDecls(callback, {});
+       })) {
+    if (!IsWritten(*method, cimClass, isInherited)) continue;
+    AppendBeginning(text, *method, cimClass);
+    AppendMethod(text, *method);
+  }
+  text += "};\n";
+}
+
+}  // namespace NZELVYR20

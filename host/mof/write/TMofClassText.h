@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "ICIMClass.h"
+
+namespace NZELVYR20 {
+
+/// Classes as MOF.
+class TMofClassText {
+ public:
+  TMofClassText() = delete;
+
+  /// Appends the declaration of a class: its properties, then its methods, each group in the order
+  /// in which the class enumerates it. `isInherited` is that of TMofWriter::WriteClass().
+  static void Append(std::string& text, const ICIMClass& cimClass, bool isInherited);
+};
+
+}  // namespace NZELVYR20

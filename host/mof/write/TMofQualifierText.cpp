@@ -1,0 +1,135 @@
+#include "TMofQualifierText.h"
+
+#include <algorithm>
+#include <array>
+#include <sstream>
+#include <utility>
+#include <vector>
+
+#include "ICIMQualifier.h"
+#include "ListElements.h"
+#include "TMofValueText.h"
+
+namespace NZELVYR20 {
+namespace {
+
+constexpr std::size_t kIndent = 4;
+
+using TFlavor = ICIMQualifierDecl::EFlavor;
+using TQualifiers = std::vector<boost::shared_ptr<ICIMQualifier>>;
+using TWords = std::vector<std::string>;
+
+struct TFlavorWords {
+  TFlavor flavor;
+  const char* on;
+  const char* off;  ///< empty where there is no such word
+};
+
+constexpr std::array<TFlavorWords, 3> kFlavors = {{
+    {ICIMQualifierDecl::kOverridable, "EnableOverride", "DisableOverride"},
+    {ICIMQualifierDecl::kToSubclass, "ToSubclass", "Restricted"},
+    {ICIMQualifierDecl::kTranslatable, "Translatable", ""},
+}};
+
+constexpr std::array<std::pair<ICIMQualifierDecl::EScope, const char*>, 8> kScopes = {{
+    {ICIMQualifierDecl::kSchema, "schema"},
+    {ICIMQualifierDecl::kClass, "class"},
+    {ICIMQualifierDecl::kAssociation, "association"},
+    {ICIMQualifierDecl::kIndication, "indication"},
+    {ICIMQualifierDecl::kProperty, "property"},
+    {ICIMQualifierDecl::kReference, "reference"},
+    {ICIMQualifierDecl::kMethod, "method"},
+    {ICIMQualifierDecl::kParameter, "parameter"},
+}};
+
+/// Of the flavors in `which`, how they are in `flavor`.
+TWords FlavorWords(unsigned flavor, unsigned which) {
+  TWords words;
+  for (const TFlavorWords& entry : kFlavors) {
+    if ((which & entry.flavor) == 0) continue;
+    const std::string word = (flavor & entry.flavor) != 0 ? entry.on : entry.off;
+    if (!word.empty()) words.push_back(word);
+  }
+  return words;
+}
+
+TWords ScopeWords(ICIMQualifierDecl::EScope scope) {
+  if (scope == ICIMQualifierDecl::kAny) return {"any"};
+  TWords words;
+  for (const auto& [bit, word] : kScopes) {
+    if ((scope & bit) != 0) words.emplace_back(word);
+  }
+  return words;
+}
+
+std::string Join(const TWords& words, const char* separator) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
+  return text;
+}
+
+/// What says which kind of element it is comes first, the rest as it came.
+std::size_t Rank(const ICIMQualifier& qualifier) {
+  constexpr std::array<const char*, 5> kFirst = {"association", "indication", "abstract", "key",
+                                                 "override"};
+  std::string name = qualifier.GetName({});
+  for (char& letter : name) {
+    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+  }
+  return static_cast<std::size_t>(std::find(kFirst.begin(), kFirst.end(), name) - kFirst.begin());
+}
+
+TQualifiers SelectQualifiers(const ICIMNamedElement& element, bool withPropagated) {
+  TQualifiers qualifiers =
+      ListElements<ICIMQualifier>([&element](const TCIMQualifierCallback& callback) {
+        element.EnumerateQualifiers(callback, {});
+      });
+  if (!withPropagated) {
+    const auto isPropagated = [](const auto& qualifier) { return qualifier->GetPropagated({}); };
+    qualifiers.erase(std::remove_if(qualifiers.begin(), qualifiers.end(), isPropagated),
+                     qualifiers.end());
+  }
+  std::stable_sort(qualifiers.begin(), qualifiers.end(),
+                   [](const auto& left, const auto& right) { return Rank(*left) < Rank(*right); });
+  return qualifiers;
+}
+
+void AppendQualifier(std::string& text, std::string head, const ICIMQualifier& qualifier,
+                     const char* end, std::size_t margin) {
+  const TCIMValue& value = qualifier.GetValue({});
+  const bool isBraced = value.IsArray() && !value.IsNull();
+  const TFlavor flavor = qualifier.GetFlavor({});
+  const std::string flavors =
+      Join(FlavorWords(flavor, flavor ^ qualifier.GetDeclaration({})->GetFlavor({})), " ");
+  head += qualifier.GetName({}) + (isBraced ? "" : "(");
+  TMofValueText::Append(text, std::move(head), value,
+                        (isBraced ? "" : ")") + (flavors.empty() ? "" : " : " + flavors) + end,
+                        margin);
+}
+
+}  // namespace
+
+void TMofQualifierText::AppendDeclaration(std::string& text, const ICIMQualifierDecl& declaration) {
+  std::ostringstream head;
+  head << "Qualifier " << declaration.GetName({}) << " : " << declaration.GetType({}) << " = ";
+  TMofValueText::Append(text, head.str(), declaration.GetDefaultValue({}), ",", kIndent);
+  const std::string scopes = Join(ScopeWords(declaration.GetScope({})), ", ");
+  if (!scopes.empty()) text += "\n    Scope(" + scopes + "),";
+  const TFlavor every = ICIMQualifierDecl::kOverridable | ICIMQualifierDecl::kToSubclass |
+                        ICIMQualifierDecl::kTranslatable;
+  text += "\n    Flavor(" + Join(FlavorWords(declaration.GetFlavor({}), every), ", ") + ");\n";
+}
+
+void TMofQualifierText::AppendList(std::string& text, const ICIMNamedElement& element,
+                                   bool withPropagated, std::size_t margin) {
+  const TQualifiers qualifiers = SelectQualifiers(element, withPropagated);
+  for (const auto& qualifier : qualifiers) {
+    const bool isFirst = qualifier == qualifiers.front();
+    const bool isLast = qualifier == qualifiers.back();
+    AppendQualifier(text, std::string(margin, ' ') + (isFirst ? "[" : " "), *qualifier,
+                    isLast ? "]" : ",", margin + 1 + kIndent);
+    text += '\n';
+  }
+}
+
+}  // namespace NZELVYR20

@@ -147,11 +147,8 @@ std::optional<TDifference> Compare(const TScript& script, bool redefines) {
     if (traces) std::cerr << at << ": " << ToText(step) << std::endl;
     logger->out = &plugin.out;
     try {
-      const bool needsValue = Contains(operation.pattern, "@V");
-      if (needsValue) plugin.value = model.value = MakeValue(plugin, model, step.value);
-      // A class in a qualifier's value outlives the namespace: class and qualifier hold each other.
-      const bool isOfQualifier = needsValue && Contains(operation.pattern, "Qualifier");
-      if (isOfQualifier && plugin.value.IsReference()) continue;
+      if (Contains(operation.pattern, "@V"))
+        plugin.value = model.value = MakeValue(plugin, model, step.value);
     } catch (const TVYRException&) {
       continue;
     } catch (const TNothingThere&) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <boost/algorithm/string/predicate.hpp>
 #include <boost/weak_ptr.hpp>
 #include <sstream>
 #include <type_traits>
@@ -125,10 +126,19 @@ struct TWorld {
     if (s.b % 3 == 1) return call(d(s.a));
     call(m(s.a));
   }
-  static void Attach(const boost::shared_ptr<ICIMQualifier>& added, const ICIMNamedElement&) {
-    added->AddToClassOrProperty({});
+  template <class TQualifier, class TElement>
+  static void Attach(const TQualifier& added, TElement& element) {
+    // Each side stamps its own time, which must not become part of a path.
+    const auto isNamed = [](const auto& one, const char* name) {
+      return boost::algorithm::iequals(one.GetName({}), name);
+    };
+    if (isNamed(*added, "Key") && isNamed(element, "DateTimeOfCollection")) return;
+    if constexpr (kIsModel) {
+      element.AddQualifier(added);
+    } else {
+      added->AddToClassOrProperty({});
+    }
   }
-  static void Attach(TModelQualifier* added, TModelNamed& element) { element.AddQualifier(added); }
   template <class T>
   void ShowNamed(const T& element) {
     out << "\n  " << Text(element);

@@ -114,6 +114,7 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   bool operator==(ICIMClass& other) const override;
   bool operator<(ICIMClass& other) const override;
   using TInmemQualifiedElement::operator=;
+  // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): it copies nothing
   TInmemClass& operator=(const TInmemClass&) { return *this; }
   void AddChildClass(boost::shared_ptr<ICIMClass> subClass) override;
   void RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) override;

@@ -51,7 +51,7 @@ boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
     throw Failure::ReferenceOutsideAssociation();
   }
   const std::string key = TInmemNamespace::NormalizeName(name);
-  const auto existing = propertyDecls_.Find(key);
+  auto existing = propertyDecls_.Find(key);
   if (!IsPropertyDeclAccepted(*declaration, key, existing)) return existing;
   propertyDecls_.Put(key, declaration);
   return declaration;

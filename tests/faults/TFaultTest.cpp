@@ -107,7 +107,8 @@ class TFaultTest : public TRedefinitionTest {
       for (const auto& association : NamesOf([&](const TNamer& note) {
              cimClass->EnumerateAssociationClasses(note, "", "", {});
            })) {
-        seen.links.push_back(name + ' ' + association);
+        seen.links.push_back(name);
+        seen.links.back().append(" ").append(association);
       }
     }
     std::sort(seen.links.begin(), seen.links.end());
@@ -142,16 +143,16 @@ class TFaultTest : public TRedefinitionTest {
     return Do([added] { added->AddToClass({}); });
   }
 
-  TOperation AddInstance(const TClass& cimClass, const TValues& values) {
+  static TOperation AddInstance(const TClass& cimClass, const TValues& values) {
     return Do([added = NewInstance(cimClass, values)] { added->AddToNamespace({}); });
   }
 
-  TOperation AddClass(const TClass& cimClass) {
+  static TOperation AddClass(const TClass& cimClass) {
     return Do([cimClass] { cimClass->AddToNamespace({}); });
   }
 
   TClass NewKeyed(const boost::shared_ptr<ICIMNamespace>& owner, const std::string& name) {
-    const auto cimClass = owner->AllocateClass(name, {}, {});
+    auto cimClass = owner->AllocateClass(name, {}, {});
     DeclareProperty(cimClass, "Id", kText, {"Key"});
     return cimClass;
   }
@@ -435,7 +436,7 @@ std::vector<TCase> TFaultTest::GetReadings() {
            return std::move(property->ToStringVector().at(0));
          };
        }},
-      {"path", [=] { return [=] { return std::string(PathOf(*edge)); }; }},
+      {"path", [=] { return [=] { return PathOf(*edge); }; }},
       {"find an instance",
        [=] {
          return [=] { return space->GetInstance(a->GetReference({}), {}) == a ? "it" : "none"; };

@@ -10,14 +10,14 @@ function print_options(text) {
   }
 }
 
-form == "help" && /^[^ ]/ { section = $1 }
-form == "help" && section == "Options:" && /^  -/ {
+form == "help" && /^[^ ]/ { section = tolower($NF) }
+form == "help" && section == "options:" && /^  -/ {
   sub(/^ +/, "")
   sub(/  .*/, "")
   sub(/Excludes:.*/, "")
   print_options($0)
 }
-form == "help" && section == "Commands:" && /^  [a-z]/ { print $1 }
+form == "help" && section == "commands:" && /^  [a-z]/ { print $1 }
 
 form == "man" && /^\.Sh/ { command = /OPTIONS/ ? "vyrhost" : "" }
 form == "man" && /^\.Ss/ { command = $2; print command }

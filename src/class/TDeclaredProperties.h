@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <boost/shared_ptr.hpp>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "Names.h"
 #include "TInmemPropertyDecl.h"
 
 namespace NZELVYR20 {
@@ -33,6 +35,23 @@ class TDeclaredProperties {
     const auto entry = std::lower_bound(entries_.begin(), entries_.end(), key, isBefore);
     if (entry == entries_.end() || entry->key != key) return entries_.size();
     return static_cast<std::size_t>(entry - entries_.begin());
+  }
+
+  /// The same by a name as it was given, whatever its letter case.
+  std::size_t FindName(const std::string& name) const {
+    const auto isBefore = [](const TEntry& entry, const std::string& given) {
+      return CompareFolded(given, entry.key) > 0;
+    };
+    const auto entry = std::lower_bound(entries_.begin(), entries_.end(), name, isBefore);
+    if (entry == entries_.end() || CompareFolded(name, entry->key) != 0) return entries_.size();
+    return static_cast<std::size_t>(entry - entries_.begin());
+  }
+
+  /// Differs from before after a default was set.
+  std::uint64_t GetDefaultsRevision() const {
+    std::uint64_t revision = 0;
+    for (const TEntry& entry : entries_) revision += entry.declaration->GetDefaultRevision();
+    return revision;
   }
 
  private:

@@ -235,11 +235,15 @@ boost::shared_ptr<ICIMInstance> TInmemClass::AllocateInstance(TCIMContext) {
 }
 
 void TInmemClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {
+  AddInstance(InMemory<TInmemInstance>(instance), {});
+}
+
+void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
+                              const TLeads& leads) {
   // An instance and its class hold each other. Without the namespace, which would part them in the
   // end, they would hold for ever.
   if (namespace_.expired()) return;
-  instances_.Put(instance->GetReference(TCIMContext()).GetPath(),
-                 InMemory<TInmemInstance>(instance));
+  instances_.Put(instance->GetReference(TCIMContext()).GetPath(), instance, leads);
 }
 
 void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {

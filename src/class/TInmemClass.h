@@ -11,6 +11,7 @@
 #include "TInmemMethodDecl.h"
 #include "TInmemPropertyDecl.h"
 #include "TInmemQualifiedElement.h"
+#include "TInstanceTable.h"
 #include "TNameTable.h"
 #include "TOrderedTable.h"
 
@@ -47,6 +48,16 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   /// The instance under the text of the path; empty when there is none.
   boost::shared_ptr<TInmemInstance> GetInstance(const TCIMReference& path,
                                                 TCIMContext context) const;
+
+  const TInstanceTable& GetInstances() const { return instances_; }
+
+  /// ICIMClass::AddInstance; `leads` may tell where all references of the instance lead.
+  void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TLeads& leads);
+
+  /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
+  /// `target`, by the property of this role (empty: by any).
+  void EnumerateReferrers(const TCIMInstanceCallback& callback, const TInmemInstance& target,
+                          const std::string& role);
 
   void ClearInstances();
 
@@ -179,7 +190,7 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   TSubClasses subClasses_;
   std::uint64_t nextSubClass_ = 0;
   TAssociationClasses associationClasses_;
-  TOrderedTable<std::string, TInmemInstance> instances_;  ///< by the text of their paths
+  TInstanceTable instances_;
   TNameTable<TInmemMethodDecl> methodDecls_;
   bool isInNamespace_ = false;
   boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< of the revision below

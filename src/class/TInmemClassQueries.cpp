@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "Failures.h"
+#include "Names.h"
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
@@ -77,6 +78,16 @@ void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool 
     Enumerate(subClass, subClass->instances_, kVisitsAllAndDiscards, callback);
     return EStep::kDown;
   });
+}
+
+void TInmemClass::EnumerateReferrers(const TCIMInstanceCallback& callback,
+                                     const TInmemInstance& target, const std::string& role) {
+  const auto self = shared_from_this();
+  const std::string roleKey = FoldName(role);
+  TInstanceTable::TReferrerCursor cursor(instances_, target, roleKey);
+  while (const auto instance = cursor.Next()) {
+    CallBack(kVisitsAllAndDiscards, [&] { return callback(instance); });
+  }
 }
 
 boost::shared_ptr<ICIMClass> TInmemClass::FindFilterClass(const std::string& name) const {

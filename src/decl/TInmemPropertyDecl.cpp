@@ -33,6 +33,7 @@ boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetReferencedClass() const {
 void TInmemPropertyDecl::ReleaseReferences() {
   TInmemDeclaration::ReleaseReferences();
   NZELVYR20::ReleaseReferences(defaultValue_);
+  ++defaultRevision_;
 }
 
 boost::shared_ptr<ICIMQualifier> TInmemPropertyDecl::GetQualifier(const std::string& name,
@@ -75,6 +76,7 @@ const TCIMValue& TInmemPropertyDecl::GetDefaultValue(TCIMContext) const { return
 
 void TInmemPropertyDecl::SetDefaultValue(const TCIMValue& value, TCIMContext) {
   defaultValue_ = value;
+  ++defaultRevision_;
 }
 
 }  // namespace NZELVYR20

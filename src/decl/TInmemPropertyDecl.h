@@ -2,6 +2,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
+#include <cstdint>
 #include <string>
 
 #include "ICIMPropertyDecl.h"
@@ -35,6 +36,9 @@ class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemProp
   /// no class.
   boost::shared_ptr<ICIMClass> GetReferencedClass() const;
 
+  /// How often the default was set.
+  std::uint64_t GetDefaultRevision() const { return defaultRevision_; }
+
   /// Lets go of the classes that the default and the qualifiers hold.
   void ReleaseReferences();
 
@@ -58,6 +62,7 @@ class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemProp
  private:
   const boost::weak_ptr<TInmemClass> class_;
   TCIMValue defaultValue_;
+  std::uint64_t defaultRevision_ = 0;
 };
 
 }  // namespace NZELVYR20

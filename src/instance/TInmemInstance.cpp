@@ -1,6 +1,8 @@
 #include "TInmemInstance.h"
 
+#include <algorithm>
 #include <boost/make_shared.hpp>
+#include <utility>
 
 #include "Enumerate.h"
 #include "Failures.h"
@@ -8,6 +10,7 @@
 #include "TCIMDateTime.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
+#include "TInmemProperty.h"
 #include "TOSSpecific.h"
 
 namespace NZELVYR20 {
@@ -40,6 +43,33 @@ struct TDerivedProperty {
       : declaration(declared), property(declared) {}
 };
 
+/// Gathers where the references of an instance lead, as long as each leads where its path says.
+class TLeadFinder {
+ public:
+  explicit TLeadFinder(const boost::shared_ptr<ICIMClass>& cimClass)
+      : nameSpace_(cimClass->GetNamespace(TCIMContext())) {}
+
+  void Take(std::size_t position, const TCIMReference& path,
+            const boost::shared_ptr<ICIMElement>& element) {
+    isUsable_ = isUsable_ && StandsUnder(path, element);
+    if (isUsable_) leads_.push_back({position, path.GetClassName(), path.GetPath()});
+  }
+
+  bool IsUsable() const { return isUsable_; }
+  TLeads GetLeads() { return isUsable_ ? std::move(leads_) : TLeads(); }
+
+ private:
+  bool StandsUnder(const TCIMReference& path, const boost::shared_ptr<ICIMElement>& element) const {
+    const auto nameSpace = boost::dynamic_pointer_cast<TInmemNamespace>(nameSpace_);
+    const auto cimClass = nameSpace ? nameSpace->FindClass(path.GetClassName()) : nullptr;
+    return cimClass && cimClass->GetInstances().Find(path.GetPath()) == element;
+  }
+
+  const boost::shared_ptr<ICIMNamespace> nameSpace_;
+  TLeads leads_;
+  bool isUsable_ = true;
+};
+
 bool Contains(const std::string& text, const char* part) {
   return text.find(part) != std::string::npos;
 }
@@ -58,23 +88,70 @@ bool IsStatusName(const std::string& name) {
 TInmemInstance::TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags)
     : validationFlags_(validationFlags),
       class_(cimClass),
-      declared_(InMemory<TInmemClass>(cimClass)->GetDeclaredProperties()) {
-  properties_.reserve(declared_->GetEntries().size());
-  for (const auto& entry : declared_->GetEntries()) InsertProp(entry.declaration);
+      declared_(InMemory<TInmemClass>(cimClass)->GetDeclaredProperties()),
+      properties_(new TInmemInstanceProperty[declared_->GetEntries().size()]) {
+  for (std::size_t i = 0; i < GetPropertyCount(); ++i) properties_[i].SetOwner(*this);
   StampCollectionTime();
 }
 
 TInmemInstance::~TInmemInstance() = default;
 
-bool TInmemInstance::InsertProp(const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
-  const boost::shared_ptr<const ICIMPropertyDecl> declared(declaration);
-  properties_.push_back(boost::make_shared<TInmemProperty>(declared));
-  return true;
+std::size_t TInmemInstance::GetPropertyCount() const { return declared_->GetEntries().size(); }
+
+boost::shared_ptr<const ICIMPropertyDecl> TInmemInstance::GetDeclarationOf(
+    const TInmemInstanceProperty& property) const {
+  return declared_->GetEntries()[static_cast<std::size_t>(&property - properties_.get())]
+      .declaration;
+}
+
+TReferenceTarget* TInmemInstance::FindTarget(const TInmemInstanceProperty& property) const {
+  const auto position = static_cast<std::size_t>(&property - properties_.get());
+  for (const TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
+    if (!entry->references) continue;
+    for (const TReferences::TEdge& edge : entry->references->edges) {
+      if (edge.position == position) return edge.target;
+    }
+  }
+  return nullptr;
+}
+
+boost::shared_ptr<TInmemInstance> TInmemInstance::Follow(TReferenceTarget& target) const {
+  const auto nameSpace = class_->GetNamespace(TCIMContext());
+  return TReferenceIndex::Follow(target, static_cast<const TInmemNamespace&>(*nameSpace));
+}
+
+bool TInmemInstance::StandsUnder(const std::string& path) const {
+  const TInstanceEntry* entry = entries_;
+  while (entry && entry->path != path) entry = entry->nextOfInstance;
+  return entry != nullptr;
+}
+
+void TInmemInstance::AddEntry(TInstanceEntry& entry) noexcept {
+  entry.nextOfInstance = std::exchange(entries_, &entry);
+}
+
+void TInmemInstance::RemoveEntry(TInstanceEntry& entry) noexcept {
+  TInstanceEntry** link = &entries_;
+  while (*link != &entry) link = &(*link)->nextOfInstance;
+  *link = std::exchange(entry.nextOfInstance, nullptr);
+}
+
+bool TInmemInstance::HasReferences() const {
+  const TInmemInstanceProperty* const first = properties_.get();
+  return std::any_of(first, first + GetPropertyCount(), [](const TInmemInstanceProperty& property) {
+    return property.GetValue(TCIMContext()).IsReference();
+  });
+}
+
+void TInmemInstance::ReferencesChanged() noexcept {
+  for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
+    if (entry->references) entry->references->index->Unsettle(*entry);
+  }
 }
 
 /// A class that declares no time of collection, or one of another type, has instances without.
 void TInmemInstance::StampCollectionTime() {
-  if (declared_->Find(kCollectionTimeKey) == properties_.size()) return;
+  if (declared_->Find(kCollectionTimeKey) == GetPropertyCount()) return;
   try {
     const TCIMValue now(TOSSpecific::GetLocalTime());
     TInmemInstance::SetPropertyValue(kCollectionTime, now, TCIMContext());
@@ -90,22 +167,27 @@ bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
   throw Failure::NullKey();
 }
 
-void TInmemInstance::Validate(TCIMContext) const {
+void TInmemInstance::Validate(TCIMContext) const { ValidateAndFindLeads(); }
+
+TLeads TInmemInstance::ValidateAndFindLeads() const {
   if ((validationFlags_ & kValidateKeys) != 0) {
     class_->EnumerateKeyNames([this](const std::string* key) { return ValidateKeyNonNull(key); },
                               TCIMContext());
   }
-  if ((validationFlags_ & kValidateReferences) == 0) return;
-  if (class_->IsAssociation(TCIMContext())) ValidateReferences();
+  if ((validationFlags_ & kValidateReferences) == 0) return {};
+  return class_->IsAssociation(TCIMContext()) ? ValidateReferences() : TLeads();
 }
 
-void TInmemInstance::ValidateReferences() const {
-  for (const auto& property : properties_) {
-    const TCIMValue& value = property->GetValue(TCIMContext());
+/// The instances at the ends must be there; whether they are where the paths say, too, is for the
+/// index of references alone.
+TLeads TInmemInstance::ValidateReferences() const {
+  TLeadFinder finder(class_);
+  for (std::size_t i = 0; i < GetPropertyCount(); ++i) {
+    const TCIMValue& value = properties_[i].GetValue(TCIMContext());
     if (!value.IsReference()) continue;
     const TCIMReference reference(value);
     try {
-      reference.GetCIMElement(false);
+      finder.Take(i, reference, reference.GetCIMElement(false));
     } catch (const TVYRException& failure) {
       if (Failure::IsNotFound(failure)) {
         LogValidationFailure("Inmem: Reference " + reference.GetPath() +
@@ -114,11 +196,25 @@ void TInmemInstance::ValidateReferences() const {
       throw Failure::SameStatus(failure);
     }
   }
+  return finder.GetLeads();
+}
+
+TLeads TInmemInstance::FindLeads() const {
+  TLeadFinder finder(class_);
+  for (std::size_t i = 0; i < GetPropertyCount() && finder.IsUsable(); ++i) {
+    const TCIMValue& value = properties_[i].GetValue(TCIMContext());
+    if (!value.IsReference()) continue;
+    const TCIMReference reference(value);
+    if (!TInmemNamespace::IsName(reference.GetClassName())) return {};  // the look-up would log it
+    finder.Take(i, reference, reference.GetCIMElement(false));
+  }
+  return finder.GetLeads();
 }
 
 void TInmemInstance::AddToNamespace(TCIMContext) {
+  TLeads leads;
   try {
-    Validate(TCIMContext());
+    leads = ValidateAndFindLeads();
   } catch (const TVYRException&) {
     // One message for every cause, and no failure for the caller: collectors add what they have
     // and go on.
@@ -126,7 +222,7 @@ void TInmemInstance::AddToNamespace(TCIMContext) {
                          ": invalid references");
     return;
   }
-  InMemory<TInmemClass>(class_)->AddInstance(shared_from_this());
+  InMemory<TInmemClass>(class_)->AddInstance(shared_from_this(), leads);
 }
 
 void TInmemInstance::Delete(TCIMContext) {
@@ -144,15 +240,22 @@ TCIMReference TInmemInstance::GetReference(TCIMContext) const {
 
 boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TCIMContext) const { return class_; }
 
-boost::shared_ptr<TInmemProperty> TInmemInstance::FindProperty(const std::string& name) const {
-  const std::size_t position = declared_->Find(TInmemNamespace::NormalizeName(name));
-  return position == properties_.size() ? boost::shared_ptr<TInmemProperty>()
-                                        : properties_[position];
+/// Of the property of that name; the number of properties where there is none. Status 25.
+std::size_t TInmemInstance::FindPosition(const std::string& name) const {
+  const std::size_t position = declared_->FindName(name);
+  if (position == GetPropertyCount()) TInmemNamespace::NormalizeName(name);
+  return position;
+}
+
+boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
+  const auto self = boost::const_pointer_cast<TInmemInstance>(shared_from_this());
+  return boost::shared_ptr<ICIMProperty>(self, &properties_[position]);
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
                                                             TCIMContext) const {
-  if (auto property = FindProperty(name)) return property;
+  const std::size_t position = FindPosition(name);
+  if (position != GetPropertyCount()) return ShareProperty(position);
   if (Contains(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, std::string("Unknown"));
   if (Contains(name, "Description")) return DeriveProperty("Description", std::string(" "));
   if (IsStatusName(name)) return DeriveProperty(name, TCIMValue(static_cast<unsigned short>(0)));
@@ -173,8 +276,9 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(
 
 void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                       TCIMContext) {
-  if (const auto property = FindProperty(name)) {
-    property->SetValue(value, TCIMContext());
+  const std::size_t position = FindPosition(name);
+  if (position != GetPropertyCount()) {
+    properties_[position].SetValue(value, TCIMContext());
     return;
   }
   // Only this one of the derived names may be set in vain.
@@ -183,8 +287,8 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
 
 void TInmemInstance::EnumerateProperties(const TCIMPropertyCallback& callback, TCIMContext) {
   const auto self = shared_from_this();
-  for (const auto& property : properties_) {
-    CallBack(kVisitsAllAndPasses, [&] { return callback(property); });
+  for (std::size_t i = 0; i < GetPropertyCount(); ++i) {
+    CallBack(kVisitsAllAndPasses, [&] { return callback(ShareProperty(i)); });
   }
 }
 

@@ -2,13 +2,15 @@
 
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
+#include <memory>
 #include <string>
-#include <vector>
 
 #include "ICIMInstance.h"
 #include "ICIMPropertyDecl.h"
 #include "TDeclaredProperties.h"
-#include "TInmemProperty.h"
+#include "TInmemInstanceProperty.h"
+#include "TReferences.h"
 
 namespace NZELVYR20 {
 
@@ -29,6 +31,38 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags);
   TInmemInstance(const TInmemInstance&) = delete;
   ~TInmemInstance() override;
+
+  /// The declarations that the instance was made with.
+  const boost::shared_ptr<const TDeclaredProperties>& GetDeclared() const { return declared_; }
+
+  /// What the property of this instance is declared by.
+  boost::shared_ptr<const ICIMPropertyDecl> GetDeclarationOf(
+      const TInmemInstanceProperty& property) const;
+
+  /// Where the reference that is this property's own value leads, as an index has settled it; empty
+  /// where none has.
+  TReferenceTarget* FindTarget(const TInmemInstanceProperty& property) const;
+
+  /// What stands where the target's path leads; empty when nothing does.
+  boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target) const;
+
+  /// Whether the instance stands in a table under this path.
+  bool StandsUnder(const std::string& path) const;
+
+  // For the tables in which the instance stands.
+
+  const TInstanceEntry* GetEntries() const { return entries_; }
+  void AddEntry(TInstanceEntry& entry) noexcept;
+  void RemoveEntry(TInstanceEntry& entry) noexcept;
+
+  /// Whether a property's value is a reference, be it null.
+  bool HasReferences() const;
+  /// A property that has or had a reference for its value was set.
+  void ReferencesChanged() noexcept;
+
+  /// Where all references lead, as the host resolves them; empty where one leads nowhere or
+  /// elsewhere than its path says. Passes on what the host throws.
+  TLeads FindLeads() const;
 
   /// True, or status 18 (logged at level 0) when the key has no value.
   bool ValidateKeyNonNull(const std::string* keyName) const;
@@ -88,22 +122,23 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
                                       const boost::shared_ptr<TInmemInstance>& assocInstance);
 
  private:
-  /// Adds the property of the next declaration; always true, as an enumeration's callback that
-  /// goes on. A class has no two declarations of one normalized name.
-  bool InsertProp(const boost::shared_ptr<ICIMPropertyDecl>& declaration);
   void StampCollectionTime();
-  boost::shared_ptr<TInmemProperty> FindProperty(const std::string& name) const;
+  std::size_t GetPropertyCount() const;
+  std::size_t FindPosition(const std::string& name) const;
+  boost::shared_ptr<ICIMProperty> ShareProperty(std::size_t position) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& declaredName,
                                                  const TCIMValue& defaultValue) const;
-  void ValidateReferences() const;
-  bool IsThis(const TCIMValue& reference) const;
-  bool IsOwnEnd(const std::string& propertyKey, const TCIMValue& reference,
+  TLeads ValidateAndFindLeads() const;
+  TLeads ValidateReferences() const;
+  bool IsThis(const TInmemPropertyBase& reference) const;
+  bool IsOwnEnd(const std::string& propertyKey, const TInmemPropertyBase& reference,
                 const std::string& roleKey) const;
 
   const int validationFlags_;
   const boost::shared_ptr<ICIMClass> class_;
   const boost::shared_ptr<const TDeclaredProperties> declared_;
-  std::vector<boost::shared_ptr<TInmemProperty>> properties_;  ///< one per entry of declared_
+  const std::unique_ptr<TInmemInstanceProperty[]> properties_;  ///< one per entry of declared_
+  TInstanceEntry* entries_ = nullptr;                           ///< the places where it was added
 };
 
 }  // namespace NZELVYR20

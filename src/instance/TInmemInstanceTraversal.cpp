@@ -9,13 +9,8 @@ namespace NZELVYR20 {
 
 namespace {
 
-boost::shared_ptr<ICIMElement> Resolve(const TCIMValue& reference) {
-  const TCIMReference path(reference);
-  return path.GetCIMElement(false);
-}
-
-boost::shared_ptr<ICIMInstance> ResolveInstance(const TCIMValue& reference) {
-  auto instance = boost::dynamic_pointer_cast<ICIMInstance>(Resolve(reference));
+boost::shared_ptr<ICIMInstance> AsInstance(const boost::shared_ptr<ICIMElement>& element) {
+  auto instance = boost::dynamic_pointer_cast<ICIMInstance>(element);
   if (!instance) throw Failure::NotFound();
   return instance;
 }
@@ -33,6 +28,12 @@ bool Probe(bool missed, TStep step) {
   }
 }
 
+/// The property of an association instance that stands for this role.
+boost::shared_ptr<TInmemPropertyBase> GetEnd(const ICIMInstance& assocInstance,
+                                             const std::string& role) {
+  return InMemory<TInmemPropertyBase>(assocInstance.GetProperty(role, TCIMContext()));
+}
+
 bool IsFarEnd(const TCIMValue& reference, const boost::shared_ptr<ICIMClass>& resultClass) {
   const auto referenced = reference.GetReferencedClass();
   return referenced && referenced->IsSubclassOf(resultClass, TCIMContext());
@@ -40,8 +41,8 @@ bool IsFarEnd(const TCIMValue& reference, const boost::shared_ptr<ICIMClass>& re
 
 }  // namespace
 
-bool TInmemInstance::IsThis(const TCIMValue& reference) const {
-  return Resolve(reference).get() == this;
+bool TInmemInstance::IsThis(const TInmemPropertyBase& reference) const {
+  return reference.MayLeadTo(*this) && reference.FollowReference().get() == this;
 }
 
 void TInmemInstance::EnumerateAssociationInstances(const TCIMInstanceCallback& callback,
@@ -55,12 +56,13 @@ void TInmemInstance::EnumerateAssociationInstances(const TCIMInstanceCallback& c
 bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
                                            const std::string& role,
                                            const boost::shared_ptr<ICIMClass>& assocClass) {
+  const auto candidates = InMemory<TInmemClass>(assocClass);
   if (role.empty()) {
-    assocClass->EnumerateInstances(TExamineInstanceCallback{shared_from_this(), callback}, false,
-                                   TCIMContext());
+    candidates->EnumerateReferrers(TExamineInstanceCallback{shared_from_this(), callback}, *this,
+                                   role);
   } else {
-    assocClass->EnumerateInstances(
-        TExamineInstanceWithRoleCallback{shared_from_this(), callback, role}, false, TCIMContext());
+    candidates->EnumerateReferrers(
+        TExamineInstanceWithRoleCallback{shared_from_this(), callback, role}, *this, role);
   }
   return true;
 }
@@ -68,10 +70,10 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
 bool TInmemInstance::ExamineCandidateClassInstance(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
   const auto association = InMemory<TInmemInstance>(assocInstance);
-  for (const auto& property : association->properties_) {
+  for (std::size_t i = 0; i < association->GetPropertyCount(); ++i) {
+    const TInmemInstanceProperty& property = association->properties_[i];
     const bool isReported = Probe(false, [&] {
-      const TCIMValue& value = property->GetValue(TCIMContext());
-      if (!value.IsReference() || !IsThis(value)) return false;
+      if (!property.GetValue(TCIMContext()).IsReference() || !IsThis(property)) return false;
       callback(assocInstance);
       return true;
     });
@@ -84,9 +86,10 @@ bool TInmemInstance::ExamineCandidateClassInstanceWithRole(
     const TCIMInstanceCallback& callback, const std::string& role,
     const boost::shared_ptr<ICIMInstance>& assocInstance) {
   return Probe(true, [&] {
-    const auto property = assocInstance->GetProperty(role, TCIMContext());
-    const TCIMValue& value = property->GetValue(TCIMContext());
-    if (value.IsReference() && IsThis(value)) callback(assocInstance);
+    const auto property = GetEnd(*assocInstance, role);
+    if (property->GetValue(TCIMContext()).IsReference() && IsThis(*property)) {
+      callback(assocInstance);
+    }
     return true;
   });
 }
@@ -116,10 +119,10 @@ void TInmemInstance::EnumerateAssociatedInstances(const TCIMInstanceCallback& ca
 
 /// Without a role, a reference that points here, declared with this very class. With one, the
 /// property of that name, wherever it points.
-bool TInmemInstance::IsOwnEnd(const std::string& propertyKey, const TCIMValue& reference,
+bool TInmemInstance::IsOwnEnd(const std::string& propertyKey, const TInmemPropertyBase& reference,
                               const std::string& roleKey) const {
   if (!roleKey.empty()) return propertyKey == roleKey;
-  return reference.GetReferencedClass() == class_ && IsThis(reference);
+  return reference.GetValue(TCIMContext()).GetReferencedClass() == class_ && IsThis(reference);
 }
 
 bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
@@ -129,17 +132,18 @@ bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
   const std::string roleKey = TInmemNamespace::NormalizeName(role);
   bool isOwnEndFound = false;
   bool result = true;
-  for (std::size_t i = 0; i < assocInstance->properties_.size(); ++i) {
+  for (std::size_t i = 0; i < assocInstance->GetPropertyCount(); ++i) {
+    const TInmemInstanceProperty& property = assocInstance->properties_[i];
     const bool isReported = Probe(false, [&] {
-      const TCIMValue& value = assocInstance->properties_[i]->GetValue(TCIMContext());
+      const TCIMValue& value = property.GetValue(TCIMContext());
       if (!value.IsReference()) return false;
       const std::string& propertyKey = assocInstance->declared_->GetEntries()[i].key;
-      if (!isOwnEndFound && IsOwnEnd(propertyKey, value, roleKey)) {
+      if (!isOwnEndFound && IsOwnEnd(propertyKey, property, roleKey)) {
         isOwnEndFound = true;
         return false;
       }
       if (!IsFarEnd(value, resultClass)) return false;
-      result = callback(ResolveInstance(value));
+      result = callback(AsInstance(property.FollowReference()));
       return true;
     });
     if (isReported) return result;
@@ -152,9 +156,11 @@ bool TInmemInstance::ExamineCandidateWithResultRole(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMClass>& resultClass,
     const std::string& resultRole, const boost::shared_ptr<TInmemInstance>& assocInstance) {
   return Probe(true, [&] {
-    const auto property = assocInstance->GetProperty(resultRole, TCIMContext());
+    const auto property = GetEnd(*assocInstance, resultRole);
     const TCIMValue& value = property->GetValue(TCIMContext());
-    if (value.IsReference() && IsFarEnd(value, resultClass)) callback(ResolveInstance(value));
+    if (value.IsReference() && IsFarEnd(value, resultClass)) {
+      callback(AsInstance(property->FollowReference()));
+    }
     return true;
   });
 }

@@ -6,6 +6,7 @@
 
 #include "Enumerate.h"
 #include "Failures.h"
+#include "Names.h"
 #include "TCIMReference.h"
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
@@ -20,19 +21,12 @@ namespace {
 /// again must not notice.
 constexpr const char* kNeverRedefined = "zelsg_physicalnetworkport";
 
-bool IsAscii(char character) { return static_cast<unsigned char>(character) < 128; }
-
 bool IsNameStart(char character) {
   return character == '_' || (IsAscii(character) && std::isalpha(character) != 0);
 }
 
 bool IsNamePart(char character) {
   return character == '_' || (IsAscii(character) && std::isalnum(character) != 0);
-}
-
-bool IsName(const std::string& name) {
-  return name.empty() ||
-         (IsNameStart(name.front()) && std::all_of(name.begin() + 1, name.end(), IsNamePart));
 }
 
 /// The spelling counts: "<ROOT>" is no CIM name.
@@ -64,11 +58,13 @@ void TInmemNamespace::Initialize() {
       boost::static_pointer_cast<TInmemClass>(AllocateClass(kRootClassName, {}, TCIMContext()));
 }
 
+bool TInmemNamespace::IsName(const std::string& name) {
+  return name.empty() ||
+         (IsNameStart(name.front()) && std::all_of(name.begin() + 1, name.end(), IsNamePart));
+}
+
 std::string TInmemNamespace::NormalizeName(const std::string& name) {
-  std::string folded(name);
-  for (char& character : folded) {
-    if (IsAscii(character)) character = static_cast<char>(std::tolower(character));
-  }
+  std::string folded = FoldName(name);
   if (!IsName(folded)) {
     LogValidationFailure("Inmem: CIM name '" + name + "' is invalid");
     throw Failure::InvalidName();

@@ -35,6 +35,14 @@ class TInmemNamespace : public ICIMNamespace,
   /// name that is no CIM name is logged at level 0 and thrown as status 25.
   static std::string NormalizeName(const std::string& name);
 
+  /// Whether NormalizeName takes the name.
+  static bool IsName(const std::string& name);
+
+  /// The class of that name, the root class for an empty one; empty when there is none. Status 25.
+  boost::shared_ptr<TInmemClass> FindClass(const std::string& name) const;
+  /// Differs from before after a class was entered.
+  std::uint64_t GetClassesRevision() const { return classes_.GetRevision(); }
+
   /// Enters a class. Status 25, or 16 (logged at level 3) without redefinition; a failure changes
   /// nothing.
   void AddClass(const boost::shared_ptr<TInmemClass>& cimClass);
@@ -79,7 +87,6 @@ class TInmemNamespace : public ICIMNamespace,
   TInmemNamespace& operator=(const TInmemNamespace& other);
 
  private:
-  boost::shared_ptr<TInmemClass> FindClass(const std::string& name) const;
   boost::shared_ptr<TInmemClass> FindClassToRefresh(const std::string& name) const;
   void ReplaceClass(const std::string& key, const boost::shared_ptr<TInmemClass>& cimClass);
   void Track(const boost::shared_ptr<TInmemClass>& cimClass);

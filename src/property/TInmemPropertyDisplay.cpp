@@ -4,7 +4,7 @@
 
 #include "ICIMQualifier.h"
 #include "TCIMDateTime.h"
-#include "TInmemProperty.h"
+#include "TInmemPropertyBase.h"
 #include "UnsignedNumber.h"
 
 namespace NZELVYR20 {
@@ -112,18 +112,18 @@ bool IsTranslatable(const TCIMValue& value, int arrayBit) {
 }  // namespace
 
 /// Empty where the qualifier is absent, null or no string.
-std::string TInmemProperty::FindText(const char* name) const {
+std::string TInmemPropertyBase::FindText(const char* name) const {
   const auto qualifier = FindUsableQualifier(name, TType::kString);
   return qualifier ? static_cast<std::string>(qualifier->GetValue(TCIMContext())) : std::string();
 }
 
 /// Whether the qualifier is there with any value but null.
-bool TInmemProperty::IsQualifierSet(const char* name) const {
+bool TInmemPropertyBase::IsQualifierSet(const char* name) const {
   const auto qualifier = FindQualifier(name);
   return qualifier && !qualifier->GetValue(TCIMContext()).IsNull();
 }
 
-std::string TInmemProperty::ToStringWithQualifiers(const TCIMValue& value) const {
+std::string TInmemPropertyBase::ToStringWithQualifiers(const TCIMValue& value) const {
   if (value.IsNull()) return FindText("NULLDISPLAY");
   const auto number = ReadUnsigned(value);
   if (!number) return ToStringWithBase(value);
@@ -134,7 +134,7 @@ std::string TInmemProperty::ToStringWithQualifiers(const TCIMValue& value) const
   return RenderScaled(*number, unit, scale);
 }
 
-std::string TInmemProperty::RenderTime(std::uint64_t number, int scale) const {
+std::string TInmemPropertyBase::RenderTime(std::uint64_t number, int scale) const {
   TCIMDateTime interval;  // stays zero for multiples of seconds: those are not in use
   constexpr std::uint64_t kThousand = 1000;
   constexpr std::uint64_t kMillion = kThousand * kThousand;
@@ -147,7 +147,7 @@ std::string TInmemProperty::RenderTime(std::uint64_t number, int scale) const {
 }
 
 /// The scale beyond which a fixed unit keeps a value from being scaled.
-int TInmemProperty::GetScaleLimit() const {
+int TInmemPropertyBase::GetScaleLimit() const {
   const std::string fixed = FindText("DISPLAYFIXEDUNITS");
   for (const int scale : {1, 2, 3, 4}) {
     if (fixed == kLongPrefixes[scale]) return scale;
@@ -155,8 +155,8 @@ int TInmemProperty::GetScaleLimit() const {
   return 0;
 }
 
-std::string TInmemProperty::RenderScaled(std::uint64_t number, const std::string& unit,
-                                         int scale) const {
+std::string TInmemPropertyBase::RenderScaled(std::uint64_t number, const std::string& unit,
+                                             int scale) const {
   const float divisor = GetDivisor(unit);
   const int limit = GetScaleLimit();
   auto scaled = static_cast<float>(number);
@@ -167,7 +167,7 @@ std::string TInmemProperty::RenderScaled(std::uint64_t number, const std::string
   return FormatNumber(scaled) + " " + RenderUnit(unit, scale);
 }
 
-std::string TInmemProperty::RenderUnit(const std::string& unit, int scale) const {
+std::string TInmemPropertyBase::RenderUnit(const std::string& unit, int scale) const {
   if (IsQualifierSet("ABBREVIATEUNITS")) return kShortPrefixes[scale] + Abbreviate(unit);
   std::string text = kLongPrefixes[scale] + unit;
   for (std::size_t i = 1; i < text.size(); ++i) {
@@ -176,7 +176,7 @@ std::string TInmemProperty::RenderUnit(const std::string& unit, int scale) const
   return text;
 }
 
-std::string TInmemProperty::Render(const TCIMValue& value) const {
+std::string TInmemPropertyBase::Render(const TCIMValue& value) const {
   std::vector<TValueMapEntry> table;
   std::string otherText;
   if (!IsTranslatable(value, 0) || !BuildValueMapEntryArray(table, otherText)) {
@@ -185,11 +185,11 @@ std::string TInmemProperty::Render(const TCIMValue& value) const {
   return LookupInTable(value, table, otherText);
 }
 
-std::string TInmemProperty::ToString() const { return Render(GetValue(TCIMContext())); }
+std::string TInmemPropertyBase::ToString() const { return Render(GetValue(TCIMContext())); }
 
-std::string TInmemProperty::PrevValueToString() const { return Render(GetPrevValue()); }
+std::string TInmemPropertyBase::PrevValueToString() const { return Render(GetPrevValue()); }
 
-std::vector<std::string> TInmemProperty::ToStringVector() const {
+std::vector<std::string> TInmemPropertyBase::ToStringVector() const {
   const TCIMValue& value = GetValue(TCIMContext());
   std::vector<TValueMapEntry> table;
   std::string otherText;
@@ -203,7 +203,7 @@ std::vector<std::string> TInmemProperty::ToStringVector() const {
   return texts;
 }
 
-std::vector<std::string> TInmemProperty::ToStringVectorWithBase() const {
+std::vector<std::string> TInmemPropertyBase::ToStringVectorWithBase() const {
   const TCIMValue& value = GetValue(TCIMContext());
   if (!IsArray(TCIMContext())) return {ToStringWithQualifiers(value)};
   std::vector<std::string> texts;

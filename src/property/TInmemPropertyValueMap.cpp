@@ -4,7 +4,7 @@
 
 #include "Failures.h"
 #include "ICIMQualifier.h"
-#include "TInmemProperty.h"
+#include "TInmemPropertyBase.h"
 #include "TInmemPropertyDecl.h"
 #include "UnsignedNumber.h"
 
@@ -13,7 +13,7 @@ namespace NZELVYR20 {
 namespace {
 
 using TType = TCIMValue::TCIMType;
-using TTable = std::vector<TInmemProperty::TValueMapEntry>;
+using TTable = std::vector<TInmemPropertyBase::TValueMapEntry>;
 
 constexpr std::uint64_t kOpen = std::numeric_limits<std::uint64_t>::max();
 constexpr const char* kRange = "..";
@@ -101,7 +101,7 @@ std::uint64_t ToNumber(const TCIMValue& value) {
 }  // namespace
 
 /// A miss is ordinary, several for each rendered value, and so it does not throw on the way.
-boost::shared_ptr<const ICIMQualifier> TInmemProperty::FindQualifier(
+boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
     const std::string& name) const {
   const auto declaration = GetDeclaration(TCIMContext());
   if (const auto own = boost::dynamic_pointer_cast<const TInmemPropertyDecl>(declaration)) {
@@ -116,7 +116,7 @@ boost::shared_ptr<const ICIMQualifier> TInmemProperty::FindQualifier(
 }
 
 /// Empty also where the qualifier is null or of another type.
-boost::shared_ptr<const ICIMQualifier> TInmemProperty::FindUsableQualifier(
+boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindUsableQualifier(
     const std::string& name, TCIMValue::TCIMType type) const {
   auto qualifier = FindQualifier(name);
   const bool isUsable = qualifier && !qualifier->GetValue(TCIMContext()).IsNull() &&
@@ -124,8 +124,8 @@ boost::shared_ptr<const ICIMQualifier> TInmemProperty::FindUsableQualifier(
   return isUsable ? qualifier : boost::shared_ptr<const ICIMQualifier>();
 }
 
-bool TInmemProperty::BuildValueMapEntryArray(std::vector<TValueMapEntry>& table,
-                                             std::string& otherText) const {
+bool TInmemPropertyBase::BuildValueMapEntryArray(std::vector<TValueMapEntry>& table,
+                                                 std::string& otherText) const {
   const auto values = FindUsableQualifier("Values", TType::kStringArray);
   if (!values) return false;
   const std::vector<TCIMValue>& texts = GetElements(*values);
@@ -148,9 +148,9 @@ bool TInmemProperty::BuildValueMapEntryArray(std::vector<TValueMapEntry>& table,
 }
 
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): one of three const operations
-std::string TInmemProperty::LookupInTable(const TCIMValue& value,
-                                          std::vector<TValueMapEntry>& table,
-                                          std::string& otherText) const {
+std::string TInmemPropertyBase::LookupInTable(const TCIMValue& value,
+                                              std::vector<TValueMapEntry>& table,
+                                              std::string& otherText) const {
   const std::uint64_t number = ToNumber(value);
   for (const TValueMapEntry& entry : table) {
     if (entry.low <= number && number <= entry.high) return entry.text;
@@ -158,7 +158,7 @@ std::string TInmemProperty::LookupInTable(const TCIMValue& value,
   return otherText.empty() ? value.ToString(kDecimal) : otherText;
 }
 
-std::string TInmemProperty::ToStringWithBase(const TCIMValue& value) const {
+std::string TInmemPropertyBase::ToStringWithBase(const TCIMValue& value) const {
   const auto base = FindUsableQualifier("BASE", TType::kUInt8);
   return value.ToString(base ? static_cast<unsigned char>(base->GetValue(TCIMContext()))
                              : kDecimal);

@@ -1,0 +1,217 @@
+#include "TInstanceTable.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "TInmemInstance.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+using TEntryPointer = std::unique_ptr<TInstanceEntry>;
+
+/// Entries that were taken out may bear the path of a later one.
+bool IsBefore(const TInstanceEntry& left, const TInstanceEntry& right) {
+  const int order = left.path.compare(right.path);
+  return order < 0 || (order == 0 && left.serial < right.serial);
+}
+
+bool IsPointedBefore(const TEntryPointer& left, const TEntryPointer& right) {
+  return IsBefore(*left, *right);
+}
+
+}  // namespace
+
+TInstanceTable::TCursor::TCursor(const TInstanceTable& table)
+    : table_(table), limit_(table.serial_), nextCursor_(table.cursors_) {
+  table.Arrange();
+  table.cursors_ = this;
+}
+
+TInstanceTable::TCursor::~TCursor() {
+  TCursor** link = &table_.cursors_;
+  while (*link != this) link = &(*link)->nextCursor_;
+  *link = nextCursor_;
+}
+
+TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
+  while (next_ < table_.arranged_) {
+    const TInstanceEntry& entry = *table_.order_[next_++];
+    if (entry.instance && entry.serial <= limit_) return entry.instance;
+  }
+  return {};
+}
+
+TInstanceTable::~TInstanceTable() { Clear(); }
+
+TInstanceEntry* TInstanceTable::FindEntry(std::string_view path) const {
+  const auto entry = entries_.find(path);
+  return entry == entries_.end() ? nullptr : entry->second;
+}
+
+TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
+  const TInstanceEntry* const entry = FindEntry(path);
+  return entry ? entry->instance : TPointer();
+}
+
+void TInstanceTable::Put(const std::string& path, const TPointer& instance, const TLeads& leads) {
+  if (TInstanceEntry* const entry = FindEntry(path)) {
+    Replace(*entry, instance, leads);
+  } else {
+    Insert(path, instance, leads);
+  }
+}
+
+void TInstanceTable::Insert(const std::string& path, const TPointer& instance,
+                            const TLeads& leads) {
+  if (order_.size() == order_.capacity())
+    order_.reserve(std::max<std::size_t>(4, 2 * order_.size()));
+  auto entry = std::make_unique<TInstanceEntry>();
+  entry->path = path;
+  entry->serial = serial_ + 1;
+  const auto place = entries_.emplace(entry->path, entry.get()).first;
+  try {
+    references_.Add(*entry, *instance, leads);
+  } catch (...) {
+    entries_.erase(place);
+    throw;
+  }
+  ++serial_;
+  entry->instance = instance;
+  instance->AddEntry(*entry);
+  order_.push_back(std::move(entry));
+}
+
+void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance, const TLeads& leads) {
+  references_.Remove(entry);
+  entry.instance->RemoveEntry(entry);
+  const TPointer gone = std::exchange(entry.instance, instance);
+  instance->AddEntry(entry);
+  ++removals_;
+  references_.AddOrForget(entry, leads);
+}
+
+void TInstanceTable::Erase(std::string_view path) {
+  TInstanceEntry* const entry = FindEntry(path);
+  if (!entry) return;
+  entries_.erase(entry->path);
+  references_.Remove(*entry);
+  entry->instance->RemoveEntry(*entry);
+  const TPointer gone = std::exchange(entry->instance, {});
+  ++removals_;
+  ++removed_;
+  if (removed_ > order_.size() / 2) DropRemoved();
+}
+
+void TInstanceTable::Clear() noexcept {
+  for (const auto& entry : order_) {
+    if (entry->instance) entry->instance->RemoveEntry(*entry);
+  }
+  entries_.clear();
+  references_.Clear();
+  const TOrder gone = std::exchange(order_, {});
+  arranged_ = 0;
+  removed_ = 0;
+  ++removals_;
+  for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) cursor->next_ = 0;
+}
+
+/// Puts what came since the last time in its place. Cursors go on with the entry that was next.
+void TInstanceTable::Arrange() const noexcept {
+  if (arranged_ == order_.size()) return;
+  for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
+    cursor->resume_ = cursor->next_ < arranged_ ? order_[cursor->next_].get() : nullptr;
+  }
+  const auto added = order_.begin() + static_cast<std::ptrdiff_t>(arranged_);
+  std::sort(added, order_.end(), IsPointedBefore);
+  std::inplace_merge(order_.begin(), added, order_.end(), IsPointedBefore);
+  arranged_ = order_.size();
+  for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
+    cursor->next_ = cursor->resume_ ? GetPosition(*cursor->resume_) : arranged_;
+  }
+}
+
+std::size_t TInstanceTable::GetPosition(const TInstanceEntry& entry) const {
+  const auto isBefore = [](const TEntryPointer& left, const TInstanceEntry& right) {
+    return IsBefore(*left, right);
+  };
+  const auto place = std::lower_bound(order_.begin(), order_.end(), entry, isBefore);
+  return static_cast<std::size_t>(place - order_.begin());
+}
+
+void TInstanceTable::DropRemoved() noexcept {
+  std::size_t kept = 0;
+  std::size_t keptArranged = 0;
+  for (std::size_t i = 0; i <= order_.size(); ++i) {
+    if (i == arranged_) keptArranged = kept;
+    for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
+      if (cursor->next_ == i) cursor->next_ = kept;
+    }
+    if (i < order_.size() && order_[i]->instance) order_[i].swap(order_[kept++]);
+  }
+  order_.resize(kept);
+  arranged_ = keptArranged;
+  removed_ = 0;
+}
+
+TInstanceEntry* TInstanceTable::FindBehind(const std::string& path, std::uint64_t limit) const {
+  Arrange();
+  const auto isBehind = [](const std::string& left, const TEntryPointer& right) {
+    return left < right->path;
+  };
+  auto entry = std::upper_bound(order_.begin(), order_.end(), path, isBehind);
+  while (entry != order_.end() && (!(*entry)->instance || (*entry)->serial > limit)) ++entry;
+  return entry == order_.end() ? nullptr : entry->get();
+}
+
+/// Without memory for the index a walk looks at every instance.
+bool TInstanceTable::IsIndexed(const std::string& roleKey) noexcept {
+  try {
+    if (references_.IsStale()) references_.Renew(order_);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return references_.IsComplete(roleKey);
+}
+
+TInstanceEntry* TInstanceTable::FindNextReferrer(const TInmemInstance& target,
+                                                 const std::string& roleKey,
+                                                 const std::string& last, std::uint64_t limit) {
+  std::string tried;
+  while (IsIndexed(roleKey)) {
+    TInstanceEntry* const next = references_.FindNext(target, last, limit);
+    if (!next || next->references->IsSettled() || next->path == tried) return next;
+    tried = next->path;
+    TrySettle(tried);
+  }
+  return FindBehind(last, limit);
+}
+
+/// The host is asked, and may change the table meanwhile.
+void TInstanceTable::TrySettle(const std::string& path) noexcept {
+  try {
+    const TPointer instance = Find(path);
+    const TLeads leads = instance->FindLeads();
+    TInstanceEntry* const entry = FindEntry(path);
+    if (leads.empty() || !entry || entry->instance != instance) return;
+    if (entry->references && !entry->references->IsSettled()) references_.Settle(*entry, leads);
+  } catch (...) {
+    // What fails here fails again when the walk looks at the instance, or is lack of memory.
+  }
+}
+
+TInstanceTable::TReferrerCursor::TReferrerCursor(TInstanceTable& table,
+                                                 const TInmemInstance& target,
+                                                 const std::string& roleKey)
+    : table_(table), target_(target), roleKey_(roleKey), limit_(table.serial_) {}
+
+TInstanceTable::TPointer TInstanceTable::TReferrerCursor::Next() {
+  const TInstanceEntry* const next = table_.FindNextReferrer(target_, roleKey_, last_, limit_);
+  if (!next) return {};
+  last_ = next->path;
+  return next->instance;
+}
+
+}  // namespace NZELVYR20

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "TReferences.h"
+
+namespace NZELVYR20 {
+
+class TDeclaredProperties;
+class TInmemNamespace;
+
+/// Tells which instances in the table of a class may refer to a given instance, without a look at
+/// the others.
+///
+/// A path is resolved by the host, which may do so as it likes. An instance counts as settled once
+/// every reference of it was seen to lead where the text of its path says, in the namespace of its
+/// class; from then on the texts decide. All others are candidates of every walk, which tries each
+/// time to settle them: so none is missed, however the host resolves it. A reference that is set
+/// makes its instance unsettled again.
+class TReferenceIndex {
+ public:
+  TReferenceIndex() = default;
+  TReferenceIndex(const TReferenceIndex&) = delete;
+  TReferenceIndex& operator=(const TReferenceIndex&) = delete;
+  ~TReferenceIndex() = default;
+
+  /// Takes an entry in, settled where `leads` tells all its references. A failure changes nothing.
+  void Add(TInstanceEntry& entry, const TInmemInstance& instance, const TLeads& leads);
+
+  /// The same for the instance that stands in the entry. On lack of memory the index is stale.
+  void AddOrForget(TInstanceEntry& entry, const TLeads& leads) noexcept;
+
+  /// Forgets the entry, in which the instance still stands.
+  void Remove(TInstanceEntry& entry) noexcept;
+  void Clear() noexcept;
+
+  /// Makes the entry a candidate of every walk, until it is settled again.
+  void Unsettle(TInstanceEntry& entry) noexcept;
+
+  /// Settles an entry that is not; a failure changes nothing.
+  void Settle(TInstanceEntry& entry, const TLeads& leads);
+
+  /// Whether a walk by this role (a normalized name; empty for none) may rely on the index. Not
+  /// while an instance that lacks the role's property is there.
+  bool IsComplete(const std::string& roleKey) const;
+
+  /// Whether the index needs to look at the entries again: a default that they may show has
+  /// changed, or there was no memory.
+  bool IsStale() const;
+  /// Does so. After a failure the index stays stale.
+  void Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& entries);
+
+  /// The candidate that comes first behind the path `last` (empty: of all) among those that refer
+  /// to `target` and those that are not settled; what came after `limit` is left out.
+  TInstanceEntry* FindNext(const TInmemInstance& target, const std::string& last,
+                           std::uint64_t limit) const;
+
+  /// The instance to which the target's path leads now; empty when there is none.
+  static boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target,
+                                                  const TInmemNamespace& nameSpace);
+
+ private:
+  /// The instances that were made with one list of declarations.
+  struct TMake {
+    boost::shared_ptr<const TDeclaredProperties> declared;
+    std::size_t count;
+    std::uint64_t revision;  ///< of the defaults, when Add or Renew looked
+  };
+
+  void Join(const TInmemInstance& instance);
+  void Leave(const TInmemInstance& instance) noexcept;
+  void AddReferences(TInstanceEntry& entry, const TLeads& leads);
+  void Detach(TInstanceEntry& entry) noexcept;
+  TReferenceTarget& GetTarget(const TLead& lead);
+  void DropIfUnused(TReferenceTarget& target) noexcept;
+
+  std::vector<TMake> makes_;
+  std::unordered_map<std::string, TReferenceTarget> targets_;
+  std::unordered_set<std::string> classNames_;
+  TEntrySet unsettled_;
+  bool isStale_ = false;
+};
+
+}  // namespace NZELVYR20

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace NZELVYR20 {
+
+class TInmemClass;
+class TInmemInstance;
+class TReferenceIndex;
+struct TInstanceEntry;
+
+/// Where one reference of an instance leads: to the instance of that class under that path, in the
+/// namespace of its own class.
+struct TLead {
+  std::size_t position;   ///< of the property in its instance
+  std::string className;  ///< as the path gives it
+  std::string path;       ///< its canonical text
+};
+using TLeads = std::vector<TLead>;
+
+struct TEntryOrder {
+  using is_transparent = void;
+  bool operator()(const TInstanceEntry* left, const TInstanceEntry* right) const;
+  bool operator()(const TInstanceEntry* left, const std::string& right) const;
+  bool operator()(const std::string& left, const TInstanceEntry* right) const;
+};
+using TEntrySet = std::set<TInstanceEntry*, TEntryOrder>;
+
+/// A path to which indexed references lead, whether an instance stands there or not.
+struct TReferenceTarget {
+  const std::string* path;
+  const std::string* className;
+  TEntrySet referrers;
+
+  // Where the path led last, good while neither the classes nor what was taken out of the class's
+  // table have changed.
+  TInmemClass* cimClass = nullptr;
+  std::uint64_t classesRevision = 0;
+  TInstanceEntry* entry = nullptr;
+  std::uint64_t removals = 0;
+};
+
+/// The references of an instance as the index of its class knows them.
+struct TReferences {
+  struct TEdge {
+    std::size_t position;
+    TReferenceTarget* target;
+  };
+
+  TReferenceIndex* index;
+  std::vector<TEdge> edges;  ///< by position
+
+  bool IsSettled() const { return !edges.empty(); }
+};
+
+/// The place of an instance in the table of a class: the text of the path under which it was
+/// added, whatever became of its keys since.
+struct TInstanceEntry {
+  std::string path;
+  boost::shared_ptr<TInmemInstance> instance;  ///< empty when the entry was taken out
+  std::uint64_t serial = 0;                    ///< tells a walk what came after its start
+  std::unique_ptr<TReferences> references;     ///< empty when it has none
+  TInstanceEntry* nextOfInstance = nullptr;    ///< an instance may be added under several paths
+};
+
+inline bool TEntryOrder::operator()(const TInstanceEntry* left, const TInstanceEntry* right) const {
+  return left->path < right->path;
+}
+inline bool TEntryOrder::operator()(const TInstanceEntry* left, const std::string& right) const {
+  return left->path < right;
+}
+inline bool TEntryOrder::operator()(const std::string& left, const TInstanceEntry* right) const {
+  return left < right->path;
+}
+
+}  // namespace NZELVYR20

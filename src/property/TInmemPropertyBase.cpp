@@ -1,0 +1,124 @@
+#include "TInmemPropertyBase.h"
+
+#include <boost/assert.hpp>
+#include <sstream>
+
+#include "Failures.h"
+#include "ICIMClass.h"
+#include "TCIMReference.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+std::string GetName(const boost::shared_ptr<ICIMClass>& cimClass) {
+  return cimClass ? cimClass->GetName(TCIMContext()) : std::string();
+}
+
+/// A reference that knows no class refers to nothing that could be of the declared one.
+bool IsSubclass(const boost::shared_ptr<ICIMClass>& cimClass,
+                const boost::shared_ptr<ICIMClass>& declared) {
+  return cimClass && declared && cimClass->IsSubclassOf(declared, TCIMContext());
+}
+
+[[noreturn]] void FailMismatch(const std::string& message) {
+  LogDefinitionFailure(message);
+  throw Failure::TypeMismatch();
+}
+
+std::string TypeText(TCIMValue::TCIMType type) {
+  std::ostringstream text;
+  text.exceptions(std::ios::badbit);  // lack of memory must not pass for a shorter message
+  text << type;
+  return text.str();
+}
+
+[[noreturn]] void FailType(const char* operation, TCIMValue::TCIMType declared,
+                           TCIMValue::TCIMType given) {
+  FailMismatch(std::string(operation) + ": decl is type " + TypeText(declared) +
+               " but value is type " + TypeText(given));
+}
+
+[[noreturn]] void FailReferencedClass(const char* operation,
+                                      const boost::shared_ptr<ICIMClass>& declared,
+                                      const boost::shared_ptr<ICIMClass>& given) {
+  FailMismatch(std::string(operation) + ": decl references type " + GetName(declared) +
+               " but value references " + GetName(given));
+}
+
+}  // namespace
+
+TCIMValue::TCIMType TInmemPropertyBase::GetType(TCIMContext) const {
+  return GetDeclaration(TCIMContext())->GetType(TCIMContext());
+}
+
+bool TInmemPropertyBase::IsArray(TCIMContext) const {
+  return GetDeclaration(TCIMContext())->IsArray(TCIMContext());
+}
+
+bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return !hasValue_; }
+
+const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
+  return hasValue_ ? value_ : GetDeclaration(TCIMContext())->GetDefaultValue(TCIMContext());
+}
+
+void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
+  Check(value, "Inmem: SetValue");
+  value_ = value;
+  hasValue_ = true;
+}
+
+/// The type, and for a reference the class; array-ness is part of the type, and a null needs the
+/// right type as well.
+void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) const {
+  const auto declaration = GetDeclaration(TCIMContext());
+  const TCIMValue::TCIMType type = declaration->GetType(TCIMContext());
+  if (type != value.GetType()) FailType(operation, type, value.GetType());
+  if (type != TCIMValue::TCIMType::kReference) return;
+  const auto referenced = value.GetReferencedClass();
+  const auto declared = declaration->GetDefaultValue(TCIMContext()).GetReferencedClass();
+  if (!IsSubclass(referenced, declared)) FailReferencedClass(operation, declared, referenced);
+}
+
+boost::shared_ptr<ICIMElement> TInmemPropertyBase::FollowReference() const {
+  const TCIMReference path(GetValue(TCIMContext()));
+  return path.GetCIMElement(false);
+}
+
+/// The same test as IsDefaultValue: what has no value of its own has it from the declaration.
+bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return !hasValue_; }
+
+bool TInmemPropertyBase::operator==(ICIMProperty& other) const {
+  BOOST_ASSERT(hasValue_);
+  return other.GetDeclaration(TCIMContext()) == GetDeclaration(TCIMContext()) &&
+         value_ == other.GetValue(TCIMContext());
+}
+
+bool TInmemPropertyBase::operator<(ICIMProperty& other) const {
+  BOOST_ASSERT(hasValue_);
+  const auto declaration = GetDeclaration(TCIMContext());
+  const auto otherDeclaration = other.GetDeclaration(TCIMContext());
+  if (declaration < otherDeclaration) return true;
+  if (otherDeclaration < declaration) return false;
+  return value_ < other.GetValue(TCIMContext());
+}
+
+ICIMProperty& TInmemPropertyBase::operator=(const ICIMProperty&) { return *this; }
+TInmemPropertyBase& TInmemPropertyBase::operator=(const TInmemPropertyBase&) { return *this; }
+
+const TCIMValue& TInmemPropertyBase::GetPrevValue() const {
+  if (!IsPrevValueDifferent()) return GetValue(TCIMContext());
+  return *previousValue_;
+}
+
+void TInmemPropertyBase::SetPrevValue(const TCIMValue& value) {
+  // Hosts know these messages without the usual beginning.
+  if (!value.IsNull()) Check(value, "SetPrevValue");
+  previousValue_ = std::make_unique<const TCIMValue>(value);
+}
+
+void TInmemPropertyBase::SetPrevValue() { previousValue_ = std::make_unique<const TCIMValue>(); }
+
+bool TInmemPropertyBase::IsPrevValueDifferent() const { return previousValue_ != nullptr; }
+
+}  // namespace NZELVYR20

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ICIMProperty.h"
+
+namespace NZELVYR20 {
+
+class ICIMElement;
+class ICIMQualifier;
+class TInmemInstance;
+
+/// One property of one instance, whatever links it to its declaration: its values, their checks
+/// and their renderings. Whoever hands a property out sees to it that something keeps the
+/// declaration alive.
+///
+/// TInmemPropertyBase.cpp holds the values and their checks, TInmemPropertyValueMap.cpp the
+/// translation of numbers into texts, TInmemPropertyDisplay.cpp units, scaling and the renderings.
+class TInmemPropertyBase : public ICIMProperty {
+ public:
+  /// A range of numbers and the text that stands for it.
+  struct TValueMapEntry {
+    std::uint64_t low;
+    std::uint64_t high;  ///< all bits set while the range is open
+    std::string text;
+  };
+
+  TInmemPropertyBase(const TInmemPropertyBase&) = delete;
+
+  TCIMValue::TCIMType GetType(TCIMContext context) const override;
+  bool IsArray(TCIMContext context) const override;
+  bool IsDefaultValue(TCIMContext context) const override;
+  const TCIMValue& GetValue(TCIMContext context) const override;
+  void SetValue(const TCIMValue& value, TCIMContext context) override;
+  bool GetPropagated(TCIMContext context) const override;
+  bool operator==(ICIMProperty& other) const override;
+  bool operator<(ICIMProperty& other) const override;
+  ICIMProperty& operator=(const ICIMProperty& other) override;
+  TInmemPropertyBase& operator=(const TInmemPropertyBase& other);
+  const TCIMValue& GetPrevValue() const override;
+  void SetPrevValue(const TCIMValue& value) override;
+  void SetPrevValue() override;
+  bool IsPrevValueDifferent() const override;
+  std::string ToString() const override;
+  std::string PrevValueToString() const override;
+  std::vector<std::string> ToStringVector() const override;
+
+  /// What the reference that is its value leads to; status 15 where that is nothing.
+  virtual boost::shared_ptr<ICIMElement> FollowReference() const;
+
+  /// False where that is certainly not this instance.
+  virtual bool MayLeadTo(const TInmemInstance&) const { return true; }
+
+  /// Appends the table that the qualifiers "Values" and "ValueMap" make, and sets the text for
+  /// values that no entry covers. False when they make none; what was appended before a
+  /// contradiction was met stays.
+  bool BuildValueMapEntryArray(std::vector<TValueMapEntry>& table, std::string& otherText) const;
+
+  /// The text of the first entry that covers the value, else `otherText`, else the number. Status
+  /// 1 for a value that is neither boolean nor unsigned.
+  std::string LookupInTable(const TCIMValue& value, std::vector<TValueMapEntry>& table,
+                            std::string& otherText) const;
+
+  /// The value as text, in the base that the qualifier "BASE" gives.
+  std::string ToStringWithBase(const TCIMValue& value) const;
+
+  /// One scalar as people read it: units, scaling, and the text for null.
+  std::string ToStringWithQualifiers(const TCIMValue& value) const;
+
+  /// ToStringWithQualifiers of each element; of the value itself where the property is no array.
+  std::vector<std::string> ToStringVectorWithBase() const;
+
+ protected:
+  TInmemPropertyBase() = default;
+  ~TInmemPropertyBase() override = default;
+
+ private:
+  void Check(const TCIMValue& value, const char* operation) const;
+
+  boost::shared_ptr<const ICIMQualifier> FindQualifier(const std::string& name) const;
+  boost::shared_ptr<const ICIMQualifier> FindUsableQualifier(const std::string& name,
+                                                             TCIMValue::TCIMType type) const;
+  std::string FindText(const char* name) const;
+  bool IsQualifierSet(const char* name) const;
+
+  std::string Render(const TCIMValue& value) const;
+  std::string RenderTime(std::uint64_t number, int scale) const;
+  std::string RenderScaled(std::uint64_t number, const std::string& unit, int scale) const;
+  std::string RenderUnit(const std::string& unit, int scale) const;
+  int GetScaleLimit() const;
+
+  TCIMValue value_;                                 ///< its own, where it has one
+  std::unique_ptr<const TCIMValue> previousValue_;  ///< empty: none was recorded
+  bool hasValue_ = false;                           ///< else the declaration's default shows
+};
+
+}  // namespace NZELVYR20

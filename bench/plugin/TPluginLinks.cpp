@@ -24,7 +24,7 @@ void DeclareKey(const boost::shared_ptr<ICIMNamespace>& space, ICIMClass& cimCla
 }
 
 TClass DeclareEnd(const boost::shared_ptr<ICIMNamespace>& space, const std::string& name) {
-  const auto end = space->AllocateClass(name, {}, {});
+  auto end = space->AllocateClass(name, {}, {});
   DeclareKey(space, *end, "Name", TCIMValue::Null(TCIMValue::TCIMType::kString));
   end->AddToNamespace({});
   return end;
@@ -32,7 +32,7 @@ TClass DeclareEnd(const boost::shared_ptr<ICIMNamespace>& space, const std::stri
 
 TClass DeclareLink(const boost::shared_ptr<ICIMNamespace>& space, const TClass& system,
                    const TClass& part) {
-  const auto link = space->AllocateClass("Bench_SystemPart", {}, {});
+  auto link = space->AllocateClass("Bench_SystemPart", {}, {});
   Qualify(space, *link, "Association");
   DeclareKey(space, *link, "System", TCIMValue::NullReference(system));
   DeclareKey(space, *link, "Part", TCIMValue::NullReference(part));

@@ -38,7 +38,6 @@ TDiskRow MakeDiskRow(std::size_t number) {
 std::vector<std::size_t> MakeShuffledOrder(std::size_t count) {
   std::vector<std::size_t> order(count);
   std::iota(order.begin(), order.end(), std::size_t{0});
-  // NOLINTNEXTLINE(cert-msc32-c,cert-msc51-cpp,bugprone-random-generator-seed): has to repeat
   std::mt19937_64 random(kSeed);
   std::shuffle(order.begin(), order.end(), random);
   return order;

@@ -15,12 +15,12 @@ struct TDiskRow {
   std::string systemName;
   std::string model;
   std::string serialNumber;
-  std::uint64_t capacity;
-  std::uint64_t blockSize;
-  std::uint64_t numberOfBlocks;
-  std::uint16_t enabledState;
-  std::uint16_t availability;
-  bool isRemovable;
+  std::uint64_t capacity = 0;
+  std::uint64_t blockSize = 0;
+  std::uint64_t numberOfBlocks = 0;
+  std::uint16_t enabledState = 0;
+  std::uint16_t availability = 0;
+  bool isRemovable = false;
 };
 
 constexpr std::size_t kDiskProperties = 11;

@@ -152,6 +152,10 @@ def tell_spread(work, samples):
             f"({with_unit(work, min(samples))} to {with_unit(work, max(samples))})")
 
 
+def as_multiple(ratio):
+    return f"{ratio:.2f}x" if ratio < 100 else f"{ratio:,.0f}x"
+
+
 class Table:
     """The rows, one for each work and size, with what the bars say of them."""
 
@@ -181,7 +185,7 @@ class Table:
         ours = self.median(work, size, "plug-in")
         if contender == "plug-in" or ours is None:
             return text
-        return f"{text}: {ours / self.median(work, size, contender):.2f}x"
+        return f"{text}: {as_multiple(ours / self.median(work, size, contender))}"
 
     def make_row(self, work, size):
         cells = [WORKS[work], with_commas(size)]
@@ -200,7 +204,7 @@ class Table:
 
     def make_growth_row(self, work, small, large, limit):
         before, after = self.median(work, small, "plug-in"), self.median(work, large, "plug-in")
-        grown = "not measured" if None in (before, after) else f"{after / before:.2f}x"
+        grown = "not measured" if None in (before, after) else as_multiple(after / before)
         size = f"{with_commas(large)} against {with_commas(small)}"
         return [f"{WORKS[work]}: growth", size, grown, "–", "–", "–",
                 *self.judge(work, size, after, before, limit, with_commas(small))]

@@ -4,7 +4,9 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
-test_packages=("${run_packages[@]}" googletest)
+benchmark_libraries=(libbenchmark-dev libsqlite3-dev)
+test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest)
+bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck)
@@ -49,5 +51,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host examples tests fuzz soak -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src host examples tests fuzz soak bench -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

@@ -10,7 +10,8 @@ inline bool IsAscii(char character) { return static_cast<unsigned char>(characte
 
 /// How names fold to lower case, character by character; others than ASCII ones stay.
 inline char FoldCharacter(char character) {
-  return IsAscii(character) ? static_cast<char>(std::tolower(character)) : character;
+  const bool isUpper = character >= 'A' && character <= 'Z';
+  return isUpper ? static_cast<char>(std::tolower(character)) : character;
 }
 
 inline std::string FoldName(std::string name) {

@@ -89,23 +89,29 @@ TInmemInstance::TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int
     : validationFlags_(validationFlags),
       class_(cimClass),
       declared_(InMemory<TInmemClass>(cimClass)->GetDeclaredProperties()),
-      properties_(new TInmemInstanceProperty[declared_->GetEntries().size()]) {
-  for (std::size_t i = 0; i < GetPropertyCount(); ++i) properties_[i].SetOwner(*this);
+      properties_(*this, declared_->GetEntries().size()) {
   StampCollectionTime();
 }
 
 TInmemInstance::~TInmemInstance() = default;
 
-std::size_t TInmemInstance::GetPropertyCount() const { return declared_->GetEntries().size(); }
-
 boost::shared_ptr<const ICIMPropertyDecl> TInmemInstance::GetDeclarationOf(
-    const TInmemInstanceProperty& property) const {
-  return declared_->GetEntries()[static_cast<std::size_t>(&property - properties_.get())]
-      .declaration;
+    std::size_t position) const {
+  return declared_->GetEntries()[position].declaration;
 }
 
-TReferenceTarget* TInmemInstance::FindTarget(const TInmemInstanceProperty& property) const {
-  const auto position = static_cast<std::size_t>(&property - properties_.get());
+const TCIMValue* TInmemInstance::FindPreviousValue(std::size_t position) const {
+  if (!previousValues_) return nullptr;
+  const auto value = previousValues_->find(position);
+  return value == previousValues_->end() ? nullptr : &value->second;
+}
+
+void TInmemInstance::KeepPreviousValue(std::size_t position, const TCIMValue& value) {
+  if (!previousValues_) previousValues_ = std::make_unique<std::map<std::size_t, TCIMValue>>();
+  (*previousValues_)[position] = value;
+}
+
+TReferenceTarget* TInmemInstance::FindTarget(std::size_t position) const {
   for (const TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
     if (!entry->references) continue;
     for (const TReferences::TEdge& edge : entry->references->edges) {
@@ -137,8 +143,7 @@ void TInmemInstance::RemoveEntry(TInstanceEntry& entry) noexcept {
 }
 
 bool TInmemInstance::HasReferences() const {
-  const TInmemInstanceProperty* const first = properties_.get();
-  return std::any_of(first, first + GetPropertyCount(), [](const TInmemInstanceProperty& property) {
+  return std::any_of(properties_.begin(), properties_.end(), [](const auto& property) {
     return property.GetValue(TCIMContext()).IsReference();
   });
 }
@@ -151,7 +156,7 @@ void TInmemInstance::ReferencesChanged() noexcept {
 
 /// A class that declares no time of collection, or one of another type, has instances without.
 void TInmemInstance::StampCollectionTime() {
-  if (declared_->Find(kCollectionTimeKey) == GetPropertyCount()) return;
+  if (declared_->Find(kCollectionTimeKey) == properties_.GetCount()) return;
   try {
     const TCIMValue now(TOSSpecific::GetLocalTime());
     TInmemInstance::SetPropertyValue(kCollectionTime, now, TCIMContext());
@@ -182,7 +187,7 @@ TLeads TInmemInstance::ValidateAndFindLeads() const {
 /// index of references alone.
 TLeads TInmemInstance::ValidateReferences() const {
   TLeadFinder finder(class_);
-  for (std::size_t i = 0; i < GetPropertyCount(); ++i) {
+  for (std::size_t i = 0; i < properties_.GetCount(); ++i) {
     const TCIMValue& value = properties_[i].GetValue(TCIMContext());
     if (!value.IsReference()) continue;
     const TCIMReference reference(value);
@@ -201,7 +206,7 @@ TLeads TInmemInstance::ValidateReferences() const {
 
 TLeads TInmemInstance::FindLeads() const {
   TLeadFinder finder(class_);
-  for (std::size_t i = 0; i < GetPropertyCount() && finder.IsUsable(); ++i) {
+  for (std::size_t i = 0; i < properties_.GetCount() && finder.IsUsable(); ++i) {
     const TCIMValue& value = properties_[i].GetValue(TCIMContext());
     if (!value.IsReference()) continue;
     const TCIMReference reference(value);
@@ -243,7 +248,7 @@ boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TCIMContext) const { retur
 /// Of the property of that name; the number of properties where there is none. Status 25.
 std::size_t TInmemInstance::FindPosition(const std::string& name) const {
   const std::size_t position = declared_->FindName(name);
-  if (position == GetPropertyCount()) TInmemNamespace::NormalizeName(name);
+  if (position == properties_.GetCount()) TInmemNamespace::NormalizeName(name);
   return position;
 }
 
@@ -255,7 +260,7 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t positi
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
                                                             TCIMContext) const {
   const std::size_t position = FindPosition(name);
-  if (position != GetPropertyCount()) return ShareProperty(position);
+  if (position != properties_.GetCount()) return ShareProperty(position);
   if (Contains(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, std::string("Unknown"));
   if (Contains(name, "Description")) return DeriveProperty("Description", std::string(" "));
   if (IsStatusName(name)) return DeriveProperty(name, TCIMValue(static_cast<unsigned short>(0)));
@@ -277,7 +282,7 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(
 void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                       TCIMContext) {
   const std::size_t position = FindPosition(name);
-  if (position != GetPropertyCount()) {
+  if (position != properties_.GetCount()) {
     properties_[position].SetValue(value, TCIMContext());
     return;
   }
@@ -287,7 +292,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
 
 void TInmemInstance::EnumerateProperties(const TCIMPropertyCallback& callback, TCIMContext) {
   const auto self = shared_from_this();
-  for (std::size_t i = 0; i < GetPropertyCount(); ++i) {
+  for (std::size_t i = 0; i < properties_.GetCount(); ++i) {
     CallBack(kVisitsAllAndPasses, [&] { return callback(ShareProperty(i)); });
   }
 }

@@ -3,13 +3,14 @@
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
 
 #include "ICIMInstance.h"
 #include "ICIMPropertyDecl.h"
 #include "TDeclaredProperties.h"
-#include "TInmemInstanceProperty.h"
+#include "TInmemProperties.h"
 #include "TReferences.h"
 
 namespace NZELVYR20 {
@@ -35,13 +36,16 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   /// The declarations that the instance was made with.
   const boost::shared_ptr<const TDeclaredProperties>& GetDeclared() const { return declared_; }
 
-  /// What the property of this instance is declared by.
-  boost::shared_ptr<const ICIMPropertyDecl> GetDeclarationOf(
-      const TInmemInstanceProperty& property) const;
+  /// What the property at this position is declared by.
+  boost::shared_ptr<const ICIMPropertyDecl> GetDeclarationOf(std::size_t position) const;
 
-  /// Where the reference that is this property's own value leads, as an index has settled it; empty
-  /// where none has.
-  TReferenceTarget* FindTarget(const TInmemInstanceProperty& property) const;
+  /// The value that was recorded as the one before; empty where none was.
+  const TCIMValue* FindPreviousValue(std::size_t position) const;
+  void KeepPreviousValue(std::size_t position, const TCIMValue& value);
+
+  /// Where the reference that is the own value of this property leads, as an index has settled it;
+  /// empty where none has.
+  TReferenceTarget* FindTarget(std::size_t position) const;
 
   /// What stands where the target's path leads; empty when nothing does.
   boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target) const;
@@ -123,7 +127,6 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
 
  private:
   void StampCollectionTime();
-  std::size_t GetPropertyCount() const;
   std::size_t FindPosition(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> ShareProperty(std::size_t position) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& declaredName,
@@ -137,8 +140,9 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   const int validationFlags_;
   const boost::shared_ptr<ICIMClass> class_;
   const boost::shared_ptr<const TDeclaredProperties> declared_;
-  const std::unique_ptr<TInmemInstanceProperty[]> properties_;  ///< one per entry of declared_
-  TInstanceEntry* entries_ = nullptr;                           ///< the places where it was added
+  const TInmemProperties properties_;  ///< one per entry of declared_
+  std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
+  TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
 };
 
 }  // namespace NZELVYR20

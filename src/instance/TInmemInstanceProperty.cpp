@@ -2,28 +2,38 @@
 
 #include "Failures.h"
 #include "TInmemInstance.h"
+#include "TInmemProperties.h"
 
 namespace NZELVYR20 {
 
 boost::shared_ptr<const ICIMPropertyDecl> TInmemInstanceProperty::GetDeclaration(
     TCIMContext) const {
-  return owner_->GetDeclarationOf(*this);
+  return TInmemProperties::GetOwner(*this).GetDeclarationOf(position_);
 }
 
 void TInmemInstanceProperty::SetValue(const TCIMValue& value, TCIMContext context) {
   TInmemPropertyBase::SetValue(value, context);
-  if (value.IsReference()) owner_->ReferencesChanged();
+  TInmemProperties::GetOwner(*this).ReferencesChanged();
+}
+
+const TCIMValue* TInmemInstanceProperty::FindPreviousValue() const {
+  return TInmemProperties::GetOwner(*this).FindPreviousValue(position_);
+}
+
+void TInmemInstanceProperty::KeepPreviousValue(const TCIMValue& value) {
+  TInmemProperties::GetOwner(*this).KeepPreviousValue(position_, value);
 }
 
 /// A default may change without notice, and so an index tells nothing about it.
 TReferenceTarget* TInmemInstanceProperty::FindTarget() const {
-  return IsDefaultValue(TCIMContext()) ? nullptr : owner_->FindTarget(*this);
+  return IsDefaultValue(TCIMContext()) ? nullptr
+                                       : TInmemProperties::GetOwner(*this).FindTarget(position_);
 }
 
 boost::shared_ptr<ICIMElement> TInmemInstanceProperty::FollowReference() const {
   TReferenceTarget* const target = FindTarget();
   if (!target) return TInmemPropertyBase::FollowReference();
-  auto instance = owner_->Follow(*target);
+  auto instance = TInmemProperties::GetOwner(*this).Follow(*target);
   if (!instance) throw Failure::NotFound();
   return instance;
 }

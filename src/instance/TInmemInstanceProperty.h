@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+
 #include "TInmemPropertyBase.h"
 
 namespace NZELVYR20 {
@@ -11,12 +14,13 @@ struct TReferenceTarget;
 /// the other. Its declaration is the one that the instance keeps for its place.
 class TInmemInstanceProperty : public TInmemPropertyBase {
  public:
-  TInmemInstanceProperty() = default;
+  /// Only TInmemProperties makes properties of instances.
+  explicit TInmemInstanceProperty(std::size_t position)
+      : position_(static_cast<std::uint32_t>(position)) {}
   TInmemInstanceProperty(const TInmemInstanceProperty&) = delete;
   ~TInmemInstanceProperty() override = default;
 
-  /// Tells the property in which instance it stands, before anything else is asked of it.
-  void SetOwner(TInmemInstance& owner) { owner_ = &owner; }
+  std::size_t GetPosition() const { return position_; }
 
   void SetValue(const TCIMValue& value, TCIMContext context) override;
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclaration(TCIMContext context) const override;
@@ -25,10 +29,14 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   using TInmemPropertyBase::operator=;
   TInmemInstanceProperty& operator=(const TInmemInstanceProperty&) { return *this; }
 
+ protected:
+  const TCIMValue* FindPreviousValue() const override;
+  void KeepPreviousValue(const TCIMValue& value) override;
+
  private:
   TReferenceTarget* FindTarget() const;
 
-  TInmemInstance* owner_ = nullptr;
+  const std::uint32_t position_;
 };
 
 }  // namespace NZELVYR20

@@ -70,7 +70,7 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
 bool TInmemInstance::ExamineCandidateClassInstance(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
   const auto association = InMemory<TInmemInstance>(assocInstance);
-  for (std::size_t i = 0; i < association->GetPropertyCount(); ++i) {
+  for (std::size_t i = 0; i < association->properties_.GetCount(); ++i) {
     const TInmemInstanceProperty& property = association->properties_[i];
     const bool isReported = Probe(false, [&] {
       if (!property.GetValue(TCIMContext()).IsReference() || !IsThis(property)) return false;
@@ -132,7 +132,7 @@ bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
   const std::string roleKey = TInmemNamespace::NormalizeName(role);
   bool isOwnEndFound = false;
   bool result = true;
-  for (std::size_t i = 0; i < assocInstance->GetPropertyCount(); ++i) {
+  for (std::size_t i = 0; i < assocInstance->properties_.GetCount(); ++i) {
     const TInmemInstanceProperty& property = assocInstance->properties_[i];
     const bool isReported = Probe(false, [&] {
       const TCIMValue& value = property.GetValue(TCIMContext());

@@ -23,4 +23,8 @@ boost::shared_ptr<const ICIMPropertyDecl> TInmemProperty::GetDeclaration(TCIMCon
   return declaration_.lock();
 }
 
+void TInmemProperty::KeepPreviousValue(const TCIMValue& value) {
+  previousValue_ = std::make_unique<const TCIMValue>(value);
+}
+
 }  // namespace NZELVYR20

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/weak_ptr.hpp>
+#include <memory>
 
 #include "TInmemPropertyBase.h"
 
@@ -26,8 +27,13 @@ class TInmemProperty : public TInmemPropertyBase {
   using TInmemPropertyBase::operator=;
   TInmemProperty& operator=(const TInmemProperty&) { return *this; }
 
+ protected:
+  const TCIMValue* FindPreviousValue() const override { return previousValue_.get(); }
+  void KeepPreviousValue(const TCIMValue& value) override;
+
  private:
   const boost::weak_ptr<const ICIMPropertyDecl> declaration_;
+  std::unique_ptr<const TCIMValue> previousValue_;
 };
 
 }  // namespace NZELVYR20

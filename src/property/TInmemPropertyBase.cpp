@@ -107,18 +107,18 @@ ICIMProperty& TInmemPropertyBase::operator=(const ICIMProperty&) { return *this;
 TInmemPropertyBase& TInmemPropertyBase::operator=(const TInmemPropertyBase&) { return *this; }
 
 const TCIMValue& TInmemPropertyBase::GetPrevValue() const {
-  if (!IsPrevValueDifferent()) return GetValue(TCIMContext());
-  return *previousValue_;
+  const TCIMValue* const previous = FindPreviousValue();
+  return previous ? *previous : GetValue(TCIMContext());
 }
 
 void TInmemPropertyBase::SetPrevValue(const TCIMValue& value) {
   // Hosts know these messages without the usual beginning.
   if (!value.IsNull()) Check(value, "SetPrevValue");
-  previousValue_ = std::make_unique<const TCIMValue>(value);
+  KeepPreviousValue(value);
 }
 
-void TInmemPropertyBase::SetPrevValue() { previousValue_ = std::make_unique<const TCIMValue>(); }
+void TInmemPropertyBase::SetPrevValue() { KeepPreviousValue(TCIMValue()); }
 
-bool TInmemPropertyBase::IsPrevValueDifferent() const { return previousValue_ != nullptr; }
+bool TInmemPropertyBase::IsPrevValueDifferent() const { return FindPreviousValue() != nullptr; }
 
 }  // namespace NZELVYR20

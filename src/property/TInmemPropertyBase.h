@@ -2,7 +2,6 @@
 
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -78,6 +77,10 @@ class TInmemPropertyBase : public ICIMProperty {
   TInmemPropertyBase() = default;
   ~TInmemPropertyBase() override = default;
 
+  /// The value that was recorded as the one before; empty where none was.
+  virtual const TCIMValue* FindPreviousValue() const = 0;
+  virtual void KeepPreviousValue(const TCIMValue& value) = 0;
+
  private:
   void Check(const TCIMValue& value, const char* operation) const;
 
@@ -93,9 +96,8 @@ class TInmemPropertyBase : public ICIMProperty {
   std::string RenderUnit(const std::string& unit, int scale) const;
   int GetScaleLimit() const;
 
-  TCIMValue value_;                                 ///< its own, where it has one
-  std::unique_ptr<const TCIMValue> previousValue_;  ///< empty: none was recorded
-  bool hasValue_ = false;                           ///< else the declaration's default shows
+  TCIMValue value_;        ///< its own, where it has one
+  bool hasValue_ = false;  ///< else the declaration's default shows
 };
 
 }  // namespace NZELVYR20

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -28,8 +29,8 @@ class TDeclaredProperties {
   const std::vector<TEntry>& GetEntries() const { return entries_; }
 
   /// The position of a normalized name; the number of entries when it is not declared.
-  std::size_t Find(const std::string& key) const {
-    const auto isBefore = [](const TEntry& entry, const std::string& name) {
+  std::size_t Find(std::string_view key) const {
+    const auto isBefore = [](const TEntry& entry, std::string_view name) {
       return entry.key < name;
     };
     const auto entry = std::lower_bound(entries_.begin(), entries_.end(), key, isBefore);

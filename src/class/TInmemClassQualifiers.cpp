@@ -31,7 +31,7 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
   TNameTable<TInmemPropertyDecl>::TCursor cursor(propertyDecls_);
   try {
     while (const auto declaration = cursor.Next()) {
-      if (!declaration->GetQualifiers().IsFlagSet(QualifierKey::kKey)) continue;
+      if (!declaration->GetQualifiers().IsKey()) continue;
       if (!callback(&declaration->GetName(TCIMContext()))) return;
     }
   } catch (const TVYRException& failure) {
@@ -43,7 +43,7 @@ void TInmemClass::Validate(TCIMContext) const {
   if (IsAbstract(TCIMContext())) return;
   TNameTable<TInmemPropertyDecl>::TCursor cursor(propertyDecls_);
   while (const auto declaration = cursor.Next()) {
-    if (declaration->GetQualifiers().IsFlagSet(QualifierKey::kKey)) return;
+    if (declaration->GetQualifiers().IsKey()) return;
   }
   LogDefinitionFailure("Inmem: Class " + name_ + " has no keys");
   throw Failure::NoKeys();

@@ -11,6 +11,10 @@ boost::shared_ptr<const ICIMPropertyDecl> TInmemInstanceProperty::GetDeclaration
   return TInmemProperties::GetOwner(*this).GetDeclarationOf(position_);
 }
 
+const ICIMPropertyDecl& TInmemInstanceProperty::Declaration() const {
+  return *TInmemProperties::GetOwner(*this).GetDeclared()->GetEntries()[position_].declaration;
+}
+
 void TInmemInstanceProperty::SetValue(const TCIMValue& value, TCIMContext context) {
   TInmemPropertyBase::SetValue(value, context);
   TInmemProperties::GetOwner(*this).ReferencesChanged();

@@ -30,6 +30,7 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   TInmemInstanceProperty& operator=(const TInmemInstanceProperty&) { return *this; }
 
  protected:
+  const ICIMPropertyDecl& Declaration() const override;
   const TCIMValue* FindPreviousValue() const override;
   void KeepPreviousValue(const TCIMValue& value) override;
 

@@ -1,6 +1,7 @@
 #include "TInstanceTable.h"
 
 #include <algorithm>
+#include <functional>
 #include <new>
 #include <utility>
 
@@ -11,6 +12,8 @@ namespace NZELVYR20 {
 namespace {
 
 using TEntryPointer = std::unique_ptr<TInstanceEntry>;
+
+std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
 
 /// Entries that were taken out may bear the path of a later one.
 bool IsBefore(const TInstanceEntry& left, const TInstanceEntry& right) {
@@ -46,9 +49,15 @@ TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
 
 TInstanceTable::~TInstanceTable() { Clear(); }
 
+/// The link to the entry of that path, or the one at the end of its chain.
+TInstanceEntry** TInstanceTable::FindLink(std::string_view path, std::size_t hash) const {
+  auto* link = const_cast<TInstanceEntry**>(&buckets_[hash & (buckets_.size() - 1)]);
+  while (*link && ((*link)->hash != hash || (*link)->path != path)) link = &(*link)->nextInBucket;
+  return link;
+}
+
 TInstanceEntry* TInstanceTable::FindEntry(std::string_view path) const {
-  const auto entry = entries_.find(path);
-  return entry == entries_.end() ? nullptr : entry->second;
+  return buckets_.empty() ? nullptr : *FindLink(path, GetHash(path));
 }
 
 TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
@@ -57,30 +66,42 @@ TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
 }
 
 void TInstanceTable::Put(const std::string& path, const TPointer& instance, const TLeads& leads) {
-  if (TInstanceEntry* const entry = FindEntry(path)) {
+  MakeRoom();
+  const std::size_t hash = GetHash(path);
+  if (TInstanceEntry* const entry = *FindLink(path, hash)) {
     Replace(*entry, instance, leads);
   } else {
-    Insert(path, instance, leads);
+    Insert(path, hash, instance, leads);
   }
 }
 
-void TInstanceTable::Insert(const std::string& path, const TPointer& instance,
+/// For one entry more.
+void TInstanceTable::MakeRoom() {
+  constexpr std::size_t kFewest = 4;
+  if (order_.size() == order_.capacity()) order_.reserve(std::max(kFewest, 2 * order_.size()));
+  if (order_.size() < buckets_.size()) return;
+  std::vector<TInstanceEntry*> buckets(std::max(kFewest, 2 * buckets_.size()));
+  buckets_.swap(buckets);
+  for (TInstanceEntry* entry : buckets) {
+    while (entry) {
+      TInstanceEntry*& chain = buckets_[entry->hash & (buckets_.size() - 1)];
+      TInstanceEntry* const next = std::exchange(entry->nextInBucket, chain);
+      chain = std::exchange(entry, next);
+    }
+  }
+}
+
+void TInstanceTable::Insert(const std::string& path, std::size_t hash, const TPointer& instance,
                             const TLeads& leads) {
-  if (order_.size() == order_.capacity())
-    order_.reserve(std::max<std::size_t>(4, 2 * order_.size()));
   auto entry = std::make_unique<TInstanceEntry>();
   entry->path = path;
+  entry->hash = hash;
   entry->serial = serial_ + 1;
-  const auto place = entries_.emplace(entry->path, entry.get()).first;
-  try {
-    references_.Add(*entry, *instance, leads);
-  } catch (...) {
-    entries_.erase(place);
-    throw;
-  }
+  references_.Add(*entry, *instance, leads);
   ++serial_;
   entry->instance = instance;
   instance->AddEntry(*entry);
+  *FindLink(path, hash) = entry.get();
   order_.push_back(std::move(entry));
 }
 
@@ -94,9 +115,11 @@ void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance, co
 }
 
 void TInstanceTable::Erase(std::string_view path) {
-  TInstanceEntry* const entry = FindEntry(path);
+  if (buckets_.empty()) return;
+  TInstanceEntry** const link = FindLink(path, GetHash(path));
+  TInstanceEntry* const entry = *link;
   if (!entry) return;
-  entries_.erase(entry->path);
+  *link = std::exchange(entry->nextInBucket, nullptr);
   references_.Remove(*entry);
   entry->instance->RemoveEntry(*entry);
   const TPointer gone = std::exchange(entry->instance, {});
@@ -109,7 +132,7 @@ void TInstanceTable::Clear() noexcept {
   for (const auto& entry : order_) {
     if (entry->instance) entry->instance->RemoveEntry(*entry);
   }
-  entries_.clear();
+  std::vector<TInstanceEntry*>().swap(buckets_);
   references_.Clear();
   const TOrder gone = std::exchange(order_, {});
   arranged_ = 0;

@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "TReferenceIndex.h"
@@ -86,7 +85,10 @@ class TInstanceTable {
  private:
   using TOrder = std::vector<std::unique_ptr<TInstanceEntry>>;
 
-  void Insert(const std::string& path, const TPointer& instance, const TLeads& leads);
+  TInstanceEntry** FindLink(std::string_view path, std::size_t hash) const;
+  void MakeRoom();
+  void Insert(const std::string& path, std::size_t hash, const TPointer& instance,
+              const TLeads& leads);
   void Replace(TInstanceEntry& entry, const TPointer& instance, const TLeads& leads);
   void Arrange() const noexcept;
   std::size_t GetPosition(const TInstanceEntry& entry) const;
@@ -97,7 +99,7 @@ class TInstanceTable {
   bool IsIndexed(const std::string& roleKey) noexcept;
   void TrySettle(const std::string& path) noexcept;
 
-  std::unordered_map<std::string_view, TInstanceEntry*> entries_;
+  std::vector<TInstanceEntry*> buckets_;  ///< a power of two of chains of entries by their hashes
   mutable TOrder order_;              ///< all entries, those that were taken out, too, for a while
   mutable std::size_t arranged_ = 0;  ///< how many of them stand in order; the others came later
   std::size_t removed_ = 0;           ///< how many of them were taken out

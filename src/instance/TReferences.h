@@ -67,6 +67,8 @@ struct TInstanceEntry {
   std::uint64_t serial = 0;                    ///< tells a walk what came after its start
   std::unique_ptr<TReferences> references;     ///< empty when it has none
   TInstanceEntry* nextOfInstance = nullptr;    ///< an instance may be added under several paths
+  std::size_t hash = 0;                        ///< of the path
+  TInstanceEntry* nextInBucket = nullptr;
 };
 
 inline bool TEntryOrder::operator()(const TInstanceEntry* left, const TInstanceEntry* right) const {

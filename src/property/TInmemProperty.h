@@ -28,6 +28,7 @@ class TInmemProperty : public TInmemPropertyBase {
   TInmemProperty& operator=(const TInmemProperty&) { return *this; }
 
  protected:
+  const ICIMPropertyDecl& Declaration() const override { return *declaration_.lock(); }
   const TCIMValue* FindPreviousValue() const override { return previousValue_.get(); }
   void KeepPreviousValue(const TCIMValue& value) override;
 

@@ -49,17 +49,15 @@ std::string TypeText(TCIMValue::TCIMType type) {
 }  // namespace
 
 TCIMValue::TCIMType TInmemPropertyBase::GetType(TCIMContext) const {
-  return GetDeclaration(TCIMContext())->GetType(TCIMContext());
+  return Declaration().GetType(TCIMContext());
 }
 
-bool TInmemPropertyBase::IsArray(TCIMContext) const {
-  return GetDeclaration(TCIMContext())->IsArray(TCIMContext());
-}
+bool TInmemPropertyBase::IsArray(TCIMContext) const { return Declaration().IsArray(TCIMContext()); }
 
 bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return !hasValue_; }
 
 const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
-  return hasValue_ ? value_ : GetDeclaration(TCIMContext())->GetDefaultValue(TCIMContext());
+  return hasValue_ ? value_ : Declaration().GetDefaultValue(TCIMContext());
 }
 
 void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
@@ -71,12 +69,12 @@ void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
 /// The type, and for a reference the class; array-ness is part of the type, and a null needs the
 /// right type as well.
 void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) const {
-  const auto declaration = GetDeclaration(TCIMContext());
-  const TCIMValue::TCIMType type = declaration->GetType(TCIMContext());
+  const ICIMPropertyDecl& declaration = Declaration();
+  const TCIMValue::TCIMType type = declaration.GetType(TCIMContext());
   if (type != value.GetType()) FailType(operation, type, value.GetType());
   if (type != TCIMValue::TCIMType::kReference) return;
   const auto referenced = value.GetReferencedClass();
-  const auto declared = declaration->GetDefaultValue(TCIMContext()).GetReferencedClass();
+  const auto declared = declaration.GetDefaultValue(TCIMContext()).GetReferencedClass();
   if (!IsSubclass(referenced, declared)) FailReferencedClass(operation, declared, referenced);
 }
 

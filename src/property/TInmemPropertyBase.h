@@ -77,6 +77,9 @@ class TInmemPropertyBase : public ICIMProperty {
   TInmemPropertyBase() = default;
   ~TInmemPropertyBase() override = default;
 
+  /// The declaration, which something else holds.
+  virtual const ICIMPropertyDecl& Declaration() const = 0;
+
   /// The value that was recorded as the one before; empty where none was.
   virtual const TCIMValue* FindPreviousValue() const = 0;
   virtual void KeepPreviousValue(const TCIMValue& value) = 0;

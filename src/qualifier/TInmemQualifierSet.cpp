@@ -25,6 +25,7 @@ void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) 
     return;  // the same again: the attached object stays
   }
   qualifiers_.Put(key, InMemory<TInmemQualifier>(qualifier));
+  NoteKey();
 }
 
 bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
@@ -36,6 +37,7 @@ bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
 
 void TInmemQualifierSet::Remove(const std::string& name) {
   if (!qualifiers_.Erase(TInmemNamespace::NormalizeName(name))) throw Failure::NotFound();
+  NoteKey();
 }
 
 boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name) const {
@@ -52,8 +54,11 @@ boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& n
 
 bool TInmemQualifierSet::IsFlagSet(std::string_view key) const {
   const auto qualifier = FindKey(key);
-  if (!qualifier) return false;
-  const TCIMValue& value = qualifier->GetValue(TCIMContext());
+  return qualifier && IsTrue(*qualifier);
+}
+
+bool TInmemQualifierSet::IsTrue(const TInmemQualifier& qualifier) {
+  const TCIMValue& value = qualifier.GetValue(TCIMContext());
   return !value.IsNull() && static_cast<bool>(value);
 }
 
@@ -71,6 +76,7 @@ void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
         copies.Add(key, copy);
       });
   qualifiers_.Insert(std::move(copies));
+  NoteKey();
 }
 
 void TInmemQualifierSet::ReleaseReferences() {

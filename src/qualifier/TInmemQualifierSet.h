@@ -49,6 +49,9 @@ class TInmemQualifierSet {
   /// boolean is whatever its conversion throws.
   bool IsFlagSet(std::string_view key) const;
 
+  /// IsFlagSet of "key", without a search: it decides over every property of every instance made.
+  bool IsKey() const { return key_ && IsTrue(*key_); }
+
   template <class TOwner>
   void Enumerate(const TOwner& owner, TEnumerationRule rule,
                  const TCIMQualifierCallback& callback) const {
@@ -68,9 +71,12 @@ class TInmemQualifierSet {
   void ReleaseReferences();
 
  private:
+  static bool IsTrue(const TInmemQualifier& qualifier);
   bool Conflicts(const ICIMQualifier& attached, const ICIMQualifier& added) const;
+  void NoteKey() { key_ = FindKey(QualifierKey::kKey).get(); }
 
   TNameTable<TInmemQualifier> qualifiers_;
+  const TInmemQualifier* key_ = nullptr;  ///< the qualifier "key" among them
   const EMatch match_;
 };
 

@@ -5,6 +5,7 @@
 namespace NZELVYR20 {
 
 void TCompactStore::Fill(const std::vector<TDiskRow>& rows) {
+  sorted_.clear();
   for (const TDiskRow& row : rows) {
     TRecord& record = records_[MakeDiskPath(row)];
     VisitDisk(row,
@@ -25,24 +26,24 @@ std::uint64_t TCompactStore::GetCapacity(const TRecord* instance) {
   return std::get<std::uint64_t>((*instance)[kCapacity]);
 }
 
-std::vector<const TCompactStore::TRecords::value_type*> TCompactStore::Sort() const {
-  std::vector<const TRecords::value_type*> sorted;
-  sorted.reserve(records_.size());
-  for (const auto& entry : records_) sorted.push_back(&entry);
-  std::sort(sorted.begin(), sorted.end(),
+const TCompactStore::TSorted& TCompactStore::GetSorted() {
+  if (!sorted_.empty()) return sorted_;
+  sorted_.reserve(records_.size());
+  for (const auto& entry : records_) sorted_.push_back(&entry);
+  std::sort(sorted_.begin(), sorted_.end(),
             [](const auto* left, const auto* right) { return left->first < right->first; });
-  return sorted;
+  return sorted_;
 }
 
-std::size_t TCompactStore::Count() const {
+std::size_t TCompactStore::Count() {
   std::size_t count = 0;
-  for (const auto* entry : Sort()) count += entry->second.front().index() == 0 ? 0 : 1;
+  for (const auto* entry : GetSorted()) count += entry->second.front().index() == 0 ? 0 : 1;
   return count;
 }
 
-std::uint64_t TCompactStore::SumCapacities() const {
+std::uint64_t TCompactStore::SumCapacities() {
   std::uint64_t sum = 0;
-  for (const auto* entry : Sort()) sum += GetCapacity(&entry->second);
+  for (const auto* entry : GetSorted()) sum += GetCapacity(&entry->second);
   return sum;
 }
 

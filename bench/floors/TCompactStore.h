@@ -12,8 +12,9 @@
 
 namespace NZELVYR20 {
 
-/// The floor "compact": a hash table of path texts to records with a slot for each property. A walk
-/// in path order sorts the entries first. The operations are those of TMapStore.
+/// The floor "compact": a hash table of path texts to records with a slot for each property, and
+/// the entries in path order. These are sorted by the first walk behind a change, so that neither
+/// adding nor a later walk pays for it. The operations are those of TMapStore.
 class TCompactStore {
  public:
   using TRecord = std::array<TFloorValue, kDiskProperties>;
@@ -28,15 +29,18 @@ class TCompactStore {
   static void SetCapacity(TInstance instance, std::uint64_t capacity);
   static std::uint64_t GetCapacity(const TRecord* instance);
 
-  std::size_t Count() const;
-  std::uint64_t SumCapacities() const;
+  std::size_t Count();
+  std::uint64_t SumCapacities();
 
  private:
   using TRecords = std::unordered_map<std::string, TRecord>;
 
-  std::vector<const TRecords::value_type*> Sort() const;
+  using TSorted = std::vector<const TRecords::value_type*>;
+
+  const TSorted& GetSorted();
 
   TRecords records_;
+  TSorted sorted_;  ///< empty behind a change
 };
 
 }  // namespace NZELVYR20

@@ -61,6 +61,10 @@ void SetProperty(benchmark::State& state, std::size_t size) {
     return turn;
   };
   TakeTurns<TStore>(state, size, set);
+  auto& filled = GetModel<TFilled<TStore>>(size);
+  filled.store.SetCapacity(filled.instances[0], 1);
+  Require(state, filled.store.GetCapacity(filled.instances[0]), std::uint64_t{1});
+  set(filled, 0);  // the model is the others', too
 }
 
 template <class TStore>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/function.hpp>
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 #include <cstdint>
@@ -54,10 +55,13 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   /// ICIMClass::AddInstance; `leads` may tell where all references of the instance lead.
   void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TLeads& leads);
 
+  /// Takes an instance, and whether it is certain to refer to the target of a walk.
+  using TReferrerCallback = boost::function<bool(const boost::shared_ptr<TInmemInstance>&, bool)>;
+
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
   /// `target`, by the property of this role (empty: by any).
-  void EnumerateReferrers(const TCIMInstanceCallback& callback, const TInmemInstance& target,
-                          const std::string& role);
+  void EnumerateReferrers(const TInmemInstance& target, const std::string& role,
+                          const TReferrerCallback& callback);
 
   void ClearInstances();
 

@@ -80,13 +80,16 @@ void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool 
   });
 }
 
-void TInmemClass::EnumerateReferrers(const TCIMInstanceCallback& callback,
-                                     const TInmemInstance& target, const std::string& role) {
+void TInmemClass::EnumerateReferrers(const TInmemInstance& target, const std::string& role,
+                                     const TReferrerCallback& callback) {
   const auto self = shared_from_this();
   const std::string roleKey = FoldName(role);
   TInstanceTable::TReferrerCursor cursor(instances_, target, roleKey);
-  while (const auto instance = cursor.Next()) {
-    CallBack(kVisitsAllAndDiscards, [&] { return callback(instance); });
+  for (;;) {
+    const auto referrer = cursor.Next(namespace_.lock().get());
+    if (!referrer.instance) return;
+    CallBack(kVisitsAllAndDiscards,
+             [&] { return callback(referrer.instance, referrer.isCertain); });
   }
 }
 

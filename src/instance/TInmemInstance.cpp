@@ -142,6 +142,10 @@ void TInmemInstance::RemoveEntry(TInstanceEntry& entry) noexcept {
   *link = std::exchange(entry.nextOfInstance, nullptr);
 }
 
+bool TInmemInstance::IsOf(const TInstanceTable& table) const {
+  return &InMemory<TInmemClass>(class_)->GetInstances() == &table;
+}
+
 bool TInmemInstance::HasReferences() const {
   return std::any_of(properties_.begin(), properties_.end(), [](const auto& property) {
     return property.GetValue(TCIMContext()).IsReference();

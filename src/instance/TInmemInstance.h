@@ -15,6 +15,8 @@
 
 namespace NZELVYR20 {
 
+class TInstanceTable;
+
 /// An instance of a TInmemClass: its class, which it holds, and one property for each declaration
 /// that the class had when the instance was made. It keeps those declarations alive for its
 /// properties.
@@ -58,6 +60,9 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   const TInstanceEntry* GetEntries() const { return entries_; }
   void AddEntry(TInstanceEntry& entry) noexcept;
   void RemoveEntry(TInstanceEntry& entry) noexcept;
+
+  /// Whether the table is that of its class.
+  bool IsOf(const TInstanceTable& table) const;
 
   /// Whether a property's value is a reference, be it null.
   bool HasReferences() const;
@@ -103,6 +108,11 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   bool ExamineCandidateClass(const TCIMInstanceCallback& callback, const std::string& role,
                              const boost::shared_ptr<ICIMClass>& assocClass);
 
+  /// Calls back with an association instance of which a reference is known to point here; always
+  /// true.
+  bool ReportCandidateClassInstance(const TCIMInstanceCallback& callback,
+                                    const boost::shared_ptr<TInmemInstance>& assocInstance);
+
   /// Calls back with the association instance if one of its references points here; always true.
   bool ExamineCandidateClassInstance(const TCIMInstanceCallback& callback,
                                      const boost::shared_ptr<ICIMInstance>& assocInstance);
@@ -133,6 +143,9 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
                                                  const TCIMValue& defaultValue) const;
   TLeads ValidateAndFindLeads() const;
   TLeads ValidateReferences() const;
+  bool ExamineProperties(const TCIMInstanceCallback& callback,
+                         const boost::shared_ptr<TInmemInstance>& assocInstance,
+                         std::size_t hitsBefore);
   bool IsThis(const TInmemPropertyBase& reference) const;
   bool IsOwnEnd(const std::string& propertyKey, const TInmemPropertyBase& reference,
                 const std::string& roleKey) const;

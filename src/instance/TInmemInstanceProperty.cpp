@@ -44,7 +44,7 @@ boost::shared_ptr<ICIMElement> TInmemInstanceProperty::FollowReference() const {
 
 bool TInmemInstanceProperty::MayLeadTo(const TInmemInstance& instance) const {
   const TReferenceTarget* const target = FindTarget();
-  return !target || instance.StandsUnder(*target->path);
+  return !target || instance.StandsUnder(target->path);
 }
 
 }  // namespace NZELVYR20

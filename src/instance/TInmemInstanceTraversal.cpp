@@ -56,24 +56,40 @@ void TInmemInstance::EnumerateAssociationInstances(const TCIMInstanceCallback& c
 bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
                                            const std::string& role,
                                            const boost::shared_ptr<ICIMClass>& assocClass) {
-  const auto candidates = InMemory<TInmemClass>(assocClass);
-  if (role.empty()) {
-    candidates->EnumerateReferrers(TExamineInstanceCallback{shared_from_this(), callback}, *this,
-                                   role);
-  } else {
-    candidates->EnumerateReferrers(
-        TExamineInstanceWithRoleCallback{shared_from_this(), callback, role}, *this, role);
-  }
+  const TExamineInstanceCallback examine{shared_from_this(), callback};
+  const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
+  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance, bool isCertain) {
+    if (!role.empty()) return examineWithRole(assocInstance);
+    if (isCertain) return ReportCandidateClassInstance(callback, assocInstance);
+    return examine(assocInstance);
+  };
+  InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, take);
   return true;
+}
+
+/// A callback that fails with status 15 is called again for the next reference that points here.
+bool TInmemInstance::ReportCandidateClassInstance(
+    const TCIMInstanceCallback& callback, const boost::shared_ptr<TInmemInstance>& assocInstance) {
+  const bool isReported = Probe(false, [&] {
+    callback(assocInstance);
+    return true;
+  });
+  return isReported || ExamineProperties(callback, assocInstance, 1);
 }
 
 bool TInmemInstance::ExamineCandidateClassInstance(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
-  const auto association = InMemory<TInmemInstance>(assocInstance);
-  for (std::size_t i = 0; i < association->properties_.GetCount(); ++i) {
-    const TInmemInstanceProperty& property = association->properties_[i];
+  return ExamineProperties(callback, InMemory<TInmemInstance>(assocInstance), 0);
+}
+
+/// Goes on behind so many references that point here.
+bool TInmemInstance::ExamineProperties(const TCIMInstanceCallback& callback,
+                                       const boost::shared_ptr<TInmemInstance>& assocInstance,
+                                       std::size_t hitsBefore) {
+  for (const TInmemInstanceProperty& property : assocInstance->properties_) {
     const bool isReported = Probe(false, [&] {
       if (!property.GetValue(TCIMContext()).IsReference() || !IsThis(property)) return false;
+      if (hitsBefore > 0) return --hitsBefore, false;
       callback(assocInstance);
       return true;
     });

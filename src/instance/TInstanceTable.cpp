@@ -13,8 +13,6 @@ namespace {
 
 using TEntryPointer = std::unique_ptr<TInstanceEntry>;
 
-std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
-
 /// Entries that were taken out may bear the path of a later one.
 bool IsBefore(const TInstanceEntry& left, const TInstanceEntry& right) {
   const int order = left.path.compare(right.path);
@@ -57,7 +55,7 @@ TInstanceEntry** TInstanceTable::FindLink(std::string_view path, std::size_t has
 }
 
 TInstanceEntry* TInstanceTable::FindEntry(std::string_view path) const {
-  return buckets_.empty() ? nullptr : *FindLink(path, GetHash(path));
+  return buckets_.empty() ? nullptr : *FindLink(path, TReferenceIndex::GetHash(path));
 }
 
 TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
@@ -67,7 +65,7 @@ TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
 
 void TInstanceTable::Put(const std::string& path, const TPointer& instance, const TLeads& leads) {
   MakeRoom();
-  const std::size_t hash = GetHash(path);
+  const std::size_t hash = TReferenceIndex::GetHash(path);
   if (TInstanceEntry* const entry = *FindLink(path, hash)) {
     Replace(*entry, instance, leads);
   } else {
@@ -116,7 +114,7 @@ void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance, co
 
 void TInstanceTable::Erase(std::string_view path) {
   if (buckets_.empty()) return;
-  TInstanceEntry** const link = FindLink(path, GetHash(path));
+  TInstanceEntry** const link = FindLink(path, TReferenceIndex::GetHash(path));
   TInstanceEntry* const entry = *link;
   if (!entry) return;
   *link = std::exchange(entry->nextInBucket, nullptr);
@@ -199,23 +197,11 @@ bool TInstanceTable::IsIndexed(const std::string& roleKey) noexcept {
   return references_.IsComplete(roleKey);
 }
 
-TInstanceEntry* TInstanceTable::FindNextReferrer(const TInmemInstance& target,
-                                                 const std::string& roleKey,
-                                                 const std::string& last, std::uint64_t limit) {
-  std::string tried;
-  while (IsIndexed(roleKey)) {
-    TInstanceEntry* const next = references_.FindNext(target, last, limit);
-    if (!next || next->references->IsSettled() || next->path == tried) return next;
-    tried = next->path;
-    TrySettle(tried);
-  }
-  return FindBehind(last, limit);
-}
-
 /// The host is asked, and may change the table meanwhile.
 void TInstanceTable::TrySettle(const std::string& path) noexcept {
   try {
     const TPointer instance = Find(path);
+    if (!instance->IsOf(*this)) return;  // it was added to a class that is not its own
     const TLeads leads = instance->FindLeads();
     TInstanceEntry* const entry = FindEntry(path);
     if (leads.empty() || !entry || entry->instance != instance) return;
@@ -230,11 +216,27 @@ TInstanceTable::TReferrerCursor::TReferrerCursor(TInstanceTable& table,
                                                  const std::string& roleKey)
     : table_(table), target_(target), roleKey_(roleKey), limit_(table.serial_) {}
 
-TInstanceTable::TPointer TInstanceTable::TReferrerCursor::Next() {
-  const TInstanceEntry* const next = table_.FindNextReferrer(target_, roleKey_, last_, limit_);
-  if (!next) return {};
-  last_ = next->path;
-  return next->instance;
+TInstanceTable::TReferrerCursor::TReferrer TInstanceTable::TReferrerCursor::Next(
+    const TInmemNamespace* nameSpace) {
+  Advance(nameSpace);
+  if (!candidate_.entry) return {};
+  last_ = candidate_.entry->path;
+  const bool isCertain = candidate_.target && nameSpace &&
+                         TReferenceIndex::Follow(*candidate_.target, *nameSpace).get() == &target_;
+  return {candidate_.entry->instance, isCertain};
+}
+
+void TInstanceTable::TReferrerCursor::Advance(const TInmemNamespace* nameSpace) {
+  std::string tried;
+  while (table_.IsIndexed(roleKey_)) {
+    candidate_ = table_.references_.FindNext(target_, candidate_, last_, limit_, nameSpace);
+    const TInstanceEntry* const entry = candidate_.entry;
+    if (!entry || candidate_.target || entry->path == tried) return;
+    tried = entry->path;
+    table_.TrySettle(tried);
+  }
+  candidate_ = {};
+  candidate_.entry = table_.FindBehind(last_, limit_);
 }
 
 }  // namespace NZELVYR20

@@ -46,16 +46,25 @@ class TInstanceTable {
   /// property of this role (a normalized name) where there is one. All others are left out.
   class TReferrerCursor {
    public:
+    struct TReferrer {
+      TPointer instance;       ///< empty at the end
+      bool isCertain = false;  ///< it does refer to the target, by whatever role
+    };
+
     TReferrerCursor(TInstanceTable& table, const TInmemInstance& target,
                     const std::string& roleKey);
 
-    TPointer Next();
+    /// `nameSpace` is that of the table's class, if it still lives.
+    TReferrer Next(const TInmemNamespace* nameSpace);
 
    private:
+    void Advance(const TInmemNamespace* nameSpace);
+
     TInstanceTable& table_;
     const TInmemInstance& target_;
     const std::string& roleKey_;
     std::string last_;
+    TReferenceIndex::TCandidate candidate_;
     const std::uint64_t limit_;
   };
 
@@ -93,8 +102,6 @@ class TInstanceTable {
   void Arrange() const noexcept;
   std::size_t GetPosition(const TInstanceEntry& entry) const;
   void DropRemoved() noexcept;
-  TInstanceEntry* FindNextReferrer(const TInmemInstance& target, const std::string& roleKey,
-                                   const std::string& last, std::uint64_t limit);
   TInstanceEntry* FindBehind(const std::string& path, std::uint64_t limit) const;
   bool IsIndexed(const std::string& roleKey) noexcept;
   void TrySettle(const std::string& path) noexcept;

@@ -11,12 +11,20 @@ namespace NZELVYR20 {
 
 namespace {
 
-/// The first entry of the set behind the path that stands there since `limit`.
-TInstanceEntry* FirstBehind(const TEntrySet& entries, const std::string& path,
-                            std::uint64_t limit) {
-  auto entry = entries.upper_bound(path);
-  while (entry != entries.end() && (*entry)->serial > limit) ++entry;
-  return entry == entries.end() ? nullptr : *entry;
+/// Memory that will be needed in a moment is on its way meanwhile.
+void Prefetch(const TEntrySet& entries, TEntrySet::const_iterator place) {
+  if (place == entries.end()) return;
+  __builtin_prefetch((*place)->instance.get());
+  __builtin_prefetch((*place)->path.data());
+}
+
+/// The first entry from `place` on that stands there since `limit` at the latest.
+TInstanceEntry* SkipLater(const TEntrySet& entries, TEntrySet::const_iterator& place,
+                          std::uint64_t limit) {
+  while (place != entries.end() && (*place)->serial > limit) ++place;
+  if (place == entries.end()) return nullptr;
+  Prefetch(entries, std::next(place));
+  return *place;
 }
 
 }  // namespace
@@ -35,6 +43,7 @@ void TReferenceIndex::Add(TInstanceEntry& entry, const TInmemInstance& instance,
 
 void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TLeads& leads) {
   entry.references.reset(new TReferences{this, {}});
+  ++revision_;
   try {
     unsettled_.insert(&entry);
     if (!leads.empty()) Settle(entry, leads);
@@ -56,12 +65,14 @@ void TReferenceIndex::AddOrForget(TInstanceEntry& entry, const TLeads& leads) no
 void TReferenceIndex::Remove(TInstanceEntry& entry) noexcept {
   Leave(*entry.instance);
   if (!entry.references) return;
+  ++revision_;
   unsettled_.erase(&entry);
   Detach(entry);
   entry.references.reset();
 }
 
 void TReferenceIndex::Clear() noexcept {
+  ++revision_;
   makes_.clear();
   unsettled_.clear();
   targets_.clear();
@@ -86,6 +97,7 @@ void TReferenceIndex::Leave(const TInmemInstance& instance) noexcept {
 
 void TReferenceIndex::Settle(TInstanceEntry& entry, const TLeads& leads) {
   auto& edges = entry.references->edges;
+  ++revision_;
   try {
     edges.reserve(leads.size());
     for (const TLead& lead : leads) {
@@ -103,19 +115,19 @@ void TReferenceIndex::Settle(TInstanceEntry& entry, const TLeads& leads) {
 void TReferenceIndex::Unsettle(TInstanceEntry& entry) noexcept {
   auto& edges = entry.references->edges;
   if (edges.empty()) return;
+  ++revision_;
   unsettled_.insert(edges.front().target->referrers.extract(&entry));  // no allocation may fail
   Detach(entry);
 }
 
 /// The texts belong to one another as long as the host makes them: a path names its class.
 TReferenceTarget& TReferenceIndex::GetTarget(const TLead& lead) {
-  const std::string& className = *classNames_.insert(lead.className).first;
-  const auto [place, isNew] = targets_.try_emplace(lead.path);
-  if (isNew) {
-    place->second.path = &place->first;
-    place->second.className = &className;
-  }
-  return place->second;
+  const std::size_t hash = GetHash(lead.path);
+  if (TReferenceTarget* const known = FindTarget(lead.path, hash)) return *known;
+  TReferenceTarget target;
+  target.path = lead.path;
+  target.className = &*classNames_.insert(lead.className).first;
+  return targets_.emplace(hash, std::move(target))->second;
 }
 
 void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
@@ -130,7 +142,10 @@ void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
 }
 
 void TReferenceIndex::DropIfUnused(TReferenceTarget& target) noexcept {
-  if (target.referrers.empty()) targets_.erase(targets_.find(*target.path));
+  if (!target.referrers.empty()) return;
+  auto place = targets_.equal_range(GetHash(target.path)).first;
+  while (&place->second != &target) ++place;
+  targets_.erase(place);
 }
 
 bool TReferenceIndex::IsComplete(const std::string& roleKey) const {
@@ -155,14 +170,50 @@ void TReferenceIndex::Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& 
   isStale_ = false;
 }
 
-TInstanceEntry* TReferenceIndex::FindNext(const TInmemInstance& target, const std::string& last,
-                                          std::uint64_t limit) const {
-  TInstanceEntry* next = FirstBehind(unsettled_, last, limit);
-  for (const TInstanceEntry* own = target.GetEntries(); own; own = own->nextOfInstance) {
-    const auto place = targets_.find(own->path);
-    if (place == targets_.end()) continue;
-    TInstanceEntry* const referrer = FirstBehind(place->second.referrers, last, limit);
-    if (referrer && (!next || referrer->path < next->path)) next = referrer;
+TReferenceTarget* TReferenceIndex::FindTarget(std::string_view path, std::size_t hash) {
+  const auto [first, last] = targets_.equal_range(hash);
+  const auto place =
+      std::find_if(first, last, [&](const auto& entry) { return entry.second.path == path; });
+  return place == last ? nullptr : &place->second;
+}
+
+/// The target under which this entry of the instance is known. Where the target leads to the
+/// instance the texts need not be compared.
+TReferenceTarget* TReferenceIndex::FindTarget(const TInmemInstance& instance,
+                                              const TInstanceEntry& own,
+                                              const TInmemNamespace* nameSpace) {
+  const auto [first, last] = targets_.equal_range(own.hash);
+  for (auto place = first; place != last; ++place) {
+    TReferenceTarget& target = place->second;
+    const bool leadsThere = nameSpace && Follow(target, *nameSpace).get() == &instance;
+    if (leadsThere || target.path == own.path) return &target;
+  }
+  return nullptr;
+}
+
+TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& target,
+                                                      const TCandidate& previous,
+                                                      const std::string& last, std::uint64_t limit,
+                                                      const TInmemNamespace* nameSpace) {
+  const TInstanceEntry* const first = target.GetEntries();
+  const std::uint64_t serial = first && !first->nextOfInstance ? first->serial : 0;
+  const bool goesOn = previous.target && previous.own == first && previous.ownSerial == serial &&
+                      previous.revision == revision_ && unsettled_.empty();
+  if (goesOn) {
+    TCandidate next(previous);
+    next.entry = SkipLater(next.target->referrers, ++next.place, limit);
+    return next;
+  }
+  TCandidate next;
+  auto place = unsettled_.upper_bound(last);
+  next.entry = SkipLater(unsettled_, place, limit);
+  for (const TInstanceEntry* own = first; own; own = own->nextOfInstance) {
+    TReferenceTarget* const known = FindTarget(target, *own, nameSpace);
+    if (!known) continue;
+    place = known->referrers.upper_bound(last);
+    TInstanceEntry* const referrer = SkipLater(known->referrers, place, limit);
+    const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
+    if (isFirst) next = {referrer, known, place, first, serial, revision_};
   }
   return next;
 }
@@ -177,7 +228,7 @@ boost::shared_ptr<TInmemInstance> TReferenceIndex::Follow(TReferenceTarget& targ
   if (!target.cimClass) return {};
   const TInstanceTable& instances = target.cimClass->GetInstances();
   if (!target.entry || target.removals != instances.GetRemovals()) {
-    target.entry = instances.FindEntry(*target.path);
+    target.entry = instances.FindEntry(target.path);
     target.removals = instances.GetRemovals();
   }
   return target.entry ? target.entry->instance : boost::shared_ptr<TInmemInstance>();

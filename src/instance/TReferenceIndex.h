@@ -2,7 +2,9 @@
 
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -55,10 +57,27 @@ class TReferenceIndex {
   /// Does so. After a failure the index stays stale.
   void Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& entries);
 
+  /// What a walk looks at.
+  struct TCandidate {
+    TInstanceEntry* entry = nullptr;     ///< empty at the end
+    TReferenceTarget* target = nullptr;  ///< under which it is settled; empty where it is not
+
+    // How the walk came there, good while neither the index nor the one entry of the instance from
+    // which it starts has changed.
+    TEntrySet::const_iterator place;
+    const TInstanceEntry* own = nullptr;
+    std::uint64_t ownSerial = 0;
+    std::uint64_t revision = 0;
+  };
+
   /// The candidate that comes first behind the path `last` (empty: of all) among those that refer
-  /// to `target` and those that are not settled; what came after `limit` is left out.
-  TInstanceEntry* FindNext(const TInmemInstance& target, const std::string& last,
-                           std::uint64_t limit) const;
+  /// to `target` and those that are not settled; what came after `limit` is left out. `previous` is
+  /// the candidate that stood there.
+  TCandidate FindNext(const TInmemInstance& target, const TCandidate& previous,
+                      const std::string& last, std::uint64_t limit,
+                      const TInmemNamespace* nameSpace);
+
+  static std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
 
   /// The instance to which the target's path leads now; empty when there is none.
   static boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target,
@@ -76,13 +95,18 @@ class TReferenceIndex {
   void Leave(const TInmemInstance& instance) noexcept;
   void AddReferences(TInstanceEntry& entry, const TLeads& leads);
   void Detach(TInstanceEntry& entry) noexcept;
+  TReferenceTarget* FindTarget(std::string_view path, std::size_t hash);
+  TReferenceTarget* FindTarget(const TInmemInstance& instance, const TInstanceEntry& own,
+                               const TInmemNamespace* nameSpace);
   TReferenceTarget& GetTarget(const TLead& lead);
   void DropIfUnused(TReferenceTarget& target) noexcept;
 
   std::vector<TMake> makes_;
-  std::unordered_map<std::string, TReferenceTarget> targets_;
+  std::unordered_multimap<std::size_t, TReferenceTarget>
+      targets_;  ///< by the hashes of their paths
   std::unordered_set<std::string> classNames_;
   TEntrySet unsettled_;
+  std::uint64_t revision_ = 0;  ///< of the sets of entries
   bool isStale_ = false;
 };
 

@@ -34,8 +34,8 @@ using TEntrySet = std::set<TInstanceEntry*, TEntryOrder>;
 
 /// A path to which indexed references lead, whether an instance stands there or not.
 struct TReferenceTarget {
-  const std::string* path;
-  const std::string* className;
+  std::string path;
+  const std::string* className = nullptr;
   TEntrySet referrers;
 
   // Where the path led last, good while neither the classes nor what was taken out of the class's

@@ -146,9 +146,10 @@ bool TInmemInstance::IsOf(const TInstanceTable& table) const {
   return &InMemory<TInmemClass>(class_)->GetInstances() == &table;
 }
 
-bool TInmemInstance::HasReferences() const {
+bool TInmemInstance::MayHaveReferences() const {
   return std::any_of(properties_.begin(), properties_.end(), [](const auto& property) {
-    return property.GetValue(TCIMContext()).IsReference();
+    return property.GetType(TCIMContext()) == TCIMValue::TCIMType::kReference ||
+           property.GetValue(TCIMContext()).IsReference();
   });
 }
 

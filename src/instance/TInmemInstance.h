@@ -57,15 +57,15 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
 
   // For the tables in which the instance stands.
 
-  const TInstanceEntry* GetEntries() const { return entries_; }
+  TInstanceEntry* GetEntries() const { return entries_; }
   void AddEntry(TInstanceEntry& entry) noexcept;
   void RemoveEntry(TInstanceEntry& entry) noexcept;
 
   /// Whether the table is that of its class.
   bool IsOf(const TInstanceTable& table) const;
 
-  /// Whether a property's value is a reference, be it null.
-  bool HasReferences() const;
+  /// Whether a property's value is a reference, be it null, or may become one.
+  bool MayHaveReferences() const;
   /// A property that has or had a reference for its value was set.
   void ReferencesChanged() noexcept;
 

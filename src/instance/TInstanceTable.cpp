@@ -119,16 +119,18 @@ void TInstanceTable::Erase(std::string_view path) {
   if (!entry) return;
   *link = std::exchange(entry->nextInBucket, nullptr);
   references_.Remove(*entry);
+  entry->RemoveTargets();
   entry->instance->RemoveEntry(*entry);
   const TPointer gone = std::exchange(entry->instance, {});
   ++removals_;
   ++removed_;
-  if (removed_ > order_.size() / 2) DropRemoved();
+  DropRemoved();
 }
 
 void TInstanceTable::Clear() noexcept {
   for (const auto& entry : order_) {
     if (entry->instance) entry->instance->RemoveEntry(*entry);
+    entry->RemoveTargets();
   }
   std::vector<TInstanceEntry*>().swap(buckets_);
   references_.Clear();
@@ -136,6 +138,7 @@ void TInstanceTable::Clear() noexcept {
   arranged_ = 0;
   removed_ = 0;
   ++removals_;
+  ++clearings_;
   for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) cursor->next_ = 0;
 }
 
@@ -163,6 +166,7 @@ std::size_t TInstanceTable::GetPosition(const TInstanceEntry& entry) const {
 }
 
 void TInstanceTable::DropRemoved() noexcept {
+  if (referrerWalks_ > 0 || removed_ <= order_.size() / 2) return;
   std::size_t kept = 0;
   std::size_t keptArranged = 0;
   for (std::size_t i = 0; i <= order_.size(); ++i) {
@@ -177,14 +181,11 @@ void TInstanceTable::DropRemoved() noexcept {
   removed_ = 0;
 }
 
-TInstanceEntry* TInstanceTable::FindBehind(const std::string& path, std::uint64_t limit) const {
+TInstanceEntry* TInstanceTable::FindBehind(const TInstanceEntry* last, std::uint64_t limit) const {
   Arrange();
-  const auto isBehind = [](const std::string& left, const TEntryPointer& right) {
-    return left < right->path;
-  };
-  auto entry = std::upper_bound(order_.begin(), order_.end(), path, isBehind);
-  while (entry != order_.end() && (!(*entry)->instance || (*entry)->serial > limit)) ++entry;
-  return entry == order_.end() ? nullptr : entry->get();
+  std::size_t next = last ? GetPosition(*last) + 1 : 0;
+  while (next < order_.size() && (!order_[next]->instance || order_[next]->serial > limit)) ++next;
+  return next < order_.size() ? order_[next].get() : nullptr;
 }
 
 /// Without memory for the index a walk looks at every instance.
@@ -214,29 +215,39 @@ void TInstanceTable::TrySettle(const std::string& path) noexcept {
 TInstanceTable::TReferrerCursor::TReferrerCursor(TInstanceTable& table,
                                                  const TInmemInstance& target,
                                                  const std::string& roleKey)
-    : table_(table), target_(target), roleKey_(roleKey), limit_(table.serial_) {}
+    : table_(table),
+      target_(target),
+      roleKey_(roleKey),
+      limit_(table.serial_),
+      clearings_(table.clearings_) {
+  ++table_.referrerWalks_;
+}
+
+TInstanceTable::TReferrerCursor::~TReferrerCursor() {
+  if (--table_.referrerWalks_ == 0) table_.DropRemoved();
+}
 
 TInstanceTable::TReferrerCursor::TReferrer TInstanceTable::TReferrerCursor::Next(
     const TInmemNamespace* nameSpace) {
-  Advance(nameSpace);
+  if (table_.clearings_ != clearings_) return {};
+  Advance();
   if (!candidate_.entry) return {};
-  last_ = candidate_.entry->path;
   const bool isCertain = candidate_.target && nameSpace &&
                          TReferenceIndex::Follow(*candidate_.target, *nameSpace).get() == &target_;
   return {candidate_.entry->instance, isCertain};
 }
 
-void TInstanceTable::TReferrerCursor::Advance(const TInmemNamespace* nameSpace) {
-  std::string tried;
+void TInstanceTable::TReferrerCursor::Advance() {
+  const TInstanceEntry* const last = candidate_.entry;
+  const TInstanceEntry* tried = nullptr;
   while (table_.IsIndexed(roleKey_)) {
-    candidate_ = table_.references_.FindNext(target_, candidate_, last_, limit_, nameSpace);
-    const TInstanceEntry* const entry = candidate_.entry;
-    if (!entry || candidate_.target || entry->path == tried) return;
-    tried = entry->path;
-    table_.TrySettle(tried);
+    candidate_ = table_.references_.FindNext(target_, candidate_, last, limit_);
+    if (!candidate_.entry || candidate_.target || candidate_.entry == tried) return;
+    tried = candidate_.entry;
+    table_.TrySettle(tried->path);
   }
   candidate_ = {};
-  candidate_.entry = table_.FindBehind(last_, limit_);
+  candidate_.entry = table_.FindBehind(last, limit_);
 }
 
 }  // namespace NZELVYR20

@@ -53,19 +53,22 @@ class TInstanceTable {
 
     TReferrerCursor(TInstanceTable& table, const TInmemInstance& target,
                     const std::string& roleKey);
+    TReferrerCursor(const TReferrerCursor&) = delete;
+    TReferrerCursor& operator=(const TReferrerCursor&) = delete;
+    ~TReferrerCursor();
 
     /// `nameSpace` is that of the table's class, if it still lives.
     TReferrer Next(const TInmemNamespace* nameSpace);
 
    private:
-    void Advance(const TInmemNamespace* nameSpace);
+    void Advance();
 
     TInstanceTable& table_;
     const TInmemInstance& target_;
     const std::string& roleKey_;
-    std::string last_;
     TReferenceIndex::TCandidate candidate_;
     const std::uint64_t limit_;
+    const std::uint64_t clearings_;
   };
 
   TInstanceTable() = default;
@@ -101,8 +104,8 @@ class TInstanceTable {
   void Replace(TInstanceEntry& entry, const TPointer& instance, const TLeads& leads);
   void Arrange() const noexcept;
   std::size_t GetPosition(const TInstanceEntry& entry) const;
-  void DropRemoved() noexcept;
-  TInstanceEntry* FindBehind(const std::string& path, std::uint64_t limit) const;
+  void DropRemoved() noexcept;  ///< once they are the greater part, and no walk rests on one
+  TInstanceEntry* FindBehind(const TInstanceEntry* last, std::uint64_t limit) const;
   bool IsIndexed(const std::string& roleKey) noexcept;
   void TrySettle(const std::string& path) noexcept;
 
@@ -112,6 +115,8 @@ class TInstanceTable {
   std::size_t removed_ = 0;           ///< how many of them were taken out
   std::uint64_t serial_ = 0;
   std::uint64_t removals_ = 0;
+  std::uint64_t clearings_ = 0;
+  std::size_t referrerWalks_ = 0;  ///< going on: they rest on entries, be they taken out
   mutable TCursor* cursors_ = nullptr;
   TReferenceIndex references_;
 };

@@ -15,7 +15,10 @@ namespace {
 void Prefetch(const TEntrySet& entries, TEntrySet::const_iterator place) {
   if (place == entries.end()) return;
   __builtin_prefetch((*place)->instance.get());
-  __builtin_prefetch((*place)->path.data());
+}
+
+TEntrySet::const_iterator GetBehind(const TEntrySet& entries, const TInstanceEntry* last) {
+  return last ? entries.upper_bound(last->path) : entries.begin();
 }
 
 /// The first entry from `place` on that stands there since `limit` at the latest.
@@ -32,7 +35,7 @@ TInstanceEntry* SkipLater(const TEntrySet& entries, TEntrySet::const_iterator& p
 void TReferenceIndex::Add(TInstanceEntry& entry, const TInmemInstance& instance,
                           const TLeads& leads) {
   Join(instance);
-  if (!instance.HasReferences()) return;
+  if (!instance.MayHaveReferences()) return;
   try {
     AddReferences(entry, leads);
   } catch (...) {
@@ -75,6 +78,9 @@ void TReferenceIndex::Clear() noexcept {
   ++revision_;
   makes_.clear();
   unsettled_.clear();
+  for (auto& [hash, target] : targets_) {
+    if (target.knownBy) target.knownBy->RemoveTarget(target);
+  }
   targets_.clear();
   classNames_.clear();
 }
@@ -125,6 +131,7 @@ TReferenceTarget& TReferenceIndex::GetTarget(const TLead& lead) {
   const std::size_t hash = GetHash(lead.path);
   if (TReferenceTarget* const known = FindTarget(lead.path, hash)) return *known;
   TReferenceTarget target;
+  target.index = this;
   target.path = lead.path;
   target.className = &*classNames_.insert(lead.className).first;
   return targets_.emplace(hash, std::move(target))->second;
@@ -143,6 +150,7 @@ void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
 
 void TReferenceIndex::DropIfUnused(TReferenceTarget& target) noexcept {
   if (!target.referrers.empty()) return;
+  if (target.knownBy) target.knownBy->RemoveTarget(target);
   auto place = targets_.equal_range(GetHash(target.path)).first;
   while (&place->second != &target) ++place;
   targets_.erase(place);
@@ -177,43 +185,39 @@ TReferenceTarget* TReferenceIndex::FindTarget(std::string_view path, std::size_t
   return place == last ? nullptr : &place->second;
 }
 
-/// The target under which this entry of the instance is known. Where the target leads to the
-/// instance the texts need not be compared.
-TReferenceTarget* TReferenceIndex::FindTarget(const TInmemInstance& instance,
-                                              const TInstanceEntry& own,
-                                              const TInmemNamespace* nameSpace) {
-  const auto [first, last] = targets_.equal_range(own.hash);
-  for (auto place = first; place != last; ++place) {
-    TReferenceTarget& target = place->second;
-    const bool leadsThere = nameSpace && Follow(target, *nameSpace).get() == &instance;
-    if (leadsThere || target.path == own.path) return &target;
+/// The target of the entry's path. The entry keeps it in mind.
+TReferenceTarget* TReferenceIndex::FindTarget(TInstanceEntry& own) {
+  for (TReferenceTarget* target = own.targets; target; target = target->nextOfEntry) {
+    if (target->index == this) return target;
   }
-  return nullptr;
+  TReferenceTarget* const found = FindTarget(own.path, own.hash);
+  if (found && !found->knownBy) own.AddTarget(*found);
+  return found;
 }
 
 TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& target,
                                                       const TCandidate& previous,
-                                                      const std::string& last, std::uint64_t limit,
-                                                      const TInmemNamespace* nameSpace) {
-  const TInstanceEntry* const first = target.GetEntries();
-  const std::uint64_t serial = first && !first->nextOfInstance ? first->serial : 0;
-  const bool goesOn = previous.target && previous.own == first && previous.ownSerial == serial &&
-                      previous.revision == revision_ && unsettled_.empty();
+                                                      const TInstanceEntry* last,
+                                                      std::uint64_t limit) {
+  TInstanceEntry* const first = target.GetEntries();
+  const bool isSole = first && !first->nextOfInstance && unsettled_.empty();
+  const bool goesOn = isSole && previous.target && previous.own == first &&
+                      previous.ownSerial == first->serial && previous.revision == revision_;
   if (goesOn) {
     TCandidate next(previous);
     next.entry = SkipLater(next.target->referrers, ++next.place, limit);
     return next;
   }
   TCandidate next;
-  auto place = unsettled_.upper_bound(last);
+  auto place = GetBehind(unsettled_, last);
   next.entry = SkipLater(unsettled_, place, limit);
-  for (const TInstanceEntry* own = first; own; own = own->nextOfInstance) {
-    TReferenceTarget* const known = FindTarget(target, *own, nameSpace);
+  for (TInstanceEntry* own = first; own; own = own->nextOfInstance) {
+    TReferenceTarget* const known = FindTarget(*own);
     if (!known) continue;
-    place = known->referrers.upper_bound(last);
+    place = GetBehind(known->referrers, last);
     TInstanceEntry* const referrer = SkipLater(known->referrers, place, limit);
     const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
-    if (isFirst) next = {referrer, known, place, first, serial, revision_};
+    if (isFirst) next = {referrer, known, place, first, first->serial, revision_};
   }
   return next;
 }

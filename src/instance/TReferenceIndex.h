@@ -70,12 +70,11 @@ class TReferenceIndex {
     std::uint64_t revision = 0;
   };
 
-  /// The candidate that comes first behind the path `last` (empty: of all) among those that refer
-  /// to `target` and those that are not settled; what came after `limit` is left out. `previous` is
-  /// the candidate that stood there.
+  /// The candidate that comes first behind the path of `last` (empty: of all) among those that
+  /// refer to `target` and those that are not settled; what came after `limit` is left out.
+  /// `previous` is the candidate that stood at `last`.
   TCandidate FindNext(const TInmemInstance& target, const TCandidate& previous,
-                      const std::string& last, std::uint64_t limit,
-                      const TInmemNamespace* nameSpace);
+                      const TInstanceEntry* last, std::uint64_t limit);
 
   static std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
 
@@ -96,8 +95,7 @@ class TReferenceIndex {
   void AddReferences(TInstanceEntry& entry, const TLeads& leads);
   void Detach(TInstanceEntry& entry) noexcept;
   TReferenceTarget* FindTarget(std::string_view path, std::size_t hash);
-  TReferenceTarget* FindTarget(const TInmemInstance& instance, const TInstanceEntry& own,
-                               const TInmemNamespace* nameSpace);
+  TReferenceTarget* FindTarget(TInstanceEntry& own);
   TReferenceTarget& GetTarget(const TLead& lead);
   void DropIfUnused(TReferenceTarget& target) noexcept;
 

@@ -34,9 +34,14 @@ using TEntrySet = std::set<TInstanceEntry*, TEntryOrder>;
 
 /// A path to which indexed references lead, whether an instance stands there or not.
 struct TReferenceTarget {
+  const TReferenceIndex* index = nullptr;
   std::string path;
   const std::string* className = nullptr;
   TEntrySet referrers;
+
+  /// The entry of that path that knows this target, and its next target.
+  TInstanceEntry* knownBy = nullptr;
+  TReferenceTarget* nextOfEntry = nullptr;
 
   // Where the path led last, good while neither the classes nor what was taken out of the class's
   // table have changed.
@@ -69,6 +74,24 @@ struct TInstanceEntry {
   TInstanceEntry* nextOfInstance = nullptr;    ///< an instance may be added under several paths
   std::size_t hash = 0;                        ///< of the path
   TInstanceEntry* nextInBucket = nullptr;
+  TReferenceTarget* targets = nullptr;  ///< of this path, in the indexes that have told
+
+  void AddTarget(TReferenceTarget& target) noexcept {
+    target.nextOfEntry = targets;
+    target.knownBy = this;
+    targets = &target;
+  }
+
+  void RemoveTarget(TReferenceTarget& target) noexcept {
+    TReferenceTarget** link = &targets;
+    while (*link != &target) link = &(*link)->nextOfEntry;
+    *link = target.nextOfEntry;
+    target.knownBy = nullptr;
+  }
+
+  void RemoveTargets() noexcept {
+    while (targets) RemoveTarget(*targets);
+  }
 };
 
 inline bool TEntryOrder::operator()(const TInstanceEntry* left, const TInstanceEntry* right) const {

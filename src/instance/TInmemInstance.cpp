@@ -49,10 +49,13 @@ class TLeadFinder {
   explicit TLeadFinder(const boost::shared_ptr<ICIMClass>& cimClass)
       : nameSpace_(cimClass->GetNamespace(TCIMContext())) {}
 
-  void Take(std::size_t position, const TCIMReference& path,
+  void Take(const TInmemInstanceProperty& property, const TCIMReference& path,
             const boost::shared_ptr<ICIMElement>& element) {
     isUsable_ = isUsable_ && StandsUnder(path, element);
-    if (isUsable_) leads_.push_back({position, path.GetClassName(), path.GetPath()});
+    if (!isUsable_) return;
+    leads_.push_back({property.GetPosition(), !property.IsDefaultValue(TCIMContext()),
+                      property.GetValue(TCIMContext()).GetReferencedClass().get(),
+                      path.GetClassName(), path.GetPath()});
   }
 
   bool IsUsable() const { return isUsable_; }
@@ -111,12 +114,18 @@ void TInmemInstance::KeepPreviousValue(std::size_t position, const TCIMValue& va
   (*previousValues_)[position] = value;
 }
 
-TReferenceTarget* TInmemInstance::FindTarget(std::size_t position) const {
+const TReferences* TInmemInstance::GetSettledReferences() const {
   for (const TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-    if (!entry->references) continue;
-    for (const TReferences::TEdge& edge : entry->references->edges) {
-      if (edge.position == position) return edge.target;
-    }
+    if (entry->references && entry->references->IsSettled()) return entry->references.get();
+  }
+  return nullptr;
+}
+
+TReferenceTarget* TInmemInstance::FindTarget(std::size_t position) const {
+  const TReferences* const references = GetSettledReferences();
+  if (!references) return nullptr;
+  for (const TReferences::TEdge& edge : references->edges) {
+    if (edge.position == position) return edge.target;
   }
   return nullptr;
 }
@@ -124,12 +133,6 @@ TReferenceTarget* TInmemInstance::FindTarget(std::size_t position) const {
 boost::shared_ptr<TInmemInstance> TInmemInstance::Follow(TReferenceTarget& target) const {
   const auto nameSpace = class_->GetNamespace(TCIMContext());
   return TReferenceIndex::Follow(target, static_cast<const TInmemNamespace&>(*nameSpace));
-}
-
-bool TInmemInstance::StandsUnder(const std::string& path) const {
-  const TInstanceEntry* entry = entries_;
-  while (entry && entry->path != path) entry = entry->nextOfInstance;
-  return entry != nullptr;
 }
 
 void TInmemInstance::AddEntry(TInstanceEntry& entry) noexcept {
@@ -192,12 +195,12 @@ TLeads TInmemInstance::ValidateAndFindLeads() const {
 /// index of references alone.
 TLeads TInmemInstance::ValidateReferences() const {
   TLeadFinder finder(class_);
-  for (std::size_t i = 0; i < properties_.GetCount(); ++i) {
-    const TCIMValue& value = properties_[i].GetValue(TCIMContext());
+  for (const TInmemInstanceProperty& property : properties_) {
+    const TCIMValue& value = property.GetValue(TCIMContext());
     if (!value.IsReference()) continue;
     const TCIMReference reference(value);
     try {
-      finder.Take(i, reference, reference.GetCIMElement(false));
+      finder.Take(property, reference, reference.GetCIMElement(false));
     } catch (const TVYRException& failure) {
       if (Failure::IsNotFound(failure)) {
         LogValidationFailure("Inmem: Reference " + reference.GetPath() +
@@ -211,12 +214,13 @@ TLeads TInmemInstance::ValidateReferences() const {
 
 TLeads TInmemInstance::FindLeads() const {
   TLeadFinder finder(class_);
-  for (std::size_t i = 0; i < properties_.GetCount() && finder.IsUsable(); ++i) {
-    const TCIMValue& value = properties_[i].GetValue(TCIMContext());
+  for (const TInmemInstanceProperty& property : properties_) {
+    if (!finder.IsUsable()) return {};
+    const TCIMValue& value = property.GetValue(TCIMContext());
     if (!value.IsReference()) continue;
     const TCIMReference reference(value);
     if (!TInmemNamespace::IsName(reference.GetClassName())) return {};  // the look-up would log it
-    finder.Take(i, reference, reference.GetCIMElement(false));
+    finder.Take(property, reference, reference.GetCIMElement(false));
   }
   return finder.GetLeads();
 }

@@ -52,9 +52,6 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   /// What stands where the target's path leads; empty when nothing does.
   boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target) const;
 
-  /// Whether the instance stands in a table under this path.
-  bool StandsUnder(const std::string& path) const;
-
   // For the tables in which the instance stands.
 
   TInstanceEntry* GetEntries() const { return entries_; }
@@ -146,8 +143,10 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   bool ExamineProperties(const TCIMInstanceCallback& callback,
                          const boost::shared_ptr<TInmemInstance>& assocInstance,
                          std::size_t hitsBefore);
-  bool IsThis(const TInmemPropertyBase& reference) const;
-  bool IsOwnEnd(const std::string& propertyKey, const TInmemPropertyBase& reference,
+  const TReferences* GetSettledReferences() const;
+  bool FindEnd(std::size_t from, TReferences::TEdge& end) const;
+  boost::shared_ptr<ICIMElement> FollowEnd(const TReferences::TEdge& end) const;
+  bool IsOwnEnd(const TInmemInstance& assocInstance, const TReferences::TEdge& end,
                 const std::string& roleKey) const;
 
   const int validationFlags_;

@@ -42,9 +42,4 @@ boost::shared_ptr<ICIMElement> TInmemInstanceProperty::FollowReference() const {
   return instance;
 }
 
-bool TInmemInstanceProperty::MayLeadTo(const TInmemInstance& instance) const {
-  const TReferenceTarget* const target = FindTarget();
-  return !target || instance.StandsUnder(target->path);
-}
-
 }  // namespace NZELVYR20

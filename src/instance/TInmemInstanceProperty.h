@@ -25,7 +25,6 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   void SetValue(const TCIMValue& value, TCIMContext context) override;
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclaration(TCIMContext context) const override;
   boost::shared_ptr<ICIMElement> FollowReference() const override;
-  bool MayLeadTo(const TInmemInstance& instance) const override;
   using TInmemPropertyBase::operator=;
   TInmemInstanceProperty& operator=(const TInmemInstanceProperty&) { return *this; }
 

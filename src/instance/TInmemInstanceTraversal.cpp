@@ -34,16 +34,11 @@ boost::shared_ptr<TInmemPropertyBase> GetEnd(const ICIMInstance& assocInstance,
   return InMemory<TInmemPropertyBase>(assocInstance.GetProperty(role, TCIMContext()));
 }
 
-bool IsFarEnd(const TCIMValue& reference, const boost::shared_ptr<ICIMClass>& resultClass) {
-  const auto referenced = reference.GetReferencedClass();
+bool IsFarEnd(const ICIMClass* referenced, const boost::shared_ptr<ICIMClass>& resultClass) {
   return referenced && referenced->IsSubclassOf(resultClass, TCIMContext());
 }
 
 }  // namespace
-
-bool TInmemInstance::IsThis(const TInmemPropertyBase& reference) const {
-  return reference.MayLeadTo(*this) && reference.FollowReference().get() == this;
-}
 
 void TInmemInstance::EnumerateAssociationInstances(const TCIMInstanceCallback& callback,
                                                    const std::string& resultClass,
@@ -88,7 +83,8 @@ bool TInmemInstance::ExamineProperties(const TCIMInstanceCallback& callback,
                                        std::size_t hitsBefore) {
   for (const TInmemInstanceProperty& property : assocInstance->properties_) {
     const bool isReported = Probe(false, [&] {
-      if (!property.GetValue(TCIMContext()).IsReference() || !IsThis(property)) return false;
+      if (!property.GetValue(TCIMContext()).IsReference()) return false;
+      if (property.FollowReference().get() != this) return false;
       if (hitsBefore > 0) return --hitsBefore, false;
       callback(assocInstance);
       return true;
@@ -103,9 +99,8 @@ bool TInmemInstance::ExamineCandidateClassInstanceWithRole(
     const boost::shared_ptr<ICIMInstance>& assocInstance) {
   return Probe(true, [&] {
     const auto property = GetEnd(*assocInstance, role);
-    if (property->GetValue(TCIMContext()).IsReference() && IsThis(*property)) {
-      callback(assocInstance);
-    }
+    const bool isReference = property->GetValue(TCIMContext()).IsReference();
+    if (isReference && property->FollowReference().get() == this) callback(assocInstance);
     return true;
   });
 }
@@ -133,12 +128,40 @@ void TInmemInstance::EnumerateAssociatedInstances(const TCIMInstanceCallback& ca
   EnumerateAssociationInstances(examine, assocClass, std::string(), TCIMContext());
 }
 
+/// The first reference at `from` or behind it. An index knows the ends of an association instance
+/// without a look at its values.
+bool TInmemInstance::FindEnd(std::size_t from, TReferences::TEdge& end) const {
+  const TReferences* const settled = GetSettledReferences();
+  if (settled && settled->areOwn) {
+    for (const TReferences::TEdge& edge : settled->edges) {
+      if (edge.position < from) continue;
+      end = edge;
+      return true;
+    }
+    return false;
+  }
+  for (std::size_t i = from; i < properties_.GetCount(); ++i) {
+    const TCIMValue& value = properties_[i].GetValue(TCIMContext());
+    if (!value.IsReference()) continue;
+    end = {i, value.GetReferencedClass().get(), nullptr};
+    return true;
+  }
+  return false;
+}
+
+boost::shared_ptr<ICIMElement> TInmemInstance::FollowEnd(const TReferences::TEdge& end) const {
+  if (!end.target) return properties_[end.position].FollowReference();
+  auto instance = Follow(*end.target);
+  if (!instance) throw Failure::NotFound();
+  return instance;
+}
+
 /// Without a role, a reference that points here, declared with this very class. With one, the
 /// property of that name, wherever it points.
-bool TInmemInstance::IsOwnEnd(const std::string& propertyKey, const TInmemPropertyBase& reference,
+bool TInmemInstance::IsOwnEnd(const TInmemInstance& assocInstance, const TReferences::TEdge& end,
                               const std::string& roleKey) const {
-  if (!roleKey.empty()) return propertyKey == roleKey;
-  return reference.GetValue(TCIMContext()).GetReferencedClass() == class_ && IsThis(reference);
+  if (!roleKey.empty()) return assocInstance.declared_->GetEntries()[end.position].key == roleKey;
+  return end.referencedClass == class_.get() && assocInstance.FollowEnd(end).get() == this;
 }
 
 bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
@@ -148,18 +171,15 @@ bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
   const std::string roleKey = TInmemNamespace::NormalizeName(role);
   bool isOwnEndFound = false;
   bool result = true;
-  for (std::size_t i = 0; i < assocInstance->properties_.GetCount(); ++i) {
-    const TInmemInstanceProperty& property = assocInstance->properties_[i];
+  TReferences::TEdge end{};
+  for (std::size_t i = 0; assocInstance->FindEnd(i, end); i = end.position + 1) {
     const bool isReported = Probe(false, [&] {
-      const TCIMValue& value = property.GetValue(TCIMContext());
-      if (!value.IsReference()) return false;
-      const std::string& propertyKey = assocInstance->declared_->GetEntries()[i].key;
-      if (!isOwnEndFound && IsOwnEnd(propertyKey, property, roleKey)) {
+      if (!isOwnEndFound && IsOwnEnd(*assocInstance, end, roleKey)) {
         isOwnEndFound = true;
         return false;
       }
-      if (!IsFarEnd(value, resultClass)) return false;
-      result = callback(AsInstance(property.FollowReference()));
+      if (!IsFarEnd(end.referencedClass, resultClass)) return false;
+      result = callback(AsInstance(assocInstance->FollowEnd(end)));
       return true;
     });
     if (isReported) return result;
@@ -174,7 +194,7 @@ bool TInmemInstance::ExamineCandidateWithResultRole(
   return Probe(true, [&] {
     const auto property = GetEnd(*assocInstance, resultRole);
     const TCIMValue& value = property->GetValue(TCIMContext());
-    if (value.IsReference() && IsFarEnd(value, resultClass)) {
+    if (value.IsReference() && IsFarEnd(value.GetReferencedClass().get(), resultClass)) {
       callback(AsInstance(property->FollowReference()));
     }
     return true;

@@ -11,10 +11,16 @@ namespace NZELVYR20 {
 
 namespace {
 
-/// Memory that will be needed in a moment is on its way meanwhile.
-void Prefetch(const TEntrySet& entries, TEntrySet::const_iterator place) {
-  if (place == entries.end()) return;
-  __builtin_prefetch((*place)->instance.get());
+// Memory that a walk will need in a moment is asked for ahead: entries lie anywhere.
+
+void PrefetchEntries(const TEntrySet& entries, TEntrySet::const_iterator place) {
+  constexpr int kAhead = 8;
+  for (int i = 0; i < kAhead && place != entries.end(); ++i)
+    __builtin_prefetch(&(*place++)->instance);
+}
+
+void PrefetchInstance(const TEntrySet& entries, TEntrySet::const_iterator place) {
+  if (place != entries.end()) __builtin_prefetch((*place)->instance.get());
 }
 
 TEntrySet::const_iterator GetBehind(const TEntrySet& entries, const TInstanceEntry* last) {
@@ -26,7 +32,7 @@ TInstanceEntry* SkipLater(const TEntrySet& entries, TEntrySet::const_iterator& p
                           std::uint64_t limit) {
   while (place != entries.end() && (*place)->serial > limit) ++place;
   if (place == entries.end()) return nullptr;
-  Prefetch(entries, std::next(place));
+  PrefetchInstance(entries, std::next(place));
   return *place;
 }
 
@@ -45,7 +51,7 @@ void TReferenceIndex::Add(TInstanceEntry& entry, const TInmemInstance& instance,
 }
 
 void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TLeads& leads) {
-  entry.references.reset(new TReferences{this, {}});
+  entry.references.reset(new TReferences{this, {}, true});
   ++revision_;
   try {
     unsettled_.insert(&entry);
@@ -104,11 +110,13 @@ void TReferenceIndex::Leave(const TInmemInstance& instance) noexcept {
 void TReferenceIndex::Settle(TInstanceEntry& entry, const TLeads& leads) {
   auto& edges = entry.references->edges;
   ++revision_;
+  entry.references->areOwn = true;
   try {
     edges.reserve(leads.size());
     for (const TLead& lead : leads) {
       TReferenceTarget& target = GetTarget(lead);
-      edges.push_back({lead.position, &target});
+      edges.push_back({lead.position, lead.referencedClass, &target});
+      entry.references->areOwn &= lead.isOwn;
       target.referrers.insert(&entry);
     }
   } catch (...) {
@@ -215,6 +223,7 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
     TReferenceTarget* const known = FindTarget(*own);
     if (!known) continue;
     place = GetBehind(known->referrers, last);
+    PrefetchEntries(known->referrers, place);
     TInstanceEntry* const referrer = SkipLater(known->referrers, place, limit);
     const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
     if (isFirst) next = {referrer, known, place, first, first->serial, revision_};

@@ -10,6 +10,7 @@
 
 namespace NZELVYR20 {
 
+class ICIMClass;
 class TInmemClass;
 class TInmemInstance;
 class TReferenceIndex;
@@ -18,9 +19,11 @@ struct TInstanceEntry;
 /// Where one reference of an instance leads: to the instance of that class under that path, in the
 /// namespace of its own class.
 struct TLead {
-  std::size_t position;   ///< of the property in its instance
-  std::string className;  ///< as the path gives it
-  std::string path;       ///< its canonical text
+  std::size_t position;        ///< of the property in its instance
+  bool isOwn;                  ///< rather than the declaration's default
+  ICIMClass* referencedClass;  ///< held by the property's value
+  std::string className;       ///< as the path gives it
+  std::string path;            ///< its canonical text
 };
 using TLeads = std::vector<TLead>;
 
@@ -55,11 +58,13 @@ struct TReferenceTarget {
 struct TReferences {
   struct TEdge {
     std::size_t position;
+    ICIMClass* referencedClass;
     TReferenceTarget* target;
   };
 
   TReferenceIndex* index;
   std::vector<TEdge> edges;  ///< by position
+  bool areOwn = true;        ///< none of them is a default, which may change without notice
 
   bool IsSettled() const { return !edges.empty(); }
 };

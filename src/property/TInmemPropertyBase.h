@@ -11,7 +11,6 @@ namespace NZELVYR20 {
 
 class ICIMElement;
 class ICIMQualifier;
-class TInmemInstance;
 
 /// One property of one instance, whatever links it to its declaration: its values, their checks
 /// and their renderings. Whoever hands a property out sees to it that something keeps the
@@ -50,9 +49,6 @@ class TInmemPropertyBase : public ICIMProperty {
 
   /// What the reference that is its value leads to; status 15 where that is nothing.
   virtual boost::shared_ptr<ICIMElement> FollowReference() const;
-
-  /// False where that is certainly not this instance.
-  virtual bool MayLeadTo(const TInmemInstance&) const { return true; }
 
   /// Appends the table that the qualifiers "Values" and "ValueMap" make, and sets the text for
   /// values that no entry covers. False when they make none; what was appended before a

@@ -308,7 +308,9 @@ TEST_F(ModelTest, PluginDoesWhatTheModelDoes) {
 }
 
 TEST_F(ModelTest, ScriptReplays) {
-  std::ifstream file(std::getenv("MODEL_SCRIPT") == nullptr ? "" : std::getenv("MODEL_SCRIPT"));
+  const char* const name = std::getenv("MODEL_SCRIPT");
+  if (name == nullptr) GTEST_SKIP() << "MODEL_SCRIPT names no script";
+  std::ifstream file(name);
   TScript script;
   bool redefines = false;
   for (std::string line; std::getline(file, line);) {

@@ -37,6 +37,9 @@ struct TNamer {
   bool operator()(const TInstance& instance) const {
     return note(instance->BuildPath({}).GetPath());
   }
+  bool operator()(const boost::shared_ptr<ICIMProperty>& property) const {
+    return note(property->GetDeclaration({})->GetName({}));
+  }
   template <class TElement>
   bool operator()(const boost::shared_ptr<TElement>& element) const {
     return note(element->GetName({}));

@@ -14,6 +14,8 @@ class TNamespaceDump {
  public:
   explicit TNamespaceDump(const boost::shared_ptr<ICIMNamespace>& nameSpace);
 
+  void Add(const std::string& fact) { lines_.push_back(fact); }
+
   /// The first line in which the dumps differ, of both, under the line before; empty where they
   /// are equal.
   std::string Compare(const TNamespaceDump& other) const;

@@ -23,10 +23,6 @@ class TNamespaceDump {
   std::size_t GetSize() const { return lines_.size(); }
 
  private:
-  void AddClass(ICIMClass& cimClass);
-  void AddQualifiers(const std::string& name, const ICIMNamedElement& element);
-  void AddMethod(const std::string& className, ICIMMethodDecl& method);
-  void AddInstance(ICIMInstance& instance);
   std::string GetLine(std::size_t number) const;
 
   std::vector<std::string> lines_;

@@ -35,48 +35,29 @@ TEST(TMofLoaderTest, AnOverrideGetsWhatIsPassedDown) {
   EXPECT_EQ(parameter->GetQualifier("In", {})->GetValue({}), TCIMValue(false));
 }
 
-TEST(TMofLoaderTest, ValuesHaveTheTypeOfTheirDeclaration) {
-  struct TRow {
-    const char* type;
-    const char* literal;
-    const char* shown;  ///< or the message, from its column
+TEST(TMofLoaderTest, ValuesNeedTheTypeOfTheirDeclaration) {
+  const struct {
+    const char* declared;
+    const char* message;
+  } rows[] = {
+      {"uint8 P = 256", "the number is out of the range of the type uint8"},
+      {"uint8 P = -1", "the number is out of the range of the type uint8"},
+      {"sint8 P = 128", "the number is out of the range of the type sint8"},
+      {"sint64 P = 9223372036854775808", "the number is out of the range of the type sint64"},
+      {"uint16 P = 1.5", "a real number is no value of the type uint16"},
+      {"uint16 P = \"1\"", "a string is no value of the type uint16"},
+      {"real32 P = 1.0e99", "the number is out of the range of the type real32"},
+      {"boolean P = 1", "an integer is no value of the type boolean"},
+      {"string P = 'a'", "a character is no value of the type string"},
+      {"string P = {\"a\"}", "one value is expected, not an array"},
+      {"datetime P = \"soon\"", "date-time \"soon\": "},
   };
-  const TRow rows[] = {
-      {"uint8", "255", "255"},
-      {"uint8", "256", ": error: class A: the number is out of the range of the type uint8"},
-      {"uint8", "-1", ": error: class A: the number is out of the range of the type uint8"},
-      {"sint8", "-128", "-128"},
-      {"sint8", "128", ": error: class A: the number is out of the range of the type sint8"},
-      {"sint64", "-9223372036854775808", "-9223372036854775808"},
-      {"sint64", "9223372036854775808",
-       ": error: class A: the number is out of the range of the type sint64"},
-      {"uint64", "0xFFFFFFFFFFFFFFFF", "18446744073709551615"},
-      {"uint16", "1.5", ": error: class A: a real number is no value of the type uint16"},
-      {"uint16", "\"1\"", ": error: class A: a string is no value of the type uint16"},
-      {"real32", "-2", "-2"},
-      {"real64", "-1.5e-3", "-0.0015"},
-      {"real32", "1.0e99", ": error: class A: the number is out of the range of the type real32"},
-      {"boolean", "TRUE", "TRUE"},
-      {"boolean", "1", ": error: class A: an integer is no value of the type boolean"},
-      {"char16", "'\\x20AC'", "€"},
-      {"string", "'a'", ": error: class A: a character is no value of the type string"},
-      {"string", "{\"a\"}", ": error: class A: one value is expected, not an array"},
-      {"string", "NULL", "<null>"},
-      {"datetime", "\"00000002030405.000000:000\"", "2 days 03:04:05"},
-      {"datetime", "\"soon\"", ": error: class A: date-time \"soon\": "},
-  };
-  for (const TRow& row : rows) {
-    SCOPED_TRACE(std::string(row.type) + " " + row.literal);
-    TLoadedMof mof(std::string("class A { [Key] uint8 K = 1;\n") + row.type +
-                   " P = " + row.literal + "; };\n" + "instance of A {};");
-    const std::string messages = mof.TakeMessages();
-    if (messages.empty()) {
-      EXPECT_EQ(mof.Show("A.K=1", "P"), std::string(row.shown) + "|");
-    } else {
-      const std::size_t column = messages.find(':', 2);
-      EXPECT_EQ(messages.compare(column, std::string(row.shown).size(), row.shown), 0) << messages;
-      EXPECT_FALSE(mof.Has("A"));
-    }
+  for (const auto& row : rows) {
+    TLoadedMof mof(std::string("class A { [Key] uint8 K = 1; ") + row.declared + "; };");
+    EXPECT_NE(mof.TakeMessages().find(std::string(": error: class A: ") + row.message),
+              std::string::npos)
+        << row.declared;
+    EXPECT_FALSE(mof.Has("A"));
   }
 }
 

@@ -8,7 +8,6 @@ namespace NZELVYR20 {
 namespace {
 
 using TInmemNamespaceTest = TRepositoryTest;
-using TInmemNamespaceRedefinitionTest = TRedefinitionTest;
 
 TEST_F(TInmemNamespaceTest, ComesFromTheProviderAndKnowsNoOther) {
   const auto provider = TInmemNamespaceProvider::GetInstance();
@@ -47,21 +46,6 @@ TEST_F(TInmemNamespaceTest, RejectsWhatItDoesNotSupport) {
   key->AddToNamespace({});
   key->RemoveQualifierDecl({});
   EXPECT_EQ(space->GetQualifierDecl("kEY", {}), key) << "it stays";
-}
-
-TEST_F(TInmemNamespaceRedefinitionTest, KeepsTheFirstPhysicalNetworkPort) {
-  const std::pair<const char*, bool> rows[] = {
-      {"ZELSG_PhysicalNetworkPort", true},
-      {"My_ZELSG_PhysicalNetworkPort2", true},
-      {"ZELSG_PhysicalPort", false},
-  };
-  for (const auto& [name, firstStays] : rows) {
-    const TClass second = NewClass(name);
-    const TClass first = DefineClass(name);
-    Qualify(*second, "Abstract");
-    EXPECT_EQ(Try([&] { second->AddToNamespace({}); }), TOutcome::Quiet());
-    EXPECT_EQ(space->GetClass(name, {}), firstStays ? first : second) << name;
-  }
 }
 
 }  // namespace

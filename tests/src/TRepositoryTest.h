@@ -178,11 +178,6 @@ class TRepositoryTest : public ::testing::Test {
     return names;
   }
 
-  /// The names of the direct subclasses.
-  static TNames SubClassesOf(const TClass& cimClass) {
-    return NamesOf([&](const TNamer& note) { cimClass->EnumerateSubClasses(note, false, {}); });
-  }
-
   /// The paths of the class's own instances.
   static TNames PathsOf(const TClass& cimClass) {
     return NamesOf([&](const TNamer& note) { cimClass->EnumerateInstances(note, false, {}); });

@@ -12,7 +12,7 @@ inline TPool Pool(const std::string& names) {
 }
 inline const TPool kClasses = Pool(
     "CIM_Foo|CIM_Bar|CIM_Qux|Baz|ZELSG_PhysicalNetworkPort|CIM_L|CIM_M|CIM_N|cim_foo|BAZ||1bad|"
-    "<root>|<ROOT>|My_zelsg_PhysicalNetworkPort2");
+    "<root>|<ROOT>|zelsg_physicalnetworkport");
 inline const TPool kProperties = Pool(
     "Name|Antecedent|Dependent|NAME|dependent|Speed|speed|PortType|linkporttype|LinkPortTypeInfo|"
     "speedDuplex|XspeedDuplex|SpeedDuplex|HealthState|healthstate|XHealthStateY|Description|"

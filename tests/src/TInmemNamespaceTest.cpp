@@ -8,6 +8,7 @@ namespace NZELVYR20 {
 namespace {
 
 using TInmemNamespaceTest = TRepositoryTest;
+using TInmemNamespaceRedefinitionTest = TRedefinitionTest;
 
 TEST_F(TInmemNamespaceTest, ComesFromTheProviderAndKnowsNoOther) {
   const auto provider = TInmemNamespaceProvider::GetInstance();
@@ -46,6 +47,14 @@ TEST_F(TInmemNamespaceTest, RejectsWhatItDoesNotSupport) {
   key->AddToNamespace({});
   key->RemoveQualifierDecl({});
   EXPECT_EQ(space->GetQualifierDecl("kEY", {}), key) << "it stays";
+}
+
+TEST_F(TInmemNamespaceRedefinitionTest, KeepsTheFirstOfWhateverHoldsThisName) {
+  const TClass second = NewClass("My_ZELSG_PhysicalNetworkPort2");
+  const TClass first = DefineClass(second->GetName({}));
+  Qualify(*second, "Abstract");
+  second->AddToNamespace({});
+  EXPECT_EQ(space->GetClass(first->GetName({}), {}), first);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ using TOperation = std::function<std::string()>;
 
 template <class TCall>
 TOperation Do(TCall call) {
-  if constexpr (std::is_void_v<decltype(call())>) {
+  if constexpr (std::is_void_v<std::invoke_result_t<TCall>>) {
     return [call] { return call(), std::string(); };
   } else {
     return [call] { return std::string(call()); };
@@ -32,7 +32,7 @@ struct TCase {
   template <class TCall>
   TCase(const char* given, TCall call, bool isSwallowed = false)
       : name(given), swallows(isSwallowed) {
-    if constexpr (std::is_same_v<decltype(call()), TOperation>) {
+    if constexpr (std::is_same_v<std::invoke_result_t<TCall>, TOperation>) {
       prepare = call;
     } else {
       prepare = [call] { return Do(call); };

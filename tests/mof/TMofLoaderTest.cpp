@@ -115,6 +115,11 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
        "this one in turn"},
       {"instance of Link { Left = \"Ok.Id=\\\"1\\\"\"; Right = \"Ok.Id=\\\"9\\\"\"; };",
        "1:13: error: instance of Link is refused: The element was not found."},
+      {"instance of Link { Left = 5; Right = 5; };",
+       "1:27: error: instance of Link: an integer is no value of the type reference"},
+      {"instance of Link { Left = \"root:Ok.Id=\\\"1\\\"\"; Right = \"Ok.Id=\\\"1\\\"\"; };", ""},
+      {"Qualifier Small : uint8 = 256;",
+       "1:27: error: qualifier Small: the number is out of the range of the type uint8"},
       {"instance of Link { Left = \"Link\"; };",
        "1:27: error: instance of Link: property Left: The type does not match."},
       {"instance of Ok as $X { Id = \"3\"; };\ninstance of Ok as $x { Id = \"4\"; };",
@@ -134,14 +139,16 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
 }
 
 TEST(TMofLoaderTest, RefusalsAreCountedByTheirReason) {
-  const TLoadedMof mof("class B { };\nclass C { };\nclass D : B { };\ninstance of D { };");
+  const TLoadedMof mof(
+      "class B { };\nclass C { };\nclass D : B { };\ninstance of D { };"
+      "class E { [Key] string Id; }; instance of E { };");
   const TMofSummary summary = mof.GetSummary();
   EXPECT_EQ(summary.classes.refused, 3U);
   EXPECT_EQ(summary.instances.skipped, 1U);
   EXPECT_EQ(summary.ToString(),
-            "2 files; qualifiers: 9 entered; classes: 0 entered, 3 refused; instances: 0 entered, "
-            "1 skipped; 4 errors, 0 "
-            "warnings, 0 notes"
+            "2 files; qualifiers: 9 entered; classes: 1 entered, 3 refused; instances: 0 entered, "
+            "1 skipped, 1 refused; 5 errors, 0 warnings, 0 notes"
+            "\nrefused: A key property has no value.: instance of E"
             "\nrefused: The class has no key property.: B, C"
             "\nrefused: it needs the class B, which was refused: D");
 }

@@ -46,7 +46,7 @@ std::string ReadFile(const char* name) {
 
 /// What is written leads to an equal namespace and to the same text again.
 std::string RoundTrip(const TSpace& space, std::size_t facts) {
-  const std::string text = TMofWriter::WriteNamespace(space);
+  std::string text = TMofWriter::WriteNamespace(space);
   const TNamespaceDump dump(space);
   const TSpace loaded = Load(text);
   EXPECT_GT(dump.GetSize(), facts);
@@ -87,11 +87,6 @@ TEST(TMofTextTest, ValuesThatNoTextGives) {
 class TRandomText {
  public:
   explicit TRandomText(unsigned seed) : random_(seed) {
-    text_ =
-        "Qualifier Association : boolean = false, Scope(association), Flavor(DisableOverride);\n"
-        "Qualifier Abstract : boolean = false, Scope(class), Flavor(Restricted);\n"
-        "Qualifier Key : boolean = false, Flavor(DisableOverride);\n"
-        "Qualifier Override : string, Flavor(Restricted);\n";
     for (int count = 0; count < 12; ++count) AddQualifier("q" + std::to_string(count));
     for (int count = 0; count < 14; ++count) AddClass("C" + std::to_string(count));
     for (int count = 0; count < 40; ++count) AddInstance("$i" + std::to_string(count));
@@ -272,7 +267,11 @@ class TRandomText {
   }
 
   std::mt19937 random_;
-  std::string text_;
+  std::string text_ =
+      "Qualifier Association : boolean = false, Scope(association), Flavor(DisableOverride);\n"
+      "Qualifier Abstract : boolean = false, Scope(class), Flavor(Restricted);\n"
+      "Qualifier Key : boolean = false, Flavor(DisableOverride);\n"
+      "Qualifier Override : string, Flavor(Restricted);\n";
   std::vector<TFeature> qualifiers_;  ///< the target of an array's is 1
   std::vector<TClass> classes_;
   int next_ = 0;

@@ -37,7 +37,7 @@ TNamespaceDump::TNamespaceDump(const boost::shared_ptr<ICIMNamespace>& nameSpace
   nameSpace->EnumerateQualifierDecls(
       [&world](const boost::shared_ptr<ICIMQualifierDecl>& declared) {
         world.out << "\nqualifier " << world.Text(declared) << ' '
-                  << world.Text(declared->GetDefaultValue({})) << " scope "
+                  << TWorld<false>::Text(declared->GetDefaultValue({})) << " scope "
                   << declared->GetScope({}) << " flavor " << declared->GetFlavor({});
         return true;
       },

@@ -50,6 +50,19 @@ TEST_F(TInmemClassTest, FindsAssociatedClasses) {
   EXPECT_EQ(calls, 1) << "false ends the whole walk";
 }
 
+/// The random operations redeclare these too seldom.
+TEST_F(TInmemClassTest, PortTypesAndDuplexesAreRedeclaredWhereverTheWordStands) {
+  const TClass port = NewClass("CIM_Port");
+  for (const char* name : {"AnyPortTypeX", "myspeedDuplex"}) {
+    DeclareProperty(port, name, TCIMValue(1));
+    const auto again = DeclareProperty(port, name, "");
+    EXPECT_EQ(port->GetPropertyDecl(name, {}), again) << name;
+  }
+  const auto kept = DeclareProperty(port, "Porttype", TCIMValue(1));
+  DeclareProperty(port, "Porttype", "");
+  EXPECT_EQ(port->GetPropertyDecl("Porttype", {}), kept);
+}
+
 TEST_F(TInmemClassTest, ComparesNamesByteForByteAndDoesLittleElse) {
   const TClass lower = NewClass("cim_port");
   const TClass port = DefineClass("CIM_Port");

@@ -61,6 +61,8 @@ TEST_F(TInmemClassTest, PortTypesAndDuplexesAreRedeclaredWhereverTheWordStands) 
   const auto kept = DeclareProperty(port, "Porttype", TCIMValue(1));
   DeclareProperty(port, "Porttype", "");
   EXPECT_EQ(port->GetPropertyDecl("Porttype", {}), kept);
+  const auto overriding = NewPropertyDecl(port, "MyPORTtype", TCIMValue(1), {"Override"});
+  EXPECT_EQ(Try([&] { overriding->AddToClass({}); }), TOutcome::Quiet()) << "of nothing, unlogged";
 }
 
 TEST_F(TInmemClassTest, ComparesNamesByteForByteAndDoesLittleElse) {

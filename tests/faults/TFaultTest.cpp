@@ -23,7 +23,7 @@ TOperation Do(TCall call) {
   if constexpr (std::is_void_v<std::invoke_result_t<TCall>>) {
     return [call] { return call(), std::string(); };
   } else {
-    return [call] { return std::string(call()); };
+    return [call]() -> std::string { return call(); };
   }
 }
 

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "TSampleTree.h"
+
 namespace NZELVYR20 {
 
 /// What the program left behind.
@@ -20,11 +22,8 @@ using TArgumentList = std::vector<std::string>;
 class TVyrhost {
  public:
   TVyrhost();
-  TVyrhost(const TVyrhost&) = delete;
-  TVyrhost& operator=(const TVyrhost&) = delete;
-  ~TVyrhost();
 
-  std::string GetRoot() const { return folder_ + "/root"; }
+  std::string GetRoot() const { return folder_.GetRoot() + "/root"; }
   /// Writes a file; `path` is relative to the root. Returns where it is.
   std::string Write(const std::string& path, const std::string& content) const;
 
@@ -34,7 +33,7 @@ class TVyrhost {
                const std::string& program = VYRHOST_PATH) const;
 
  private:
-  std::string folder_;
+  TSampleTree folder_;
 };
 
 }  // namespace NZELVYR20

@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-#include "TFakeSchema.h"
+#include "Paths.h"
 #include "TOSSpecific.h"
 
 namespace NZELVYR20 {

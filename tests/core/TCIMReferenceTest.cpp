@@ -2,30 +2,31 @@
 
 #include <set>
 
-#include "TFakeSchema.h"
+#include "Paths.h"
 
 namespace NZELVYR20 {
 
 /// Paths of a class "All" that has a key of every type, named by the type's word.
 struct TCIMReferenceTest : testing::Test {
   TCIMReferenceTest() {
-    all->Add(boost::make_shared<TFakeSchema>("Caption"));
+    Qualify(nameSpace, *all, "Association");
+    all->AllocatePropertyDecl("Caption", "", {})->AddToClass({});
     for (int number = TType::kBoolean; number <= TType::kReference; ++number) {
       const TType type = static_cast<TType::ECIMType>(number);
-      all->Add(boost::make_shared<TFakeSchema>(testing::PrintToString(type), type));
+      const auto key =
+          all->AllocatePropertyDecl(testing::PrintToString(type), TCIMValue::Null(type), {});
+      Qualify(nameSpace, *key, "Key");
+      key->AddToClass({});
     }
-    nameSpace->Add(all);
+    all->AddToNamespace({});
   }
 
   std::string Read(TText text) const {
     return ResultOf([&] { return TCIMReference::Parse(text, nameSpace).ToString(); });
   }
-  static std::string Resolve(const TCIMReference& path, bool wantsClass) {
-    return ResultOf([&] { return path.GetCIMElement(wantsClass) ? "found" : "empty"; });
-  }
 
-  TPtr<TFakeSchema> nameSpace = boost::make_shared<TFakeSchema>("own");
-  TPtr<TFakeSchema> all = boost::make_shared<TFakeSchema>("All", TType::kNone, nameSpace);
+  boost::shared_ptr<ICIMNamespace> nameSpace = AllocatePluginNamespace();
+  TClass all = nameSpace->AllocateClass("All", {}, {});
 };
 
 TEST_F(TCIMReferenceTest, WritesCanonicalText) {
@@ -78,18 +79,25 @@ TEST_F(TCIMReferenceTest, GivesDifferentKeysDifferentTexts) {
 }
 
 TEST_F(TCIMReferenceTest, ResolvesInItsNamespaceOrThatOfItsClass) {
-  auto other = boost::make_shared<TFakeSchema>("other");
+  auto other = AllocatePluginNamespace();
+  const auto there = AddInstance(AddClass(other, "Port", ""), "a");
+  const auto here = AddInstance(AddClass(nameSpace, "Port", ""), "a");
   TCIMReference path(other, {});
-  EXPECT_EQ(Resolve(path, true), kNotFound);
-  path.SetClass(all);
-  EXPECT_EQ(Resolve(path, false), "other: All");
-  EXPECT_EQ(Resolve(path, true), kNotFound);
+  const auto resolve = [&](bool wantsClass) {
+    return ResultOf([&] { return path.GetCIMElement(wantsClass) ? "found" : "empty"; });
+  };
+  EXPECT_EQ(resolve(true), kNotFound);
+  path.SetClass(here->GetClass({}));
+  EXPECT_EQ(resolve(false), kNotFound);
+  path.AddKeyValue("Id", "a");
+  EXPECT_EQ(path.GetCIMElement(false), there);
+  EXPECT_EQ(path.GetCIMElement(true), there->GetClass({}));
   other.reset();
-  EXPECT_EQ(Resolve(path, false), "own: All");
-  EXPECT_EQ(path.GetCIMElement(true), all);
+  EXPECT_EQ(path.GetCIMElement(false), here);
+  EXPECT_EQ(path.GetCIMElement(true), here->GetClass({}));
   nameSpace.reset();
-  EXPECT_EQ(Resolve(path, false), kNotFound);
-  EXPECT_EQ(path.GetCIMElement(true), all);
+  EXPECT_EQ(resolve(false), kNotFound);
+  EXPECT_EQ(path.GetCIMElement(true), here->GetClass({}));
 }
 
 TEST_F(TCIMReferenceTest, ReadsTextOrNamesWhatIsWrongAndWhere) {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "TFakeSchema.h"
+#include "Paths.h"
 
 // Every allocation of this program, the core library's included, passes here; a test can let them
 // run out. Not inlined, or the compiler would take the pairs apart and see new meet free.

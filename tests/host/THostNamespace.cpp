@@ -1,6 +1,5 @@
 #include "THostNamespace.h"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <boost/make_shared.hpp>
@@ -9,8 +8,7 @@
 
 #include "ICIMProperty.h"
 #include "ICoreLogger.h"
-#include "INamespaceProvider.h"
-#include "INamespaceProviderManager.h"
+#include "PluginNamespace.h"
 #include "TMachineCollector.h"
 #include "TMofLoader.h"
 #include "TRootObject.h"
@@ -24,12 +22,8 @@ class TFailingLogger : public ICoreLogger {
 };
 
 boost::shared_ptr<ICIMNamespace> AllocateNamespace() {
-  static void* const library = dlopen(INMEM_PLUGIN_PATH, RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) throw std::runtime_error(dlerror());
   TRootObject::SetCoreLogger(boost::make_shared<TFailingLogger>());
-  return TRootObject::GetNamespaceProviderManager()
-      ->FindNamespaceProvider("inmem")
-      ->AllocateNamespace({}, false);
+  return AllocatePluginNamespace();
 }
 
 void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {

@@ -8,6 +8,7 @@
 #include <iostream>
 #include <optional>
 #include <random>
+#include <stdexcept>
 
 #include "Operations.h"
 #include "PluginNamespace.h"
@@ -79,13 +80,28 @@ const std::vector<TCIMValue>& GetConstants() {
 }
 constexpr int kConstants = 21;  ///< of a hundred; then null references, then references
 
+/// Both sides are asked, also where the first one fails: finding a path may change the class.
+template <bool kIsModel>
+std::optional<TCIMReference> PathOf(TWorld<kIsModel>& world, int at) {
+  try {
+    return world.i(at)->GetReference({});
+  } catch (const TVYRException&) {
+    return {};
+  }
+}
+
 /// The value of a step: a constant, a null reference to a class, or a reference to an instance.
 TCIMValue MakeValue(TWorld<false>& plugin, TWorld<true>& model, int value) {
   const int at = value % 32;
   if (at < kConstants) return GetConstants()[at];
   if (at < 24) return TCIMValue::NullReference(plugin.c(value / 32));
-  const TCIMReference path = plugin.i(value / 32)->GetReference({});
-  if (path.GetPath() != model.i(value / 32)->GetReference({}).GetPath()) plugin.out << "path!";
+  const auto onPlugin = PathOf(plugin, value / 32);
+  const auto onModel = PathOf(model, value / 32);
+  if (onPlugin.has_value() != onModel.has_value())
+    throw std::logic_error("a path fails on one side");
+  if (!onPlugin) throw TNothingThere();
+  const TCIMReference& path = *onPlugin;
+  if (path.GetPath() != onModel->GetPath()) throw std::logic_error("the paths differ");
   // Escaping doubles with every level of a reference in a key.
   if (path.GetPath().size() > 200) throw TNothingThere();
   return at < 30 ? TCIMValue(path) : TCIMValue(path, path.GetClass()->GetSuperClass({}));
@@ -149,8 +165,6 @@ std::optional<TDifference> Compare(const TScript& script, bool redefines) {
     try {
       if (Contains(operation.pattern, "@V"))
         plugin.value = model.value = MakeValue(plugin, model, step.value);
-    } catch (const TVYRException&) {
-      continue;
     } catch (const TNothingThere&) {
       continue;
     }
@@ -308,7 +322,9 @@ TEST_F(ModelTest, PluginDoesWhatTheModelDoes) {
 }
 
 TEST_F(ModelTest, ScriptReplays) {
-  std::ifstream file(std::getenv("MODEL_SCRIPT") == nullptr ? "" : std::getenv("MODEL_SCRIPT"));
+  const char* const name = std::getenv("MODEL_SCRIPT");
+  if (name == nullptr) GTEST_SKIP() << "MODEL_SCRIPT names no script";
+  std::ifstream file(name);
   TScript script;
   bool redefines = false;
   for (std::string line; std::getline(file, line);) {

@@ -1,40 +1,26 @@
 #pragma once
 
+#include <boost/algorithm/string/split.hpp>
+
 #include "TWorld.h"
 
 namespace NZELVYR20 {
 
-inline const TPool kClasses = {
-    "CIM_Foo", "CIM_Bar", "CIM_Qux", "Baz",     "ZELSG_PhysicalNetworkPort",
-    "CIM_L",   "CIM_M",   "CIM_N",   "cim_foo", "BAZ",
-    "",        "1bad",    "<root>",  "<ROOT>",  "zelsg_physicalnetworkport"};
-inline const TPool kProperties = {"Name",
-                                  "Antecedent",
-                                  "Dependent",
-                                  "NAME",
-                                  "dependent",
-                                  "Speed",
-                                  "speed",
-                                  "PortType",
-                                  "linkporttype",
-                                  "LinkPortTypeInfo",
-                                  "speedDuplex",
-                                  "XspeedDuplex",
-                                  "SpeedDuplex",
-                                  "HealthState",
-                                  "healthstate",
-                                  "XHealthStateY",
-                                  "Description",
-                                  "MyDescription",
-                                  "description",
-                                  "DateTimeOfCollection",
-                                  "9x",
-                                  "a-b",
-                                  ""};
-inline const TPool kMethods = {"Reset", "RESET", "Stop", "PortType", "a b"};
-inline const TPool kQualifiers = {"KEY",  "OVERRIDE", "ASSOCIATION", "ABSTRACT", "NULLDISPLAY",
-                                  "BASE", "Version",  "key",         "Override", "version",
-                                  "9"};
+inline TPool Pool(const std::string& names) {
+  TPool pool;
+  return boost::algorithm::split(pool, names, [](char c) { return c == '|'; });
+}
+inline const TPool kClasses = Pool(
+    "CIM_Foo|CIM_Bar|CIM_Qux|Baz|ZELSG_PhysicalNetworkPort|CIM_L|CIM_M|CIM_N|cim_foo|BAZ||1bad|"
+    "<root>|<ROOT>|zelsg_physicalnetworkport");
+inline const TPool kProperties = Pool(
+    "Name|Antecedent|Dependent|NAME|dependent|Speed|speed|PortType|linkporttype|LinkPortTypeInfo|"
+    "speedDuplex|XspeedDuplex|SpeedDuplex|HealthState|healthstate|XHealthStateY|Description|"
+    "MyDescription|description|DateTimeOfCollection|9x|a-b||HealthStateDescription|"
+    "CommunicationStatus|DetailedStatus|OperatingStatus|PrimaryStatus");
+inline const TPool kMethods = Pool("Reset|RESET|Stop|PortType|a b");
+inline const TPool kQualifiers =
+    Pool("KEY|OVERRIDE|ASSOCIATION|ABSTRACT|NULLDISPLAY|BASE|Version|key|Override|version|9");
 
 /// One row for each operation: how often it is drawn, how people read it, and what it does.
 struct TOperation {

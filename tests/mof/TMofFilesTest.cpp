@@ -147,23 +147,5 @@ TEST_F(TMofFilesTest, FilesThatCannotBeReadAreOneError) {
   }
 }
 
-TEST_F(TMofFilesTest, TextsComeInEveryUnicodeForm) {
-  const std::string text = "class A { [Key] string Id = \"\xC3\xA9\"; };\r\ninstance of A { };\r\n";
-  std::string little = "\xFF\xFE";
-  std::string big = "\xFE\xFF";
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    const bool isAccent = text[index] == '\xC3';
-    const char unit = isAccent ? '\xE9' : text[index];
-    little += {unit, '\0'};
-    big += {'\0', unit};
-    if (isAccent) ++index;
-  }
-  for (const std::string& bytes : {text, "\xEF\xBB\xBF" + text, little, big}) {
-    TLoadedMof mof;
-    EXPECT_EQ(Load(mof, Put("a.mof", bytes)), "");
-    EXPECT_TRUE(mof.HasInstance("A.Id=\"\xC3\xA9\""));
-  }
-}
-
 }  // namespace
 }  // namespace NZELVYR20

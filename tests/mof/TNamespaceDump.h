@@ -14,6 +14,8 @@ class TNamespaceDump {
  public:
   explicit TNamespaceDump(const boost::shared_ptr<ICIMNamespace>& nameSpace);
 
+  void Add(const std::string& fact) { lines_.push_back(fact); }
+
   /// The first line in which the dumps differ, of both, under the line before; empty where they
   /// are equal.
   std::string Compare(const TNamespaceDump& other) const;
@@ -21,10 +23,6 @@ class TNamespaceDump {
   std::size_t GetSize() const { return lines_.size(); }
 
  private:
-  void AddClass(ICIMClass& cimClass);
-  void AddQualifiers(const std::string& name, const ICIMNamedElement& element);
-  void AddMethod(const std::string& className, ICIMMethodDecl& method);
-  void AddInstance(ICIMInstance& instance);
   std::string GetLine(std::size_t number) const;
 
   std::vector<std::string> lines_;

@@ -7,10 +7,9 @@
 #include "ICIMClass.h"
 #include "ICIMNamespace.h"
 #include "ICIMProperty.h"
-#include "ICIMPropertyDecl.h"
-#include "ICIMQualifier.h"
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
+#include "SmallSchema.h"
 #include "TRootObject.h"
 #include "TVYRException.h"
 
@@ -29,23 +28,9 @@ void Expect(bool condition, const char* what) {
   if (!condition) throw std::logic_error(what);
 }
 
-boost::shared_ptr<ICIMClass> DefinePort(const TSpace& space) {
-  const auto key = space->AllocateQualifierDecl("Key", true, ICIMQualifierDecl::kAny, {}, {});
-  auto port = space->AllocateClass("Port", {}, {});
-  const auto id = port->AllocatePropertyDecl("Id", "", {});
-  id->AllocateQualifier(key, true, {})->AddToClassOrProperty({});
-  id->AddToClass({});
-  port->AddToNamespace({});
-  return port;
-}
-
 void CheckInstances(const TSpace& space, const boost::shared_ptr<ICIMClass>& port) {
   constexpr int kCount = 100;
-  for (int i = 0; i < kCount; ++i) {
-    const auto instance = port->AllocateInstance({});
-    instance->SetPropertyValue("Id", std::to_string(i), {});
-    instance->AddToNamespace({});
-  }
+  for (int i = 0; i < kCount; ++i) AddInstance(port, std::to_string(i));
   int seen = 0;
   const auto check = [&](const TInstance& found) {
     const auto path = TCIMReference::Parse(found->BuildPath({}).GetPath(), space);
@@ -84,7 +69,7 @@ void CheckExceptions(const TSpace& space, const boost::shared_ptr<ICIMClass>& po
 void Use() {
   const auto manager = TRootObject::GetNamespaceProviderManager();
   const auto space = manager->FindNamespaceProvider("inmem")->AllocateNamespace({}, false);
-  const auto port = DefinePort(space);
+  const auto port = AddClass(space, "Port", "");
   CheckInstances(space, port);
   CheckExceptions(space, port);
   const std::lock_guard<std::mutex> lock(keptMutex);

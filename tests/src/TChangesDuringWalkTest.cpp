@@ -14,11 +14,14 @@ using TType = TCIMValue::TCIMType;
 /// and "_f"; names without a "_" are the model's own.
 class TWalkTest : public TRedefinitionTest {
  protected:
+  /// What becomes of a removed element: it goes, it cannot be removed, or the walk keeps it.
+  enum EKind { kRemovable, kLasting, kFixed };
   struct TWalk {
     const char* name;
-    bool isRemovable;
+    EKind kind;
     std::function<void(const TNamer&)> run;
     bool passes = false;  ///< what the callback throws
+    bool stops = false;   ///< when the callback answers false
   };
 
   void SetUp() override {
@@ -31,6 +34,7 @@ class TWalkTest : public TRedefinitionTest {
     method = schema->AllocateMethodDecl("Reset", TType::kUInt32, {});
     parameter = method->AllocateParameterDecl("Force", TType::kBoolean, {});
     for (const char* name : {"_b", "_d", "_f"}) Add(name);
+    machine = NewInstance(schema);
   }
 
   TInstance NewPort(const std::string& id) { return NewInstance(port, {{"Id", id}}); }
@@ -40,17 +44,22 @@ class TWalkTest : public TRedefinitionTest {
   }
 
   void Add(const std::string& name) {
+    PutBack(name);
+    method->AllocateParameterDecl(name, TType::kNone, {})->AddToMethod({});
+    NewQualifierDecl(name)->AddToNamespace({});
+    const std::vector<ICIMNamedElement*> elements{schema.get(), property.get(), method.get(),
+                                                  parameter.get()};
+    for (ICIMNamedElement* element : elements) Qualify(*element, name);
+  }
+
+  /// What Remove takes away.
+  void PutBack(const std::string& name) {
     NewPort(name)->AddToNamespace({});
     NewLink(name)->AddToNamespace({});
     DefineAssociation("Has" + name, {{"Far", DefineClass("Far" + name)}, {"Near", port}});
     PutInstance(DefineClass("Sub" + name, schema), TValues{{"Id", name}});
     DeclareProperty(schema, "Key" + name, TCIMValue(1U), {"Key"});
     schema->AllocateMethodDecl(name, TType::kNone, {})->AddToClass({});
-    method->AllocateParameterDecl(name, TType::kNone, {})->AddToMethod({});
-    NewQualifierDecl(name)->AddToNamespace({});
-    const std::vector<ICIMNamedElement*> elements{schema.get(), property.get(), method.get(),
-                                                  parameter.get()};
-    for (ICIMNamedElement* element : elements) Qualify(*element, name);
   }
 
   void Remove(const std::string& name) {
@@ -70,48 +79,56 @@ class TWalkTest : public TRedefinitionTest {
       method->EnumerateParameterDecls(callback, {});
     };
     return {
-        {"instances", true, [&](N note) { port->EnumerateInstances(note, false, {}); }},
-        {"deep instances", true, [&](N note) { schema->EnumerateInstances(note, true, {}); }},
-        {"references", true,
+        {"instances", kRemovable, [&](N note) { port->EnumerateInstances(note, false, {}); }},
+        {"deep instances", kRemovable, [&](N note) { schema->EnumerateInstances(note, true, {}); }},
+        {"references", kRemovable,
          [&](N note) { hub->EnumerateAssociationInstances(note, "", "From", {}); }},
-        {"references by any role", true,
+        {"references by any role", kRemovable,
          [&](N note) { hub->EnumerateAssociationInstances(note, "Link", "", {}); }},
-        {"associators by result role", true,
+        {"associators by result role", kRemovable,
          [&](N note) { hub->EnumerateAssociatedInstances(note, "", "Port", "", "To", {}); }},
-        {"associators", true,
+        {"associators", kRemovable,
          [&](N note) { hub->EnumerateAssociatedInstances(note, "", "Port", "", "", {}); }},
-        {"subclasses", true, [&](N note) { schema->EnumerateSubClasses(note, true, {}); }},
-        {"association classes", true,
-         [&](N note) { port->EnumerateAssociationClasses(note, "", "", {}); }, true},
-        {"associated classes", true,
-         [&](N note) { port->EnumerateAssociatedClasses(note, "", "", "", "", {}); }, true},
-        {"properties", true, [&](N note) { schema->EnumeratePropertyDecls(note, {}); }},
-        {"keys", true, [&](N note) { schema->EnumerateKeyNames(note, {}); }, true},
-        {"methods", true, [&](N note) { schema->EnumerateMethodDecls(note, {}); }},
-        {"parameters", false, parameters, true},
-        {"declared", false, [&](N note) { space->EnumerateQualifierDecls(note, {}); }},
-        {"of a class", false, [&](N note) { schema->EnumerateQualifiers(note, {}); }},
-        {"of a method", false, [&](N note) { method->EnumerateQualifiers(note, {}); }, true},
-        {"of a property", false, [&](N note) { property->EnumerateQualifiers(note, {}); }},
-        {"of a parameter", false, [&](N note) { parameter->EnumerateQualifiers(note, {}); }, true},
+        {"properties of an instance", kFixed,
+         [&](N note) { machine->EnumerateProperties(note, {}); }, true},
+        {"subclasses", kRemovable, [&](N note) { schema->EnumerateSubClasses(note, true, {}); },
+         false, true},
+        {"association classes", kRemovable,
+         [&](N note) { port->EnumerateAssociationClasses(note, "", "", {}); }, true, true},
+        {"associated classes", kRemovable,
+         [&](N note) { port->EnumerateAssociatedClasses(note, "", "", "", "", {}); }, true, true},
+        {"properties", kRemovable, [&](N note) { schema->EnumeratePropertyDecls(note, {}); }, false,
+         true},
+        {"keys", kRemovable, [&](N note) { schema->EnumerateKeyNames(note, {}); }, true, true},
+        {"methods", kRemovable, [&](N note) { schema->EnumerateMethodDecls(note, {}); }, false,
+         true},
+        {"parameters", kLasting, parameters, true},
+        {"declared", kLasting, [&](N note) { space->EnumerateQualifierDecls(note, {}); }},
+        {"of a class", kLasting, [&](N note) { schema->EnumerateQualifiers(note, {}); }, false,
+         true},
+        {"of a method", kLasting, [&](N note) { method->EnumerateQualifiers(note, {}); }, true},
+        {"of a property", kLasting, [&](N note) { property->EnumerateQualifiers(note, {}); }},
+        {"of a parameter", kLasting, [&](N note) { parameter->EnumerateQualifiers(note, {}); },
+         true},
     };
   }
 
   /// The ends of the names in the order of the walk, and a call for each on the way.
-  static TNames Run(const TWalk& walk, const std::function<void(const TNames&)>& during = {}) {
+  static TNames Run(const TWalk& walk, const std::function<void(const TNames&)>& during = {},
+                    bool answer = true) {
     TNames names;
     walk.run(TNamer{[&](const std::string& name) {
       const auto end = name.find('_');
       if (end == std::string::npos) return true;
       names.push_back(name.substr(end, 2));
       if (during) during(names);
-      return true;
+      return answer;
     }});
     return names;
   }
 
   TClass port, schema, link;
-  TInstance hub;
+  TInstance hub, machine;
   TPropertyDecl property;
   boost::shared_ptr<ICIMMethodDecl> method;
   boost::shared_ptr<ICIMParameterDecl> parameter;
@@ -132,9 +149,35 @@ TEST_F(TWalkTest, VisitsOnceWhatIsThereThroughout) {
       nested = Run(walk);
     };
     const TNames visited = Run(walk, change);
-    EXPECT_EQ(nested.size(), walk.isRemovable ? 4U : 6U);
-    if (walk.isRemovable) names.erase(names.begin() + 1);
+    EXPECT_EQ(nested.size(), walk.kind == kRemovable ? 4U : walk.kind == kLasting ? 6U : 3U);
+    if (walk.kind == kRemovable) names.erase(names.begin() + 1);
     EXPECT_EQ(visited, names);
+  }
+}
+
+TEST_F(TWalkTest, AnswersOfFalseAreHeededByThoseThatStop) {
+  for (const TWalk& walk : GetWalks()) {
+    SCOPED_TRACE(walk.name);
+    SetUp();
+    EXPECT_EQ(Run(walk, {}, false).size(), walk.stops ? 1U : 3U);
+  }
+}
+
+TEST_F(TWalkTest, NothingIsVisitedTwiceWhenAllGoesAndComesBack) {
+  for (const TWalk& walk : GetWalks()) {
+    if (walk.kind == kLasting) continue;
+    SCOPED_TRACE(walk.name);
+    SetUp();
+    const TNames names = Run(walk);
+    const auto change = [&](const TNames& visited) {
+      if (visited.size() > 1) return;
+      for (const std::string& name : names) Remove(name);
+      for (const std::string& name : names) PutBack(name);
+    };
+    EXPECT_EQ(Run(walk, change), walk.kind == kFixed ? names : TNames{names[0]});
+    TNames after = Run(walk);
+    std::sort(after.begin(), after.end());
+    EXPECT_EQ(after, (TNames{"_b", "_d", "_f"}));
   }
 }
 
@@ -143,10 +186,10 @@ TEST_F(TWalkTest, MayDropTheLastReferenceToTheNamespace) {
     SCOPED_TRACE(walk.name);
     SetUp();
     const TNames names = Run(walk);
-    const boost::weak_ptr<void> watched[] = {space,    port,   schema,    link,
-                                             property, method, parameter, hub};
+    const boost::weak_ptr<void> watched[] = {space,  port,      schema, link,   property,
+                                             method, parameter, hub,    machine};
     const auto drop = [&](const TNames&) {
-      hub.reset(), parameter.reset(), method.reset(), property.reset();
+      machine.reset(), hub.reset(), parameter.reset(), method.reset(), property.reset();
       link.reset(), port.reset(), schema.reset(), space.reset();
     };
     const TNames visited = Run(walk, drop);
@@ -210,19 +253,6 @@ TEST_F(TWalkTest, HandsOutTheReplacementButNeitherTheReturnedNorTheCleared) {
   ASSERT_EQ(visited.size(), 3U);
   EXPECT_EQ(visited[1], replacement);
   EXPECT_EQ(visited[2]->GetProperty("Id", {})->ToString(), "_h");
-}
-
-TEST_F(TWalkTest, AnInstanceMayGoWhileItsPropertiesAreVisited) {
-  hub = PutInstance(port, "x");
-  std::string texts;
-  const auto change = [&](const boost::shared_ptr<ICIMProperty>& visited) {
-    texts += visited->ToString();
-    if (port) port->RemovePropertyDecl(property);
-    hub.reset(), link.reset(), port.reset(), space.reset();
-    return true;
-  };
-  hub->EnumerateProperties(change, {});
-  EXPECT_EQ(texts, "x1");
 }
 
 }  // namespace

@@ -3,12 +3,16 @@
 #include "ICIMParameterDecl.h"
 #include "TInmemClass.h"
 #include "TInmemParameterDecl.h"
+#include "TInmemQualifier.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
 namespace {
 
 using TType = TCIMValue::TCIMType;
+
+constexpr EFlavor kOverridable = ICIMQualifierDecl::kOverridable;
+constexpr EFlavor kToSubclass = ICIMQualifierDecl::kToSubclass;
 
 class TInmemDeclarationTest : public TRepositoryTest {
  protected:
@@ -43,15 +47,10 @@ TEST_F(TInmemDeclarationTest, ComparesByNormalizedName) {
   expectIn("declared", [&](auto* name, TValue value) { return NewQualifierDecl(name, value); });
 }
 
-TEST_F(TInmemDeclarationTest, APropertyHasTheTypeOfItsDefault) {
-  TInmemPropertyDecl property(owner, "Speed", TCIMValue());
-  property.SetDefaultValue(TCIMValue::Null(TType::kUInt8Array), {});
-  EXPECT_EQ(property.GetType({}), TType::kUInt8Array);
-  EXPECT_TRUE(property.IsArray({}));
-
+TEST_F(TInmemDeclarationTest, ACopyOfAPropertyHasNothing) {
   const TInmemPropertyDecl copy(boost::shared_ptr<const TInmemClass>(owner),
                                 port->GetPropertyDecl("Id", {}));
-  EXPECT_EQ(copy.GetName({}), "") << "nothing is copied";
+  EXPECT_EQ(copy.GetName({}), "");
   EXPECT_EQ(copy.GetDefaultValue({}), TCIMValue());
 }
 
@@ -69,6 +68,35 @@ TEST_F(TInmemDeclarationTest, AMethodFindsItsParametersByName) {
     EXPECT_EQ(Try([&] { method->RemoveParameterDecl(again); }), TOutcome::Quiet(status));
   }
   EXPECT_EQ(Try([&] { method->GetParameterDecl("Count", {}); }), TOutcome::Quiet(15));
+}
+
+/// The other elements are those of the random operations.
+TEST_F(TInmemDeclarationTest, AParameterTreatsItsQualifiersInItsOwnWay) {
+  const auto mode = method->AllocateParameterDecl("Mode", TType::kString, {});
+  const auto attach = [&](const char* value, EFlavor flavor) {
+    return Try([&] { Qualify(*mode, "Units", value, flavor); });
+  };
+  EXPECT_EQ(attach("Volts", kToSubclass), TOutcome::Quiet());
+  EXPECT_EQ(attach("Volts", kToSubclass), TOutcome::Quiet());
+  EXPECT_EQ(attach("Volts", kOverridable), TOutcome::Quiet(28));
+  EXPECT_EQ(attach("Amps", kToSubclass), TOutcome::Quiet(28));
+  EXPECT_TRUE(mode->GetQualifier("UNITS", {}));
+  EXPECT_EQ(Try([&] { EXPECT_FALSE(mode->GetQualifier("Unit", {})); }), TOutcome::Quiet());
+  bool isFound = true;
+  EXPECT_EQ(Try([&] { mode->GetQualifier("Units", isFound, {}); }), TOutcome::Quiet(1));
+}
+
+TEST_F(TInmemDeclarationTest, AQualifierHasItsValuesTypeAndItsDeclarationAnother) {
+  const auto units = NewQualifierDecl("Units", TCIMValue("V"), kToSubclass);
+  const auto attached = boost::make_shared<TInmemQualifier>(port, units, TCIMValue(7));
+  EXPECT_EQ(attached->GetType({}), TType::kSInt32);
+  units->SetDefaultValue(TCIMValue::Null(TType::kUInt8Array), {});
+  EXPECT_TRUE(units->GetType({}) == TType::kUInt8Array && units->IsArray({}));
+  const boost::shared_ptr<const ICIMQualifier> source(attached);
+  for (const bool isPropagated : {true, false}) {
+    attached->SetPropagated(isPropagated);
+    EXPECT_EQ(TInmemQualifier(port, source).GetPropagated({}), isPropagated);
+  }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "TInmemProperty.h"
 
+#include "TInmemPropertyDecl.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
@@ -8,67 +9,36 @@ namespace {
 using TType = TCIMValue::TCIMType;
 using TConstDecl = boost::shared_ptr<const ICIMPropertyDecl>;
 
+TCIMValue Texts(const std::vector<TCIMValue>& texts) {
+  return TCIMValue::Array(TType::kString, texts);
+}
+
 class TInmemPropertyTest : public TRepositoryTest {
  protected:
   /// A declaration that the test alone holds.
-  TConstDecl Declare(const TCIMValue& defaultValue) {
+  TPropertyDecl Declare(const TCIMValue& defaultValue) {
     return NewPropertyDecl(cimClass, "Speed", defaultValue);
   }
 
   TClass cimClass = NewClass("Thing");
 };
 
-TEST_F(TInmemPropertyTest, ChecksTypeAndReferencedClass) {
-  const auto port = DefineClass("Port");
-  const auto card = DefineClass("Card");
-  const auto fast = DefineClass("Fast", port);
-  const TCIMValue text("old");
-  const auto toPort = TCIMValue::NullReference(port);
-  const std::string isCard = "decl references type Port but value references Card";
-  const struct {
-    const char* description;
-    TCIMValue declared, value;
-    std::string complaint;
-  } rows[] = {
-      {"another type", text, 5U, "decl is type string but value is type uint32"},
-      {"a null of the type", text, TCIMValue::Null(TType::kString), ""},
-      {"a null of no type", text, TCIMValue(), "decl is type string but value is type none"},
-      {"a reference to a subclass", toPort, RefTo(NewInstance(fast)), ""},
-      {"a reference to another class", toPort, RefTo(NewInstance(card)), isCard},
-      {"a null reference to another class", toPort, TCIMValue::NullReference(card), isCard},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.description);
-    const auto declaration = Declare(row.declared);
-    TInmemProperty property(declaration);
-    const bool isRefused = !row.complaint.empty();
-    TOutcome outcome;
-    if (isRefused) outcome = {14, {{3, "Inmem: SetValue: " + row.complaint}}};
-    EXPECT_EQ(Try([&] { property.SetValue(row.value, {}); }), outcome);
-    EXPECT_EQ(Try([&] { TInmemProperty(declaration, row.value); }), outcome);
-    EXPECT_EQ(property.GetValue({}), isRefused ? row.declared : row.value);
-    EXPECT_EQ(property.IsDefaultValue({}), isRefused);
-    EXPECT_EQ(property.GetPropagated({}), isRefused);
-    // A previous value may be any null; complaints of others lack the usual beginning.
-    const bool isKept = row.value.IsNull() || !isRefused;
-    if (!isKept) outcome = {14, {{3, "SetPrevValue: " + row.complaint}}};
-    EXPECT_EQ(Try([&] { property.SetPrevValue(row.value); }), isKept ? TOutcome{} : outcome);
-    EXPECT_EQ(property.IsPrevValueDifferent(), isKept);
-    EXPECT_EQ(property.GetPrevValue(), isKept ? row.value : row.declared);
-  }
-}
-
-TEST_F(TInmemPropertyTest, RemembersThePreviousValueForGood) {
+TEST_F(TInmemPropertyTest, IsMadeUnderTheChecksOfSetting) {
   const auto declaration = Declare("default");
+  const std::string complaint = "SetValue: decl is type string but value is type uint32";
+  EXPECT_EQ(Try([&] { TInmemProperty(declaration, 5U); }),
+            TOutcome::Logged(14, 3, "Inmem: " + complaint));
   TInmemProperty property(declaration, "now");
   EXPECT_EQ(property.GetPrevValue(), TCIMValue("now"));
-  property.SetPrevValue();
-  EXPECT_EQ(property.GetPrevValue(), TCIMValue());
   property.SetPrevValue("before");
   property.SetPrevValue(property.GetPrevValue());
   property.SetValue(property.GetValue({}), {});
-  EXPECT_EQ(Try([&] { property.SetPrevValue(TCIMValue(true)); }).status, 14);
+  // A previous value may be any null; complaints of others lack the usual beginning.
+  EXPECT_EQ(Try([&] { property.SetPrevValue(5U); }),
+            TOutcome::Logged(14, 3, "SetPrev" + complaint.substr(3)));
   EXPECT_EQ(property.PrevValueToString() + " " + property.ToString(), "before now");
+  property.SetPrevValue(TCIMValue::Null(TType::kUInt8));
+  EXPECT_EQ(property.GetPrevValue().GetType(), TType::kUInt8);
 }
 
 TEST_F(TInmemPropertyTest, CopiesAndCompares) {
@@ -94,6 +64,66 @@ TEST_F(TInmemPropertyTest, CopiesAndCompares) {
   EXPECT_TRUE(a == a && b == unset && !(a == b) && !(a == foreign));
   EXPECT_TRUE(a < b && a < unset && !(b < a) && !(b < unset));
   EXPECT_NE(a < foreign, foreign < a);
+}
+
+TEST_F(TInmemPropertyTest, TablesKeepWhatStoodBeforeAContradiction) {
+  const auto declaration = Declare(1U);
+  Qualify(*declaration, "ValueMap", Texts({"1", "3..", ".."}));
+  Qualify(*declaration, "Values", Texts({"A", "B", "C"}));
+  const TInmemProperty property(declaration);
+  std::vector<TInmemProperty::TValueMapEntry> table;
+  std::string other = "before";
+  EXPECT_FALSE(property.BuildValueMapEntryArray(table, other));
+  EXPECT_EQ(table.size(), 2U);
+  EXPECT_EQ(other, "");
+  EXPECT_EQ(property.LookupInTable(7U, table, other), "B");
+  EXPECT_EQ(Try([&] { property.LookupInTable(1, table, other); }), TOutcome::Quiet(1));
+  EXPECT_EQ(property.ToStringVector(), TNames{"1"}) << "a scalar has no texts there";
+}
+
+/// A declaration of another implementation, whose every look-up but that of "NULLDISPLAY" throws
+/// the status.
+struct TForeignDecl : TInmemDeclaration<ICIMPropertyDecl, TForeignDecl> {
+  TForeignDecl(int lookUpStatus, const TCIMValue& defaultValue)
+      : TInmemDeclaration("Foreign"), status(lookUpStatus), value(defaultValue) {}
+
+  using TInmemDeclaration::operator=;
+  TForeignDecl& operator=(const TForeignDecl&) { return *this; }
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
+                                                TCIMContext) const override {
+    throw TVYRException(name == "NULLDISPLAY" ? nullStatus : status);
+  }
+  boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string&, bool&,
+                                                TCIMContext) const override {
+    return {};
+  }
+  void EnumerateQualifiers(const TCIMQualifierCallback&, TCIMContext) const override {}
+  void Validate(TCIMContext) override {}
+  void AddToClass(TCIMContext) override {}
+  void RemoveFromClass(TCIMContext) override {}
+  boost::shared_ptr<ICIMClass> GetClass(TCIMContext) const override { return {}; }
+  TType GetType(TCIMContext) const override { return value.GetType(); }
+  bool IsArray(TCIMContext) const override { return value.IsArray(); }
+  const TCIMValue& GetDefaultValue(TCIMContext) const override { return value; }
+  void SetDefaultValue(const TCIMValue&, TCIMContext) override {}
+
+  int status;
+  int nullStatus = status;
+  TCIMValue value;
+};
+
+TEST_F(TInmemPropertyTest, OnlyAMissingQualifierIsNoFailureWhenShown) {
+  for (const TCIMValue& value : {TCIMValue(5U), TCIMValue("5"), TCIMValue::Null(TType::kUInt8)}) {
+    const auto missing = boost::make_shared<TForeignDecl>(15, value);
+    EXPECT_EQ(TInmemProperty(missing).ToString(), value.ToString(10));
+    const auto failing = boost::make_shared<TForeignDecl>(28, value);
+    EXPECT_EQ(Try([&] { TInmemProperty(failing).ToString(); }), TOutcome::Quiet(28));
+  }
+  const auto nulls = boost::make_shared<TForeignDecl>(28, TCIMValue::Null(TType::kStringArray));
+  EXPECT_EQ(Try([&] { TInmemProperty(nulls).ToStringVector(); }), TOutcome::Quiet(28));
+  const auto elements = boost::make_shared<TForeignDecl>(28, Texts({"x"}));
+  elements->nullStatus = 15;
+  EXPECT_EQ(Try([&] { TInmemProperty(elements).ToStringVector(); }), TOutcome::Quiet(28));
 }
 
 }  // namespace

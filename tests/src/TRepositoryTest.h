@@ -37,6 +37,9 @@ struct TNamer {
   bool operator()(const TInstance& instance) const {
     return note(instance->BuildPath({}).GetPath());
   }
+  bool operator()(const boost::shared_ptr<ICIMProperty>& property) const {
+    return note(property->GetDeclaration({})->GetName({}));
+  }
   template <class TElement>
   bool operator()(const boost::shared_ptr<TElement>& element) const {
     return note(element->GetName({}));
@@ -173,11 +176,6 @@ class TRepositoryTest : public ::testing::Test {
       return true;
     }});
     return names;
-  }
-
-  /// The names of the direct subclasses.
-  static TNames SubClassesOf(const TClass& cimClass) {
-    return NamesOf([&](const TNamer& note) { cimClass->EnumerateSubClasses(note, false, {}); });
   }
 
   /// The paths of the class's own instances.

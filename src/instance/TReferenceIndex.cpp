@@ -1,6 +1,7 @@
 #include "TReferenceIndex.h"
 
 #include <algorithm>
+#include <array>
 
 #include "TDeclaredProperties.h"
 #include "TInmemClass.h"
@@ -11,16 +12,24 @@ namespace NZELVYR20 {
 
 namespace {
 
-// Memory that a walk will need in a moment is asked for ahead: entries lie anywhere.
-
-void PrefetchEntries(const TEntrySet& entries, TEntrySet::const_iterator place) {
-  constexpr int kAhead = 8;
-  for (int i = 0; i < kAhead && place != entries.end(); ++i)
-    __builtin_prefetch(&(*place++)->instance);
-}
-
-void PrefetchInstance(const TEntrySet& entries, TEntrySet::const_iterator place) {
-  if (place != entries.end()) __builtin_prefetch((*place)->instance.get());
+/// What a walk will look at lies anywhere in memory: it is asked for at once, not piece by piece.
+void PrefetchReferrers(const TEntrySet& entries, TEntrySet::const_iterator place) {
+  std::array<const TInstanceEntry*, 8> ahead{};
+  std::size_t count = 0;
+  while (count < ahead.size() && place != entries.end()) {
+    __builtin_prefetch(&(*place)->instance);
+    ahead[count++] = *place++;
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    __builtin_prefetch(ahead[i]->instance.get());
+    __builtin_prefetch(ahead[i]->references.get());
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    for (const auto& edge : ahead[i]->references->edges) __builtin_prefetch(edge.target);
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    for (const auto& edge : ahead[i]->references->edges) __builtin_prefetch(edge.target->entry);
+  }
 }
 
 TEntrySet::const_iterator GetBehind(const TEntrySet& entries, const TInstanceEntry* last) {
@@ -32,7 +41,6 @@ TInstanceEntry* SkipLater(const TEntrySet& entries, TEntrySet::const_iterator& p
                           std::uint64_t limit) {
   while (place != entries.end() && (*place)->serial > limit) ++place;
   if (place == entries.end()) return nullptr;
-  PrefetchInstance(entries, std::next(place));
   return *place;
 }
 
@@ -223,7 +231,7 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
     TReferenceTarget* const known = FindTarget(*own);
     if (!known) continue;
     place = GetBehind(known->referrers, last);
-    PrefetchEntries(known->referrers, place);
+    PrefetchReferrers(known->referrers, place);
     TInstanceEntry* const referrer = SkipLater(known->referrers, place, limit);
     const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
     if (isFirst) next = {referrer, known, place, first, first->serial, revision_};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/container/small_vector.hpp>
 #include <boost/shared_ptr.hpp>
 #include <cstddef>
 #include <cstdint>
@@ -37,21 +38,22 @@ using TEntrySet = std::set<TInstanceEntry*, TEntryOrder>;
 
 /// A path to which indexed references lead, whether an instance stands there or not.
 struct TReferenceTarget {
-  const TReferenceIndex* index = nullptr;
-  std::string path;
-  const std::string* className = nullptr;
-  TEntrySet referrers;
-
-  /// The entry of that path that knows this target, and its next target.
-  TInstanceEntry* knownBy = nullptr;
-  TReferenceTarget* nextOfEntry = nullptr;
-
   // Where the path led last, good while neither the classes nor what was taken out of the class's
   // table have changed.
   TInmemClass* cimClass = nullptr;
   std::uint64_t classesRevision = 0;
   TInstanceEntry* entry = nullptr;
   std::uint64_t removals = 0;
+
+  TEntrySet referrers;
+  const TReferenceIndex* index = nullptr;
+
+  /// The entry of that path that knows this target, and its next target.
+  TInstanceEntry* knownBy = nullptr;
+  TReferenceTarget* nextOfEntry = nullptr;
+
+  std::string path;
+  const std::string* className = nullptr;
 };
 
 /// The references of an instance as the index of its class knows them.
@@ -63,8 +65,8 @@ struct TReferences {
   };
 
   TReferenceIndex* index;
-  std::vector<TEdge> edges;  ///< by position
-  bool areOwn = true;        ///< none of them is a default, which may change without notice
+  boost::container::small_vector<TEdge, 2> edges;  ///< by position
+  bool areOwn = true;  ///< none of them is a default, which may change without notice
 
   bool IsSettled() const { return !edges.empty(); }
 };

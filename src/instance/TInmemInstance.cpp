@@ -173,8 +173,11 @@ void TInmemInstance::StampCollectionTime() {
 }
 
 bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
-  const auto property = GetProperty(*keyName, TCIMContext());
-  if (!property->GetValue(TCIMContext()).IsNull()) return true;
+  const std::size_t position = FindPosition(*keyName);
+  const bool isNull = position == properties_.GetCount()
+                          ? GetProperty(*keyName, TCIMContext())->GetValue(TCIMContext()).IsNull()
+                          : properties_[position].GetValue(TCIMContext()).IsNull();
+  if (!isNull) return true;
   LogValidationFailure("Inmem: Instance " + class_->GetName(TCIMContext()) + ": key property " +
                        *keyName + " is NULL");
   throw Failure::NullKey();

@@ -20,7 +20,7 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   TInmemInstanceProperty(const TInmemInstanceProperty&) = delete;
   ~TInmemInstanceProperty() override = default;
 
-  std::size_t GetPosition() const { return position_; }
+  std::uint32_t GetPosition() const { return position_; }
 
   void SetValue(const TCIMValue& value, TCIMContext context) override;
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclaration(TCIMContext context) const override;

@@ -143,7 +143,7 @@ bool TInmemInstance::FindEnd(std::size_t from, TReferences::TEdge& end) const {
   for (std::size_t i = from; i < properties_.GetCount(); ++i) {
     const TCIMValue& value = properties_[i].GetValue(TCIMContext());
     if (!value.IsReference()) continue;
-    end = {i, value.GetReferencedClass().get(), nullptr};
+    end = {static_cast<std::uint32_t>(i), 0, value.GetReferencedClass().get(), nullptr};
     return true;
   }
   return false;

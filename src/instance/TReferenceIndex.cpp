@@ -13,12 +13,13 @@ namespace NZELVYR20 {
 namespace {
 
 /// What a walk will look at lies anywhere in memory: it is asked for at once, not piece by piece.
-void PrefetchReferrers(const TEntrySet& entries, TEntrySet::const_iterator place) {
+void PrefetchReferrers(const TReferenceTarget& target, std::size_t slot) {
   std::array<const TInstanceEntry*, 8> ahead{};
-  std::size_t count = 0;
-  while (count < ahead.size() && place != entries.end()) {
-    __builtin_prefetch(&(*place)->instance);
-    ahead[count++] = *place++;
+  const auto& slots = target.GetSlots();
+  const std::size_t count = std::min(ahead.size(), slots.size() - slot);
+  for (std::size_t i = 0; i < count; ++i) {
+    ahead[i] = slots[slot + i];
+    __builtin_prefetch(&ahead[i]->instance);
   }
   for (std::size_t i = 0; i < count; ++i) {
     __builtin_prefetch(ahead[i]->instance.get());
@@ -32,16 +33,18 @@ void PrefetchReferrers(const TEntrySet& entries, TEntrySet::const_iterator place
   }
 }
 
-TEntrySet::const_iterator GetBehind(const TEntrySet& entries, const TInstanceEntry* last) {
-  return last ? entries.upper_bound(last->path) : entries.begin();
+/// The first entry from `slot` on that stands there since `limit` at the latest.
+TInstanceEntry* SkipLater(const TReferenceTarget& target, std::size_t& slot, std::uint64_t limit) {
+  const auto& slots = target.GetSlots();
+  while (slot < slots.size() && (!slots[slot] || slots[slot]->serial > limit)) ++slot;
+  return slot < slots.size() ? slots[slot] : nullptr;
 }
 
-/// The first entry from `place` on that stands there since `limit` at the latest.
-TInstanceEntry* SkipLater(const TEntrySet& entries, TEntrySet::const_iterator& place,
-                          std::uint64_t limit) {
+TInstanceEntry* FirstBehind(const TEntrySet& entries, const TInstanceEntry* last,
+                            std::uint64_t limit) {
+  auto place = last ? entries.upper_bound(last->path) : entries.begin();
   while (place != entries.end() && (*place)->serial > limit) ++place;
-  if (place == entries.end()) return nullptr;
-  return *place;
+  return place == entries.end() ? nullptr : *place;
 }
 
 }  // namespace
@@ -60,7 +63,6 @@ void TReferenceIndex::Add(TInstanceEntry& entry, const TInmemInstance& instance,
 
 void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TLeads& leads) {
   entry.references.reset(new TReferences{this, {}, true});
-  ++revision_;
   try {
     unsettled_.insert(&entry);
     if (!leads.empty()) Settle(entry, leads);
@@ -82,15 +84,14 @@ void TReferenceIndex::AddOrForget(TInstanceEntry& entry, const TLeads& leads) no
 void TReferenceIndex::Remove(TInstanceEntry& entry) noexcept {
   Leave(*entry.instance);
   if (!entry.references) return;
-  ++revision_;
   unsettled_.erase(&entry);
   Detach(entry);
   entry.references.reset();
 }
 
 void TReferenceIndex::Clear() noexcept {
-  ++revision_;
   makes_.clear();
+  ++drops_;
   unsettled_.clear();
   for (auto& [hash, target] : targets_) {
     if (target.knownBy) target.knownBy->RemoveTarget(target);
@@ -116,16 +117,15 @@ void TReferenceIndex::Leave(const TInmemInstance& instance) noexcept {
 }
 
 void TReferenceIndex::Settle(TInstanceEntry& entry, const TLeads& leads) {
-  auto& edges = entry.references->edges;
-  ++revision_;
-  entry.references->areOwn = true;
+  auto& references = *entry.references;
+  references.areOwn = true;
   try {
-    edges.reserve(leads.size());
+    references.edges.reserve(leads.size());
     for (const TLead& lead : leads) {
       TReferenceTarget& target = GetTarget(lead);
-      edges.push_back({lead.position, lead.referencedClass, &target});
-      entry.references->areOwn &= lead.isOwn;
-      target.referrers.insert(&entry);
+      references.edges.push_back(
+          {lead.position, Enter(entry, target), lead.referencedClass, &target});
+      references.areOwn &= lead.isOwn;
     }
   } catch (...) {
     Detach(entry);
@@ -134,40 +134,50 @@ void TReferenceIndex::Settle(TInstanceEntry& entry, const TLeads& leads) {
   unsettled_.erase(&entry);
 }
 
+/// Returns the entry's slot among the target's referrers.
+std::uint32_t TReferenceIndex::Enter(TInstanceEntry& entry, TReferenceTarget& target) {
+  if (const auto* const other = entry.references->FindEdgeTo(target)) return other->slot;
+  try {
+    return target.AddReferrer(entry);
+  } catch (...) {
+    if (!target.HasReferrers()) Drop(target);
+    throw;
+  }
+}
+
 void TReferenceIndex::Unsettle(TInstanceEntry& entry) noexcept {
-  auto& edges = entry.references->edges;
-  if (edges.empty()) return;
-  ++revision_;
-  unsettled_.insert(edges.front().target->referrers.extract(&entry));  // no allocation may fail
+  if (!entry.references->IsSettled()) return;
   Detach(entry);
+  try {
+    unsettled_.insert(&entry);
+  } catch (...) {
+    isStale_ = true;
+  }
 }
 
 /// The texts belong to one another as long as the host makes them: a path names its class.
 TReferenceTarget& TReferenceIndex::GetTarget(const TLead& lead) {
   const std::size_t hash = GetHash(lead.path);
   if (TReferenceTarget* const known = FindTarget(lead.path, hash)) return *known;
-  TReferenceTarget target;
-  target.index = this;
-  target.path = lead.path;
-  target.className = &*classNames_.insert(lead.className).first;
-  return targets_.emplace(hash, std::move(target))->second;
+  const std::string& className = *classNames_.insert(lead.className).first;
+  return targets_.emplace(hash, TReferenceTarget(*this, lead.path, className))->second;
 }
 
 void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
-  auto& edges = entry.references->edges;
-  while (!edges.empty()) {
-    TReferenceTarget* const target = edges.back().target;
-    edges.pop_back();
-    target->referrers.erase(&entry);
-    const auto leadsThere = [&](const TReferences::TEdge& edge) { return edge.target == target; };
-    if (std::none_of(edges.begin(), edges.end(), leadsThere)) DropIfUnused(*target);
+  auto& references = *entry.references;
+  while (!references.edges.empty()) {
+    const TReferences::TEdge edge = references.edges.back();
+    references.edges.pop_back();
+    if (references.FindEdgeTo(*edge.target)) continue;
+    edge.target->RemoveReferrer(edge.slot);
+    if (!edge.target->HasReferrers()) Drop(*edge.target);
   }
 }
 
-void TReferenceIndex::DropIfUnused(TReferenceTarget& target) noexcept {
-  if (!target.referrers.empty()) return;
+void TReferenceIndex::Drop(TReferenceTarget& target) noexcept {
+  ++drops_;
   if (target.knownBy) target.knownBy->RemoveTarget(target);
-  auto place = targets_.equal_range(GetHash(target.path)).first;
+  auto place = targets_.equal_range(GetHash(target.GetPath())).first;
   while (&place->second != &target) ++place;
   targets_.erase(place);
 }
@@ -197,18 +207,24 @@ void TReferenceIndex::Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& 
 TReferenceTarget* TReferenceIndex::FindTarget(std::string_view path, std::size_t hash) {
   const auto [first, last] = targets_.equal_range(hash);
   const auto place =
-      std::find_if(first, last, [&](const auto& entry) { return entry.second.path == path; });
+      std::find_if(first, last, [&](const auto& entry) { return entry.second.GetPath() == path; });
   return place == last ? nullptr : &place->second;
 }
 
 /// The target of the entry's path. The entry keeps it in mind.
 TReferenceTarget* TReferenceIndex::FindTarget(TInstanceEntry& own) {
   for (TReferenceTarget* target = own.targets; target; target = target->nextOfEntry) {
-    if (target->index == this) return target;
+    if (&target->GetIndex() == this) return target;
   }
   TReferenceTarget* const found = FindTarget(own.path, own.hash);
   if (found && !found->knownBy) own.AddTarget(*found);
   return found;
+}
+
+bool TReferenceIndex::GoesOn(const TCandidate& previous, const TInstanceEntry* own) const {
+  return previous.target && previous.drops == drops_ && unsettled_.empty() &&
+         previous.target->IsArranged(previous.arrangement) && previous.own == own &&
+         previous.ownSerial == own->serial && !own->nextOfInstance;
 }
 
 TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& target,
@@ -216,25 +232,23 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
                                                       const TInstanceEntry* last,
                                                       std::uint64_t limit) {
   TInstanceEntry* const first = target.GetEntries();
-  const bool isSole = first && !first->nextOfInstance && unsettled_.empty();
-  const bool goesOn = isSole && previous.target && previous.own == first &&
-                      previous.ownSerial == first->serial && previous.revision == revision_;
-  if (goesOn) {
+  if (first && GoesOn(previous, first)) {
     TCandidate next(previous);
-    next.entry = SkipLater(next.target->referrers, ++next.place, limit);
+    next.entry = SkipLater(*next.target, ++next.slot, limit);
     return next;
   }
   TCandidate next;
-  auto place = GetBehind(unsettled_, last);
-  next.entry = SkipLater(unsettled_, place, limit);
+  next.entry = FirstBehind(unsettled_, last, limit);
   for (TInstanceEntry* own = first; own; own = own->nextOfInstance) {
     TReferenceTarget* const known = FindTarget(*own);
     if (!known) continue;
-    place = GetBehind(known->referrers, last);
-    PrefetchReferrers(known->referrers, place);
-    TInstanceEntry* const referrer = SkipLater(known->referrers, place, limit);
+    std::size_t slot = known->FindBehind(last);
+    PrefetchReferrers(*known, slot);
+    TInstanceEntry* const referrer = SkipLater(*known, slot, limit);
     const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
-    if (isFirst) next = {referrer, known, place, first, first->serial, revision_};
+    if (isFirst) {
+      next = {referrer, known, slot, drops_, known->GetArrangement(), own, own->serial};
+    }
   }
   return next;
 }
@@ -242,14 +256,14 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
 boost::shared_ptr<TInmemInstance> TReferenceIndex::Follow(TReferenceTarget& target,
                                                           const TInmemNamespace& nameSpace) {
   if (!target.cimClass || target.classesRevision != nameSpace.GetClassesRevision()) {
-    target.cimClass = nameSpace.FindClass(*target.className).get();
+    target.cimClass = nameSpace.FindClass(target.GetClassName()).get();
     target.classesRevision = nameSpace.GetClassesRevision();
     target.entry = nullptr;
   }
   if (!target.cimClass) return {};
   const TInstanceTable& instances = target.cimClass->GetInstances();
   if (!target.entry || target.removals != instances.GetRemovals()) {
-    target.entry = instances.FindEntry(target.path);
+    target.entry = instances.FindEntry(target.GetPath());
     target.removals = instances.GetRemovals();
   }
   return target.entry ? target.entry->instance : boost::shared_ptr<TInmemInstance>();

@@ -62,12 +62,13 @@ class TReferenceIndex {
     TInstanceEntry* entry = nullptr;     ///< empty at the end
     TReferenceTarget* target = nullptr;  ///< under which it is settled; empty where it is not
 
-    // How the walk came there, good while neither the index nor the one entry of the instance from
-    // which it starts has changed.
-    TEntrySet::const_iterator place;
+    // How the walk came there, good while the index holds on to its targets, the target is
+    // arranged as it was, and the one entry of the instance from which it starts is the same.
+    std::size_t slot = 0;
+    std::uint64_t drops = 0;
+    std::uint64_t arrangement = 0;
     const TInstanceEntry* own = nullptr;
     std::uint64_t ownSerial = 0;
-    std::uint64_t revision = 0;
   };
 
   /// The candidate that comes first behind the path of `last` (empty: of all) among those that
@@ -93,18 +94,20 @@ class TReferenceIndex {
   void Join(const TInmemInstance& instance);
   void Leave(const TInmemInstance& instance) noexcept;
   void AddReferences(TInstanceEntry& entry, const TLeads& leads);
+  std::uint32_t Enter(TInstanceEntry& entry, TReferenceTarget& target);
   void Detach(TInstanceEntry& entry) noexcept;
   TReferenceTarget* FindTarget(std::string_view path, std::size_t hash);
   TReferenceTarget* FindTarget(TInstanceEntry& own);
+  bool GoesOn(const TCandidate& previous, const TInstanceEntry* own) const;
   TReferenceTarget& GetTarget(const TLead& lead);
-  void DropIfUnused(TReferenceTarget& target) noexcept;
+  void Drop(TReferenceTarget& target) noexcept;
 
   std::vector<TMake> makes_;
   std::unordered_multimap<std::size_t, TReferenceTarget>
       targets_;  ///< by the hashes of their paths
   std::unordered_set<std::string> classNames_;
   TEntrySet unsettled_;
-  std::uint64_t revision_ = 0;  ///< of the sets of entries
+  std::uint64_t drops_ = 0;  ///< of targets
   bool isStale_ = false;
 };
 

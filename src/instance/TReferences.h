@@ -2,12 +2,13 @@
 
 #include <boost/container/small_vector.hpp>
 #include <boost/shared_ptr.hpp>
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "TReferenceTarget.h"
 
 namespace NZELVYR20 {
 
@@ -20,7 +21,7 @@ struct TInstanceEntry;
 /// Where one reference of an instance leads: to the instance of that class under that path, in the
 /// namespace of its own class.
 struct TLead {
-  std::size_t position;        ///< of the property in its instance
+  std::uint32_t position;      ///< of the property in its instance
   bool isOwn;                  ///< rather than the declaration's default
   ICIMClass* referencedClass;  ///< held by the property's value
   std::string className;       ///< as the path gives it
@@ -36,30 +37,11 @@ struct TEntryOrder {
 };
 using TEntrySet = std::set<TInstanceEntry*, TEntryOrder>;
 
-/// A path to which indexed references lead, whether an instance stands there or not.
-struct TReferenceTarget {
-  // Where the path led last, good while neither the classes nor what was taken out of the class's
-  // table have changed.
-  TInmemClass* cimClass = nullptr;
-  std::uint64_t classesRevision = 0;
-  TInstanceEntry* entry = nullptr;
-  std::uint64_t removals = 0;
-
-  TEntrySet referrers;
-  const TReferenceIndex* index = nullptr;
-
-  /// The entry of that path that knows this target, and its next target.
-  TInstanceEntry* knownBy = nullptr;
-  TReferenceTarget* nextOfEntry = nullptr;
-
-  std::string path;
-  const std::string* className = nullptr;
-};
-
 /// The references of an instance as the index of its class knows them.
 struct TReferences {
   struct TEdge {
-    std::size_t position;
+    std::uint32_t position;
+    std::uint32_t slot;  ///< of the entry among the target's referrers
     ICIMClass* referencedClass;
     TReferenceTarget* target;
   };
@@ -69,6 +51,13 @@ struct TReferences {
   bool areOwn = true;  ///< none of them is a default, which may change without notice
 
   bool IsSettled() const { return !edges.empty(); }
+
+  const TEdge* FindEdgeTo(const TReferenceTarget& target) const {
+    for (const TEdge& edge : edges) {
+      if (edge.target == &target) return &edge;
+    }
+    return nullptr;
+  }
 };
 
 /// The place of an instance in the table of a class: the text of the path under which it was

@@ -60,7 +60,8 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
 
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
   /// `target`, by the property of this role (empty: by any).
-  void EnumerateReferrers(const TInmemInstance& target, const std::string& role,
+  /// `followsEnds` tells that the callback will look at what their references lead to.
+  void EnumerateReferrers(const TInmemInstance& target, const std::string& role, bool followsEnds,
                           const TReferrerCallback& callback);
 
   void ClearInstances();

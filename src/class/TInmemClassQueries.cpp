@@ -81,10 +81,10 @@ void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool 
 }
 
 void TInmemClass::EnumerateReferrers(const TInmemInstance& target, const std::string& role,
-                                     const TReferrerCallback& callback) {
+                                     bool followsEnds, const TReferrerCallback& callback) {
   const auto self = shared_from_this();
   const std::string roleKey = FoldName(role);
-  TInstanceTable::TReferrerCursor cursor(instances_, target, roleKey);
+  TInstanceTable::TReferrerCursor cursor(instances_, target, roleKey, followsEnds);
   for (;;) {
     const auto referrer = cursor.Next(namespace_.lock().get());
     if (!referrer.instance) return;

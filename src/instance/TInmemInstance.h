@@ -149,12 +149,12 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   bool IsOwnEnd(const TInmemInstance& assocInstance, const TReferences::TEdge& end,
                 const std::string& roleKey) const;
 
+  TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
   const int validationFlags_;
   const boost::shared_ptr<ICIMClass> class_;
   const boost::shared_ptr<const TDeclaredProperties> declared_;
   const TInmemProperties properties_;  ///< one per entry of declared_
   std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
-  TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
 };
 
 }  // namespace NZELVYR20

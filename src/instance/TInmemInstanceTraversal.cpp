@@ -53,12 +53,14 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
                                            const boost::shared_ptr<ICIMClass>& assocClass) {
   const TExamineInstanceCallback examine{shared_from_this(), callback};
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
+  const bool followsEnds = callback.target<TAssociatorsExamineCallback>() ||
+                           callback.target<TAssociatorsExamineWithResultRoleCallback>();
   const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance, bool isCertain) {
     if (!role.empty()) return examineWithRole(assocInstance);
     if (isCertain) return ReportCandidateClassInstance(callback, assocInstance);
     return examine(assocInstance);
   };
-  InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, take);
+  InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, followsEnds, take);
   return true;
 }
 

@@ -214,10 +214,11 @@ void TInstanceTable::TrySettle(const std::string& path) noexcept {
 
 TInstanceTable::TReferrerCursor::TReferrerCursor(TInstanceTable& table,
                                                  const TInmemInstance& target,
-                                                 const std::string& roleKey)
+                                                 const std::string& roleKey, bool followsEnds)
     : table_(table),
       target_(target),
       roleKey_(roleKey),
+      followsEnds_(followsEnds),
       limit_(table.serial_),
       clearings_(table.clearings_) {
   ++table_.referrerWalks_;
@@ -241,7 +242,7 @@ void TInstanceTable::TReferrerCursor::Advance() {
   const TInstanceEntry* const last = candidate_.entry;
   const TInstanceEntry* tried = nullptr;
   while (table_.IsIndexed(roleKey_)) {
-    candidate_ = table_.references_.FindNext(target_, candidate_, last, limit_);
+    candidate_ = table_.references_.FindNext(target_, candidate_, last, limit_, followsEnds_);
     if (!candidate_.entry || candidate_.target || candidate_.entry == tried) return;
     tried = candidate_.entry;
     table_.TrySettle(tried->path);

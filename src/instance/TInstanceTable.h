@@ -43,7 +43,8 @@ class TInstanceTable {
   };
 
   /// Stands before the instance that is next among those that may refer to `target`, by the
-  /// property of this role (a normalized name) where there is one. All others are left out.
+  /// property of this role (a normalized name) where there is one. All others are left out. A walk
+  /// that `followsEnds` will look at what their references lead to.
   class TReferrerCursor {
    public:
     struct TReferrer {
@@ -51,8 +52,8 @@ class TInstanceTable {
       bool isCertain = false;  ///< it does refer to the target, by whatever role
     };
 
-    TReferrerCursor(TInstanceTable& table, const TInmemInstance& target,
-                    const std::string& roleKey);
+    TReferrerCursor(TInstanceTable& table, const TInmemInstance& target, const std::string& roleKey,
+                    bool followsEnds);
     TReferrerCursor(const TReferrerCursor&) = delete;
     TReferrerCursor& operator=(const TReferrerCursor&) = delete;
     ~TReferrerCursor();
@@ -66,6 +67,7 @@ class TInstanceTable {
     TInstanceTable& table_;
     const TInmemInstance& target_;
     const std::string& roleKey_;
+    const bool followsEnds_;
     TReferenceIndex::TCandidate candidate_;
     const std::uint64_t limit_;
     const std::uint64_t clearings_;

@@ -1,7 +1,6 @@
 #include "TReferenceIndex.h"
 
 #include <algorithm>
-#include <array>
 
 #include "TDeclaredProperties.h"
 #include "TInmemClass.h"
@@ -12,24 +11,30 @@ namespace NZELVYR20 {
 
 namespace {
 
+/// Asks for an object that somebody holds, and for its count in front of it.
+template <class TObject>
+void PrefetchShared(const TObject* object) {
+  constexpr std::ptrdiff_t kCount = 24;
+  __builtin_prefetch(reinterpret_cast<const char*>(object) - kCount);
+  __builtin_prefetch(reinterpret_cast<const char*>(object) + kCount);
+}
+
 /// What a walk will look at lies anywhere in memory: it is asked for at once, not piece by piece.
-void PrefetchReferrers(const TReferenceTarget& target, std::size_t slot) {
-  std::array<const TInstanceEntry*, 8> ahead{};
+void PrefetchReferrers(const TReferenceTarget& target, std::size_t slot, bool withEnds) {
+  constexpr std::size_t kAhead = 8;
   const auto& slots = target.GetSlots();
-  const std::size_t count = std::min(ahead.size(), slots.size() - slot);
-  for (std::size_t i = 0; i < count; ++i) {
-    ahead[i] = slots[slot + i];
-    __builtin_prefetch(&ahead[i]->instance);
+  const std::size_t end = std::min(slot + kAhead, slots.size());
+  for (std::size_t i = slot; i < end; ++i) __builtin_prefetch(slots[i]);
+  for (std::size_t i = slot; i < end; ++i) {
+    PrefetchShared(slots[i]->instance.get());
+    if (withEnds) __builtin_prefetch(slots[i]->references.get());
   }
-  for (std::size_t i = 0; i < count; ++i) {
-    __builtin_prefetch(ahead[i]->instance.get());
-    __builtin_prefetch(ahead[i]->references.get());
+  if (!withEnds) return;
+  for (std::size_t i = slot; i < end; ++i) {
+    for (const auto& edge : slots[i]->references->edges) __builtin_prefetch(edge.target);
   }
-  for (std::size_t i = 0; i < count; ++i) {
-    for (const auto& edge : ahead[i]->references->edges) __builtin_prefetch(edge.target);
-  }
-  for (std::size_t i = 0; i < count; ++i) {
-    for (const auto& edge : ahead[i]->references->edges) __builtin_prefetch(edge.target->entry);
+  for (std::size_t i = slot; i < end; ++i) {
+    for (const auto& edge : slots[i]->references->edges) __builtin_prefetch(edge.target->entry);
   }
 }
 
@@ -230,7 +235,7 @@ bool TReferenceIndex::GoesOn(const TCandidate& previous, const TInstanceEntry* o
 TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& target,
                                                       const TCandidate& previous,
                                                       const TInstanceEntry* last,
-                                                      std::uint64_t limit) {
+                                                      std::uint64_t limit, bool followsEnds) {
   TInstanceEntry* const first = target.GetEntries();
   if (first && GoesOn(previous, first)) {
     TCandidate next(previous);
@@ -243,7 +248,7 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
     TReferenceTarget* const known = FindTarget(*own);
     if (!known) continue;
     std::size_t slot = known->FindBehind(last);
-    PrefetchReferrers(*known, slot);
+    PrefetchReferrers(*known, slot, followsEnds);
     TInstanceEntry* const referrer = SkipLater(*known, slot, limit);
     const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
     if (isFirst) {

@@ -73,9 +73,10 @@ class TReferenceIndex {
 
   /// The candidate that comes first behind the path of `last` (empty: of all) among those that
   /// refer to `target` and those that are not settled; what came after `limit` is left out.
-  /// `previous` is the candidate that stood at `last`.
+  /// `previous` is the candidate that stood at `last`. A walk that `followsEnds` will look at what
+  /// the candidates' references lead to.
   TCandidate FindNext(const TInmemInstance& target, const TCandidate& previous,
-                      const TInstanceEntry* last, std::uint64_t limit);
+                      const TInstanceEntry* last, std::uint64_t limit, bool followsEnds);
 
   static std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
 

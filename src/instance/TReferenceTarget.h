@@ -1,9 +1,9 @@
 #pragma once
 
+#include <boost/container/small_vector.hpp>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace NZELVYR20 {
 
@@ -16,6 +16,9 @@ struct TInstanceEntry;
 /// one that is taken out leaves a gap until then.
 class TReferenceTarget {
  public:
+  /// Few paths have more than a handful of referrers.
+  using TSlots = boost::container::small_vector<TInstanceEntry*, 4>;
+
   TReferenceTarget(const TReferenceIndex& index, const std::string& path,
                    const std::string& className)
       : index_(&index), path_(path), className_(&className) {}
@@ -31,7 +34,7 @@ class TReferenceTarget {
   void RemoveReferrer(std::uint32_t slot) noexcept;
 
   /// The entries; an empty pointer stands for a gap.
-  const std::vector<TInstanceEntry*>& GetSlots() const { return slots_; }
+  const TSlots& GetSlots() const { return slots_; }
 
   /// The slot of the first entry behind the path of `last`; of the first of all where that is
   /// empty. Arranges the slots.
@@ -57,11 +60,11 @@ class TReferenceTarget {
  private:
   void Arrange() noexcept;
 
-  const TReferenceIndex* index_;
-  std::vector<TInstanceEntry*> slots_;
+  TSlots slots_;
   std::uint32_t count_ = 0;     ///< of slots that are no gaps
   std::uint32_t arranged_ = 0;  ///< so many slots from the first are in order
   std::uint64_t arrangement_ = 0;
+  const TReferenceIndex* index_;
   const std::string path_;
   const std::string* className_;
 };

@@ -63,14 +63,14 @@ struct TReferences {
 /// The place of an instance in the table of a class: the text of the path under which it was
 /// added, whatever became of its keys since.
 struct TInstanceEntry {
-  std::string path;
   boost::shared_ptr<TInmemInstance> instance;  ///< empty when the entry was taken out
   std::uint64_t serial = 0;                    ///< tells a walk what came after its start
   std::unique_ptr<TReferences> references;     ///< empty when it has none
+  TReferenceTarget* targets = nullptr;         ///< of its path, in the indexes that have told
   TInstanceEntry* nextOfInstance = nullptr;    ///< an instance may be added under several paths
   std::size_t hash = 0;                        ///< of the path
   TInstanceEntry* nextInBucket = nullptr;
-  TReferenceTarget* targets = nullptr;  ///< of this path, in the indexes that have told
+  std::string path;
 
   void AddTarget(TReferenceTarget& target) noexcept {
     target.nextOfEntry = targets;

@@ -11,32 +11,44 @@ namespace NZELVYR20 {
 
 namespace {
 
-// Half of a surrogate pair has no UTF-8 of its own; as a number it cannot meet a quoted character.
-std::string CharacterKeyText(const TCIMValue& value) {
-  const auto code = static_cast<char16_t>(value);
-  if (code >= 0xD800 && code <= 0xDFFF) return std::to_string(static_cast<unsigned>(code));
-  return QuoteText(value.ToString(10));
-}
-
 // Each level of references in references doubles the escapes of those inside.
 constexpr std::size_t kLongestInnerPath = std::size_t{8} * 1024 * 1024;
 
-std::string ReferenceKeyText(const TCIMValue& value, EPathForm form) {
-  const auto path = static_cast<TCIMReference>(value);
-  const std::string text = form == EPathForm::kCanonical ? path.GetPath() : path.ToString();
+void AppendQuoted(std::string& path, const std::string& text) {
+  path += '"';
+  for (const char character : text) {
+    if (character == '"' || character == '\\') path += '\\';
+    path += character;
+  }
+  path += '"';
+}
+
+// Half of a surrogate pair has no UTF-8 of its own; as a number it cannot meet a quoted character.
+void AppendCharacter(std::string& path, const TCIMValue& value) {
+  const auto code = static_cast<char16_t>(value);
+  if (code >= 0xD800 && code <= 0xDFFF) {
+    path += std::to_string(static_cast<unsigned>(code));
+  } else {
+    AppendQuoted(path, value.ToString(10));
+  }
+}
+
+void AppendReference(std::string& path, const TCIMValue& value, EPathForm form) {
+  const auto inner = static_cast<TCIMReference>(value);
+  const std::string text = form == EPathForm::kCanonical ? inner.GetPath() : inner.ToString();
   if (text.size() > kLongestInnerPath)
     throw std::length_error("object path: references are nested too deeply");
-  return QuoteText(text);
+  AppendQuoted(path, text);
 }
 
 // No class has a key of an array type, but a path can be given one.
-std::string ArrayKeyText(const TCIMValue& value, EPathForm form) {
-  std::string text = "{";
+void AppendArray(std::string& path, const TCIMValue& value, EPathForm form) {
+  path += '{';
   for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
-    text += KeyValueText(element, form);
-    text += ',';
+    AppendKeyValue(path, element, form);
+    path += ',';
   }
-  return text + '}';
+  path += '}';
 }
 
 }  // namespace
@@ -58,35 +70,39 @@ std::string FoldName(std::string name) {
 }
 
 std::string QuoteText(const std::string& text) {
-  std::string quoted = "\"";
+  std::string quoted;
   quoted.reserve(text.size() + 2);
-  for (const char character : text) {
-    if (character == '"' || character == '\\') quoted += '\\';
-    quoted += character;
-  }
-  return quoted + '"';
+  AppendQuoted(quoted, text);
+  return quoted;
 }
 
-std::string KeyNameText(const std::string& name) {
+void AppendKeyName(std::string& path, const std::string& name) {
   const bool isName = !name.empty() && IsNameStart(name.front()) &&
                       std::all_of(name.begin(), name.end(), IsNamePart);
-  return isName ? name : QuoteText(name);
+  if (isName) {
+    path += name;
+  } else {
+    AppendQuoted(path, name);
+  }
 }
 
-std::string KeyValueText(const TCIMValue& value, EPathForm form) {
-  if (value.IsNull()) return "NULL";
-  if (value.IsArray()) return ArrayKeyText(value, form);
+void AppendKeyValue(std::string& path, const TCIMValue& value, EPathForm form) {
+  if (value.IsNull()) {
+    path += "NULL";
+    return;
+  }
+  if (value.IsArray()) return AppendArray(path, value, form);
   switch (value.GetType()) {
     case TCIMValue::TCIMType::kChar16:
-      return CharacterKeyText(value);
+      return AppendCharacter(path, value);
     case TCIMValue::TCIMType::kString:
-      return QuoteText(static_cast<std::string>(value));
+      return AppendQuoted(path, static_cast<std::string>(value));
     case TCIMValue::TCIMType::kDateTime:
-      return QuoteText(static_cast<TCIMDateTime>(value).ToCIMString());
+      return AppendQuoted(path, static_cast<TCIMDateTime>(value).ToCIMString());
     case TCIMValue::TCIMType::kReference:
-      return ReferenceKeyText(value, form);
+      return AppendReference(path, value, form);
     default:
-      return value.ToString(10);
+      path += value.ToString(10);
   }
 }
 

@@ -22,10 +22,10 @@ std::string FoldName(std::string name);
 /// The text in quotes, with quotes and back-slashes escaped.
 std::string QuoteText(const std::string& text);
 
-/// A key's name as a path shows it: bare where it is a CIM name, else quoted.
-std::string KeyNameText(const std::string& name);
+/// Appends a key's name as a path shows it: bare where it is a CIM name, else quoted.
+void AppendKeyName(std::string& path, const std::string& name);
 
-/// A key's value as a path shows it.
-std::string KeyValueText(const TCIMValue& value, EPathForm form);
+/// Appends a key's value as a path shows it.
+void AppendKeyValue(std::string& path, const TCIMValue& value, EPathForm form);
 
 }  // namespace NZELVYR20

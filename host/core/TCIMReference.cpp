@@ -15,15 +15,18 @@ namespace {
 
 using TKeyEntry = std::pair<std::string, const TCIMValue*>;
 
-std::string PathText(const std::string& className, const std::vector<TKeyEntry>& keys,
+std::string PathText(const ICIMClass* cimClass, const std::vector<TKeyEntry>& keys,
                      EPathForm form) {
-  std::string text = className;
+  constexpr std::size_t kUsualKey = 48;
+  std::string text;
+  text.reserve(kUsualKey * (keys.size() + 1));
+  if (cimClass) text += cimClass->GetName({});
   char separator = '.';
   for (const TKeyEntry& key : keys) {
     text += separator;
-    text += KeyNameText(key.first);
+    AppendKeyName(text, key.first);
     text += '=';
-    text += KeyValueText(*key.second, form);
+    AppendKeyValue(text, *key.second, form);
     separator = ',';
   }
   return text;
@@ -73,7 +76,7 @@ const std::string& TCIMReference::GetPath() const {
   for (const auto& key : keys_) keys.emplace_back(FoldName(key.first), &key.second);
   std::sort(keys.begin(), keys.end(),
             [](const TKeyEntry& left, const TKeyEntry& right) { return left.first < right.first; });
-  path_ = PathText(GetClassName(), keys, EPathForm::kCanonical);
+  path_ = PathText(class_.get(), keys, EPathForm::kCanonical);
   return path_;
 }
 
@@ -81,7 +84,7 @@ std::string TCIMReference::ToString() const {
   std::vector<TKeyEntry> keys;
   keys.reserve(keys_.size());
   for (const auto& key : keys_) keys.emplace_back(key.first, &key.second);
-  return PathText(GetClassName(), keys, EPathForm::kDeclared);
+  return PathText(class_.get(), keys, EPathForm::kDeclared);
 }
 
 boost::shared_ptr<ICIMElement> TCIMReference::GetCIMElement(bool wantsClass) const {

@@ -39,14 +39,7 @@ class TDeclaredProperties {
   }
 
   /// The same by a name as it was given, whatever its letter case.
-  std::size_t FindName(const std::string& name) const {
-    const auto isBefore = [](const TEntry& entry, const std::string& given) {
-      return CompareFolded(given, entry.key) > 0;
-    };
-    const auto entry = std::lower_bound(entries_.begin(), entries_.end(), name, isBefore);
-    if (entry == entries_.end() || CompareFolded(name, entry->key) != 0) return entries_.size();
-    return static_cast<std::size_t>(entry - entries_.begin());
-  }
+  std::size_t FindName(const std::string& name) const { return Find(TFoldedName(name)); }
 
   /// Differs from before after a default was set.
   std::uint64_t GetDefaultsRevision() const {

@@ -4,6 +4,12 @@
 
 namespace NZELVYR20 {
 
+namespace {
+
+bool IsKey(const TInmemPropertyDecl& declaration) { return declaration.GetQualifiers().IsKey(); }
+
+}  // namespace
+
 boost::shared_ptr<ICIMQualifier> TInmemClass::GetQualifier(const std::string& name,
                                                            TCIMContext) const {
   return qualifiers_.Find(name);
@@ -30,8 +36,7 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
   const auto self = shared_from_this();
   TNameTable<TInmemPropertyDecl>::TCursor cursor(propertyDecls_);
   try {
-    while (const auto declaration = cursor.Next()) {
-      if (!declaration->GetQualifiers().IsKey()) continue;
+    while (const auto declaration = cursor.Next(IsKey)) {
       if (!callback(&declaration->GetName(TCIMContext()))) return;
     }
   } catch (const TVYRException& failure) {
@@ -42,9 +47,7 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
 void TInmemClass::Validate(TCIMContext) const {
   if (IsAbstract(TCIMContext())) return;
   TNameTable<TInmemPropertyDecl>::TCursor cursor(propertyDecls_);
-  while (const auto declaration = cursor.Next()) {
-    if (declaration->GetQualifiers().IsKey()) return;
-  }
+  if (cursor.Next(IsKey)) return;
   LogDefinitionFailure("Inmem: Class " + name_ + " has no keys");
   throw Failure::NoKeys();
 }

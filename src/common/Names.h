@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <boost/container/small_vector.hpp>
 #include <cctype>
 #include <string>
 #include <string_view>
@@ -19,16 +21,17 @@ inline std::string FoldName(std::string name) {
   return name;
 }
 
-/// Compares a name as it was given with one that is folded already: below, at or above 0.
-inline int CompareFolded(std::string_view name, std::string_view folded) {
-  const std::size_t common = name.size() < folded.size() ? name.size() : folded.size();
-  for (std::size_t i = 0; i < common; ++i) {
-    const auto left = static_cast<unsigned char>(FoldCharacter(name[i]));
-    const auto right = static_cast<unsigned char>(folded[i]);
-    if (left != right) return left < right ? -1 : 1;
+/// A folded name for one look-up: names of common length cost no allocation.
+class TFoldedName {
+ public:
+  explicit TFoldedName(std::string_view name) : text_(name.size(), boost::container::default_init) {
+    std::transform(name.begin(), name.end(), text_.begin(), FoldCharacter);
   }
-  if (name.size() == folded.size()) return 0;
-  return name.size() < folded.size() ? -1 : 1;
-}
+
+  operator std::string_view() const { return {text_.data(), text_.size()}; }
+
+ private:
+  boost::container::small_vector<char, 64> text_;
+};
 
 }  // namespace NZELVYR20

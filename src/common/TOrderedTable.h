@@ -49,8 +49,17 @@ class TOrderedTable {
 
     /// The next element, held; empty at the end.
     TPointer Next() {
+      return Next([](const TElement&) { return true; });
+    }
+
+    /// The next element that `matches`, which must not lead to a change of the table.
+    template <class TMatches>
+    TPointer Next(TMatches matches) {
       for (; next_ != table_.entries_.end(); ++next_) {
-        if (next_->second.serial <= lastSerial_) return (next_++)->second.element;
+        const TEntry& entry = next_->second;
+        if (entry.serial > lastSerial_ || !matches(*entry.element)) continue;
+        ++next_;
+        return entry.element;
       }
       return TPointer();
     }

@@ -46,7 +46,7 @@ struct TDerivedProperty {
 /// Gathers where the references of an instance lead, as long as each leads where its path says.
 class TLeadFinder {
  public:
-  explicit TLeadFinder(const boost::shared_ptr<ICIMClass>& cimClass)
+  explicit TLeadFinder(const boost::shared_ptr<TInmemClass>& cimClass)
       : nameSpace_(cimClass->GetNamespace(TCIMContext())) {}
 
   void Take(const TInmemInstanceProperty& property, const TCIMReference& path,
@@ -90,8 +90,8 @@ bool IsStatusName(const std::string& name) {
 
 TInmemInstance::TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags)
     : validationFlags_(validationFlags),
-      class_(cimClass),
-      declared_(InMemory<TInmemClass>(cimClass)->GetDeclaredProperties()),
+      class_(InMemory<TInmemClass>(cimClass)),
+      declared_(class_->GetDeclaredProperties()),
       properties_(*this, declared_->GetEntries().size()) {
   StampCollectionTime();
 }
@@ -110,8 +110,9 @@ const TCIMValue* TInmemInstance::FindPreviousValue(std::size_t position) const {
 }
 
 void TInmemInstance::KeepPreviousValue(std::size_t position, const TCIMValue& value) {
+  TCIMValue kept(value);  // before anything changes
   if (!previousValues_) previousValues_ = std::make_unique<std::map<std::size_t, TCIMValue>>();
-  (*previousValues_)[position] = value;
+  (*previousValues_)[position] = std::move(kept);
 }
 
 const TReferences* TInmemInstance::GetSettledReferences() const {
@@ -146,7 +147,7 @@ void TInmemInstance::RemoveEntry(TInstanceEntry& entry) noexcept {
 }
 
 bool TInmemInstance::IsOf(const TInstanceTable& table) const {
-  return &InMemory<TInmemClass>(class_)->GetInstances() == &table;
+  return &class_->GetInstances() == &table;
 }
 
 bool TInmemInstance::MayHaveReferences() const {
@@ -239,12 +240,10 @@ void TInmemInstance::AddToNamespace(TCIMContext) {
                          ": invalid references");
     return;
   }
-  InMemory<TInmemClass>(class_)->AddInstance(shared_from_this(), leads);
+  class_->AddInstance(shared_from_this(), leads);
 }
 
-void TInmemInstance::Delete(TCIMContext) {
-  InMemory<TInmemClass>(class_)->RemoveInstance(shared_from_this());
-}
+void TInmemInstance::Delete(TCIMContext) { class_->RemoveInstance(shared_from_this()); }
 
 void TInmemInstance::ModifyInstance(boost::shared_ptr<ICIMInstance>, TCIMContext) {}
 
@@ -283,7 +282,7 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& n
 /// keep the property: every read makes a fresh one.
 boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(
     const std::string& declaredName, const TCIMValue& defaultValue) const {
-  const auto cimClass = InMemory<TInmemClass>(class_);
+  const auto& cimClass = class_;
   const auto added = boost::make_shared<TInmemPropertyDecl>(cimClass, declaredName, defaultValue);
   auto derived = boost::make_shared<TDerivedProperty>(added);  // before the class changes
   const auto declared = cimClass->Declare(added);

@@ -151,7 +151,7 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
 
   TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
   const int validationFlags_;
-  const boost::shared_ptr<ICIMClass> class_;
+  const boost::shared_ptr<TInmemClass> class_;
   const boost::shared_ptr<const TDeclaredProperties> declared_;
   const TInmemProperties properties_;  ///< one per entry of declared_
   std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any

@@ -291,7 +291,7 @@ std::vector<TCase> TFaultTest::GetChanges() {
              ->AddToMethod({});
        }},
       {"set a value", [=] { a->SetPropertyValue("Id", kText, {}); }},
-      {"set a reference", [=] { edge->SetPropertyValue("Dependent", RefTo(a), {}); }},
+      {"set a reference", [=] { edge->SetPropertyValue("Dependent", RefTo(a), {}); }, true},
       {"set a previous value", [=] { a->GetProperty("Id", {})->SetPrevValue(kText); }},
       {"allocate an instance",
        [=] {

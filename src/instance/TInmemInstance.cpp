@@ -321,6 +321,7 @@ bool TInmemInstance::operator<(ICIMInstance& other) const {
 }
 
 ICIMInstance& TInmemInstance::operator=(const ICIMInstance&) { return *this; }
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): it copies nothing
 TInmemInstance& TInmemInstance::operator=(const TInmemInstance&) { return *this; }
 
 }  // namespace NZELVYR20

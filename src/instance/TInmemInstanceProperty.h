@@ -8,7 +8,7 @@
 namespace NZELVYR20 {
 
 class TInmemInstance;
-struct TReferenceTarget;
+class TReferenceTarget;
 
 /// A property that stands in its instance and lives as long as that: whoever holds the one holds
 /// the other. Its declaration is the one that the instance keeps for its place.

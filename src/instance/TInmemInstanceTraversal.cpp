@@ -35,7 +35,7 @@ boost::shared_ptr<TInmemPropertyBase> GetEnd(const ICIMInstance& assocInstance,
 }
 
 bool IsFarEnd(const ICIMClass* referenced, const boost::shared_ptr<ICIMClass>& resultClass) {
-  return referenced && referenced->IsSubclassOf(resultClass, TCIMContext());
+  return referenced != nullptr && referenced->IsSubclassOf(resultClass, TCIMContext());
 }
 
 }  // namespace
@@ -53,8 +53,8 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
                                            const boost::shared_ptr<ICIMClass>& assocClass) {
   const TExamineInstanceCallback examine{shared_from_this(), callback};
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
-  const bool followsEnds = callback.target<TAssociatorsExamineCallback>() ||
-                           callback.target<TAssociatorsExamineWithResultRoleCallback>();
+  const bool followsEnds = callback.target<TAssociatorsExamineCallback>() != nullptr ||
+                           callback.target<TAssociatorsExamineWithResultRoleCallback>() != nullptr;
   const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance, bool isCertain) {
     if (!role.empty()) return examineWithRole(assocInstance);
     if (isCertain) return ReportCandidateClassInstance(callback, assocInstance);

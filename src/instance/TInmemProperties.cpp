@@ -15,9 +15,9 @@ struct THead {
 };
 constexpr std::size_t kHeadSize = std::max(sizeof(THead), alignof(TInmemInstanceProperty));
 
-THead* GetHead(const TInmemInstanceProperty* first) {
-  auto* const place = const_cast<TInmemInstanceProperty*>(first);
-  return reinterpret_cast<THead*>(reinterpret_cast<char*>(place) - kHeadSize);
+TInmemInstance& GetOwnerOf(const TInmemInstanceProperty* first) {
+  const char* const memory = reinterpret_cast<const char*>(first) - kHeadSize;
+  return *reinterpret_cast<const THead*>(memory)->owner;
 }
 
 }  // namespace
@@ -31,15 +31,15 @@ TInmemProperties::TInmemProperties(TInmemInstance& owner, std::size_t count) {
 
 TInmemProperties::~TInmemProperties() {
   std::destroy(begin(), end());
-  ::operator delete(GetHead(first_));
+  ::operator delete(reinterpret_cast<char*>(first_) - kHeadSize);
 }
 
 std::size_t TInmemProperties::GetCount() const {
-  return GetHead(first_)->owner->GetDeclared()->GetEntries().size();
+  return GetOwnerOf(first_).GetDeclared()->GetEntries().size();
 }
 
 TInmemInstance& TInmemProperties::GetOwner(const TInmemInstanceProperty& property) {
-  return *GetHead(&property - property.GetPosition())->owner;
+  return GetOwnerOf(&property - property.GetPosition());
 }
 
 }  // namespace NZELVYR20

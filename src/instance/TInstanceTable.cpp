@@ -49,7 +49,7 @@ TInstanceTable::~TInstanceTable() { Clear(); }
 
 /// The link to the entry of that path, or the one at the end of its chain.
 TInstanceEntry** TInstanceTable::FindLink(std::string_view path, std::size_t hash) const {
-  auto* link = const_cast<TInstanceEntry**>(&buckets_[hash & (buckets_.size() - 1)]);
+  TInstanceEntry** link = &buckets_[hash & (buckets_.size() - 1)];
   while (*link && ((*link)->hash != hash || (*link)->path != path)) link = &(*link)->nextInBucket;
   return link;
 }
@@ -233,7 +233,7 @@ TInstanceTable::TReferrerCursor::TReferrer TInstanceTable::TReferrerCursor::Next
   if (table_.clearings_ != clearings_) return {};
   Advance();
   if (!candidate_.entry) return {};
-  const bool isCertain = candidate_.target && nameSpace &&
+  const bool isCertain = candidate_.target != nullptr && nameSpace != nullptr &&
                          TReferenceIndex::Follow(*candidate_.target, *nameSpace).get() == &target_;
   return {candidate_.entry->instance, isCertain};
 }

@@ -111,7 +111,8 @@ class TInstanceTable {
   bool IsIndexed(const std::string& roleKey) noexcept;
   void TrySettle(const std::string& path) noexcept;
 
-  std::vector<TInstanceEntry*> buckets_;  ///< a power of two of chains of entries by their hashes
+  /// A power of two of chains of entries by their hashes. Looking one up changes none.
+  mutable std::vector<TInstanceEntry*> buckets_;
   mutable TOrder order_;              ///< all entries, those that were taken out, too, for a while
   mutable std::size_t arranged_ = 0;  ///< how many of them stand in order; the others came later
   std::size_t removed_ = 0;           ///< how many of them were taken out

@@ -67,7 +67,7 @@ void TReferenceIndex::Add(TInstanceEntry& entry, const TInmemInstance& instance,
 }
 
 void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TLeads& leads) {
-  entry.references.reset(new TReferences{this, {}, true});
+  entry.references = std::make_unique<TReferences>(*this);
   try {
     unsettled_.insert(&entry);
     if (!leads.empty()) Settle(entry, leads);
@@ -165,7 +165,10 @@ TReferenceTarget& TReferenceIndex::GetTarget(const TLead& lead) {
   const std::size_t hash = GetHash(lead.path);
   if (TReferenceTarget* const known = FindTarget(lead.path, hash)) return *known;
   const std::string& className = *classNames_.insert(lead.className).first;
-  return targets_.emplace(hash, TReferenceTarget(*this, lead.path, className))->second;
+  return targets_
+      .emplace(std::piecewise_construct, std::forward_as_tuple(hash),
+               std::forward_as_tuple(*this, lead.path, className))
+      ->second;
 }
 
 void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
@@ -227,9 +230,9 @@ TReferenceTarget* TReferenceIndex::FindTarget(TInstanceEntry& own) {
 }
 
 bool TReferenceIndex::GoesOn(const TCandidate& previous, const TInstanceEntry* own) const {
-  return previous.target && previous.drops == drops_ && unsettled_.empty() &&
+  return previous.target != nullptr && previous.drops == drops_ && unsettled_.empty() &&
          previous.target->IsArranged(previous.arrangement) && previous.own == own &&
-         previous.ownSerial == own->serial && !own->nextOfInstance;
+         previous.ownSerial == own->serial && own->nextOfInstance == nullptr;
 }
 
 TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& target,
@@ -250,7 +253,8 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
     std::size_t slot = known->FindBehind(last);
     PrefetchReferrers(*known, slot, followsEnds);
     TInstanceEntry* const referrer = SkipLater(*known, slot, limit);
-    const bool isFirst = referrer && (!next.entry || referrer->path < next.entry->path);
+    const bool isFirst =
+        referrer != nullptr && (next.entry == nullptr || referrer->path < next.entry->path);
     if (isFirst) {
       next = {referrer, known, slot, drops_, known->GetArrangement(), own, own->serial};
     }

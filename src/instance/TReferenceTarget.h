@@ -22,6 +22,9 @@ class TReferenceTarget {
   TReferenceTarget(const TReferenceIndex& index, const std::string& path,
                    const std::string& className)
       : index_(&index), path_(path), className_(&className) {}
+  TReferenceTarget(const TReferenceTarget&) = delete;
+  TReferenceTarget& operator=(const TReferenceTarget&) = delete;
+  ~TReferenceTarget() = default;
 
   const TReferenceIndex& GetIndex() const { return *index_; }
   const std::string& GetPath() const { return path_; }

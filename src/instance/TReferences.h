@@ -46,6 +46,8 @@ struct TReferences {
     TReferenceTarget* target;
   };
 
+  explicit TReferences(TReferenceIndex& owner) : index(&owner) {}
+
   TReferenceIndex* index;
   boost::container::small_vector<TEdge, 2> edges;  ///< by position
   bool areOwn = true;  ///< none of them is a default, which may change without notice

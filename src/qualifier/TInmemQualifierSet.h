@@ -50,7 +50,7 @@ class TInmemQualifierSet {
   bool IsFlagSet(std::string_view key) const;
 
   /// IsFlagSet of "key", without a search: it decides over every property of every instance made.
-  bool IsKey() const { return key_ && IsTrue(*key_); }
+  bool IsKey() const { return key_ != nullptr && IsTrue(*key_); }
 
   template <class TOwner>
   void Enumerate(const TOwner& owner, TEnumerationRule rule,

@@ -74,7 +74,8 @@ class TReferenceIndexTest : public TRedefinitionTest {
 };
 
 TEST_F(TReferenceIndexTest, FindsWhatTheHostResolvesInItsOwnWay) {
-  const auto a = PutInstance(element, "a"), b = PutInstance(element, "b");
+  const auto a = PutInstance(element, "a");
+  const auto b = PutInstance(element, "b");
   const auto host = boost::make_shared<TWilfulNamespace>();
   TCIMReference path(host, {});
   path.SetClass(element);
@@ -103,7 +104,8 @@ TEST_F(TReferenceIndexTest, FindsWhatLookingAtEverythingFinds) {
     std::mt19937 random(seed);
     space = NewNamespace(true);
     SetUp();
-    std::vector<TInstance> ends, links;
+    std::vector<TInstance> ends;
+    std::vector<TInstance> links;
     for (const char* id : ids) ends.push_back(PutInstance(element, id));
     const auto anyEnd = [&] { return ends[random() % ends.size()]; };
     for (int step = 0; step < kSteps; ++step) {
@@ -135,13 +137,14 @@ TEST_F(TReferenceIndexTest, FindsWhatLookingAtEverythingFinds) {
           break;
         case 8:
           if (!links.empty()) {
-            links[random() % links.size()]->SetPropertyValue(random() % 2 ? "System" : "Part",
+            links[random() % links.size()]->SetPropertyValue(random() % 2 == 0 ? "System" : "Part",
                                                              RefTo(anyEnd()), {});
           }
           break;
         case 9:
           link->GetPropertyDecl("Part", {})
-              ->SetDefaultValue(random() % 2 ? RefTo(end) : TCIMValue::NullReference(element), {});
+              ->SetDefaultValue(random() % 2 == 0 ? RefTo(end) : TCIMValue::NullReference(element),
+                                {});
           break;
         default:
           links.push_back(NewInstance(link, {{"Id", ids[random() % 5]}, {"System", RefTo(end)}}));

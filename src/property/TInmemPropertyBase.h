@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "DisplayQualifiers.h"
 #include "ICIMProperty.h"
 
 namespace NZELVYR20 {
@@ -83,11 +84,11 @@ class TInmemPropertyBase : public ICIMProperty {
  private:
   void Check(const TCIMValue& value, const char* operation) const;
 
-  boost::shared_ptr<const ICIMQualifier> FindQualifier(const std::string& name) const;
-  boost::shared_ptr<const ICIMQualifier> FindUsableQualifier(const std::string& name,
+  boost::shared_ptr<const ICIMQualifier> FindQualifier(const TDisplayQualifier& name) const;
+  boost::shared_ptr<const ICIMQualifier> FindUsableQualifier(const TDisplayQualifier& name,
                                                              TCIMValue::TCIMType type) const;
-  std::string FindText(const char* name) const;
-  bool IsQualifierSet(const char* name) const;
+  std::string FindText(const TDisplayQualifier& name) const;
+  bool IsQualifierSet(const TDisplayQualifier& name) const;
 
   std::string Render(const TCIMValue& value) const;
   std::string RenderTime(std::uint64_t number, int scale) const;

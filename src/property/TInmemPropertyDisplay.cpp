@@ -112,22 +112,22 @@ bool IsTranslatable(const TCIMValue& value, int arrayBit) {
 }  // namespace
 
 /// Empty where the qualifier is absent, null or no string.
-std::string TInmemPropertyBase::FindText(const char* name) const {
+std::string TInmemPropertyBase::FindText(const TDisplayQualifier& name) const {
   const auto qualifier = FindUsableQualifier(name, TType::kString);
   return qualifier ? static_cast<std::string>(qualifier->GetValue(TCIMContext())) : std::string();
 }
 
 /// Whether the qualifier is there with any value but null.
-bool TInmemPropertyBase::IsQualifierSet(const char* name) const {
+bool TInmemPropertyBase::IsQualifierSet(const TDisplayQualifier& name) const {
   const auto qualifier = FindQualifier(name);
   return qualifier && !qualifier->GetValue(TCIMContext()).IsNull();
 }
 
 std::string TInmemPropertyBase::ToStringWithQualifiers(const TCIMValue& value) const {
-  if (value.IsNull()) return FindText("NULLDISPLAY");
+  if (value.IsNull()) return FindText(DisplayQualifier::kNullDisplay);
   const auto number = ReadUnsigned(value);
   if (!number) return ToStringWithBase(value);
-  std::string unit = FindText("UNITS");
+  std::string unit = FindText(DisplayQualifier::kUnits);
   const int scale = SplitPrefix(unit);
   if (unit == "Seconds") return RenderTime(*number, scale);
   if (GetDivisor(unit) == 0) return ToStringWithBase(value);
@@ -142,13 +142,14 @@ std::string TInmemPropertyBase::RenderTime(std::uint64_t number, int scale) cons
   if (scale == kMilli) interval = MakeInterval(number * kThousand, kMillion);
   if (scale == kMicro) interval = MakeInterval(number, kMillion);
   if (scale == kNano) interval = MakeInterval(number, kMillion * kThousand);
-  FindQualifier("DISPLAYCPUTIME");  // asked for, since its look-up may fail, but without effect
+  FindQualifier(
+      DisplayQualifier::kCpuTime);  // asked for, since its look-up may fail, but without effect
   return interval.ToUIString();
 }
 
 /// The scale beyond which a fixed unit keeps a value from being scaled.
 int TInmemPropertyBase::GetScaleLimit() const {
-  const std::string fixed = FindText("DISPLAYFIXEDUNITS");
+  const std::string fixed = FindText(DisplayQualifier::kFixedUnits);
   for (const int scale : {1, 2, 3, 4}) {
     if (fixed == kLongPrefixes[scale]) return scale;
   }
@@ -168,7 +169,8 @@ std::string TInmemPropertyBase::RenderScaled(std::uint64_t number, const std::st
 }
 
 std::string TInmemPropertyBase::RenderUnit(const std::string& unit, int scale) const {
-  if (IsQualifierSet("ABBREVIATEUNITS")) return kShortPrefixes[scale] + Abbreviate(unit);
+  if (IsQualifierSet(DisplayQualifier::kAbbreviate))
+    return kShortPrefixes[scale] + Abbreviate(unit);
   std::string text = kLongPrefixes[scale] + unit;
   for (std::size_t i = 1; i < text.size(); ++i) {
     text[i] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[i])));
@@ -212,7 +214,7 @@ std::vector<std::string> TInmemPropertyBase::ToStringVectorWithBase() const {
     elements = &static_cast<const std::vector<TCIMValue>&>(value);
   } catch (...) {
     // A null array has no elements to look at.
-    if (const auto text = FindUsableQualifier("NULLDISPLAY", TType::kString)) {
+    if (const auto text = FindUsableQualifier(DisplayQualifier::kNullDisplay, TType::kString)) {
       texts.push_back(static_cast<std::string>(text->GetValue(TCIMContext())));
     }
     return texts;

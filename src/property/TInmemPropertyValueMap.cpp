@@ -1,5 +1,7 @@
+#include <charconv>
 #include <limits>
 #include <locale>
+#include <optional>
 #include <sstream>
 
 #include "Failures.h"
@@ -24,8 +26,20 @@ struct TMapNumber {
   bool isOpen = false;
 };
 
+/// What nearly every entry is: digits that fit, and nothing behind them or a range's dots.
+std::optional<TMapNumber> ReadPlainNumber(const std::string& text) {
+  TMapNumber read;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, read.number);
+  if (error != std::errc()) return std::nullopt;
+  read.isOpen = std::string_view(rest, static_cast<std::size_t>(end - rest)).substr(0, 2) == kRange;
+  if (rest != end && !read.isOpen) return std::nullopt;
+  return read;
+}
+
 /// Numbers are decimal and may have blanks before them; what follows a range's dots is not read.
 TMapNumber ReadNumber(const std::string& text) {
+  if (const auto plain = ReadPlainNumber(text)) return *plain;
   std::istringstream stream(text);
   stream.imbue(std::locale::classic());
   TMapNumber read;
@@ -102,13 +116,13 @@ std::uint64_t ToNumber(const TCIMValue& value) {
 
 /// A miss is ordinary, several for each rendered value, and so it does not throw on the way.
 boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
-    const std::string& name) const {
+    const TDisplayQualifier& name) const {
   const auto declaration = GetDeclaration(TCIMContext());
   if (const auto own = boost::dynamic_pointer_cast<const TInmemPropertyDecl>(declaration)) {
-    return own->LookupQualifier(name);
+    return own->GetQualifiers().FindKey(name.key);
   }
   try {
-    return declaration->GetQualifier(name, TCIMContext());
+    return declaration->GetQualifier(name.name, TCIMContext());
   } catch (const TVYRException& failure) {
     if (!Failure::IsNotFound(failure)) throw Failure::SameStatus(failure);
     return {};
@@ -117,7 +131,7 @@ boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
 
 /// Empty also where the qualifier is null or of another type.
 boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindUsableQualifier(
-    const std::string& name, TCIMValue::TCIMType type) const {
+    const TDisplayQualifier& name, TCIMValue::TCIMType type) const {
   auto qualifier = FindQualifier(name);
   const bool isUsable = qualifier && !qualifier->GetValue(TCIMContext()).IsNull() &&
                         qualifier->GetType(TCIMContext()) == type;
@@ -126,10 +140,10 @@ boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindUsableQualifier(
 
 bool TInmemPropertyBase::BuildValueMapEntryArray(std::vector<TValueMapEntry>& table,
                                                  std::string& otherText) const {
-  const auto values = FindUsableQualifier("Values", TType::kStringArray);
+  const auto values = FindUsableQualifier(DisplayQualifier::kValues, TType::kStringArray);
   if (!values) return false;
   const std::vector<TCIMValue>& texts = GetElements(*values);
-  const auto valueMap = FindUsableQualifier("ValueMap", TType::kStringArray);
+  const auto valueMap = FindUsableQualifier(DisplayQualifier::kValueMap, TType::kStringArray);
   if (!valueMap) {
     NumberTexts(texts, table);
     return true;
@@ -159,7 +173,7 @@ std::string TInmemPropertyBase::LookupInTable(const TCIMValue& value,
 }
 
 std::string TInmemPropertyBase::ToStringWithBase(const TCIMValue& value) const {
-  const auto base = FindUsableQualifier("BASE", TType::kUInt8);
+  const auto base = FindUsableQualifier(DisplayQualifier::kBase, TType::kUInt8);
   return value.ToString(base ? static_cast<unsigned char>(base->GetValue(TCIMContext()))
                              : kDecimal);
 }

@@ -38,7 +38,14 @@ TLiveHeap TLiveHeap::Measure() noexcept { return {liveBlocks, liveBytes}; }
 
 }  // namespace NZELVYR20
 
-// The forms for arrays, and those that do not throw, call these.
+// The forms for arrays call these; the one that does not throw would, but for sanitizers.
 void* operator new(std::size_t size) { return NZELVYR20::Allocate(size); }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return NZELVYR20::Allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* block) noexcept { NZELVYR20::Release(block); }
 void operator delete(void* block, std::size_t) noexcept { NZELVYR20::Release(block); }

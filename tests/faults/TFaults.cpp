@@ -47,6 +47,13 @@ void* operator new(std::size_t size) {
   return memory;
 }
 
+/// Who asks so can do without, and so it is not made to fail.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  void* const memory = std::malloc(size);
+  if (memory != nullptr) ++NZELVYR20::live;
+  return memory;
+}
+
 void operator delete(void* memory) noexcept {
   if (memory != nullptr) --NZELVYR20::live;
   std::free(memory);

@@ -222,9 +222,11 @@ TInstanceTable::TReferrerCursor::TReferrerCursor(TInstanceTable& table,
       limit_(table.serial_),
       clearings_(table.clearings_) {
   ++table_.referrerWalks_;
+  table_.references_.BeginWalk();
 }
 
 TInstanceTable::TReferrerCursor::~TReferrerCursor() {
+  table_.references_.EndWalk();
   if (--table_.referrerWalks_ == 0) table_.DropRemoved();
 }
 

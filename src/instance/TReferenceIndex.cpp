@@ -1,6 +1,7 @@
 #include "TReferenceIndex.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "TDeclaredProperties.h"
 #include "TInmemClass.h"
@@ -96,7 +97,8 @@ void TReferenceIndex::Remove(TInstanceEntry& entry) noexcept {
 
 void TReferenceIndex::Clear() noexcept {
   makes_.clear();
-  ++drops_;
+  ++clearings_;
+  unused_ = nullptr;
   unsettled_.clear();
   for (auto& [hash, target] : targets_) {
     if (target.knownBy) target.knownBy->RemoveTarget(target);
@@ -183,7 +185,22 @@ void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
 }
 
 void TReferenceIndex::Drop(TReferenceTarget& target) noexcept {
-  ++drops_;
+  if (walks_ == 0) return Erase(target);
+  if (target.isUnused) return;
+  target.isUnused = true;
+  target.nextUnused = std::exchange(unused_, &target);
+}
+
+void TReferenceIndex::EndWalk() noexcept {
+  if (--walks_ > 0) return;
+  while (unused_) {
+    TReferenceTarget& target = *std::exchange(unused_, unused_->nextUnused);
+    target.isUnused = false;
+    if (!target.HasReferrers()) Erase(target);
+  }
+}
+
+void TReferenceIndex::Erase(TReferenceTarget& target) noexcept {
   if (target.knownBy) target.knownBy->RemoveTarget(target);
   auto place = targets_.equal_range(GetHash(target.GetPath())).first;
   while (&place->second != &target) ++place;
@@ -230,7 +247,7 @@ TReferenceTarget* TReferenceIndex::FindTarget(TInstanceEntry& own) {
 }
 
 bool TReferenceIndex::GoesOn(const TCandidate& previous, const TInstanceEntry* own) const {
-  return previous.target != nullptr && previous.drops == drops_ && unsettled_.empty() &&
+  return previous.target != nullptr && previous.clearings == clearings_ && unsettled_.empty() &&
          previous.target->IsArranged(previous.arrangement) && previous.own == own &&
          previous.ownSerial == own->serial && own->nextOfInstance == nullptr;
 }
@@ -256,7 +273,7 @@ TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& targ
     const bool isFirst =
         referrer != nullptr && (next.entry == nullptr || referrer->path < next.entry->path);
     if (isFirst) {
-      next = {referrer, known, slot, drops_, known->GetArrangement(), own, own->serial};
+      next = {referrer, known, slot, clearings_, known->GetArrangement(), own, own->serial};
     }
   }
   return next;

@@ -57,15 +57,19 @@ class TReferenceIndex {
   /// Does so. After a failure the index stays stale.
   void Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& entries);
 
+  /// Between these a target that was found stays, be it dropped, unless the index is cleared.
+  void BeginWalk() noexcept { ++walks_; }
+  void EndWalk() noexcept;
+
   /// What a walk looks at.
   struct TCandidate {
     TInstanceEntry* entry = nullptr;     ///< empty at the end
     TReferenceTarget* target = nullptr;  ///< under which it is settled; empty where it is not
 
-    // How the walk came there, good while the index holds on to its targets, the target is
-    // arranged as it was, and the one entry of the instance from which it starts is the same.
+    // How the walk came there, good while the index was not cleared, the target is arranged as it
+    // was, and the one entry of the instance from which the walk starts is the same.
     std::size_t slot = 0;
-    std::uint64_t drops = 0;
+    std::uint64_t clearings = 0;
     std::uint64_t arrangement = 0;
     const TInstanceEntry* own = nullptr;
     std::uint64_t ownSerial = 0;
@@ -102,13 +106,16 @@ class TReferenceIndex {
   bool GoesOn(const TCandidate& previous, const TInstanceEntry* own) const;
   TReferenceTarget& GetTarget(const TLead& lead);
   void Drop(TReferenceTarget& target) noexcept;
+  void Erase(TReferenceTarget& target) noexcept;
 
   std::vector<TMake> makes_;
   std::unordered_multimap<std::size_t, TReferenceTarget>
       targets_;  ///< by the hashes of their paths
   std::unordered_set<std::string> classNames_;
   TEntrySet unsettled_;
-  std::uint64_t drops_ = 0;  ///< of targets
+  std::uint64_t clearings_ = 0;
+  std::size_t walks_ = 0;               ///< going on: they rest on targets
+  TReferenceTarget* unused_ = nullptr;  ///< dropped meanwhile
   bool isStale_ = false;
 };
 

@@ -60,6 +60,10 @@ class TReferenceTarget {
   TInstanceEntry* knownBy = nullptr;
   TReferenceTarget* nextOfEntry = nullptr;
 
+  // Among those that have lost their referrers while a walk went on.
+  bool isUnused = false;
+  TReferenceTarget* nextUnused = nullptr;
+
  private:
   void Arrange() noexcept;
 

@@ -21,29 +21,11 @@ bool IsSubclass(const boost::shared_ptr<ICIMClass>& cimClass,
   return cimClass && declared && cimClass->IsSubclassOf(declared, TCIMContext());
 }
 
-[[noreturn]] void FailMismatch(const std::string& message) {
-  LogDefinitionFailure(message);
-  throw Failure::TypeMismatch();
-}
-
 std::string TypeText(TCIMValue::TCIMType type) {
   std::ostringstream text;
   text.exceptions(std::ios::badbit);  // lack of memory must not pass for a shorter message
   text << type;
   return text.str();
-}
-
-[[noreturn]] void FailType(const char* operation, TCIMValue::TCIMType declared,
-                           TCIMValue::TCIMType given) {
-  FailMismatch(std::string(operation) + ": decl is type " + TypeText(declared) +
-               " but value is type " + TypeText(given));
-}
-
-[[noreturn]] void FailReferencedClass(const char* operation,
-                                      const boost::shared_ptr<ICIMClass>& declared,
-                                      const boost::shared_ptr<ICIMClass>& given) {
-  FailMismatch(std::string(operation) + ": decl references type " + GetName(declared) +
-               " but value references " + GetName(given));
 }
 
 }  // namespace
@@ -71,11 +53,18 @@ void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
 void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) const {
   const ICIMPropertyDecl& declaration = Declaration();
   const TCIMValue::TCIMType type = declaration.GetType(TCIMContext());
-  if (type != value.GetType()) FailType(operation, type, value.GetType());
+  if (type != value.GetType()) {
+    LogDefinitionFailure(operation + std::string(": decl is type ") + TypeText(type) +
+                         " but value is type " + TypeText(value.GetType()));
+    throw Failure::TypeMismatch();
+  }
   if (type != TCIMValue::TCIMType::kReference) return;
   const auto referenced = value.GetReferencedClass();
   const auto declared = declaration.GetDefaultValue(TCIMContext()).GetReferencedClass();
-  if (!IsSubclass(referenced, declared)) FailReferencedClass(operation, declared, referenced);
+  if (IsSubclass(referenced, declared)) return;
+  LogDefinitionFailure(operation + std::string(": decl references type ") + GetName(declared) +
+                       " but value references " + GetName(referenced));
+  throw Failure::TypeMismatch();
 }
 
 boost::shared_ptr<ICIMElement> TInmemPropertyBase::FollowReference() const {

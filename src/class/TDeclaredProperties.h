@@ -15,8 +15,8 @@
 namespace NZELVYR20 {
 
 /// The property declarations of a class in one of its states, in ascending order of normalized
-/// name. Immutable: all instances made in that state share it, and it keeps their declarations
-/// alive when the class replaces or loses them.
+/// name. They never change: all instances made in that state share it, and it keeps their
+/// declarations alive when the class replaces or loses them.
 class TDeclaredProperties {
  public:
   struct TEntry {
@@ -24,7 +24,8 @@ class TDeclaredProperties {
     boost::shared_ptr<TInmemPropertyDecl> declaration;
   };
 
-  explicit TDeclaredProperties(std::vector<TEntry> entries) : entries_(std::move(entries)) {}
+  explicit TDeclaredProperties(std::vector<TEntry> entries)
+      : entries_(std::move(entries)), successors_(entries_.size()) {}
 
   const std::vector<TEntry>& GetEntries() const { return entries_; }
 
@@ -39,7 +40,18 @@ class TDeclaredProperties {
   }
 
   /// The same by a name as it was given, whatever its letter case.
-  std::size_t FindName(const std::string& name) const { return Find(TFoldedName(name)); }
+  /// Hosts go through the properties in one order, instance by instance: what was asked for behind
+  /// the last one the time before is tried first.
+  std::size_t FindName(const std::string& name) const {
+    if (entries_.empty()) return 0;
+    const std::size_t guess = successors_[last_];
+    const bool isGuessed = entries_[guess].declaration->GetName(TCIMContext()) == name;
+    const std::size_t position = isGuessed ? guess : Find(TFoldedName(name));
+    if (position == entries_.size()) return position;
+    successors_[last_] = position;
+    last_ = position;
+    return position;
+  }
 
   /// Differs from before after a default was set.
   std::uint64_t GetDefaultsRevision() const {
@@ -50,6 +62,8 @@ class TDeclaredProperties {
 
  private:
   const std::vector<TEntry> entries_;
+  mutable std::vector<std::size_t> successors_;  ///< of the position that was found, by position
+  mutable std::size_t last_ = 0;                 ///< the position found last
 };
 
 }  // namespace NZELVYR20

@@ -63,6 +63,7 @@ class TLeadFinder {
 
  private:
   bool StandsUnder(const TCIMReference& path, const boost::shared_ptr<ICIMElement>& element) const {
+    if (!element || !TInmemNamespace::IsName(path.GetClassName())) return false;
     const auto nameSpace = boost::dynamic_pointer_cast<TInmemNamespace>(nameSpace_);
     const auto cimClass = nameSpace ? nameSpace->FindClass(path.GetClassName()) : nullptr;
     return cimClass && cimClass->GetInstances().Find(path.GetPath()) == element;

@@ -16,8 +16,11 @@ const ICIMPropertyDecl& TInmemInstanceProperty::Declaration() const {
 }
 
 void TInmemInstanceProperty::SetValue(const TCIMValue& value, TCIMContext context) {
+  TInmemInstance& owner = TInmemProperties::GetOwner(*this);
+  const bool concernsIndexes = owner.GetEntries() != nullptr &&
+                               (value.IsReference() || GetValue(TCIMContext()).IsReference());
   TInmemPropertyBase::SetValue(value, context);
-  TInmemProperties::GetOwner(*this).ReferencesChanged();
+  if (concernsIndexes) owner.ReferencesChanged();
 }
 
 const TCIMValue* TInmemInstanceProperty::FindPreviousValue() const {

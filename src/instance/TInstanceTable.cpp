@@ -247,7 +247,10 @@ void TInstanceTable::TReferrerCursor::Advance() {
     candidate_ = table_.references_.FindNext(target_, candidate_, last, limit_, followsEnds_);
     if (!candidate_.entry || candidate_.target || candidate_.entry == tried) return;
     tried = candidate_.entry;
-    table_.TrySettle(tried->path);
+    table_.TrySettle(std::string(tried->path));
+    if (table_.clearings_ == clearings_) continue;
+    candidate_ = {};  // and `last` is gone
+    return;
   }
   candidate_ = {};
   candidate_.entry = table_.FindBehind(last, limit_);

@@ -13,9 +13,11 @@ struct TWilfulNamespace : TInmemNamespace {
   TWilfulNamespace() : TInmemNamespace(false) {}
   using TInmemNamespace::operator=;
   boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference&, TCIMContext) override {
+    if (meanwhile) meanwhile();
     return answer;
   }
   TInstance answer;
+  std::function<void()> meanwhile;
 };
 
 bool RefersTo(ICIMInstance& association, const TInstance& target) {
@@ -89,8 +91,18 @@ TEST_F(TReferenceIndexTest, FindsWhatTheHostResolvesInItsOwnWay) {
   host->answer = PutInstance(element, "c");
   EXPECT_EQ(ReferencesOf(host->answer), both);
   EXPECT_EQ(ReferencesOf(b), TNames{both[0]});
+  host->answer = {};
+  EXPECT_EQ(ReferencesOf(b), TNames{both[0]});
   host->answer = a;  // where the path leads by its text
   EXPECT_EQ(ReferencesOf(a), both);
+  host->answer = PutInstance(element, "d");
+  PutLink("0", TCIMValue(path), RefTo(b));
+  path.SetClass(NewClass("no name", element));
+  EXPECT_EQ(Try([&] { PutLink("3", TCIMValue(path, element), RefTo(b)); }), TOutcome());
+  EXPECT_EQ(PathsOf(link).size(), 4U);
+  host->meanwhile = [&] { space->ClearInstances(); };
+  ReferencesOf(host->answer);  // everything goes while the first candidate is resolved
+  EXPECT_EQ(PathsOf(link), TNames{});
 }
 
 /// Ends and links come, change, go and come again, under several paths and in replaced classes;

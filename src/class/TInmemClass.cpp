@@ -239,11 +239,14 @@ void TInmemClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {
 }
 
 void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
-                              const TLeads& leads) {
+                              const TFoundEnds& found) {
   // An instance and its class hold each other. Without the namespace, which would part them in the
   // end, they would hold for ever.
   if (namespace_.expired()) return;
-  instances_.Put(instance->GetReference(TCIMContext()).GetPath(), instance, leads);
+  const std::string path = instance->GetReference(TCIMContext()).GetPath();
+  // What was found holds for the references as they were.
+  const bool holds = found.referenceChanges == referenceChanges_;
+  instances_.Put(path, instance, holds ? found : TFoundEnds());
 }
 
 void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
@@ -253,6 +256,10 @@ void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
 boost::shared_ptr<TInmemInstance> TInmemClass::GetInstance(const TCIMReference& path,
                                                            TCIMContext) const {
   return instances_.Find(path.GetPath());
+}
+
+TInstanceEntry* TInmemClass::FindEntry(const TCIMReference& path) const {
+  return instances_.FindEntry(path.GetPath());
 }
 
 void TInmemClass::ClearInstances() { instances_.Clear(); }

@@ -50,19 +50,29 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   boost::shared_ptr<TInmemInstance> GetInstance(const TCIMReference& path,
                                                 TCIMContext context) const;
 
+  /// The place of that instance; empty when there is none.
+  TInstanceEntry* FindEntry(const TCIMReference& path) const;
+
   const TInstanceTable& GetInstances() const { return instances_; }
 
-  /// ICIMClass::AddInstance; `leads` may tell where all references of the instance lead.
-  void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TLeads& leads);
+  /// ICIMClass::AddInstance; `found` may tell where references of the instance lead.
+  void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TFoundEnds& found);
 
-  /// Takes an instance, and whether it is certain to refer to the target of a walk.
-  using TReferrerCallback = boost::function<bool(const boost::shared_ptr<TInmemInstance>&, bool)>;
+  using TReferrerCallback = boost::function<bool(const boost::shared_ptr<TInmemInstance>&)>;
 
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
   /// `target`, by the property of this role (empty: by any).
   /// `followsEnds` tells that the callback will look at what their references lead to.
   void EnumerateReferrers(const TInmemInstance& target, const std::string& role, bool followsEnds,
                           const TReferrerCallback& callback);
+
+  /// How often a reference of one of its instances was set.
+  std::uint64_t GetReferenceChanges() const { return referenceChanges_; }
+  void NoteReferenceChange() noexcept { ++referenceChanges_; }
+
+  /// Another class has taken this one's place in the namespace, which no longer finds its
+  /// instances.
+  void LoseStanding() noexcept { instances_.LoseStanding(); }
 
   void ClearInstances();
 
@@ -196,6 +206,7 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   std::uint64_t nextSubClass_ = 0;
   TAssociationClasses associationClasses_;
   TInstanceTable instances_;
+  std::uint64_t referenceChanges_ = 0;
   TNameTable<TInmemMethodDecl> methodDecls_;
   bool isInNamespace_ = false;
   boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< of the revision below

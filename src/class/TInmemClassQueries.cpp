@@ -7,6 +7,7 @@
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
+#include "TReferrerWalk.h"
 
 namespace NZELVYR20 {
 
@@ -84,12 +85,9 @@ void TInmemClass::EnumerateReferrers(const TInmemInstance& target, const std::st
                                      bool followsEnds, const TReferrerCallback& callback) {
   const auto self = shared_from_this();
   const std::string roleKey = FoldName(role);
-  TInstanceTable::TReferrerCursor cursor(instances_, target, roleKey, followsEnds);
-  for (;;) {
-    const auto referrer = cursor.Next(namespace_.lock().get());
-    if (!referrer.instance) return;
-    CallBack(kVisitsAllAndDiscards,
-             [&] { return callback(referrer.instance, referrer.isCertain); });
+  TReferrerWalk walk(instances_, target, roleKey, followsEnds);
+  while (const auto referrer = walk.Next()) {
+    CallBack(kVisitsAllAndDiscards, [&] { return callback(referrer); });
   }
 }
 

@@ -12,6 +12,8 @@
 #include "TInmemNamespace.h"
 #include "TInmemProperty.h"
 #include "TOSSpecific.h"
+#include "TPropertyHolder.h"
+#include "TResolution.h"
 
 namespace NZELVYR20 {
 
@@ -27,8 +29,7 @@ struct TBuildPathCallback {
   boost::shared_ptr<const TInmemInstance> instance;
 
   bool operator()(const std::string* keyName) const {
-    const auto property = instance->GetProperty(*keyName, TCIMContext());
-    path->AddKeyValue(*keyName, property->GetValue(TCIMContext()));
+    instance->AddKeyTo(*path, *keyName);
     return true;
   }
 };
@@ -41,37 +42,6 @@ struct TDerivedProperty {
 
   explicit TDerivedProperty(const boost::shared_ptr<const ICIMPropertyDecl>& declared)
       : declaration(declared), property(declared) {}
-};
-
-/// Gathers where the references of an instance lead, as long as each leads where its path says.
-class TLeadFinder {
- public:
-  explicit TLeadFinder(const boost::shared_ptr<TInmemClass>& cimClass)
-      : nameSpace_(cimClass->GetNamespace(TCIMContext())) {}
-
-  void Take(const TInmemInstanceProperty& property, const TCIMReference& path,
-            const boost::shared_ptr<ICIMElement>& element) {
-    isUsable_ = isUsable_ && StandsUnder(path, element);
-    if (!isUsable_) return;
-    leads_.push_back({property.GetPosition(), !property.IsDefaultValue(TCIMContext()),
-                      property.GetValue(TCIMContext()).GetReferencedClass().get(),
-                      path.GetClassName(), path.GetPath()});
-  }
-
-  bool IsUsable() const { return isUsable_; }
-  TLeads GetLeads() { return isUsable_ ? std::move(leads_) : TLeads(); }
-
- private:
-  bool StandsUnder(const TCIMReference& path, const boost::shared_ptr<ICIMElement>& element) const {
-    if (!element || !TInmemNamespace::IsName(path.GetClassName())) return false;
-    const auto nameSpace = boost::dynamic_pointer_cast<TInmemNamespace>(nameSpace_);
-    const auto cimClass = nameSpace ? nameSpace->FindClass(path.GetClassName()) : nullptr;
-    return cimClass && cimClass->GetInstances().Find(path.GetPath()) == element;
-  }
-
-  const boost::shared_ptr<ICIMNamespace> nameSpace_;
-  TLeads leads_;
-  bool isUsable_ = true;
 };
 
 bool Contains(const std::string& text, const char* part) {
@@ -111,30 +81,9 @@ const TCIMValue* TInmemInstance::FindPreviousValue(std::size_t position) const {
 }
 
 void TInmemInstance::KeepPreviousValue(std::size_t position, const TCIMValue& value) {
-  TCIMValue kept(value);  // before anything changes
   if (!previousValues_) previousValues_ = std::make_unique<std::map<std::size_t, TCIMValue>>();
-  (*previousValues_)[position] = std::move(kept);
-}
-
-const TReferences* TInmemInstance::GetSettledReferences() const {
-  for (const TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-    if (entry->references && entry->references->IsSettled()) return entry->references.get();
-  }
-  return nullptr;
-}
-
-TReferenceTarget* TInmemInstance::FindTarget(std::size_t position) const {
-  const TReferences* const references = GetSettledReferences();
-  if (!references) return nullptr;
-  for (const TReferences::TEdge& edge : references->edges) {
-    if (edge.position == position) return edge.target;
-  }
-  return nullptr;
-}
-
-boost::shared_ptr<TInmemInstance> TInmemInstance::Follow(TReferenceTarget& target) const {
-  const auto nameSpace = class_->GetNamespace(TCIMContext());
-  return TReferenceIndex::Follow(target, static_cast<const TInmemNamespace&>(*nameSpace));
+  const auto [kept, isNew] = previousValues_->emplace(position, value);
+  if (!isNew) kept->second = value;
 }
 
 void TInmemInstance::AddEntry(TInstanceEntry& entry) noexcept {
@@ -147,20 +96,27 @@ void TInmemInstance::RemoveEntry(TInstanceEntry& entry) noexcept {
   *link = std::exchange(entry.nextOfInstance, nullptr);
 }
 
-bool TInmemInstance::IsOf(const TInstanceTable& table) const {
-  return &class_->GetInstances() == &table;
-}
-
 bool TInmemInstance::MayHaveReferences() const {
   return std::any_of(properties_.begin(), properties_.end(), [](const auto& property) {
     return property.GetType(TCIMContext()) == TCIMValue::TCIMType::kReference ||
-           property.GetValue(TCIMContext()).IsReference();
+           property.IsReference();
   });
 }
 
-void TInmemInstance::ReferencesChanged() noexcept {
+bool TInmemInstance::AreAllLinked(const TReferences& references) const {
+  const auto count = std::count_if(properties_.begin(), properties_.end(),
+                                   [](const auto& property) { return property.IsReference(); });
+  return static_cast<std::size_t>(count) == references.links.size();
+}
+
+TInmemClass* TInmemInstance::FindReferencedClass(std::uint32_t position) const {
+  return properties_[position].FindReferencedClass();
+}
+
+void TInmemInstance::NoteReferenceChange(std::uint32_t position) noexcept {
+  class_->NoteReferenceChange();
   for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-    if (entry->references) entry->references->index->Unsettle(*entry);
+    if (entry->references) entry->references->index->Unsettle(*entry, position);
   }
 }
 
@@ -174,38 +130,50 @@ void TInmemInstance::StampCollectionTime() {
   }
 }
 
+/// Calls `use` with the property of that name, without making a pointer to it for others. One that
+/// the instance lacks may be declared on the spot, or is status 15.
+template <class TUse>
+auto TInmemInstance::UseProperty(const std::string& name, TUse use) const {
+  const std::size_t position = FindPosition(name);
+  if (position != properties_.GetCount()) {
+    return use(static_cast<const ICIMProperty&>(properties_[position]));
+  }
+  const auto derived = DeriveProperty(name);
+  return use(static_cast<const ICIMProperty&>(*derived));
+}
+
 bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
-  const std::size_t position = FindPosition(*keyName);
-  const bool isNull = position == properties_.GetCount()
-                          ? GetProperty(*keyName, TCIMContext())->GetValue(TCIMContext()).IsNull()
-                          : properties_[position].GetValue(TCIMContext()).IsNull();
+  const bool isNull = UseProperty(*keyName, [](const ICIMProperty& property) {
+    return property.GetValue(TCIMContext()).IsNull();
+  });
   if (!isNull) return true;
   LogValidationFailure("Inmem: Instance " + class_->GetName(TCIMContext()) + ": key property " +
                        *keyName + " is NULL");
   throw Failure::NullKey();
 }
 
-void TInmemInstance::Validate(TCIMContext) const { ValidateAndFindLeads(); }
+void TInmemInstance::Validate(TCIMContext) const { ValidateAndFindEnds(); }
 
-TLeads TInmemInstance::ValidateAndFindLeads() const {
+TFoundEnds TInmemInstance::ValidateAndFindEnds() const {
   if ((validationFlags_ & kValidateKeys) != 0) {
     class_->EnumerateKeyNames([this](const std::string* key) { return ValidateKeyNonNull(key); },
                               TCIMContext());
   }
   if ((validationFlags_ & kValidateReferences) == 0) return {};
-  return class_->IsAssociation(TCIMContext()) ? ValidateReferences() : TLeads();
+  return class_->IsAssociation(TCIMContext()) ? ValidateReferences() : TFoundEnds();
 }
 
-/// The instances at the ends must be there; whether they are where the paths say, too, is for the
-/// index of references alone.
-TLeads TInmemInstance::ValidateReferences() const {
-  TLeadFinder finder(class_);
+/// Something must be there at each end. Where, matters for the index of references alone.
+TFoundEnds TInmemInstance::ValidateReferences() const {
+  TFoundEnds found;
+  found.referenceChanges = class_->GetReferenceChanges();
+  TResolution resolution(GetInmemNamespace());
   for (const TInmemInstanceProperty& property : properties_) {
     const TCIMValue& value = property.GetValue(TCIMContext());
     if (!value.IsReference()) continue;
     const TCIMReference reference(value);
     try {
-      finder.Take(property, reference, reference.GetCIMElement(false));
+      resolution.Resolve(reference);
     } catch (const TVYRException& failure) {
       if (Failure::IsNotFound(failure)) {
         LogValidationFailure("Inmem: Reference " + reference.GetPath() +
@@ -213,27 +181,16 @@ TLeads TInmemInstance::ValidateReferences() const {
       }
       throw Failure::SameStatus(failure);
     }
+    if (!resolution.GetStanding().IsCurrent()) continue;
+    found.ends.push_back({property.GetPosition(), resolution.GetStanding()});
   }
-  return finder.GetLeads();
-}
-
-TLeads TInmemInstance::FindLeads() const {
-  TLeadFinder finder(class_);
-  for (const TInmemInstanceProperty& property : properties_) {
-    if (!finder.IsUsable()) return {};
-    const TCIMValue& value = property.GetValue(TCIMContext());
-    if (!value.IsReference()) continue;
-    const TCIMReference reference(value);
-    if (!TInmemNamespace::IsName(reference.GetClassName())) return {};  // the look-up would log it
-    finder.Take(property, reference, reference.GetCIMElement(false));
-  }
-  return finder.GetLeads();
+  return found;
 }
 
 void TInmemInstance::AddToNamespace(TCIMContext) {
-  TLeads leads;
+  TFoundEnds found;
   try {
-    leads = ValidateAndFindLeads();
+    found = ValidateAndFindEnds();
   } catch (const TVYRException&) {
     // One message for every cause, and no failure for the caller: collectors add what they have
     // and go on.
@@ -241,7 +198,7 @@ void TInmemInstance::AddToNamespace(TCIMContext) {
                          ": invalid references");
     return;
   }
-  class_->AddInstance(shared_from_this(), leads);
+  class_->AddInstance(shared_from_this(), found);
 }
 
 void TInmemInstance::Delete(TCIMContext) { class_->RemoveInstance(shared_from_this()); }
@@ -255,6 +212,16 @@ TCIMReference TInmemInstance::GetReference(TCIMContext) const {
   return path;
 }
 
+void TInmemInstance::AddKeyTo(TCIMReference& path, const std::string& keyName) const {
+  UseProperty(keyName, [&](const ICIMProperty& property) {
+    path.AddKeyValue(keyName, property.GetValue(TCIMContext()));
+  });
+}
+
+boost::shared_ptr<TInmemNamespace> TInmemInstance::GetInmemNamespace() const {
+  return boost::static_pointer_cast<TInmemNamespace>(class_->GetNamespace(TCIMContext()));
+}
+
 boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TCIMContext) const { return class_; }
 
 /// Of the property of that name; the number of properties where there is none. Status 25.
@@ -265,14 +232,23 @@ std::size_t TInmemInstance::FindPosition(const std::string& name) const {
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
-  const auto self = boost::const_pointer_cast<TInmemInstance>(shared_from_this());
-  return boost::shared_ptr<ICIMProperty>(self, &properties_[position]);
+  TInmemInstanceProperty& property = properties_[position];
+  if (!property.IsHeld()) {
+    return boost::make_shared<TPropertyHolder>(shared_from_this(), property, holders_)->Share();
+  }
+  TPropertyHolder* holder = holders_;
+  while (!holder->Holds(property)) holder = holder->GetNext();
+  return holder->Share();
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
                                                             TCIMContext) const {
   const std::size_t position = FindPosition(name);
-  if (position != properties_.GetCount()) return ShareProperty(position);
+  return position == properties_.GetCount() ? DeriveProperty(name) : ShareProperty(position);
+}
+
+/// A property that the instance lacks.
+boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(const std::string& name) const {
   if (Contains(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, std::string("Unknown"));
   if (Contains(name, "Description")) return DeriveProperty("Description", std::string(" "));
   if (IsStatusName(name)) return DeriveProperty(name, TCIMValue(static_cast<unsigned short>(0)));

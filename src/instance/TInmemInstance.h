@@ -15,7 +15,7 @@
 
 namespace NZELVYR20 {
 
-class TInstanceTable;
+class TPropertyHolder;
 
 /// An instance of a TInmemClass: its class, which it holds, and one property for each declaration
 /// that the class had when the instance was made. It keeps those declarations alive for its
@@ -45,30 +45,26 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   const TCIMValue* FindPreviousValue(std::size_t position) const;
   void KeepPreviousValue(std::size_t position, const TCIMValue& value);
 
-  /// Where the reference that is the own value of this property leads, as an index has settled it;
-  /// empty where none has.
-  TReferenceTarget* FindTarget(std::size_t position) const;
-
-  /// What stands where the target's path leads; empty when nothing does.
-  boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target) const;
-
   // For the tables in which the instance stands.
 
   TInstanceEntry* GetEntries() const { return entries_; }
   void AddEntry(TInstanceEntry& entry) noexcept;
   void RemoveEntry(TInstanceEntry& entry) noexcept;
 
-  /// Whether the table is that of its class.
-  bool IsOf(const TInstanceTable& table) const;
-
   /// Whether a property's value is a reference, be it null, or may become one.
   bool MayHaveReferences() const;
-  /// A property that has or had a reference for its value was set.
-  void ReferencesChanged() noexcept;
 
-  /// Where all references lead, as the host resolves them; empty where one leads nowhere or
-  /// elsewhere than its path says. Passes on what the host throws.
-  TLeads FindLeads() const;
+  /// Whether all properties whose values are references have links.
+  bool AreAllLinked(const TReferences& references) const;
+
+  /// TInmemInstanceProperty::FindReferencedClass of the property in this position.
+  TInmemClass* FindReferencedClass(std::uint32_t position) const;
+
+  /// The reference in this position, or what was one, is about to be set.
+  void NoteReferenceChange(std::uint32_t position) noexcept;
+
+  /// Adds the value of the key of that name to the path.
+  void AddKeyTo(TCIMReference& path, const std::string& keyName) const;
 
   /// True, or status 18 (logged at level 0) when the key has no value.
   bool ValidateKeyNonNull(const std::string* keyName) const;
@@ -105,11 +101,6 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   bool ExamineCandidateClass(const TCIMInstanceCallback& callback, const std::string& role,
                              const boost::shared_ptr<ICIMClass>& assocClass);
 
-  /// Calls back with an association instance of which a reference is known to point here; always
-  /// true.
-  bool ReportCandidateClassInstance(const TCIMInstanceCallback& callback,
-                                    const boost::shared_ptr<TInmemInstance>& assocInstance);
-
   /// Calls back with the association instance if one of its references points here; always true.
   bool ExamineCandidateClassInstance(const TCIMInstanceCallback& callback,
                                      const boost::shared_ptr<ICIMInstance>& assocInstance);
@@ -133,20 +124,37 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
                                       const boost::shared_ptr<TInmemInstance>& assocInstance);
 
  private:
+  /// A reference at which a walk looks.
+  struct TEnd {
+    std::size_t position = 0;
+    const ICIMClass* referencedClass = nullptr;
+    boost::shared_ptr<ICIMClass> held;        ///< the class, where a link does not tell it
+    boost::shared_ptr<ICIMProperty> derived;  ///< in place of a property of the instance
+  };
+
   void StampCollectionTime();
   std::size_t FindPosition(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> ShareProperty(std::size_t position) const;
+  boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& declaredName,
                                                  const TCIMValue& defaultValue) const;
-  TLeads ValidateAndFindLeads() const;
-  TLeads ValidateReferences() const;
-  bool ExamineProperties(const TCIMInstanceCallback& callback,
-                         const boost::shared_ptr<TInmemInstance>& assocInstance,
-                         std::size_t hitsBefore);
-  const TReferences* GetSettledReferences() const;
-  bool FindEnd(std::size_t from, TReferences::TEdge& end) const;
-  boost::shared_ptr<ICIMElement> FollowEnd(const TReferences::TEdge& end) const;
-  bool IsOwnEnd(const TInmemInstance& assocInstance, const TReferences::TEdge& end,
+  template <class TUse>
+  auto UseProperty(const std::string& name, TUse use) const;
+  TFoundEnds ValidateAndFindEnds() const;
+  TFoundEnds ValidateReferences() const;
+  boost::shared_ptr<TInmemNamespace> GetInmemNamespace() const;
+
+  const TReferences* FindSettled() const;
+  const TReferences::TLink* FindLink(const TEnd& end) const;
+  void NoteIfSettled() const noexcept;
+  bool FindEnd(std::size_t from, TEnd& end) const;
+  bool FindEnd(const std::string& role, TEnd& end) const;
+  bool TakeEnd(const TCIMValue& value, TEnd& end) const;
+  bool LeadsTo(const TEnd& end, const TInmemInstance& target) const;
+  boost::shared_ptr<ICIMInstance> FollowEnd(const TEnd& end) const;
+  boost::shared_ptr<ICIMElement> Resolve(const TEnd& end) const;
+  void Settle(std::uint32_t position, const TStanding& standing) const;
+  bool IsOwnEnd(const TInmemInstance& assocInstance, const TEnd& end,
                 const std::string& roleKey) const;
 
   TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
@@ -155,6 +163,7 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   const boost::shared_ptr<const TDeclaredProperties> declared_;
   const TInmemProperties properties_;  ///< one per entry of declared_
   std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
+  mutable TPropertyHolder* holders_ = nullptr;  ///< of the properties that somebody holds
 };
 
 }  // namespace NZELVYR20

@@ -1,6 +1,6 @@
 #include "TInmemInstanceProperty.h"
 
-#include "Failures.h"
+#include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemProperties.h"
 
@@ -15,12 +15,16 @@ const ICIMPropertyDecl& TInmemInstanceProperty::Declaration() const {
   return *TInmemProperties::GetOwner(*this).GetDeclared()->GetEntries()[position_].declaration;
 }
 
-void TInmemInstanceProperty::SetValue(const TCIMValue& value, TCIMContext context) {
-  TInmemInstance& owner = TInmemProperties::GetOwner(*this);
-  const bool concernsIndexes = owner.GetEntries() != nullptr &&
-                               (value.IsReference() || GetValue(TCIMContext()).IsReference());
-  TInmemPropertyBase::SetValue(value, context);
-  if (concernsIndexes) owner.ReferencesChanged();
+/// What an index knows of the value that goes is forgotten before that, and the class to which it
+/// refers, may be gone.
+void TInmemInstanceProperty::NoteChange(const TCIMValue& value) {
+  if (!value.IsReference() && !GetOwnValue().IsReference()) return;
+  TInmemProperties::GetOwner(*this).NoteReferenceChange(position_);
+}
+
+TInmemClass* TInmemInstanceProperty::FindReferencedClass() const {
+  if (!GetOwnValue().IsReference()) return nullptr;
+  return dynamic_cast<TInmemClass*>(GetOwnValue().GetReferencedClass().get());
 }
 
 const TCIMValue* TInmemInstanceProperty::FindPreviousValue() const {
@@ -29,20 +33,6 @@ const TCIMValue* TInmemInstanceProperty::FindPreviousValue() const {
 
 void TInmemInstanceProperty::KeepPreviousValue(const TCIMValue& value) {
   TInmemProperties::GetOwner(*this).KeepPreviousValue(position_, value);
-}
-
-/// A default may change without notice, and so an index tells nothing about it.
-TReferenceTarget* TInmemInstanceProperty::FindTarget() const {
-  return IsDefaultValue(TCIMContext()) ? nullptr
-                                       : TInmemProperties::GetOwner(*this).FindTarget(position_);
-}
-
-boost::shared_ptr<ICIMElement> TInmemInstanceProperty::FollowReference() const {
-  TReferenceTarget* const target = FindTarget();
-  if (!target) return TInmemPropertyBase::FollowReference();
-  auto instance = TInmemProperties::GetOwner(*this).Follow(*target);
-  if (!instance) throw Failure::NotFound();
-  return instance;
 }
 
 }  // namespace NZELVYR20

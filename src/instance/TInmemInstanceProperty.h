@@ -7,11 +7,13 @@
 
 namespace NZELVYR20 {
 
+class TInmemClass;
 class TInmemInstance;
-class TReferenceTarget;
+class TPropertyHolder;
 
-/// A property that stands in its instance and lives as long as that: whoever holds the one holds
-/// the other. Its declaration is the one that the instance keeps for its place.
+/// A property that stands in its instance and lives as long as that. Whoever holds it does so by a
+/// TPropertyHolder, which holds the instance. Its declaration is the one that the instance keeps
+/// for its place.
 class TInmemInstanceProperty : public TInmemPropertyBase {
  public:
   /// Only TInmemProperties makes properties of instances.
@@ -22,9 +24,16 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
 
   std::uint32_t GetPosition() const { return position_; }
 
-  void SetValue(const TCIMValue& value, TCIMContext context) override;
+  /// Whether there is a holder of it.
+  bool IsHeld() const { return isHeld_; }
+
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclaration(TCIMContext context) const override;
-  boost::shared_ptr<ICIMElement> FollowReference() const override;
+  /// The class of the reference that is its own value; empty where there is none, or one of another
+  /// implementation.
+  TInmemClass* FindReferencedClass() const;
+
+  bool IsReference() const { return GetValue(TCIMContext()).IsReference(); }
+
   using TInmemPropertyBase::operator=;
   TInmemInstanceProperty& operator=(const TInmemInstanceProperty&) { return *this; }
 
@@ -32,10 +41,12 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   const ICIMPropertyDecl& Declaration() const override;
   const TCIMValue* FindPreviousValue() const override;
   void KeepPreviousValue(const TCIMValue& value) override;
+  void NoteChange(const TCIMValue& value) override;
 
  private:
-  TReferenceTarget* FindTarget() const;
+  friend class TPropertyHolder;
 
+  bool isHeld_ = false;
   const std::uint32_t position_;
 };
 

@@ -1,19 +1,17 @@
+#include <new>
+
 #include "Failures.h"
 #include "ICIMNamespace.h"
+#include "InMemory.h"
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
 #include "TInmemTraversalCallbacks.h"
+#include "TResolution.h"
 
 namespace NZELVYR20 {
 
 namespace {
-
-boost::shared_ptr<ICIMInstance> AsInstance(const boost::shared_ptr<ICIMElement>& element) {
-  auto instance = boost::dynamic_pointer_cast<ICIMInstance>(element);
-  if (!instance) throw Failure::NotFound();
-  return instance;
-}
 
 /// Makes one step of a walk. A reference that leads nowhere, a property that is not there and what
 /// else is status 15, be it the callback's, counts as no match: `missed` is then the answer.
@@ -26,12 +24,6 @@ bool Probe(bool missed, TStep step) {
     if (!Failure::IsNotFound(failure)) throw Failure::SameStatus(failure);
     return missed;
   }
-}
-
-/// The property of an association instance that stands for this role.
-boost::shared_ptr<TInmemPropertyBase> GetEnd(const ICIMInstance& assocInstance,
-                                             const std::string& role) {
-  return InMemory<TInmemPropertyBase>(assocInstance.GetProperty(role, TCIMContext()));
 }
 
 bool IsFarEnd(const ICIMClass* referenced, const boost::shared_ptr<ICIMClass>& resultClass) {
@@ -55,54 +47,37 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
   const bool followsEnds = callback.target<TAssociatorsExamineCallback>() != nullptr ||
                            callback.target<TAssociatorsExamineWithResultRoleCallback>() != nullptr;
-  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance, bool isCertain) {
-    if (!role.empty()) return examineWithRole(assocInstance);
-    if (isCertain) return ReportCandidateClassInstance(callback, assocInstance);
-    return examine(assocInstance);
+  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance) {
+    return role.empty() ? examine(assocInstance) : examineWithRole(assocInstance);
   };
   InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, followsEnds, take);
   return true;
 }
 
 /// A callback that fails with status 15 is called again for the next reference that points here.
-bool TInmemInstance::ReportCandidateClassInstance(
-    const TCIMInstanceCallback& callback, const boost::shared_ptr<TInmemInstance>& assocInstance) {
-  const bool isReported = Probe(false, [&] {
-    callback(assocInstance);
-    return true;
-  });
-  return isReported || ExamineProperties(callback, assocInstance, 1);
-}
-
 bool TInmemInstance::ExamineCandidateClassInstance(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
-  return ExamineProperties(callback, InMemory<TInmemInstance>(assocInstance), 0);
-}
-
-/// Goes on behind so many references that point here.
-bool TInmemInstance::ExamineProperties(const TCIMInstanceCallback& callback,
-                                       const boost::shared_ptr<TInmemInstance>& assocInstance,
-                                       std::size_t hitsBefore) {
-  for (const TInmemInstanceProperty& property : assocInstance->properties_) {
+  const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
+  TEnd end;
+  for (std::size_t i = 0; association.FindEnd(i, end); i = end.position + 1) {
     const bool isReported = Probe(false, [&] {
-      if (!property.GetValue(TCIMContext()).IsReference()) return false;
-      if (property.FollowReference().get() != this) return false;
-      if (hitsBefore > 0) return --hitsBefore, false;
+      if (!association.LeadsTo(end, *this)) return false;
       callback(assocInstance);
       return true;
     });
-    if (isReported) break;
+    if (isReported) return true;
   }
+  association.NoteIfSettled();
   return true;
 }
 
 bool TInmemInstance::ExamineCandidateClassInstanceWithRole(
     const TCIMInstanceCallback& callback, const std::string& role,
     const boost::shared_ptr<ICIMInstance>& assocInstance) {
+  const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
   return Probe(true, [&] {
-    const auto property = GetEnd(*assocInstance, role);
-    const bool isReference = property->GetValue(TCIMContext()).IsReference();
-    if (isReference && property->FollowReference().get() == this) callback(assocInstance);
+    TEnd end;
+    if (association.FindEnd(role, end) && association.LeadsTo(end, *this)) callback(assocInstance);
     return true;
   });
 }
@@ -130,40 +105,112 @@ void TInmemInstance::EnumerateAssociatedInstances(const TCIMInstanceCallback& ca
   EnumerateAssociationInstances(examine, assocClass, std::string(), TCIMContext());
 }
 
-/// The first reference at `from` or behind it. An index knows the ends of an association instance
-/// without a look at its values.
-bool TInmemInstance::FindEnd(std::size_t from, TReferences::TEdge& end) const {
-  const TReferences* const settled = GetSettledReferences();
-  if (settled && settled->areOwn) {
-    for (const TReferences::TEdge& edge : settled->edges) {
-      if (edge.position < from) continue;
-      end = edge;
+/// What an index knows of the instance, if it knows all its references.
+const TReferences* TInmemInstance::FindSettled() const {
+  for (const TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
+    const TReferences* const references = entry->references.get();
+    const bool isSettled =
+        references != nullptr && references->IsSettled() && !references->index->IsStale();
+    if (isSettled) return references;
+  }
+  return nullptr;
+}
+
+/// Where an index knows the end to lead; empty where it does not.
+const TReferences::TLink* TInmemInstance::FindLink(const TEnd& end) const {
+  const auto position = static_cast<std::uint32_t>(end.position);
+  for (const TInstanceEntry* entry = entries_; entry && !end.derived;
+       entry = entry->nextOfInstance) {
+    const auto* const link = entry->references ? entry->references->FindLink(position) : nullptr;
+    if (link) return link;
+  }
+  return nullptr;
+}
+
+void TInmemInstance::NoteIfSettled() const noexcept {
+  for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
+    if (entry->references) entry->references->index->NoteIfSettled(*entry);
+  }
+}
+
+/// The first reference at `from` or after it.
+bool TInmemInstance::FindEnd(std::size_t from, TEnd& end) const {
+  if (const TReferences* const settled = FindSettled()) {
+    for (const TReferences::TLink& link : settled->links) {
+      if (link.position < from) continue;
+      end.position = link.position;
+      end.referencedClass = link.referencedClass;
       return true;
     }
     return false;
   }
   for (std::size_t i = from; i < properties_.GetCount(); ++i) {
-    const TCIMValue& value = properties_[i].GetValue(TCIMContext());
-    if (!value.IsReference()) continue;
-    end = {static_cast<std::uint32_t>(i), 0, value.GetReferencedClass().get(), nullptr};
-    return true;
+    end.position = i;
+    if (TakeEnd(properties_[i].GetValue(TCIMContext()), end)) return true;
   }
   return false;
 }
 
-boost::shared_ptr<ICIMElement> TInmemInstance::FollowEnd(const TReferences::TEdge& end) const {
-  if (!end.target) return properties_[end.position].FollowReference();
-  auto instance = Follow(*end.target);
+/// The end that the property of this role is, if that is a reference.
+bool TInmemInstance::FindEnd(const std::string& role, TEnd& end) const {
+  end.position = FindPosition(role);
+  if (end.position == properties_.GetCount()) end.derived = DeriveProperty(role);
+  const ICIMProperty& property = end.derived ? *end.derived : properties_[end.position];
+  return TakeEnd(property.GetValue(TCIMContext()), end);
+}
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): TEnd is this class's own
+bool TInmemInstance::TakeEnd(const TCIMValue& value, TEnd& end) const {
+  if (!value.IsReference()) return false;
+  end.held = value.GetReferencedClass();
+  end.referencedClass = end.held.get();
+  return true;
+}
+
+bool TInmemInstance::LeadsTo(const TEnd& end, const TInmemInstance& target) const {
+  if (const auto* const link = FindLink(end)) {
+    return link->target->GetEntry().instance.get() == &target;
+  }
+  return Resolve(end).get() == &target;
+}
+
+boost::shared_ptr<ICIMInstance> TInmemInstance::FollowEnd(const TEnd& end) const {
+  if (const auto* const link = FindLink(end)) return link->target->GetEntry().instance;
+  auto instance = boost::dynamic_pointer_cast<ICIMInstance>(Resolve(end));
   if (!instance) throw Failure::NotFound();
   return instance;
 }
 
+/// Asks the host. What it was given by the namespace it need not be asked for again.
+boost::shared_ptr<ICIMElement> TInmemInstance::Resolve(const TEnd& end) const {
+  const ICIMProperty& property = end.derived ? *end.derived : properties_[end.position];
+  const TCIMReference path(property.GetValue(TCIMContext()));
+  const std::uint64_t changes = class_->GetReferenceChanges();
+  TResolution resolution(GetInmemNamespace());
+  auto element = resolution.Resolve(path);
+  const bool holds = !end.derived && changes == class_->GetReferenceChanges();
+  if (holds) Settle(static_cast<std::uint32_t>(end.position), resolution.GetStanding());
+  return element;
+}
+
+void TInmemInstance::Settle(std::uint32_t position, const TStanding& standing) const {
+  if (!standing.IsCurrent()) return;
+  try {
+    for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
+      if (!entry->references || entry->references->FindLink(position)) continue;
+      entry->references->index->Settle(*entry, position, *standing.entry);
+    }
+  } catch (const std::bad_alloc&) {
+    // The next walk asks again.
+  }
+}
+
 /// Without a role, a reference that points here, declared with this very class. With one, the
 /// property of that name, wherever it points.
-bool TInmemInstance::IsOwnEnd(const TInmemInstance& assocInstance, const TReferences::TEdge& end,
+bool TInmemInstance::IsOwnEnd(const TInmemInstance& assocInstance, const TEnd& end,
                               const std::string& roleKey) const {
   if (!roleKey.empty()) return assocInstance.declared_->GetEntries()[end.position].key == roleKey;
-  return end.referencedClass == class_.get() && assocInstance.FollowEnd(end).get() == this;
+  return end.referencedClass == class_.get() && assocInstance.LeadsTo(end, *this);
 }
 
 bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
@@ -173,7 +220,7 @@ bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
   const std::string roleKey = TInmemNamespace::NormalizeName(role);
   bool isOwnEndFound = false;
   bool result = true;
-  TReferences::TEdge end{};
+  TEnd end;
   for (std::size_t i = 0; assocInstance->FindEnd(i, end); i = end.position + 1) {
     const bool isReported = Probe(false, [&] {
       if (!isOwnEndFound && IsOwnEnd(*assocInstance, end, roleKey)) {
@@ -181,7 +228,7 @@ bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
         return false;
       }
       if (!IsFarEnd(end.referencedClass, resultClass)) return false;
-      result = callback(AsInstance(assocInstance->FollowEnd(end)));
+      result = callback(assocInstance->FollowEnd(end));
       return true;
     });
     if (isReported) return result;
@@ -194,11 +241,9 @@ bool TInmemInstance::ExamineCandidateWithResultRole(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMClass>& resultClass,
     const std::string& resultRole, const boost::shared_ptr<TInmemInstance>& assocInstance) {
   return Probe(true, [&] {
-    const auto property = GetEnd(*assocInstance, resultRole);
-    const TCIMValue& value = property->GetValue(TCIMContext());
-    if (value.IsReference() && IsFarEnd(value.GetReferencedClass().get(), resultClass)) {
-      callback(AsInstance(property->FollowReference()));
-    }
+    TEnd end;
+    if (!assocInstance->FindEnd(resultRole, end)) return true;
+    if (IsFarEnd(end.referencedClass, resultClass)) callback(assocInstance->FollowEnd(end));
     return true;
   });
 }

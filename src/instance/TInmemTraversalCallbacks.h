@@ -3,14 +3,13 @@
 #include <boost/shared_ptr.hpp>
 #include <string>
 
-#include "InMemory.h"
 #include "TInmemInstance.h"
 
 namespace NZELVYR20 {
 
 // The callbacks of the walks along associations, each bound to the instance from which the walk
 // starts. They refer to the caller's callback and role, and so live no longer than the call that
-// makes them.
+// makes them. Association instances come from tables of this repository and are its own.
 
 /// Takes the association classes of a references walk.
 struct TReferencesCallback {
@@ -53,7 +52,7 @@ struct TAssociatorsExamineCallback {
 
   bool operator()(const boost::shared_ptr<ICIMInstance>& assocInstance) const {
     return instance->ExamineCandidate(callback, resultClass, role,
-                                      InMemory<TInmemInstance>(assocInstance));
+                                      boost::static_pointer_cast<TInmemInstance>(assocInstance));
   }
 };
 
@@ -65,8 +64,9 @@ struct TAssociatorsExamineWithResultRoleCallback {
   boost::shared_ptr<ICIMClass> resultClass;
 
   bool operator()(const boost::shared_ptr<ICIMInstance>& assocInstance) const {
-    return instance->ExamineCandidateWithResultRole(callback, resultClass, resultRole,
-                                                    InMemory<TInmemInstance>(assocInstance));
+    return instance->ExamineCandidateWithResultRole(
+        callback, resultClass, resultRole,
+        boost::static_pointer_cast<TInmemInstance>(assocInstance));
   }
 };
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <new>
 #include <utility>
 
 #include "TInmemInstance.h"
@@ -19,6 +18,8 @@ bool IsBefore(const TInstanceEntry& left, const TInstanceEntry& right) {
   return order < 0 || (order == 0 && left.serial < right.serial);
 }
 
+std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
+
 bool IsPointedBefore(const TEntryPointer& left, const TEntryPointer& right) {
   return IsBefore(*left, *right);
 }
@@ -26,8 +27,13 @@ bool IsPointedBefore(const TEntryPointer& left, const TEntryPointer& right) {
 }  // namespace
 
 TInstanceTable::TCursor::TCursor(const TInstanceTable& table)
-    : table_(table), limit_(table.serial_), nextCursor_(table.cursors_) {
-  table.Arrange();
+    : TCursor(table, nullptr, table.serial_) {}
+
+TInstanceTable::TCursor::TCursor(const TInstanceTable& table, const TInstanceEntry* last,
+                                 std::uint64_t limit)
+    : table_(table), limit_(limit), nextCursor_(table.cursors_) {
+  table.Sort();
+  if (last) next_ = table.GetPosition(*last) + 1;
   table.cursors_ = this;
 }
 
@@ -38,7 +44,7 @@ TInstanceTable::TCursor::~TCursor() {
 }
 
 TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
-  while (next_ < table_.arranged_) {
+  while (next_ < table_.sorted_) {
     const TInstanceEntry& entry = *table_.order_[next_++];
     if (entry.instance && entry.serial <= limit_) return entry.instance;
   }
@@ -48,14 +54,14 @@ TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
 TInstanceTable::~TInstanceTable() { Clear(); }
 
 /// The link to the entry of that path, or the one at the end of its chain.
-TInstanceEntry** TInstanceTable::FindLink(std::string_view path, std::size_t hash) const {
+TInstanceEntry** TInstanceTable::FindPlace(std::string_view path, std::size_t hash) const {
   TInstanceEntry** link = &buckets_[hash & (buckets_.size() - 1)];
   while (*link && ((*link)->hash != hash || (*link)->path != path)) link = &(*link)->nextInBucket;
   return link;
 }
 
 TInstanceEntry* TInstanceTable::FindEntry(std::string_view path) const {
-  return buckets_.empty() ? nullptr : *FindLink(path, TReferenceIndex::GetHash(path));
+  return buckets_.empty() ? nullptr : *FindPlace(path, GetHash(path));
 }
 
 TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
@@ -63,13 +69,14 @@ TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
   return entry ? entry->instance : TPointer();
 }
 
-void TInstanceTable::Put(const std::string& path, const TPointer& instance, const TLeads& leads) {
+void TInstanceTable::Put(const std::string& path, const TPointer& instance,
+                         const TFoundEnds& found) {
   MakeRoom();
-  const std::size_t hash = TReferenceIndex::GetHash(path);
-  if (TInstanceEntry* const entry = *FindLink(path, hash)) {
-    Replace(*entry, instance, leads);
+  const std::size_t hash = GetHash(path);
+  if (TInstanceEntry* const entry = *FindPlace(path, hash)) {
+    Replace(*entry, instance, found);
   } else {
-    Insert(path, hash, instance, leads);
+    Insert(path, hash, instance, found);
   }
 }
 
@@ -90,70 +97,77 @@ void TInstanceTable::MakeRoom() {
 }
 
 void TInstanceTable::Insert(const std::string& path, std::size_t hash, const TPointer& instance,
-                            const TLeads& leads) {
+                            const TFoundEnds& found) {
   auto entry = std::make_unique<TInstanceEntry>();
   entry->path = path;
   entry->hash = hash;
   entry->serial = serial_ + 1;
-  references_.Add(*entry, *instance, leads);
+  references_.Add(*entry, *instance, found);
   ++serial_;
   entry->instance = instance;
   instance->AddEntry(*entry);
-  *FindLink(path, hash) = entry.get();
+  *FindPlace(path, hash) = entry.get();
   order_.push_back(std::move(entry));
 }
 
-void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance, const TLeads& leads) {
+/// An instance in its own place stands there throughout, and links to it stay.
+void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance,
+                             const TFoundEnds& found) {
+  if (entry.instance == instance) return references_.Refresh(entry, found);
   references_.Remove(entry);
   entry.instance->RemoveEntry(entry);
   const TPointer gone = std::exchange(entry.instance, instance);
   instance->AddEntry(entry);
   ++removals_;
-  references_.AddOrForget(entry, leads);
+  references_.AddOrForget(entry, found);
+  TReferenceIndex::ForgetEnd(entry);
 }
 
 void TInstanceTable::Erase(std::string_view path) {
   if (buckets_.empty()) return;
-  TInstanceEntry** const link = FindLink(path, TReferenceIndex::GetHash(path));
-  TInstanceEntry* const entry = *link;
+  TInstanceEntry** const place = FindPlace(path, GetHash(path));
+  TInstanceEntry* const entry = *place;
   if (!entry) return;
-  *link = std::exchange(entry->nextInBucket, nullptr);
+  *place = std::exchange(entry->nextInBucket, nullptr);
   references_.Remove(*entry);
-  entry->RemoveTargets();
   entry->instance->RemoveEntry(*entry);
   const TPointer gone = std::exchange(entry->instance, {});
   ++removals_;
   ++removed_;
+  TReferenceIndex::ForgetEnd(*entry);
   DropRemoved();
 }
 
 void TInstanceTable::Clear() noexcept {
+  std::vector<TInstanceEntry*>().swap(buckets_);
+  references_.Clear(order_);
+  LoseStanding();
   for (const auto& entry : order_) {
     if (entry->instance) entry->instance->RemoveEntry(*entry);
-    entry->RemoveTargets();
   }
-  std::vector<TInstanceEntry*>().swap(buckets_);
-  references_.Clear();
   const TOrder gone = std::exchange(order_, {});
-  arranged_ = 0;
+  sorted_ = 0;
   removed_ = 0;
-  ++removals_;
-  ++clearings_;
   for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) cursor->next_ = 0;
 }
 
+void TInstanceTable::LoseStanding() noexcept {
+  ++removals_;
+  for (const auto& entry : order_) TReferenceIndex::ForgetEnd(*entry);
+}
+
 /// Puts what came since the last time in its place. Cursors go on with the entry that was next.
-void TInstanceTable::Arrange() const noexcept {
-  if (arranged_ == order_.size()) return;
+void TInstanceTable::Sort() const noexcept {
+  if (sorted_ == order_.size()) return;
   for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-    cursor->resume_ = cursor->next_ < arranged_ ? order_[cursor->next_].get() : nullptr;
+    cursor->resume_ = cursor->next_ < sorted_ ? order_[cursor->next_].get() : nullptr;
   }
-  const auto added = order_.begin() + static_cast<std::ptrdiff_t>(arranged_);
+  const auto added = order_.begin() + static_cast<std::ptrdiff_t>(sorted_);
   std::sort(added, order_.end(), IsPointedBefore);
   std::inplace_merge(order_.begin(), added, order_.end(), IsPointedBefore);
-  arranged_ = order_.size();
+  sorted_ = order_.size();
   for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-    cursor->next_ = cursor->resume_ ? GetPosition(*cursor->resume_) : arranged_;
+    cursor->next_ = cursor->resume_ ? GetPosition(*cursor->resume_) : sorted_;
   }
 }
 
@@ -166,94 +180,28 @@ std::size_t TInstanceTable::GetPosition(const TInstanceEntry& entry) const {
 }
 
 void TInstanceTable::DropRemoved() noexcept {
-  if (referrerWalks_ > 0 || removed_ <= order_.size() / 2) return;
+  if (references_.HasWalks() || removed_ <= order_.size() / 2) return;
   std::size_t kept = 0;
-  std::size_t keptArranged = 0;
+  std::size_t keptSorted = 0;
   for (std::size_t i = 0; i <= order_.size(); ++i) {
-    if (i == arranged_) keptArranged = kept;
+    if (i == sorted_) keptSorted = kept;
     for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
       if (cursor->next_ == i) cursor->next_ = kept;
     }
     if (i < order_.size() && order_[i]->instance) order_[i].swap(order_[kept++]);
   }
   order_.resize(kept);
-  arranged_ = keptArranged;
+  sorted_ = keptSorted;
   removed_ = 0;
 }
 
-TInstanceEntry* TInstanceTable::FindBehind(const TInstanceEntry* last, std::uint64_t limit) const {
-  Arrange();
-  std::size_t next = last ? GetPosition(*last) + 1 : 0;
-  while (next < order_.size() && (!order_[next]->instance || order_[next]->serial > limit)) ++next;
-  return next < order_.size() ? order_[next].get() : nullptr;
+void TInstanceTable::RenewIndex() {
+  if (references_.IsStale()) references_.Renew(order_);
 }
 
-/// Without memory for the index a walk looks at every instance.
-bool TInstanceTable::IsIndexed(const std::string& roleKey) noexcept {
-  try {
-    if (references_.IsStale()) references_.Renew(order_);
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
-  return references_.IsComplete(roleKey);
-}
-
-/// The host is asked, and may change the table meanwhile.
-void TInstanceTable::TrySettle(const std::string& path) noexcept {
-  try {
-    const TPointer instance = Find(path);
-    if (!instance->IsOf(*this)) return;  // it was added to a class that is not its own
-    const TLeads leads = instance->FindLeads();
-    TInstanceEntry* const entry = FindEntry(path);
-    if (leads.empty() || !entry || entry->instance != instance) return;
-    if (entry->references && !entry->references->IsSettled()) references_.Settle(*entry, leads);
-  } catch (...) {
-    // What fails here fails again when the walk looks at the instance, or is lack of memory.
-  }
-}
-
-TInstanceTable::TReferrerCursor::TReferrerCursor(TInstanceTable& table,
-                                                 const TInmemInstance& target,
-                                                 const std::string& roleKey, bool followsEnds)
-    : table_(table),
-      target_(target),
-      roleKey_(roleKey),
-      followsEnds_(followsEnds),
-      limit_(table.serial_),
-      clearings_(table.clearings_) {
-  ++table_.referrerWalks_;
-  table_.references_.BeginWalk();
-}
-
-TInstanceTable::TReferrerCursor::~TReferrerCursor() {
-  table_.references_.EndWalk();
-  if (--table_.referrerWalks_ == 0) table_.DropRemoved();
-}
-
-TInstanceTable::TReferrerCursor::TReferrer TInstanceTable::TReferrerCursor::Next(
-    const TInmemNamespace* nameSpace) {
-  if (table_.clearings_ != clearings_) return {};
-  Advance();
-  if (!candidate_.entry) return {};
-  const bool isCertain = candidate_.target != nullptr && nameSpace != nullptr &&
-                         TReferenceIndex::Follow(*candidate_.target, *nameSpace).get() == &target_;
-  return {candidate_.entry->instance, isCertain};
-}
-
-void TInstanceTable::TReferrerCursor::Advance() {
-  const TInstanceEntry* const last = candidate_.entry;
-  const TInstanceEntry* tried = nullptr;
-  while (table_.IsIndexed(roleKey_)) {
-    candidate_ = table_.references_.FindNext(target_, candidate_, last, limit_, followsEnds_);
-    if (!candidate_.entry || candidate_.target || candidate_.entry == tried) return;
-    tried = candidate_.entry;
-    table_.TrySettle(std::string(tried->path));
-    if (table_.clearings_ == clearings_) continue;
-    candidate_ = {};  // and `last` is gone
-    return;
-  }
-  candidate_ = {};
-  candidate_.entry = table_.FindBehind(last, limit_);
+void TInstanceTable::EndWalk(const TReferrerWalk& walk) noexcept {
+  references_.EndWalk(walk);
+  DropRemoved();
 }
 
 }  // namespace NZELVYR20

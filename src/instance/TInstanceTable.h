@@ -25,6 +25,8 @@ class TInstanceTable {
   class TCursor {
    public:
     explicit TCursor(const TInstanceTable& table);
+    /// Behind this entry (empty: at the beginning), for what came no later than `limit`.
+    TCursor(const TInstanceTable& table, const TInstanceEntry* last, std::uint64_t limit);
     TCursor(const TCursor&) = delete;
     TCursor& operator=(const TCursor&) = delete;
     ~TCursor();
@@ -38,39 +40,8 @@ class TInstanceTable {
     const TInstanceTable& table_;
     std::size_t next_ = 0;
     const std::uint64_t limit_;
-    const TInstanceEntry* resume_ = nullptr;  ///< while the table is being arranged
+    const TInstanceEntry* resume_ = nullptr;  ///< while the table is being sorted
     TCursor* nextCursor_;
-  };
-
-  /// Stands before the instance that is next among those that may refer to `target`, by the
-  /// property of this role (a normalized name) where there is one. All others are left out. A walk
-  /// that `followsEnds` will look at what their references lead to.
-  class TReferrerCursor {
-   public:
-    struct TReferrer {
-      TPointer instance;       ///< empty at the end
-      bool isCertain = false;  ///< it does refer to the target, by whatever role
-    };
-
-    TReferrerCursor(TInstanceTable& table, const TInmemInstance& target, const std::string& roleKey,
-                    bool followsEnds);
-    TReferrerCursor(const TReferrerCursor&) = delete;
-    TReferrerCursor& operator=(const TReferrerCursor&) = delete;
-    ~TReferrerCursor();
-
-    /// `nameSpace` is that of the table's class, if it still lives.
-    TReferrer Next(const TInmemNamespace* nameSpace);
-
-   private:
-    void Advance();
-
-    TInstanceTable& table_;
-    const TInmemInstance& target_;
-    const std::string& roleKey_;
-    const bool followsEnds_;
-    TReferenceIndex::TCandidate candidate_;
-    const std::uint64_t limit_;
-    const std::uint64_t clearings_;
   };
 
   TInstanceTable() = default;
@@ -83,45 +54,66 @@ class TInstanceTable {
   /// The instance under the path; empty when there is none.
   TPointer Find(std::string_view path) const;
 
-  /// Inserts, or puts the instance in place of the one that is there. `leads` may tell where all
-  /// its references lead; empty where that is not known. An allocation that fails leaves the table
-  /// as it was.
-  void Put(const std::string& path, const TPointer& instance, const TLeads& leads);
+  /// Inserts, or puts the instance in place of the one that is there. `found` may tell where its
+  /// references lead. An allocation that fails leaves the table as it was.
+  void Put(const std::string& path, const TPointer& instance, const TFoundEnds& found);
 
   /// Takes an instance out. It goes last, when the table is whole again.
   void Erase(std::string_view path);
 
   void Clear() noexcept;
 
-  /// Differs from before after anything was taken out.
+  /// The namespace no longer finds the instances here, although they stay.
+  void LoseStanding() noexcept;
+
+  /// Differs from before after an instance no longer stands where it stood.
   std::uint64_t GetRemovals() const { return removals_; }
+
+  /// Calls `visit(entry)` for every entry that holds an instance.
+  template <class TVisit>
+  void ForEach(TVisit visit) const {
+    for (const auto& entry : order_) {
+      if (entry->instance) visit(*entry);
+    }
+  }
+
+  // For walks along associations.
+
+  TReferenceIndex& GetIndex() { return references_; }
+  const TReferenceIndex& GetIndex() const { return references_; }
+  /// Looks at the entries again if the index has to. Fails for lack of memory.
+  void RenewIndex();
+  /// As long as a walk goes on entries stay, be they taken out, unless all go.
+  void BeginWalk(TReferrerWalk& walk) noexcept { references_.BeginWalk(walk); }
+  void EndWalk(const TReferrerWalk& walk) noexcept;
+  /// Of the entry that came last.
+  std::uint64_t GetSerial() const { return serial_; }
 
  private:
   using TOrder = std::vector<std::unique_ptr<TInstanceEntry>>;
 
-  TInstanceEntry** FindLink(std::string_view path, std::size_t hash) const;
+  TInstanceEntry** FindPlace(std::string_view path, std::size_t hash) const;
   void MakeRoom();
   void Insert(const std::string& path, std::size_t hash, const TPointer& instance,
-              const TLeads& leads);
-  void Replace(TInstanceEntry& entry, const TPointer& instance, const TLeads& leads);
-  void Arrange() const noexcept;
+              const TFoundEnds& found);
+  void Replace(TInstanceEntry& entry, const TPointer& instance, const TFoundEnds& found);
+  void Sort() const noexcept;
   std::size_t GetPosition(const TInstanceEntry& entry) const;
   void DropRemoved() noexcept;  ///< once they are the greater part, and no walk rests on one
-  TInstanceEntry* FindBehind(const TInstanceEntry* last, std::uint64_t limit) const;
-  bool IsIndexed(const std::string& roleKey) noexcept;
-  void TrySettle(const std::string& path) noexcept;
 
   /// A power of two of chains of entries by their hashes. Looking one up changes none.
   mutable std::vector<TInstanceEntry*> buckets_;
-  mutable TOrder order_;              ///< all entries, those that were taken out, too, for a while
-  mutable std::size_t arranged_ = 0;  ///< how many of them stand in order; the others came later
-  std::size_t removed_ = 0;           ///< how many of them were taken out
+  mutable TOrder order_;            ///< all entries, those that were taken out, too, for a while
+  mutable std::size_t sorted_ = 0;  ///< how many of them stand in order; the others came later
+  std::size_t removed_ = 0;         ///< how many of them were taken out
   std::uint64_t serial_ = 0;
   std::uint64_t removals_ = 0;
-  std::uint64_t clearings_ = 0;
-  std::size_t referrerWalks_ = 0;  ///< going on: they rest on entries, be they taken out
   mutable TCursor* cursors_ = nullptr;
   TReferenceIndex references_;
 };
+
+inline bool TStanding::IsCurrent() const {
+  return entry != nullptr && removals == table->GetRemovals();
+}
 
 }  // namespace NZELVYR20

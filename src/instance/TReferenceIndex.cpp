@@ -1,110 +1,122 @@
 #include "TReferenceIndex.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "TDeclaredProperties.h"
-#include "TInmemClass.h"
 #include "TInmemInstance.h"
-#include "TInmemNamespace.h"
+#include "TReferrerWalk.h"
 
 namespace NZELVYR20 {
 
 namespace {
 
-/// Asks for an object that somebody holds, and for its count in front of it.
-template <class TObject>
-void PrefetchShared(const TObject* object) {
-  constexpr std::ptrdiff_t kCount = 24;
-  __builtin_prefetch(reinterpret_cast<const char*>(object) - kCount);
-  __builtin_prefetch(reinterpret_cast<const char*>(object) + kCount);
+void SetUnsettledSlot(TInstanceEntry& entry, std::uint32_t slot) {
+  entry.references->unsettledSlot = slot;
 }
 
-/// What a walk will look at lies anywhere in memory: it is asked for at once, not piece by piece.
-void PrefetchReferrers(const TReferenceTarget& target, std::size_t slot, bool withEnds) {
-  constexpr std::size_t kAhead = 8;
-  const auto& slots = target.GetSlots();
-  const std::size_t end = std::min(slot + kAhead, slots.size());
-  for (std::size_t i = slot; i < end; ++i) __builtin_prefetch(slots[i]);
-  for (std::size_t i = slot; i < end; ++i) {
-    PrefetchShared(slots[i]->instance.get());
-    if (withEnds) __builtin_prefetch(slots[i]->references.get());
-  }
-  if (!withEnds) return;
-  for (std::size_t i = slot; i < end; ++i) {
-    for (const auto& edge : slots[i]->references->edges) __builtin_prefetch(edge.target);
-  }
-  for (std::size_t i = slot; i < end; ++i) {
-    for (const auto& edge : slots[i]->references->edges) __builtin_prefetch(edge.target->entry);
-  }
+/// All links to one target share a slot.
+auto SlotSetter(const TReferenceTarget& target) {
+  return [&target](TInstanceEntry& entry, std::uint32_t slot) {
+    for (TReferences::TLink& link : entry.references->links) {
+      if (link.target == &target) link.slot = slot;
+    }
+  };
 }
 
-/// The first entry from `slot` on that stands there since `limit` at the latest.
-TInstanceEntry* SkipLater(const TReferenceTarget& target, std::size_t& slot, std::uint64_t limit) {
-  const auto& slots = target.GetSlots();
-  while (slot < slots.size() && (!slots[slot] || slots[slot]->serial > limit)) ++slot;
-  return slot < slots.size() ? slots[slot] : nullptr;
-}
-
-TInstanceEntry* FirstBehind(const TEntrySet& entries, const TInstanceEntry* last,
-                            std::uint64_t limit) {
-  auto place = last ? entries.upper_bound(last->path) : entries.begin();
-  while (place != entries.end() && (*place)->serial > limit) ++place;
-  return place == entries.end() ? nullptr : *place;
+void Append(const TReferrers& referrers, TReferenceIndex::TCandidates& candidates) {
+  const auto& slots = referrers.GetSlots();
+  const auto before = static_cast<std::ptrdiff_t>(candidates.size());
+  candidates.insert(candidates.end(), slots.begin(), slots.end());
+  std::inplace_merge(candidates.begin(), candidates.begin() + before, candidates.end(),
+                     TReferrers::IsPathBefore);
 }
 
 }  // namespace
 
 void TReferenceIndex::Add(TInstanceEntry& entry, const TInmemInstance& instance,
-                          const TLeads& leads) {
+                          const TFoundEnds& found) {
   Join(instance);
   if (!instance.MayHaveReferences()) return;
   try {
-    AddReferences(entry, leads);
+    AddReferences(entry, instance, found);
   } catch (...) {
     Leave(instance);
     throw;
   }
+  TellWalks(entry);
 }
 
-void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TLeads& leads) {
-  entry.references = std::make_unique<TReferences>(*this);
+void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TInmemInstance& instance,
+                                    const TFoundEnds& found) {
+  auto references = std::make_unique<TReferences>(*this);
+  entry.references.swap(references);
   try {
-    unsettled_.insert(&entry);
-    if (!leads.empty()) Settle(entry, leads);
+    entry.references->links.reserve(found.ends.size());
+    for (const auto& end : found.ends) {
+      TInmemClass* const referencedClass = instance.FindReferencedClass(end.position);
+      if (!referencedClass || !end.standing.IsCurrent()) continue;
+      Link(*entry.references, entry, end.position, *referencedClass, *end.standing.entry);
+    }
+    if (!instance.AreAllLinked(*entry.references)) AddUnsettled(entry);
   } catch (...) {
-    unsettled_.erase(&entry);
+    UnlinkAll(*entry.references);
     entry.references.reset();
     throw;
   }
 }
 
-void TReferenceIndex::AddOrForget(TInstanceEntry& entry, const TLeads& leads) noexcept {
+void TReferenceIndex::AddOrForget(TInstanceEntry& entry, const TFoundEnds& found) noexcept {
   try {
-    Add(entry, *entry.instance, leads);
+    Add(entry, *entry.instance, found);
   } catch (...) {
     isStale_ = true;
+  }
+}
+
+void TReferenceIndex::Refresh(TInstanceEntry& entry, const TFoundEnds& found) noexcept {
+  if (!entry.references) return;
+  try {
+    for (const auto& end : found.ends) {
+      if (entry.references->FindLink(end.position) || !end.standing.IsCurrent()) continue;
+      Settle(entry, end.position, *end.standing.entry);
+    }
+  } catch (...) {
+    // What has no link is asked for in the next walk.
   }
 }
 
 void TReferenceIndex::Remove(TInstanceEntry& entry) noexcept {
   Leave(*entry.instance);
   if (!entry.references) return;
-  unsettled_.erase(&entry);
-  Detach(entry);
+  RemoveUnsettled(*entry.references);
+  UnlinkAll(*entry.references);
   entry.references.reset();
 }
 
-void TReferenceIndex::Clear() noexcept {
+void TReferenceIndex::Clear(const std::vector<std::unique_ptr<TInstanceEntry>>& entries) noexcept {
   makes_.clear();
-  ++clearings_;
-  unused_ = nullptr;
-  unsettled_.clear();
-  for (auto& [hash, target] : targets_) {
-    if (target.knownBy) target.knownBy->RemoveTarget(target);
+  unsettled_.Clear();
+  isStale_ = false;
+  for (const auto& entry : entries) {
+    if (entry->references) UnlinkAll(*entry->references);
+    entry->references.reset();
   }
-  targets_.clear();
-  classNames_.clear();
+  for (TReferrerWalk* walk = walks_; walk; walk = walk->GetNextWalk()) walk->End();
+}
+
+void TReferenceIndex::ForgetEnd(TInstanceEntry& end) noexcept {
+  while (end.targets) end.targets->GetIndex().ForgetTarget(*end.targets);
+}
+
+void TReferenceIndex::ForgetTarget(TReferenceTarget& target) noexcept {
+  for (TInstanceEntry* const referrer : target.referrers.GetSlots()) {
+    if (!referrer) continue;
+    auto& links = referrer->references->links;
+    const auto leadsThere = [&](const TReferences::TLink& link) { return link.target == &target; };
+    links.erase(std::remove_if(links.begin(), links.end(), leadsThere), links.end());
+    AddUnsettledOrForget(*referrer);
+  }
+  delete &target;
 }
 
 void TReferenceIndex::Join(const TInmemInstance& instance) {
@@ -123,88 +135,88 @@ void TReferenceIndex::Leave(const TInmemInstance& instance) noexcept {
   if (make != makes_.end() && --make->count == 0) makes_.erase(make);
 }
 
-void TReferenceIndex::Settle(TInstanceEntry& entry, const TLeads& leads) {
-  auto& references = *entry.references;
-  references.areOwn = true;
-  try {
-    references.edges.reserve(leads.size());
-    for (const TLead& lead : leads) {
-      TReferenceTarget& target = GetTarget(lead);
-      references.edges.push_back(
-          {lead.position, Enter(entry, target), lead.referencedClass, &target});
-      references.areOwn &= lead.isOwn;
-    }
-  } catch (...) {
-    Detach(entry);
-    throw;
-  }
-  unsettled_.erase(&entry);
+void TReferenceIndex::Settle(TInstanceEntry& entry, std::uint32_t position, TInstanceEntry& end) {
+  TInmemClass* const referencedClass = entry.instance->FindReferencedClass(position);
+  if (!referencedClass) return;
+  Link(*entry.references, entry, position, *referencedClass, end);
+  NoteIfSettled(entry);
+}
+
+void TReferenceIndex::NoteIfSettled(TInstanceEntry& entry) noexcept {
+  TReferences& references = *entry.references;
+  if (entry.instance->AreAllLinked(references)) RemoveUnsettled(references);
+}
+
+void TReferenceIndex::Unsettle(TInstanceEntry& entry, std::uint32_t position) noexcept {
+  TReferences& references = *entry.references;
+  if (const auto* const link = references.FindLink(position)) Unlink(references, *link);
+  AddUnsettledOrForget(entry);
+}
+
+void TReferenceIndex::Link(TReferences& references, TInstanceEntry& entry, std::uint32_t position,
+                           TInmemClass& referencedClass, TInstanceEntry& end) {
+  auto& links = references.links;
+  links.reserve(links.size() + 1);
+  TReferenceTarget* target = FindTarget(end);
+  if (!target) target = new TReferenceTarget(*this, end);
+  const std::uint32_t slot = AddReferrer(*target, entry, references);
+  const auto isBefore = [&](const TReferences::TLink& link) { return link.position < position; };
+  links.insert(std::find_if_not(links.begin(), links.end(), isBefore),
+               {position, slot, &referencedClass, target});
 }
 
 /// Returns the entry's slot among the target's referrers.
-std::uint32_t TReferenceIndex::Enter(TInstanceEntry& entry, TReferenceTarget& target) {
-  if (const auto* const other = entry.references->FindEdgeTo(target)) return other->slot;
+std::uint32_t TReferenceIndex::AddReferrer(TReferenceTarget& target, TInstanceEntry& entry,
+                                           const TReferences& references) {
+  if (const auto* const other = references.FindLinkTo(target)) return other->slot;
   try {
-    return target.AddReferrer(entry);
+    return target.referrers.Add(entry, SlotSetter(target));
   } catch (...) {
-    if (!target.HasReferrers()) Drop(target);
+    if (target.referrers.IsEmpty()) delete &target;
     throw;
   }
 }
 
-void TReferenceIndex::Unsettle(TInstanceEntry& entry) noexcept {
-  if (!entry.references->IsSettled()) return;
-  Detach(entry);
+void TReferenceIndex::Unlink(TReferences& references, const TReferences::TLink& link) noexcept {
+  const TReferences::TLink gone = link;
+  references.links.erase(references.links.begin() + (&link - references.links.data()));
+  if (references.FindLinkTo(*gone.target)) return;
+  gone.target->referrers.Remove(gone.slot);
+  if (gone.target->referrers.IsEmpty()) delete gone.target;
+}
+
+void TReferenceIndex::UnlinkAll(TReferences& references) noexcept {
+  while (!references.links.empty()) Unlink(references, references.links.back());
+}
+
+void TReferenceIndex::AddUnsettled(TInstanceEntry& entry) {
+  TReferences& references = *entry.references;
+  if (references.IsSettled()) references.unsettledSlot = unsettled_.Add(entry, SetUnsettledSlot);
+}
+
+void TReferenceIndex::AddUnsettledOrForget(TInstanceEntry& entry) noexcept {
   try {
-    unsettled_.insert(&entry);
+    AddUnsettled(entry);
   } catch (...) {
     isStale_ = true;
   }
+  TellWalks(entry);
 }
 
-/// The texts belong to one another as long as the host makes them: a path names its class.
-TReferenceTarget& TReferenceIndex::GetTarget(const TLead& lead) {
-  const std::size_t hash = GetHash(lead.path);
-  if (TReferenceTarget* const known = FindTarget(lead.path, hash)) return *known;
-  const std::string& className = *classNames_.insert(lead.className).first;
-  return targets_
-      .emplace(std::piecewise_construct, std::forward_as_tuple(hash),
-               std::forward_as_tuple(*this, lead.path, className))
-      ->second;
+void TReferenceIndex::RemoveUnsettled(TReferences& references) noexcept {
+  if (references.IsSettled()) return;
+  unsettled_.Remove(references.unsettledSlot);
+  references.unsettledSlot = TReferences::kNoSlot;
 }
 
-void TReferenceIndex::Detach(TInstanceEntry& entry) noexcept {
-  auto& references = *entry.references;
-  while (!references.edges.empty()) {
-    const TReferences::TEdge edge = references.edges.back();
-    references.edges.pop_back();
-    if (references.FindEdgeTo(*edge.target)) continue;
-    edge.target->RemoveReferrer(edge.slot);
-    if (!edge.target->HasReferrers()) Drop(*edge.target);
-  }
+void TReferenceIndex::TellWalks(TInstanceEntry& entry) const noexcept {
+  for (TReferrerWalk* walk = walks_; walk; walk = walk->GetNextWalk()) walk->Include(entry);
 }
 
-void TReferenceIndex::Drop(TReferenceTarget& target) noexcept {
-  if (walks_ == 0) return Erase(target);
-  if (target.isUnused) return;
-  target.isUnused = true;
-  target.nextUnused = std::exchange(unused_, &target);
-}
-
-void TReferenceIndex::EndWalk() noexcept {
-  if (--walks_ > 0) return;
-  while (unused_) {
-    TReferenceTarget& target = *std::exchange(unused_, unused_->nextUnused);
-    target.isUnused = false;
-    if (!target.HasReferrers()) Erase(target);
-  }
-}
-
-void TReferenceIndex::Erase(TReferenceTarget& target) noexcept {
-  if (target.knownBy) target.knownBy->RemoveTarget(target);
-  auto place = targets_.equal_range(GetHash(target.GetPath())).first;
-  while (&place->second != &target) ++place;
-  targets_.erase(place);
+TReferenceTarget* TReferenceIndex::FindTarget(const TInstanceEntry& end) const {
+  TReferenceTarget* target = end.targets;
+  while (target && &target->GetIndex() != this) target = target->GetNextOfEntry();
+  return target;
 }
 
 bool TReferenceIndex::IsComplete(const std::string& roleKey) const {
@@ -219,80 +231,45 @@ bool TReferenceIndex::IsStale() const {
          });
 }
 
+/// Links stay: a default that has changed does not change an own value.
 void TReferenceIndex::Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& entries) {
   isStale_ = true;
-  Clear();
-  for (const auto& entry : entries) entry->references.reset();
+  makes_.clear();
   for (const auto& entry : entries) {
-    if (entry->instance) Add(*entry, *entry->instance, {});
+    if (!entry->instance) continue;
+    Join(*entry->instance);
+    if (!entry->references && entry->instance->MayHaveReferences()) {
+      entry->references = std::make_unique<TReferences>(*this);
+    }
+    if (entry->references) AddUnsettled(*entry);
   }
   isStale_ = false;
 }
 
-TReferenceTarget* TReferenceIndex::FindTarget(std::string_view path, std::size_t hash) {
-  const auto [first, last] = targets_.equal_range(hash);
-  const auto place =
-      std::find_if(first, last, [&](const auto& entry) { return entry.second.GetPath() == path; });
-  return place == last ? nullptr : &place->second;
-}
-
-/// The target of the entry's path. The entry keeps it in mind.
-TReferenceTarget* TReferenceIndex::FindTarget(TInstanceEntry& own) {
-  for (TReferenceTarget* target = own.targets; target; target = target->nextOfEntry) {
-    if (&target->GetIndex() == this) return target;
-  }
-  TReferenceTarget* const found = FindTarget(own.path, own.hash);
-  if (found && !found->knownBy) own.AddTarget(*found);
-  return found;
-}
-
-bool TReferenceIndex::GoesOn(const TCandidate& previous, const TInstanceEntry* own) const {
-  return previous.target != nullptr && previous.clearings == clearings_ && unsettled_.empty() &&
-         previous.target->IsArranged(previous.arrangement) && previous.own == own &&
-         previous.ownSerial == own->serial && own->nextOfInstance == nullptr;
-}
-
-TReferenceIndex::TCandidate TReferenceIndex::FindNext(const TInmemInstance& target,
-                                                      const TCandidate& previous,
-                                                      const TInstanceEntry* last,
-                                                      std::uint64_t limit, bool followsEnds) {
-  TInstanceEntry* const first = target.GetEntries();
-  if (first && GoesOn(previous, first)) {
-    TCandidate next(previous);
-    next.entry = SkipLater(*next.target, ++next.slot, limit);
-    return next;
-  }
-  TCandidate next;
-  next.entry = FirstBehind(unsettled_, last, limit);
-  for (TInstanceEntry* own = first; own; own = own->nextOfInstance) {
+void TReferenceIndex::Collect(const TInmemInstance& target, TCandidates& candidates) {
+  unsettled_.Sort(SetUnsettledSlot);
+  Append(unsettled_, candidates);
+  for (const TInstanceEntry* own = target.GetEntries(); own; own = own->nextOfInstance) {
     TReferenceTarget* const known = FindTarget(*own);
     if (!known) continue;
-    std::size_t slot = known->FindBehind(last);
-    PrefetchReferrers(*known, slot, followsEnds);
-    TInstanceEntry* const referrer = SkipLater(*known, slot, limit);
-    const bool isFirst =
-        referrer != nullptr && (next.entry == nullptr || referrer->path < next.entry->path);
-    if (isFirst) {
-      next = {referrer, known, slot, clearings_, known->GetArrangement(), own, own->serial};
-    }
+    known->referrers.Sort(SlotSetter(*known));
+    Append(known->referrers, candidates);
   }
-  return next;
 }
 
-boost::shared_ptr<TInmemInstance> TReferenceIndex::Follow(TReferenceTarget& target,
-                                                          const TInmemNamespace& nameSpace) {
-  if (!target.cimClass || target.classesRevision != nameSpace.GetClassesRevision()) {
-    target.cimClass = nameSpace.FindClass(target.GetClassName()).get();
-    target.classesRevision = nameSpace.GetClassesRevision();
-    target.entry = nullptr;
+void TReferenceIndex::BeginWalk(TReferrerWalk& walk) noexcept {
+  walk.SetNextWalk(walks_);
+  walks_ = &walk;
+}
+
+void TReferenceIndex::EndWalk(const TReferrerWalk& walk) noexcept {
+  if (walks_ == &walk) {
+    walks_ = walk.GetNextWalk();
+    return;
   }
-  if (!target.cimClass) return {};
-  const TInstanceTable& instances = target.cimClass->GetInstances();
-  if (!target.entry || target.removals != instances.GetRemovals()) {
-    target.entry = instances.FindEntry(target.GetPath());
-    target.removals = instances.GetRemovals();
-  }
-  return target.entry ? target.entry->instance : boost::shared_ptr<TInmemInstance>();
+  TReferrerWalk* before = walks_;
+  while (before->GetNextWalk() != &walk) before = before->GetNextWalk();
+  before->SetNextWalk(walk.GetNextWalk());
 }
 
 }  // namespace NZELVYR20

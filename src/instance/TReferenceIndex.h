@@ -1,12 +1,10 @@
 #pragma once
 
+#include <boost/container/small_vector.hpp>
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
-#include <functional>
+#include <memory>
 #include <string>
-#include <string_view>
-#include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "TReferences.h"
@@ -14,79 +12,77 @@
 namespace NZELVYR20 {
 
 class TDeclaredProperties;
-class TInmemNamespace;
+class TReferrerWalk;
 
 /// Tells which instances in the table of a class may refer to a given instance, without a look at
 /// the others.
 ///
-/// A path is resolved by the host, which may do so as it likes. An instance counts as settled once
-/// every reference of it was seen to lead where the text of its path says, in the namespace of its
-/// class; from then on the texts decide. All others are candidates of every walk, which tries each
-/// time to settle them: so none is missed, however the host resolves it. A reference that is set
-/// makes its instance unsettled again.
+/// A path is resolved by the host, which may do so as it likes. A reference counts as settled, and
+/// has a link, when the host had its answer from the namespace itself: it asked for that very path
+/// and returned the instance that it was given. As long as that instance stands where it was found
+/// the host is not asked again. Everything else is unsettled, and asked for in every walk that
+/// comes to it:
+/// - what the host answers by itself, what leads nowhere or into another namespace;
+/// - a default: it may change without notice;
+/// - a reference that was set since, or whose end no longer stands where it was found.
+/// An entry with an unsettled reference is a candidate of every walk, so that none is missed.
 class TReferenceIndex {
  public:
+  using TCandidates = boost::container::small_vector<TInstanceEntry*, 16>;
+
   TReferenceIndex() = default;
   TReferenceIndex(const TReferenceIndex&) = delete;
   TReferenceIndex& operator=(const TReferenceIndex&) = delete;
   ~TReferenceIndex() = default;
 
-  /// Takes an entry in, settled where `leads` tells all its references. A failure changes nothing.
-  void Add(TInstanceEntry& entry, const TInmemInstance& instance, const TLeads& leads);
+  /// Takes an entry in, with links to those ends that are current. A failure changes nothing.
+  void Add(TInstanceEntry& entry, const TInmemInstance& instance, const TFoundEnds& found);
 
   /// The same for the instance that stands in the entry. On lack of memory the index is stale.
-  void AddOrForget(TInstanceEntry& entry, const TLeads& leads) noexcept;
+  void AddOrForget(TInstanceEntry& entry, const TFoundEnds& found) noexcept;
 
-  /// Forgets the entry, in which the instance still stands.
+  /// The instance in the entry was added once more.
+  void Refresh(TInstanceEntry& entry, const TFoundEnds& found) noexcept;
+
+  /// Forgets what the instance, which still stands in the entry, refers to.
   void Remove(TInstanceEntry& entry) noexcept;
-  void Clear() noexcept;
 
-  /// Makes the entry a candidate of every walk, until it is settled again.
-  void Unsettle(TInstanceEntry& entry) noexcept;
+  /// Forgets everything about the entries, which are all that there are.
+  void Clear(const std::vector<std::unique_ptr<TInstanceEntry>>& entries) noexcept;
 
-  /// Settles an entry that is not; a failure changes nothing.
-  void Settle(TInstanceEntry& entry, const TLeads& leads);
+  /// Unsettles all references, in whatever index, that lead to the entry.
+  static void ForgetEnd(TInstanceEntry& end) noexcept;
+
+  /// Unsettles the reference in this position, if it was settled.
+  void Unsettle(TInstanceEntry& entry, std::uint32_t position) noexcept;
+
+  /// Gives the reference in this position, which has none, a link. A failure changes nothing.
+  void Settle(TInstanceEntry& entry, std::uint32_t position, TInstanceEntry& end);
+
+  /// Takes the entry out of the unsettled if all its references have links.
+  void NoteIfSettled(TInstanceEntry& entry) noexcept;
 
   /// Whether a walk by this role (a normalized name; empty for none) may rely on the index. Not
   /// while an instance that lacks the role's property is there.
   bool IsComplete(const std::string& roleKey) const;
 
   /// Whether the index needs to look at the entries again: a default that they may show has
-  /// changed, or there was no memory.
+  /// changed, so that other properties may be references now, or there was no memory.
   bool IsStale() const;
+
   /// Does so. After a failure the index stays stale.
   void Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& entries);
 
-  /// Between these a target that was found stays, be it dropped, unless the index is cleared.
-  void BeginWalk() noexcept { ++walks_; }
-  void EndWalk() noexcept;
+  /// Appends, in the order of their paths, the entries that have links to an entry of `target`, and
+  /// all that have unsettled references.
+  void Collect(const TInmemInstance& target, TCandidates& candidates);
 
-  /// What a walk looks at.
-  struct TCandidate {
-    TInstanceEntry* entry = nullptr;     ///< empty at the end
-    TReferenceTarget* target = nullptr;  ///< under which it is settled; empty where it is not
+  /// Walks hear of entries that become candidates meanwhile.
+  void BeginWalk(TReferrerWalk& walk) noexcept;
+  void EndWalk(const TReferrerWalk& walk) noexcept;
+  bool HasWalks() const { return walks_ != nullptr; }
 
-    // How the walk came there, good while the index was not cleared, the target is arranged as it
-    // was, and the one entry of the instance from which the walk starts is the same.
-    std::size_t slot = 0;
-    std::uint64_t clearings = 0;
-    std::uint64_t arrangement = 0;
-    const TInstanceEntry* own = nullptr;
-    std::uint64_t ownSerial = 0;
-  };
-
-  /// The candidate that comes first behind the path of `last` (empty: of all) among those that
-  /// refer to `target` and those that are not settled; what came after `limit` is left out.
-  /// `previous` is the candidate that stood at `last`. A walk that `followsEnds` will look at what
-  /// the candidates' references lead to.
-  TCandidate FindNext(const TInmemInstance& target, const TCandidate& previous,
-                      const TInstanceEntry* last, std::uint64_t limit, bool followsEnds);
-
-  static std::size_t GetHash(std::string_view path) { return std::hash<std::string_view>()(path); }
-
-  /// The instance to which the target's path leads now; empty when there is none.
-  static boost::shared_ptr<TInmemInstance> Follow(TReferenceTarget& target,
-                                                  const TInmemNamespace& nameSpace);
+  const TReferrers& GetUnsettled() const { return unsettled_; }
 
  private:
   /// The instances that were made with one list of declarations.
@@ -98,24 +94,24 @@ class TReferenceIndex {
 
   void Join(const TInmemInstance& instance);
   void Leave(const TInmemInstance& instance) noexcept;
-  void AddReferences(TInstanceEntry& entry, const TLeads& leads);
-  std::uint32_t Enter(TInstanceEntry& entry, TReferenceTarget& target);
-  void Detach(TInstanceEntry& entry) noexcept;
-  TReferenceTarget* FindTarget(std::string_view path, std::size_t hash);
-  TReferenceTarget* FindTarget(TInstanceEntry& own);
-  bool GoesOn(const TCandidate& previous, const TInstanceEntry* own) const;
-  TReferenceTarget& GetTarget(const TLead& lead);
-  void Drop(TReferenceTarget& target) noexcept;
-  void Erase(TReferenceTarget& target) noexcept;
+  void AddReferences(TInstanceEntry& entry, const TInmemInstance& instance,
+                     const TFoundEnds& found);
+  void Link(TReferences& references, TInstanceEntry& entry, std::uint32_t position,
+            TInmemClass& referencedClass, TInstanceEntry& end);
+  std::uint32_t AddReferrer(TReferenceTarget& target, TInstanceEntry& entry,
+                            const TReferences& references);
+  static void Unlink(TReferences& references, const TReferences::TLink& link) noexcept;
+  static void UnlinkAll(TReferences& references) noexcept;
+  void ForgetTarget(TReferenceTarget& target) noexcept;
+  void AddUnsettled(TInstanceEntry& entry);
+  void AddUnsettledOrForget(TInstanceEntry& entry) noexcept;
+  void RemoveUnsettled(TReferences& references) noexcept;
+  void TellWalks(TInstanceEntry& entry) const noexcept;
+  TReferenceTarget* FindTarget(const TInstanceEntry& end) const;
 
   std::vector<TMake> makes_;
-  std::unordered_multimap<std::size_t, TReferenceTarget>
-      targets_;  ///< by the hashes of their paths
-  std::unordered_set<std::string> classNames_;
-  TEntrySet unsettled_;
-  std::uint64_t clearings_ = 0;
-  std::size_t walks_ = 0;               ///< going on: they rest on targets
-  TReferenceTarget* unused_ = nullptr;  ///< dropped meanwhile
+  TReferrers unsettled_;
+  TReferrerWalk* walks_ = nullptr;
   bool isStale_ = false;
 };
 

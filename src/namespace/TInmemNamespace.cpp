@@ -12,6 +12,7 @@
 #include "TInmemInstance.h"
 #include "TInmemNamespaceProvider.h"
 #include "TInmemQualifierDecl.h"
+#include "TResolution.h"
 
 namespace NZELVYR20 {
 
@@ -133,8 +134,10 @@ void TInmemNamespace::ReplaceClass(const std::string& key,
   if (key.find(kNeverRedefined) != std::string::npos) return;
   // The replacement keeps the superclass with which it was made, whatever the replaced class's
   // was, and the subclasses that it takes over are not told: hosts rely on both.
-  cimClass->TakeOverSubClasses(*classes_.Find(key));
+  const auto replaced = classes_.Find(key);
+  cimClass->TakeOverSubClasses(*replaced);
   classes_.Put(key, cimClass);
+  if (replaced != cimClass) replaced->LoseStanding();
 }
 
 void TInmemNamespace::RemoveClass(const boost::shared_ptr<TInmemClass>&) {}
@@ -170,8 +173,12 @@ void TInmemNamespace::EnumerateRootClasses(const TCIMClassCallback& callback, TC
 
 boost::shared_ptr<ICIMInstance> TInmemNamespace::GetInstance(const TCIMReference& path,
                                                              TCIMContext context) {
-  const auto cimClass = GetClass(path.GetClassName(), context);
-  return boost::static_pointer_cast<TInmemClass>(cimClass)->GetInstance(path, context);
+  const auto cimClass =
+      boost::static_pointer_cast<TInmemClass>(GetClass(path.GetClassName(), context));
+  TInstanceEntry* const entry = cimClass->FindEntry(path);
+  if (!entry) return {};
+  if (resolution_) resolution_->NoteGiven(cimClass, *entry);
+  return entry->instance;
 }
 
 void TInmemNamespace::ClearInstances() {

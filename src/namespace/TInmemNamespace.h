@@ -4,6 +4,7 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ICIMNamespace.h"
@@ -13,6 +14,7 @@ namespace NZELVYR20 {
 
 class TInmemClass;
 class TInmemQualifierDecl;
+class TResolution;
 
 /// A namespace that lives in memory: the registry of its classes and qualifier declarations, and
 /// the owner of the rule by which every CIM name is checked and folded.
@@ -40,8 +42,6 @@ class TInmemNamespace : public ICIMNamespace,
 
   /// The class of that name, the root class for an empty one; empty when there is none. Status 25.
   boost::shared_ptr<TInmemClass> FindClass(const std::string& name) const;
-  /// Differs from before after a class was entered.
-  std::uint64_t GetClassesRevision() const { return classes_.GetRevision(); }
 
   /// Enters a class. Status 25, or 16 (logged at level 3) without redefinition; a failure changes
   /// nothing.
@@ -50,6 +50,12 @@ class TInmemNamespace : public ICIMNamespace,
   void RemoveClass(const boost::shared_ptr<TInmemClass>& cimClass);
   /// Enters a qualifier declaration, with the statuses of AddClass.
   void AddQualifierDecl(const boost::shared_ptr<TInmemQualifierDecl>& declaration);
+
+  /// Has the innermost resolution that goes on, if one does, hear of the instances that GetInstance
+  /// gives; returns the one that did before.
+  TResolution* SetResolution(TResolution* resolution) {
+    return std::exchange(resolution_, resolution);
+  }
 
   boost::shared_ptr<TInmemClass> GetRootClass() const { return rootClass_; }
   bool IsRedefinitionAllowed() const { return allowRedefinition_; }
@@ -94,6 +100,7 @@ class TInmemNamespace : public ICIMNamespace,
   TNameTable<TInmemQualifierDecl> qualifierDecls_;
   TNameTable<TInmemClass> classes_;
   boost::shared_ptr<TInmemClass> rootClass_;
+  TResolution* resolution_ = nullptr;
   const bool allowRedefinition_;
   /// Every class that this namespace made and that may still be alive, in order of making, added
   /// or not, replaced or not: the destructor undoes what they hold of one another.

@@ -5,7 +5,6 @@
 
 #include "Failures.h"
 #include "ICIMClass.h"
-#include "TCIMReference.h"
 
 namespace NZELVYR20 {
 
@@ -44,6 +43,7 @@ const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
 
 void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
   Check(value, "Inmem: SetValue");
+  NoteChange(value);
   value_ = value;
   hasValue_ = true;
 }
@@ -65,11 +65,6 @@ void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) co
   LogDefinitionFailure(operation + std::string(": decl references type ") + GetName(declared) +
                        " but value references " + GetName(referenced));
   throw Failure::TypeMismatch();
-}
-
-boost::shared_ptr<ICIMElement> TInmemPropertyBase::FollowReference() const {
-  const TCIMReference path(GetValue(TCIMContext()));
-  return path.GetCIMElement(false);
 }
 
 /// The same test as IsDefaultValue: what has no value of its own has it from the declaration.

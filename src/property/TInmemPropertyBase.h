@@ -10,7 +10,6 @@
 
 namespace NZELVYR20 {
 
-class ICIMElement;
 class ICIMQualifier;
 
 /// One property of one instance, whatever links it to its declaration: its values, their checks
@@ -48,9 +47,6 @@ class TInmemPropertyBase : public ICIMProperty {
   std::string PrevValueToString() const override;
   std::vector<std::string> ToStringVector() const override;
 
-  /// What the reference that is its value leads to; status 15 where that is nothing.
-  virtual boost::shared_ptr<ICIMElement> FollowReference() const;
-
   /// Appends the table that the qualifiers "Values" and "ValueMap" make, and sets the text for
   /// values that no entry covers. False when they make none; what was appended before a
   /// contradiction was met stays.
@@ -80,6 +76,12 @@ class TInmemPropertyBase : public ICIMProperty {
   /// The value that was recorded as the one before; empty where none was.
   virtual const TCIMValue* FindPreviousValue() const = 0;
   virtual void KeepPreviousValue(const TCIMValue& value) = 0;
+
+  /// A value that passed the checks is about to be stored. Changes nothing where it throws.
+  virtual void NoteChange(const TCIMValue&) {}
+
+  /// Its own value; null where it has none.
+  const TCIMValue& GetOwnValue() const { return value_; }
 
  private:
   void Check(const TCIMValue& value, const char* operation) const;

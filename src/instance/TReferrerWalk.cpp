@@ -1,0 +1,128 @@
+#include "TReferrerWalk.h"
+
+#include <algorithm>
+#include <new>
+
+#include "TInmemInstance.h"
+
+namespace NZELVYR20 {
+
+namespace {
+
+/// Asks for an object that somebody holds, and for its count in front of it.
+template <class TObject>
+void PrefetchShared(const TObject* object) {
+  constexpr std::ptrdiff_t kCount = 24;
+  __builtin_prefetch(reinterpret_cast<const char*>(object) - kCount);
+  __builtin_prefetch(reinterpret_cast<const char*>(object) + kCount);
+}
+
+void PrefetchEnds(TInstanceEntry* const* first, TInstanceEntry* const* end) {
+  for (auto entry = first; entry != end; ++entry) {
+    if (!(*entry)->references) continue;
+    for (const auto& link : (*entry)->references->links) __builtin_prefetch(link.target);
+  }
+  for (auto entry = first; entry != end; ++entry) {
+    if (!(*entry)->references) continue;
+    for (const auto& link : (*entry)->references->links) {
+      __builtin_prefetch(&link.target->GetEntry());
+    }
+  }
+}
+
+bool IsPathAfter(const TInstanceEntry* left, const TInstanceEntry* right) {
+  return TReferrers::IsPathBefore(right, left);
+}
+
+}  // namespace
+
+TReferrerWalk::TReferrerWalk(TInstanceTable& table, const TInmemInstance& target,
+                             const std::string& roleKey, bool followsEnds) noexcept
+    : table_(table), roleKey_(roleKey), followsEnds_(followsEnds), limit_(table.GetSerial()) {
+  table_.BeginWalk(*this);
+  try {
+    Collect(target);
+  } catch (const std::bad_alloc&) {
+    isReliable_ = false;
+  }
+}
+
+TReferrerWalk::~TReferrerWalk() { table_.EndWalk(*this); }
+
+void TReferrerWalk::Collect(const TInmemInstance& target) {
+  TReferenceIndex& index = table_.GetIndex();
+  table_.RenewIndex();
+  if (index.IsComplete(roleKey_)) index.Collect(target, candidates_);
+}
+
+TInstanceTable::TPointer TReferrerWalk::Next() {
+  if (!everything_ && !IsIndexed()) everything_.emplace(table_, last_, limit_);
+  if (everything_) return everything_->Next();
+  while (const TInstanceEntry* const entry = TakeCandidate()) {
+    if (!entry->instance || IsPassed(*entry)) continue;
+    last_ = entry;
+    return entry->instance;
+  }
+  return {};
+}
+
+bool TReferrerWalk::IsIndexed() const {
+  const TReferenceIndex& index = table_.GetIndex();
+  return isReliable_ && !index.IsStale() && index.IsComplete(roleKey_);
+}
+
+/// The first of those collected and those included.
+TInstanceEntry* TReferrerWalk::TakeCandidate() {
+  if (next_ == candidates_.size()) return included_.empty() ? nullptr : TakeIncluded();
+  PrefetchCandidates();
+  const bool isIncludedFirst =
+      !included_.empty() && TReferrers::IsPathBefore(included_.front(), candidates_[next_]);
+  return isIncludedFirst ? TakeIncluded() : candidates_[next_++];
+}
+
+TInstanceEntry* TReferrerWalk::TakeIncluded() {
+  std::pop_heap(included_.begin(), included_.end(), IsPathAfter);
+  TInstanceEntry* const entry = included_.back();
+  included_.pop_back();
+  return entry;
+}
+
+/// Among entries that stay, paths are distinct; one that was taken out may bear that of a later
+/// one.
+bool TReferrerWalk::IsPassed(const TInstanceEntry& entry) const {
+  return last_ != nullptr && !TReferrers::IsPathBefore(last_, &entry);
+}
+
+void TReferrerWalk::Include(TInstanceEntry& entry) noexcept {
+  if (everything_ || entry.serial > limit_ || IsPassed(entry)) return;
+  try {
+    included_.push_back(&entry);
+    std::push_heap(included_.begin(), included_.end(), IsPathAfter);
+  } catch (const std::bad_alloc&) {
+    isReliable_ = false;
+  }
+}
+
+void TReferrerWalk::End() noexcept {
+  candidates_.clear();
+  included_.clear();
+  next_ = 0;
+  last_ = nullptr;
+}
+
+/// What the next candidates are made of lies anywhere in memory: it is asked for at once, not piece
+/// by piece.
+void TReferrerWalk::PrefetchCandidates() const {
+  constexpr std::size_t kAhead = 8;
+  if (next_ % kAhead != 0) return;
+  const auto* const first = candidates_.data() + next_;
+  const auto* const end = first + std::min(kAhead, candidates_.size() - next_);
+  for (auto entry = first; entry != end; ++entry) __builtin_prefetch(*entry);
+  for (auto entry = first; entry != end; ++entry) {
+    PrefetchShared((*entry)->instance.get());
+    if (followsEnds_) __builtin_prefetch((*entry)->references.get());
+  }
+  if (followsEnds_) PrefetchEnds(first, end);
+}
+
+}  // namespace NZELVYR20

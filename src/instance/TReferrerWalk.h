@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "TInstanceTable.h"
+
+namespace NZELVYR20 {
+
+/// Walks over the instances of a table that may refer to `target`, by the property of this role (a
+/// normalized name) where there is one, in the order of their paths and with the promises of
+/// TOrderedTable. All others are left out.
+///
+/// What the index knows is copied when the walk begins; what becomes a candidate later is told by
+/// the index. So no change, however often it is made on the way, makes the walk look again at what
+/// it has passed. Where the index cannot be relied upon, for want of memory or after a default has
+/// changed, the walk looks at everything that is left.
+class TReferrerWalk {
+ public:
+  /// A walk that `followsEnds` will look at what the references lead to.
+  TReferrerWalk(TInstanceTable& table, const TInmemInstance& target, const std::string& roleKey,
+                bool followsEnds) noexcept;
+  TReferrerWalk(const TReferrerWalk&) = delete;
+  TReferrerWalk& operator=(const TReferrerWalk&) = delete;
+  ~TReferrerWalk();
+
+  /// The next instance, held; empty at the end.
+  TInstanceTable::TPointer Next();
+
+  // For the index.
+
+  /// An entry has become a candidate.
+  void Include(TInstanceEntry& entry) noexcept;
+  /// All entries go.
+  void End() noexcept;
+  TReferrerWalk* GetNextWalk() const { return nextWalk_; }
+  void SetNextWalk(TReferrerWalk* walk) { nextWalk_ = walk; }
+
+ private:
+  void Collect(const TInmemInstance& target);
+  bool IsIndexed() const;
+  TInstanceEntry* TakeCandidate();
+  TInstanceEntry* TakeIncluded();
+  bool IsPassed(const TInstanceEntry& entry) const;
+  void PrefetchCandidates() const;
+
+  TInstanceTable& table_;
+  const std::string& roleKey_;
+  const bool followsEnds_;
+  const std::uint64_t limit_;
+  TReferenceIndex::TCandidates candidates_;
+  std::size_t next_ = 0;
+  std::vector<TInstanceEntry*> included_;  ///< a heap, the first of all paths in front
+  const TInstanceEntry* last_ = nullptr;   ///< that was handed out
+  bool isReliable_ = true;
+  std::optional<TInstanceTable::TCursor> everything_;
+  TReferrerWalk* nextWalk_ = nullptr;
+};
+
+}  // namespace NZELVYR20

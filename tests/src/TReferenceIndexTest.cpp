@@ -1,23 +1,28 @@
 #include <boost/make_shared.hpp>
 #include <random>
 
+#include "CheckIndex.h"
 #include "TCIMReference.h"
+#include "TInmemClass.h"
 #include "TInmemNamespace.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
 namespace {
 
-/// A namespace of the host's own: whatever the path says, it leads where the host wants.
+using TAnswer = std::function<TInstance(const TCIMReference&)>;
+
+/// A namespace of the host's own, in which paths lead where the host wants.
 struct TWilfulNamespace : TInmemNamespace {
   TWilfulNamespace() : TInmemNamespace(false) {}
   using TInmemNamespace::operator=;
-  boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference&, TCIMContext) override {
-    if (meanwhile) meanwhile();
-    return answer;
+  boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference& path, TCIMContext) override {
+    ++asked;
+    const TAnswer present = answer;  // it may change while it is given
+    return present(path);
   }
-  TInstance answer;
-  std::function<void()> meanwhile;
+  TAnswer answer;
+  int asked = 0;
 };
 
 bool RefersTo(ICIMInstance& association, const TInstance& target) {
@@ -28,7 +33,8 @@ bool RefersTo(ICIMInstance& association, const TInstance& target) {
         if (!value.IsReference()) return true;
         try {
           refers |= static_cast<TCIMReference>(value).GetCIMElement(false) == target;
-        } catch (const TVYRException&) {
+        } catch (const TVYRException& failure) {
+          if (failure.GetStatusCode() != 15) throw;
         }
         return true;
       },
@@ -70,39 +76,161 @@ class TReferenceIndexTest : public TRedefinitionTest {
   void SetUp() override {
     element = DefineClass("CIM_Element");
     DefineLink();
+    host = boost::make_shared<TWilfulNamespace>();
+    host->answer = PassOn();
+  }
+
+  /// The host asks the repository in its turn.
+  TAnswer PassOn() {
+    return [this](const TCIMReference& path) { return space->GetInstance(path, {}); };
+  }
+  static TAnswer Always(const TInstance& instance) {
+    return [instance](const TCIMReference&) { return instance; };
+  }
+
+  /// A path that the host resolves.
+  TCIMReference HostPath(const char* id, const TClass& cimClass = {}) const {
+    TCIMReference path(host, {});
+    path.SetClass(cimClass ? cimClass : element);
+    path.AddKeyValue("Id", id);
+    return path;
+  }
+
+  /// How often the host is asked.
+  template <class TOperation>
+  int CountAsked(TOperation operation) {
+    host->asked = 0;
+    operation();
+    return host->asked;
+  }
+
+  static TNames AssociatorsOf(const TInstance& instance) {
+    return NamesOf([&](const TNamer& note) {
+      instance->EnumerateAssociatedInstances(note, "", "CIM_Element", "", "", {});
+    });
+  }
+
+  void CheckAll() const {
+    for (const TClass& cimClass : {element, link}) {
+      ASSERT_EQ(CheckIndex(static_cast<const TInmemClass&>(*cimClass)), "");
+    }
   }
 
   TClass element, link;
+  boost::shared_ptr<TWilfulNamespace> host;
 };
 
-TEST_F(TReferenceIndexTest, FindsWhatTheHostResolvesInItsOwnWay) {
+TEST_F(TReferenceIndexTest, AHostThatAnswersByItselfDecidesAnewEachTime) {
   const auto a = PutInstance(element, "a");
   const auto b = PutInstance(element, "b");
-  const auto host = boost::make_shared<TWilfulNamespace>();
-  TCIMReference path(host, {});
-  path.SetClass(element);
-  path.AddKeyValue("Id", "a");
-  host->answer = b;
-  PutLink("1", TCIMValue(path), RefTo(b));
-  PutLink("2", TCIMValue(path), RefTo(a));
+  host->answer = Always(b);
+  PutLink("1", TCIMValue(HostPath("a")), RefTo(b));
+  PutLink("2", TCIMValue(HostPath("a")), RefTo(a));
   const TNames both{"CIM_Link.id=\"1\"", "CIM_Link.id=\"2\""};
-  EXPECT_EQ(ReferencesOf(b), both);
-  EXPECT_EQ(ReferencesOf(a), TNames{both[1]});
-  host->answer = PutInstance(element, "c");
-  EXPECT_EQ(ReferencesOf(host->answer), both);
-  EXPECT_EQ(ReferencesOf(b), TNames{both[0]});
-  host->answer = {};
-  EXPECT_EQ(ReferencesOf(b), TNames{both[0]});
-  host->answer = a;  // where the path leads by its text
-  EXPECT_EQ(ReferencesOf(a), both);
-  host->answer = PutInstance(element, "d");
-  PutLink("0", TCIMValue(path), RefTo(b));
-  path.SetClass(NewClass("no name", element));
-  EXPECT_EQ(Try([&] { PutLink("3", TCIMValue(path, element), RefTo(b)); }), TOutcome());
-  EXPECT_EQ(PathsOf(link).size(), 4U);
-  host->meanwhile = [&] { space->ClearInstances(); };
-  ReferencesOf(host->answer);  // everything goes while the first candidate is resolved
-  EXPECT_EQ(PathsOf(link), TNames{});
+  const auto c = PutInstance(element, "c");
+  const struct {
+    const char* description;
+    TAnswer answer;
+    TNames ofA, ofB, ofC;
+  } rows[] = {
+      {"another than the path says", Always(b), {both[1]}, both, {}},
+      {"one more", Always(c), {both[1]}, {both[0]}, both},
+      {"nothing", Always({}), {both[1]}, {both[0]}, {}},
+      {"what the path says, but by itself", Always(a), both, {both[0]}, {}},
+      {"another again", Always(c), {both[1]}, {both[0]}, both},
+      {"what the repository says to another question",
+       [&](const TCIMReference&) { return space->GetInstance(b->GetReference({}), {}); },
+       {both[1]},
+       both,
+       {}},
+      {"nothing again", Always({}), {both[1]}, {both[0]}, {}},
+      {"what the repository says", PassOn(), both, {both[0]}, {}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.description);
+    host->answer = row.answer;
+    EXPECT_EQ(ReferencesOf(b), row.ofB);
+    EXPECT_EQ(ReferencesOf(a), row.ofA);
+    EXPECT_EQ(ReferencesOf(c), row.ofC);
+    CheckAll();
+  }
+  host->answer = [](const TCIMReference&) -> TInstance { throw TVYRException(99); };
+  EXPECT_EQ(ReferencesOf(a), both);  // it has passed the question on before
+  a->Delete({});
+  PutInstance(element, "b");
+  EXPECT_EQ(ReferencesOf(c), TNames{});  // what the callback's walk throws is lost with its element
+  EXPECT_EQ(CountAsked([&] { ReferencesOf(c); }), 2);
+}
+
+TEST_F(TReferenceIndexTest, TheHostIsAskedOnlyForWhatIsOpen) {
+  const auto a = PutInstance(element, "a");
+  const auto b = PutInstance(element, "b");
+  const auto path = TCIMValue(HostPath("b"));
+  EXPECT_EQ(CountAsked([&] { PutLink("1", TCIMValue(HostPath("a")), path); }), 2);
+  EXPECT_EQ(CountAsked([&] { ReferencesOf(a), AssociatorsOf(b); }), 0);
+  host->answer = Always(b);
+  PutLink("2", path, TCIMValue(HostPath("a")));  // "Part", which is looked at first, leads to b
+  EXPECT_EQ(CountAsked([&] { EXPECT_EQ(ReferencesOf(b).size(), 2U); }), 1);
+  EXPECT_EQ(CountAsked([&] { EXPECT_EQ(ReferencesOf(a).size(), 1U); }), 2);
+  const auto byRole = [&] {
+    b->EnumerateAssociationInstances([](const TInstance&) { return true; }, "", "System", {});
+  };
+  EXPECT_EQ(CountAsked(byRole), 1);
+  host->answer = PassOn();
+  EXPECT_EQ(CountAsked([&] { ReferencesOf(b); }), 2);
+  EXPECT_EQ(CountAsked([&] { ReferencesOf(b), ReferencesOf(a); }), 0);
+  b->AddToNamespace({});  // in its own place
+  EXPECT_EQ(CountAsked([&] { ReferencesOf(b); }), 0);
+  b->Delete({});
+  const auto made = NewInstance(element, {{"Id", "b"}});
+  host->answer = Always(made);
+  EXPECT_EQ(AssociatorsOf(a), (TNames{PathOf(*made), PathOf(*made)}));
+  EXPECT_EQ(CountAsked([&] { ReferencesOf(a); }), 1);
+  CheckAll();
+}
+
+/// Whatever the host does while it is asked, walks find what looking at everything finds.
+TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
+  TInstance pending;
+  const auto a = PutInstance(element, "a");
+  const auto b = PutInstance(element, "b");
+  const std::vector<std::pair<const char*, std::function<void()>>> acts{
+      {"sets the reference", [&] { pending->SetPropertyValue("System", RefTo(b), {}); }},
+      {"sets the other", [&] { pending->SetPropertyValue("Part", RefTo(b), {}); }},
+      {"sets a default", [&] { link->GetPropertyDecl("Part", {})->SetDefaultValue(RefTo(b), {}); }},
+      {"replaces the end", [&] { PutInstance(element, "a"); }},
+      {"takes the end out", [&] { a->Delete({}); }},
+      {"adds the instance", [&] { link->AddInstance(pending); }},
+      {"takes the instance out", [&] { pending->Delete({}); }},
+      {"replaces the class of the end", [&] { element = DefineClass("CIM_Element"); }},
+      {"clears", [&] { space->ClearInstances(); }},
+      {"walks", [&] { ReferencesOf(a), AssociatorsOf(b); }},
+  };
+  for (const auto& act : acts) {
+    for (const bool isAdded : {false, true}) {
+      SCOPED_TRACE(std::string(act.first) + (isAdded ? ", during a walk" : ", while it is added"));
+      space->ClearInstances();
+      link->GetPropertyDecl("Part", {})->SetDefaultValue(TCIMValue::NullReference(element), {});
+      a->AddToNamespace({}), b->AddToNamespace({});
+      // The value alone holds its class.
+      const auto path = TCIMValue(HostPath("a"), space->AllocateClass("CIM_Sub", element, {}));
+      pending = NewInstance(link, {{"Id", "1"}, {"System", path}, {"Part", RefTo(a)}});
+      const auto answer = [&, act](const TCIMReference& asked) {
+        auto given = space->GetInstance(asked, {});
+        host->answer = PassOn();
+        act.second();
+        return given;
+      };
+      if (isAdded) link->AddInstance(pending);
+      host->answer = answer;
+      isAdded ? void(AssociatorsOf(b)) : pending->AddToNamespace({});
+      host->answer = PassOn();
+      for (int walk = 0; walk < 2; ++walk) {
+        for (const auto& end : {a, b}) EXPECT_EQ(ReferencesOf(end), FindOneByOne(end));
+        CheckAll();
+      }
+    }
+  }
 }
 
 /// Ends and links come, change, go and come again, under several paths and in replaced classes;
@@ -160,12 +288,16 @@ TEST_F(TReferenceIndexTest, FindsWhatLookingAtEverythingFinds) {
           break;
         default:
           links.push_back(NewInstance(link, {{"Id", ids[random() % 5]}, {"System", RefTo(end)}}));
+          if (random() % 4 == 0) links.back()->SetPropertyValue("System", HostPath("a"), {});
           if (random() % 4 != 0) links.back()->SetPropertyValue("Part", RefTo(anyEnd()), {});
           link->AddInstance(links.back());
       }
+      host->answer = Always(anyEnd());
+      CheckAll();
       for (const TInstance& target : ends) {
         const TNames expected = FindOneByOne(target);
         ASSERT_EQ(ReferencesOf(target), expected) << "seed " << seed << ", step " << step;
+        CheckAll();
         found += expected.size();
       }
     }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "ICIMClass.h"
+#include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
 #include "PluginNamespace.h"
 #include "SmallSchema.h"
@@ -73,6 +74,18 @@ std::size_t TPluginLinks::CountReferences(std::size_t system) const {
   std::size_t count = 0;
   const auto visit = [&count](const boost::shared_ptr<ICIMInstance>&) { return ++count != 0; };
   systems_[system]->EnumerateAssociationInstances(visit, "", "", {});
+  return count;
+}
+
+std::size_t TPluginLinks::RefreshReferences(std::size_t system) const {
+  std::size_t count = 0;
+  const auto refresh = [&count](const boost::shared_ptr<ICIMInstance>& association) {
+    const TCIMValue part = association->GetProperty("Part", {})->GetValue({});
+    association->SetPropertyValue("Part", part, {});
+    association->AddToNamespace({});
+    return ++count != 0;
+  };
+  systems_[system]->EnumerateAssociationInstances(refresh, "", "", {});
   return count;
 }
 

@@ -21,6 +21,10 @@ class TPluginLinks {
   std::size_t CountReferences(std::size_t system) const;
   std::size_t CountAssociators(std::size_t system) const;
 
+  /// CountReferences, but each association that is visited is set and added once more, as by a
+  /// collector that refreshes what it comes by.
+  std::size_t RefreshReferences(std::size_t system) const;
+
  private:
   boost::shared_ptr<ICIMNamespace> space_;
   std::vector<boost::shared_ptr<ICIMInstance>> systems_;

@@ -16,6 +16,7 @@ struct TBenchSizes {
   std::size_t instances = 100000;
   std::size_t classes = 1000;
   std::vector<std::size_t> links = {1000, 10000, 100000, 1000000};
+  std::vector<std::size_t> hubs = {4000, 64000};
 };
 
 /// @{

@@ -36,6 +36,19 @@ void RegisterQuery(const char* work, std::size_t size, const char* contender, TQ
       [=](benchmark::State& state) { AskInTurns<TLinks>(state, size, query); });
 }
 
+struct THub {
+  explicit THub(std::size_t size) : links(TLinkRows::MakeHub(size)) {}
+  TPluginLinks links;
+};
+
+void Refresh(benchmark::State& state, std::size_t size) {
+  const auto& hub = GetModel<THub>(size).links;
+  std::size_t found = 0;
+  for (auto _ : state) found = hub.RefreshReferences(0);
+  state.counters[kItems] = static_cast<double>(size);
+  Require(state, found, size);
+}
+
 template <class TLinks>
 void RegisterLinks(std::size_t size, const char* contender) {
   RegisterQuery<TLinks>("links/references", size, contender, &TLinks::CountReferences);
@@ -49,6 +62,9 @@ void RegisterLinkRows(const TBenchSizes& sizes) {
     RegisterLinks<TPluginLinks>(size, "plug-in");
     RegisterLinks<TAdjacencyLinks>(size, "adjacency");
     RegisterLinks<TSqliteLinks>(size, "sqlite");
+  }
+  for (const std::size_t size : sizes.hubs) {
+    benchmark::RegisterBenchmark(NameRow("hubs/refresh", size, "plug-in").c_str(), &Refresh, size);
   }
   for (const std::size_t size : {sizes.links.front(), sizes.links.back()}) {
     RegisterQuery<TAdjacencyLinks>("links/scan", size, "scan", &TAdjacencyLinks::ScanReferences);

@@ -17,4 +17,13 @@ TLinkRows::TLinkRows(std::size_t count) {
   }
 }
 
+TLinkRows TLinkRows::MakeHub(std::size_t count) {
+  TLinkRows rows;
+  for (const std::size_t part : MakeShuffledOrder(count)) {
+    rows.names.push_back("name" + std::to_string(rows.names.size()));
+    rows.links.push_back({0, part});
+  }
+  return rows;
+}
+
 }  // namespace NZELVYR20

@@ -18,8 +18,14 @@ struct TLinkRows {
   /// With `count` links, a multiple of 16 at least.
   explicit TLinkRows(std::size_t count);
 
+  /// So many parts, each with one link to the first system.
+  static TLinkRows MakeHub(std::size_t count);
+
   std::vector<std::string> names;  ///< of systems, and of parts
   std::vector<TLink> links;        ///< in an order that has nothing to do with names
+
+ private:
+  TLinkRows() = default;
 };
 
 constexpr const char* kSystemKey = "Bench_System.name";

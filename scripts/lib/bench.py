@@ -32,6 +32,7 @@ WORKS = {
     "links/references": "references at degree 4",
     "links/associators": "associators at degree 4",
     "links/scan": "references without an index",
+    "hubs/refresh": "walk all references to one instance, setting and adding each again, a reference",
     "classes/declare": "declare a class (5 properties, 12 qualifiers)",
     "classes/look-up": "look a class up",
     "classes/deep-classes": "enumerate all classes below one",
@@ -54,7 +55,8 @@ BARS = {
 
 # The plug-in's figure at the larger size is at most this many times that at the smaller.
 GROWTH_BARS = {"links/references": ("1000", "1000000", 3),
-               "links/associators": ("1000", "1000000", 3)}
+               "links/associators": ("1000", "1000000", 3),
+               "hubs/refresh": ("4000", "64000", 3)}
 
 Name = collections.namedtuple("Name", "work size contender")
 

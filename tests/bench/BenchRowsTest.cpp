@@ -31,6 +31,7 @@ TEST(BenchRowsTest, EveryContenderAnswersRight) {
   sizes.instances = 20;
   sizes.classes = 23;
   sizes.links = {16, 64};
+  sizes.hubs = {10};
   RegisterAllRows(sizes);
   std::string program = "bench_tests";
   std::string shortly = "--benchmark_min_time=0.0001";
@@ -43,7 +44,7 @@ TEST(BenchRowsTest, EveryContenderAnswersRight) {
   EXPECT_EQ(ran, reporter.names.size());
   EXPECT_EQ(reporter.failed, std::vector<std::string>());
   for (const char* name : {"instances/enumerate/20/plug-in", "instances/add/20/sqlite/iterations:1",
-                           "links/associators/64/adjacency", "classes/declare/23/map",
+                           "links/associators/64/adjacency", "hubs/refresh/10/plug-in", "classes/declare/23/map",
                            "display/value-map/20/plug-in", "mof/load/bundled/plug-in"}) {
     EXPECT_EQ(std::count(reporter.names.begin(), reporter.names.end(), name), 1) << name;
   }

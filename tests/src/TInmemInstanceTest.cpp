@@ -1,5 +1,6 @@
 #include "TInmemInstance.h"
 
+#include <map>
 #include <set>
 
 #include "TCIMDateTime.h"
@@ -47,6 +48,32 @@ TEST_F(TInmemInstanceTest, ComparesByClassAndCopiesNothing) {
   TCIMContext parameters{{"Force", TCIMValue(true)}};
   EXPECT_EQ(a->InvokeMethod("Reset", parameters, {}), TCIMValue());
   EXPECT_EQ(parameters, (TCIMContext{{"Force", TCIMValue(true)}}));
+}
+
+TEST_F(TInmemInstanceTest, EachPropertyHasAnOwnerOfItsOwnWhileItIsHeld) {
+  for (const char* name : {"Speed", "Slot"}) DeclareProperty(port, name, TCIMValue(1U));
+  auto instance = NewInstance(port, {{"Id", "a"}});
+  std::set<boost::shared_ptr<ICIMProperty>> held;
+  std::map<boost::weak_ptr<ICIMProperty>, std::string> names;
+  const auto take = [&](const boost::shared_ptr<ICIMProperty>& property) {
+    held.insert(property);
+    names[property] = property->GetDeclaration({})->GetName({});
+    return true;
+  };
+  instance->EnumerateProperties(take, {});
+  for (const char* name : {"Slot", "Id", "Speed", "ID"}) take(instance->GetProperty(name, {}));
+  EXPECT_EQ(held.size(), 3U);
+  EXPECT_EQ(names.size(), 3U);
+  held.erase(instance->GetProperty("Slot", {}));  // in whatever order they go
+  EXPECT_EQ(names[instance->GetProperty("Id", {})], "Id");
+  const boost::weak_ptr<ICIMProperty> speed = instance->GetProperty("Speed", {});
+  boost::weak_ptr<ICIMInstance> watched = instance;
+  instance.reset();
+  EXPECT_EQ(names[speed.lock()], "Speed");  // who holds a property holds its instance
+  EXPECT_EQ(speed.lock()->GetValue({}), TCIMValue(1U));
+  held.clear();
+  EXPECT_TRUE(speed.expired() && watched.expired());
+  EXPECT_EQ(names.size(), 3U);
 }
 
 TEST_F(TInmemInstanceTest, IsStampedWithTheTimeOfItsMaking) {

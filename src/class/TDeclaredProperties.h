@@ -45,7 +45,7 @@ class TDeclaredProperties {
   std::size_t FindName(const std::string& name) const {
     if (entries_.empty()) return 0;
     const std::size_t guess = successors_[last_];
-    const bool isGuessed = entries_[guess].declaration->GetName(TCIMContext()) == name;
+    const bool isGuessed = entries_[guess].declaration->GetGivenName() == name;
     const std::size_t position = isGuessed ? guess : Find(TFoldedName(name));
     if (position == entries_.size()) return position;
     successors_[last_] = position;

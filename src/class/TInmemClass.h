@@ -58,7 +58,8 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   /// ICIMClass::AddInstance; `found` may tell where references of the instance lead.
   void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TFoundEnds& found);
 
-  using TReferrerCallback = boost::function<bool(const boost::shared_ptr<TInmemInstance>&)>;
+  /// Takes an instance, and whether it is certain to refer to the target of a walk.
+  using TReferrerCallback = boost::function<bool(const boost::shared_ptr<TInmemInstance>&, bool)>;
 
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
   /// `target`, by the property of this role (empty: by any).

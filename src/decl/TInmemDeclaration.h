@@ -14,6 +14,9 @@ class TInmemDeclaration : public TInmemQualifiedElement<TInterface, TSelf> {
  public:
   const std::string& GetName(TCIMContext) const override { return name_; }
 
+  /// The same, for look-ups in which each call counts.
+  const std::string& GetGivenName() const { return name_; }
+
   bool operator==(TInterface& other) const override {
     return IsSameName(name_, other.GetName(TCIMContext()));
   }

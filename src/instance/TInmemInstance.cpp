@@ -122,7 +122,7 @@ void TInmemInstance::NoteReferenceChange(std::uint32_t position) noexcept {
 
 /// A class that declares no time of collection, or one of another type, has instances without.
 void TInmemInstance::StampCollectionTime() {
-  if (declared_->Find(kCollectionTimeKey) == properties_.GetCount()) return;
+  if (declared_->Find(kCollectionTimeKey) == CountProperties()) return;
   try {
     const TCIMValue now(TOSSpecific::GetLocalTime());
     TInmemInstance::SetPropertyValue(kCollectionTime, now, TCIMContext());
@@ -135,7 +135,7 @@ void TInmemInstance::StampCollectionTime() {
 template <class TUse>
 auto TInmemInstance::UseProperty(const std::string& name, TUse use) const {
   const std::size_t position = FindPosition(name);
-  if (position != properties_.GetCount()) {
+  if (position != CountProperties()) {
     return use(static_cast<const ICIMProperty&>(properties_[position]));
   }
   const auto derived = DeriveProperty(name);
@@ -227,16 +227,16 @@ boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TCIMContext) const { retur
 /// Of the property of that name; the number of properties where there is none. Status 25.
 std::size_t TInmemInstance::FindPosition(const std::string& name) const {
   const std::size_t position = declared_->FindName(name);
-  if (position == properties_.GetCount()) TInmemNamespace::NormalizeName(name);
+  if (position == CountProperties()) TInmemNamespace::NormalizeName(name);
   return position;
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
   TInmemInstanceProperty& property = properties_[position];
-  if (!property.IsHeld()) {
-    return boost::make_shared<TPropertyHolder>(shared_from_this(), property, holders_)->Share();
-  }
-  TPropertyHolder* holder = holders_;
+  __builtin_prefetch(&property, 1);
+  auto self = shared_from_this();
+  if (!property.IsHeld()) return TPropertyHolder::Share(std::move(self), property, holders_);
+  const TPropertyHolder* holder = holders_;
   while (!holder->Holds(property)) holder = holder->GetNext();
   return holder->Share();
 }
@@ -244,7 +244,7 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t positi
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
                                                             TCIMContext) const {
   const std::size_t position = FindPosition(name);
-  return position == properties_.GetCount() ? DeriveProperty(name) : ShareProperty(position);
+  return position == CountProperties() ? DeriveProperty(name) : ShareProperty(position);
 }
 
 /// A property that the instance lacks.
@@ -270,7 +270,7 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(
 void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                       TCIMContext) {
   const std::size_t position = FindPosition(name);
-  if (position != properties_.GetCount()) {
+  if (position != CountProperties()) {
     properties_[position].SetValue(value, TCIMContext());
     return;
   }
@@ -280,7 +280,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
 
 void TInmemInstance::EnumerateProperties(const TCIMPropertyCallback& callback, TCIMContext) {
   const auto self = shared_from_this();
-  for (std::size_t i = 0; i < properties_.GetCount(); ++i) {
+  for (std::size_t i = 0; i < CountProperties(); ++i) {
     CallBack(kVisitsAllAndPasses, [&] { return callback(ShareProperty(i)); });
   }
 }

@@ -101,6 +101,11 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   bool ExamineCandidateClass(const TCIMInstanceCallback& callback, const std::string& role,
                              const boost::shared_ptr<ICIMClass>& assocClass);
 
+  /// Calls back with an association instance of which a reference is known to point here; always
+  /// true.
+  bool ReportCandidateClassInstance(const TCIMInstanceCallback& callback,
+                                    const boost::shared_ptr<TInmemInstance>& assocInstance);
+
   /// Calls back with the association instance if one of its references points here; always true.
   bool ExamineCandidateClassInstance(const TCIMInstanceCallback& callback,
                                      const boost::shared_ptr<ICIMInstance>& assocInstance);
@@ -133,6 +138,7 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   };
 
   void StampCollectionTime();
+  std::size_t CountProperties() const { return declared_->GetEntries().size(); }
   std::size_t FindPosition(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> ShareProperty(std::size_t position) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& name) const;
@@ -144,6 +150,8 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   TFoundEnds ValidateReferences() const;
   boost::shared_ptr<TInmemNamespace> GetInmemNamespace() const;
 
+  bool ExamineEnds(const TCIMInstanceCallback& callback,
+                   const boost::shared_ptr<ICIMInstance>& assocInstance, std::size_t hitsBefore);
   const TReferences* FindSettled() const;
   const TReferences::TLink* FindLink(const TEnd& end) const;
   void NoteIfSettled() const noexcept;

@@ -47,21 +47,40 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
   const bool followsEnds = callback.target<TAssociatorsExamineCallback>() != nullptr ||
                            callback.target<TAssociatorsExamineWithResultRoleCallback>() != nullptr;
-  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance) {
-    return role.empty() ? examine(assocInstance) : examineWithRole(assocInstance);
+  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance, bool isCertain) {
+    if (!role.empty()) return examineWithRole(assocInstance);
+    if (isCertain) return ReportCandidateClassInstance(callback, assocInstance);
+    return examine(assocInstance);
   };
   InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, followsEnds, take);
   return true;
 }
 
 /// A callback that fails with status 15 is called again for the next reference that points here.
+bool TInmemInstance::ReportCandidateClassInstance(
+    const TCIMInstanceCallback& callback, const boost::shared_ptr<TInmemInstance>& assocInstance) {
+  const bool isReported = Probe(false, [&] {
+    callback(assocInstance);
+    return true;
+  });
+  return isReported || ExamineEnds(callback, assocInstance, 1);
+}
+
 bool TInmemInstance::ExamineCandidateClassInstance(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
+  return ExamineEnds(callback, assocInstance, 0);
+}
+
+/// Goes on after so many references that point here.
+bool TInmemInstance::ExamineEnds(const TCIMInstanceCallback& callback,
+                                 const boost::shared_ptr<ICIMInstance>& assocInstance,
+                                 std::size_t hitsBefore) {
   const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
   TEnd end;
   for (std::size_t i = 0; association.FindEnd(i, end); i = end.position + 1) {
     const bool isReported = Probe(false, [&] {
       if (!association.LeadsTo(end, *this)) return false;
+      if (hitsBefore > 0) return --hitsBefore, false;
       callback(assocInstance);
       return true;
     });
@@ -144,7 +163,7 @@ bool TInmemInstance::FindEnd(std::size_t from, TEnd& end) const {
     }
     return false;
   }
-  for (std::size_t i = from; i < properties_.GetCount(); ++i) {
+  for (std::size_t i = from; i < CountProperties(); ++i) {
     end.position = i;
     if (TakeEnd(properties_[i].GetValue(TCIMContext()), end)) return true;
   }
@@ -154,7 +173,7 @@ bool TInmemInstance::FindEnd(std::size_t from, TEnd& end) const {
 /// The end that the property of this role is, if that is a reference.
 bool TInmemInstance::FindEnd(const std::string& role, TEnd& end) const {
   end.position = FindPosition(role);
-  if (end.position == properties_.GetCount()) end.derived = DeriveProperty(role);
+  if (end.position == CountProperties()) end.derived = DeriveProperty(role);
   const ICIMProperty& property = end.derived ? *end.derived : properties_[end.position];
   return TakeEnd(property.GetValue(TCIMContext()), end);
 }

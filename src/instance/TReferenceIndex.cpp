@@ -109,6 +109,7 @@ void TReferenceIndex::ForgetEnd(TInstanceEntry& end) noexcept {
 }
 
 void TReferenceIndex::ForgetTarget(TReferenceTarget& target) noexcept {
+  ++losses_;
   for (TInstanceEntry* const referrer : target.referrers.GetSlots()) {
     if (!referrer) continue;
     auto& links = referrer->references->links;
@@ -178,6 +179,7 @@ std::uint32_t TReferenceIndex::AddReferrer(TReferenceTarget& target, TInstanceEn
 }
 
 void TReferenceIndex::Unlink(TReferences& references, const TReferences::TLink& link) noexcept {
+  ++losses_;
   const TReferences::TLink gone = link;
   references.links.erase(references.links.begin() + (&link - references.links.data()));
   if (references.FindLinkTo(*gone.target)) return;
@@ -190,6 +192,7 @@ void TReferenceIndex::UnlinkAll(TReferences& references) noexcept {
 }
 
 void TReferenceIndex::AddUnsettled(TInstanceEntry& entry) {
+  ++losses_;
   TReferences& references = *entry.references;
   if (references.IsSettled()) references.unsettledSlot = unsettled_.Add(entry, SetUnsettledSlot);
 }
@@ -241,7 +244,8 @@ void TReferenceIndex::Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& 
     if (!entry->references && entry->instance->MayHaveReferences()) {
       entry->references = std::make_unique<TReferences>(*this);
     }
-    if (entry->references) AddUnsettled(*entry);
+    const bool isOpen = entry->references && !entry->instance->AreAllLinked(*entry->references);
+    if (isOpen) AddUnsettled(*entry);
   }
   isStale_ = false;
 }

@@ -82,7 +82,9 @@ class TReferenceIndex {
   void EndWalk(const TReferrerWalk& walk) noexcept;
   bool HasWalks() const { return walks_ != nullptr; }
 
-  const TReferrers& GetUnsettled() const { return unsettled_; }
+  /// Differs from before after a link is gone or a reference has become unsettled.
+  std::uint64_t GetLosses() const { return losses_; }
+  bool IsAllSettled() const { return unsettled_.IsEmpty(); }
 
  private:
   /// The instances that were made with one list of declarations.
@@ -100,8 +102,8 @@ class TReferenceIndex {
             TInmemClass& referencedClass, TInstanceEntry& end);
   std::uint32_t AddReferrer(TReferenceTarget& target, TInstanceEntry& entry,
                             const TReferences& references);
-  static void Unlink(TReferences& references, const TReferences::TLink& link) noexcept;
-  static void UnlinkAll(TReferences& references) noexcept;
+  void Unlink(TReferences& references, const TReferences::TLink& link) noexcept;
+  void UnlinkAll(TReferences& references) noexcept;
   void ForgetTarget(TReferenceTarget& target) noexcept;
   void AddUnsettled(TInstanceEntry& entry);
   void AddUnsettledOrForget(TInstanceEntry& entry) noexcept;
@@ -111,6 +113,7 @@ class TReferenceIndex {
 
   std::vector<TMake> makes_;
   TReferrers unsettled_;
+  std::uint64_t losses_ = 0;
   TReferrerWalk* walks_ = nullptr;
   bool isStale_ = false;
 };

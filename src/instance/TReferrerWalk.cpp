@@ -53,6 +53,12 @@ void TReferrerWalk::Collect(const TInmemInstance& target) {
   TReferenceIndex& index = table_.GetIndex();
   table_.RenewIndex();
   if (index.IsComplete(roleKey_)) index.Collect(target, candidates_);
+  isSettled_ = index.IsAllSettled();
+  losses_ = index.GetLosses();
+}
+
+bool TReferrerWalk::IsCertain() const {
+  return isSettled_ && !everything_ && losses_ == table_.GetIndex().GetLosses();
 }
 
 TInstanceTable::TPointer TReferrerWalk::Next() {

@@ -30,6 +30,10 @@ class TReferrerWalk {
   /// The next instance, held; empty at the end.
   TInstanceTable::TPointer Next();
 
+  /// Whether that instance is known to refer to the target, by whatever role, and has no reference
+  /// for which the host would have to be asked.
+  bool IsCertain() const;
+
   // For the index.
 
   /// An entry has become a candidate.
@@ -55,7 +59,9 @@ class TReferrerWalk {
   std::size_t next_ = 0;
   std::vector<TInstanceEntry*> included_;  ///< a heap, the first of all paths in front
   const TInstanceEntry* last_ = nullptr;   ///< that was handed out
+  std::uint64_t losses_ = 0;               ///< of the index, while all that it knew was settled
   bool isReliable_ = true;
+  bool isSettled_ = false;
   std::optional<TInstanceTable::TCursor> everything_;
   TReferrerWalk* nextWalk_ = nullptr;
 };

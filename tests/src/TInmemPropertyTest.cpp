@@ -1,5 +1,6 @@
 #include "TInmemProperty.h"
 
+#include <limits>
 #include <typeinfo>
 
 #include "TInmemPropertyDecl.h"

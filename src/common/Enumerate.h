@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Swallow.h"
+
 namespace NZELVYR20 {
 
 /// What an enumeration makes of its callback: hosts rely on these differences.
@@ -16,11 +18,9 @@ constexpr TEnumerationRule kVisitsAllAndPasses{false, true};
 template <class TCall>
 bool CallBack(TEnumerationRule rule, TCall call) {
   if (rule.exceptionsPass) return call() || !rule.falseStops;
-  try {
-    return call() || !rule.falseStops;
-  } catch (...) {
-    return true;  // hosts' callbacks may throw: that element alone is lost
-  }
+  bool goesOn = true;  // hosts' callbacks may throw: that element alone is lost
+  Swallow([&] { goesOn = call() || !rule.falseStops; });
+  return goesOn;
 }
 
 /// Hands every element of the table to the callback. `owner` is what holds the table; the walk

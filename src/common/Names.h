@@ -2,18 +2,30 @@
 
 #include <algorithm>
 #include <boost/container/small_vector.hpp>
-#include <cctype>
 #include <string>
 #include <string_view>
 
 namespace NZELVYR20 {
 
-inline bool IsAscii(char character) { return static_cast<unsigned char>(character) < 128; }
+// The characters of names are those of ASCII, by their numbers and in every locale: what a name is
+// must not hang on where the process runs. In Turkish the small form of I is another letter, and
+// the built-in names would no longer be found under theirs.
 
-/// How names fold to lower case, character by character; others than ASCII ones stay.
-inline char FoldCharacter(char character) {
-  const bool isUpper = character >= 'A' && character <= 'Z';
-  return isUpper ? static_cast<char>(std::tolower(character)) : character;
+constexpr bool IsBetween(char first, char character, char last) {
+  return first <= character && character <= last;
+}
+
+constexpr bool IsNameStart(char character) {
+  return character == '_' || IsBetween('a', character, 'z') || IsBetween('A', character, 'Z');
+}
+
+constexpr bool IsNamePart(char character) {
+  return IsNameStart(character) || IsBetween('0', character, '9');
+}
+
+/// How names fold to lower case, character by character: A to Z, nothing else.
+constexpr char FoldCharacter(char character) {
+  return IsBetween('A', character, 'Z') ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
 inline std::string FoldName(std::string name) {

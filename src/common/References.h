@@ -6,9 +6,12 @@ namespace NZELVYR20 {
 
 /// Lets go of the classes that a value of references holds.
 inline void ReleaseReferences(TCIMValue& value) {
-  if (value.GetType().GetElementType() == TCIMValue::TCIMType::kReference) {
-    value = TCIMValue();  // a host need not offer a null that keeps the type
+  const TCIMValue::TCIMType type = value.GetType();
+  if (type != TCIMValue::TCIMType::kReference && type != TCIMValue::TCIMType::kReferenceArray) {
+    return;
   }
+  const TCIMValue null;  // a host need not offer one that keeps the type, nor to move it in
+  value = null;
 }
 
 }  // namespace NZELVYR20

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <boost/make_shared.hpp>
-#include <cctype>
 
 #include "Enumerate.h"
 #include "Failures.h"
 #include "Names.h"
+#include "Swallow.h"
 #include "TCIMReference.h"
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
@@ -21,14 +21,6 @@ namespace {
 /// The class of this name is never redefined: the first definition stays, and hosts that define it
 /// again must not notice.
 constexpr const char* kNeverRedefined = "zelsg_physicalnetworkport";
-
-bool IsNameStart(char character) {
-  return character == '_' || (IsAscii(character) && std::isalpha(character) != 0);
-}
-
-bool IsNamePart(char character) {
-  return character == '_' || (IsAscii(character) && std::isalnum(character) != 0);
-}
 
 /// The spelling counts: "<ROOT>" is no CIM name.
 bool IsRootName(const std::string& name) {
@@ -80,11 +72,9 @@ boost::shared_ptr<TInmemClass> TInmemNamespace::FindClass(const std::string& nam
 /// Whatever a look-up fails with counts as "no such class": a name that cannot be entered is
 /// found out when the class is added, not when it is made.
 boost::shared_ptr<TInmemClass> TInmemNamespace::FindClassToRefresh(const std::string& name) const {
-  try {
-    return FindClass(name);
-  } catch (...) {
-    return {};
-  }
+  boost::shared_ptr<TInmemClass> found;
+  Swallow([&] { found = FindClass(name); });
+  return found;
 }
 
 boost::shared_ptr<ICIMClass> TInmemNamespace::AllocateClass(const std::string& name,

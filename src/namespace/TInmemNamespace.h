@@ -33,8 +33,8 @@ class TInmemNamespace : public ICIMNamespace,
   /// Makes the root class.
   void Initialize();
 
-  /// The key under which tables keep a name: folded to lower case. An empty name is its own key. A
-  /// name that is no CIM name is logged at level 0 and thrown as status 25.
+  /// The key under which tables keep a name: folded to lower case, alike in every locale. An empty
+  /// name is its own key. A name that is no CIM name is logged at level 0 and thrown as status 25.
   static std::string NormalizeName(const std::string& name);
 
   /// Whether NormalizeName takes the name.

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "ICIMQualifier.h"
+#include "Swallow.h"
 #include "TCIMDateTime.h"
 #include "TInmemPropertyBase.h"
 #include "UnsignedNumber.h"
@@ -192,27 +193,26 @@ std::string TInmemPropertyBase::ToString() const { return Render(GetValue(TCIMCo
 std::string TInmemPropertyBase::PrevValueToString() const { return Render(GetPrevValue()); }
 
 std::vector<std::string> TInmemPropertyBase::ToStringVector() const {
-  const TCIMValue& value = GetValue(TCIMContext());
   std::vector<TValueMapEntry> table;
   std::string otherText;
-  if (!IsTranslatable(value, TType::kArray) || !BuildValueMapEntryArray(table, otherText)) {
+  if (!IsTranslatable(GetValue(TCIMContext()), TType::kArray) ||
+      !BuildValueMapEntryArray(table, otherText)) {
     return ToStringVectorWithBase();
   }
+  TCIMValue array(GetValue(TCIMContext()));
   std::vector<std::string> texts;
-  for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
+  for (const TCIMValue& element : static_cast<std::vector<TCIMValue>&>(array)) {
     texts.push_back(LookupInTable(element, table, otherText));
   }
   return texts;
 }
 
 std::vector<std::string> TInmemPropertyBase::ToStringVectorWithBase() const {
-  const TCIMValue& value = GetValue(TCIMContext());
-  if (!IsArray(TCIMContext())) return {ToStringWithQualifiers(value)};
+  if (!IsArray(TCIMContext())) return {ToStringWithQualifiers(GetValue(TCIMContext()))};
+  TCIMValue array(GetValue(TCIMContext()));
   std::vector<std::string> texts;
   const std::vector<TCIMValue>* elements = nullptr;
-  try {
-    elements = &static_cast<const std::vector<TCIMValue>&>(value);
-  } catch (...) {
+  if (!Swallow([&] { elements = &static_cast<std::vector<TCIMValue>&>(array); })) {
     // A null array has no elements to look at.
     if (const auto text = FindUsableQualifier(DisplayQualifier::kNullDisplay, TType::kString)) {
       texts.push_back(static_cast<std::string>(text->GetValue(TCIMContext())));

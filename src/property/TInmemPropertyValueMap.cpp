@@ -90,18 +90,22 @@ class TValueMapReader {
   std::uint64_t nextLow_ = 0;
 };
 
+/// In place: hosts offer the elements of values alone that may change.
 const std::vector<TCIMValue>& GetElements(const ICIMQualifier& qualifier) {
-  return static_cast<const std::vector<TCIMValue>&>(qualifier.GetValue(TCIMContext()));
+  const TCIMValue& array = qualifier.GetValue(TCIMContext());
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): nothing is changed through it
+  return static_cast<std::vector<TCIMValue>&>(const_cast<TCIMValue&>(array));
 }
 
 constexpr unsigned char kDecimal = 10;
 
 /// Without a value map the texts are numbered by position.
 void NumberTexts(const std::vector<TCIMValue>& texts, TTable& table) {
-  table.reserve(texts.size());
+  table.reserve(table.size() + texts.size());
+  std::uint64_t number = 0;
   for (const TCIMValue& text : texts) {
-    const std::uint64_t number = table.size();
     table.push_back({number, number, text.ToString(kDecimal)});
+    ++number;
   }
 }
 

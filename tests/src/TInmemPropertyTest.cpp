@@ -1,6 +1,10 @@
 #include "TInmemProperty.h"
 
+#include <limits>
+#include <typeinfo>
+
 #include "TInmemPropertyDecl.h"
+#include "TInmemQualifier.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
@@ -61,37 +65,84 @@ TEST_F(TInmemPropertyTest, CopiesAndCompares) {
   TInmemProperty b(declaration, "b");
   TInmemProperty unset(declaration);
   TInmemProperty foreign(other, "a");
-  EXPECT_TRUE(a == a && b == unset && !(a == b) && !(a == foreign));
+  EXPECT_TRUE(a == a && b == unset);
+  EXPECT_FALSE(a == b || b == a || a == foreign || foreign == a);
   EXPECT_TRUE(a < b && a < unset && !(b < a) && !(b < unset));
   EXPECT_NE(a < foreign, foreign < a);
 }
 
-TEST_F(TInmemPropertyTest, TablesKeepWhatStoodBeforeAContradiction) {
+using TTable = std::vector<TInmemProperty::TValueMapEntry>;
+
+/// The ranges, those that are open without an end.
+std::string RangesOf(const TTable& table) {
+  std::string ranges;
+  for (const auto& [low, high, text] : table) {
+    const bool isOpen = high == std::numeric_limits<std::uint64_t>::max();
+    ranges += std::to_string(low) + "-" + (isOpen ? "" : std::to_string(high)) + " ";
+  }
+  return ranges;
+}
+
+TEST_F(TInmemPropertyTest, TablesHaveTheRangesOfTheValueMap) {
+  const struct {
+    const char* description;
+    std::vector<TCIMValue> entries;
+    const char* ranges;
+    bool isUsable = true;
+  } rows[] = {
+      {"each goes on behind the one before", {"..4", "5", "..9", "..12"}, "0-4 5-5 6-9 10-12 "},
+      {"a range closes before the next number", {"2..3", "9", "1.."}, "2-8 9-9 1- "},
+      {"one dot is no range", {"7.", "1.500", ".", "8. 9"}, "7-7 1-1 0-0 8-8 "},
+      {"blanks", {" 12", "3 . . 9", " 5", "..  9", ". ."}, "12-12 3-4 5-5 6-9 0-0 "},
+      {"signs",
+       {"-5", "+5", "+7..", "..-1"},
+       "18446744073709551611-18446744073709551611 5-5 7- ",
+       false},
+      {"a sign may open", {"..-1", "20"}, "0-19 20-20 "},
+      {"what stood before a contradiction", {"1", "3..", ".."}, "1-1 3- ", false},
+  };
+  for (const auto& row : rows) {
+    const auto declaration = Declare(1U);
+    Qualify(*declaration, "ValueMap", Texts(row.entries));
+    Qualify(*declaration, "Values", Texts(row.entries));
+    TTable table;
+    std::string other = "before";
+    EXPECT_EQ(TInmemProperty(declaration).BuildValueMapEntryArray(table, other), row.isUsable);
+    EXPECT_EQ(RangesOf(table), row.ranges) << row.description;
+    EXPECT_EQ(other, "");
+  }
+}
+
+TEST_F(TInmemPropertyTest, TextsAloneAreNumberedFromZero) {
   const auto declaration = Declare(1U);
-  Qualify(*declaration, "ValueMap", Texts({"1", "3..", ".."}));
-  Qualify(*declaration, "Values", Texts({"A", "B", "C"}));
+  Qualify(*declaration, "Values", Texts({"Off", "On"}));
   const TInmemProperty property(declaration);
-  std::vector<TInmemProperty::TValueMapEntry> table;
-  std::string other = "before";
-  EXPECT_FALSE(property.BuildValueMapEntryArray(table, other));
-  EXPECT_EQ(table.size(), 2U);
-  EXPECT_EQ(other, "");
-  EXPECT_EQ(property.LookupInTable(7U, table, other), "B");
+  TTable table{{7, 7, "there before"}};
+  std::string other;
+  EXPECT_TRUE(property.BuildValueMapEntryArray(table, other));
+  EXPECT_EQ(RangesOf(table), "7-7 0-0 1-1 ");
   EXPECT_EQ(Try([&] { property.LookupInTable(1, table, other); }), TOutcome::Quiet(1));
+  EXPECT_EQ(property.ToString(), "On");
   EXPECT_EQ(property.ToStringVector(), TNames{"1"}) << "a scalar has no texts there";
 }
 
-/// A declaration of another implementation, whose every look-up but that of "NULLDISPLAY" throws
-/// the status.
+struct TForeignFailure : TVYRException {
+  using TVYRException::TVYRException;
+};
+
+/// A declaration of another implementation, which has the qualifiers of one of ours, but whose
+/// look-up of one name fails.
 struct TForeignDecl : TInmemDeclaration<ICIMPropertyDecl, TForeignDecl> {
-  TForeignDecl(int lookUpStatus, const TCIMValue& defaultValue)
-      : TInmemDeclaration("Foreign"), status(lookUpStatus), value(defaultValue) {}
+  TForeignDecl(const TCIMValue& defaultValue, const TPropertyDecl& qualified,
+               const std::string& failing)
+      : TInmemDeclaration("Foreign"), value(defaultValue), own(qualified), failingName(failing) {}
 
   using TInmemDeclaration::operator=;
   TForeignDecl& operator=(const TForeignDecl&) { return *this; }
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
                                                 TCIMContext) const override {
-    throw TVYRException(name == "NULLDISPLAY" ? nullStatus : status);
+    if (name == failingName) throw TForeignFailure(28);
+    return own->GetQualifier(name, {});
   }
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string&, bool&,
                                                 TCIMContext) const override {
@@ -107,23 +158,60 @@ struct TForeignDecl : TInmemDeclaration<ICIMPropertyDecl, TForeignDecl> {
   const TCIMValue& GetDefaultValue(TCIMContext) const override { return value; }
   void SetDefaultValue(const TCIMValue&, TCIMContext) override {}
 
-  int status;
-  int nullStatus = status;
   TCIMValue value;
+  TPropertyDecl own;
+  std::string failingName;
 };
 
 TEST_F(TInmemPropertyTest, OnlyAMissingQualifierIsNoFailureWhenShown) {
-  for (const TCIMValue& value : {TCIMValue(5U), TCIMValue("5"), TCIMValue::Null(TType::kUInt8)}) {
-    const auto missing = boost::make_shared<TForeignDecl>(15, value);
-    EXPECT_EQ(TInmemProperty(missing).ToString(), value.ToString(10));
-    const auto failing = boost::make_shared<TForeignDecl>(28, value);
-    EXPECT_EQ(Try([&] { TInmemProperty(failing).ToString(); }), TOutcome::Quiet(28));
+  const struct {
+    const char* failing;
+    TCIMValue value;
+    TValues qualifiers;
+  } rows[] = {
+      {"Values", true, {}},
+      {"ValueMap", 5U, {{"Values", Texts({"Off"})}}},
+      {"BASE", "5", {}},
+      {"BASE", Texts({"x"}), {}},
+      {"NULLDISPLAY", TCIMValue::Null(TType::kUInt8), {}},
+      {"NULLDISPLAY", TCIMValue::Null(TType::kStringArray), {}},
+      {"UNITS", 5U, {}},
+      {"DISPLAYFIXEDUNITS", 5U, {{"UNITS", "Bytes"}}},
+      {"ABBREVIATEUNITS", 5U, {{"UNITS", "Bytes"}}},
+      {"DISPLAYCPUTIME", 5U, {{"UNITS", "Seconds"}}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.failing);
+    const auto own = Declare(row.value);
+    for (const auto& [name, value] : row.qualifiers) Qualify(*own, name, value);
+    const auto show = [&](const std::string& failing) {
+      const auto declaration = boost::make_shared<TForeignDecl>(row.value, own, failing);
+      const TInmemProperty property(declaration);
+      return row.value.IsArray() ? property.ToStringVector() : TNames{property.ToString()};
+    };
+    const TInmemProperty ofOwn(own);
+    EXPECT_EQ(show(""), row.value.IsArray() ? ofOwn.ToStringVector() : TNames{ofOwn.ToString()});
+    try {
+      show(row.failing);
+      ADD_FAILURE() << "shown all the same";
+    } catch (const TVYRException& failure) {
+      EXPECT_EQ(failure.GetStatusCode(), 28);
+      EXPECT_TRUE(typeid(failure) == typeid(TVYRException)) << "it goes on as a plain one";
+    }
   }
-  const auto nulls = boost::make_shared<TForeignDecl>(28, TCIMValue::Null(TType::kStringArray));
-  EXPECT_EQ(Try([&] { TInmemProperty(nulls).ToStringVector(); }), TOutcome::Quiet(28));
-  const auto elements = boost::make_shared<TForeignDecl>(28, Texts({"x"}));
-  elements->nullStatus = 15;
-  EXPECT_EQ(Try([&] { TInmemProperty(elements).ToStringVector(); }), TOutcome::Quiet(28));
+}
+
+TEST_F(TInmemPropertyTest, AQualifierCountsByTheTypeThatItTells) {
+  struct TTextQualifier : TInmemQualifier {
+    using TInmemQualifier::TInmemQualifier;
+    using TInmemQualifier::operator=;
+    TType GetType(TCIMContext) const override { return TType::kString; }
+  };
+  const auto declaration = Declare(255U);
+  const TCIMValue base = static_cast<unsigned char>(16);
+  declaration->AddQualifier(
+      boost::make_shared<TTextQualifier>(declaration, NewQualifierDecl("BASE", base), base), {});
+  EXPECT_EQ(TInmemProperty(declaration).ToString(), "255");
 }
 
 }  // namespace

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace NZELVYR20 {
+
+class TCIMDateTime {
+ public:
+  TCIMDateTime();
+
+  void Set(unsigned int days, unsigned short hours, unsigned short minutes, unsigned short seconds,
+           unsigned int microseconds);
+  std::string ToUIString() const;
+};
+
+}  // namespace NZELVYR20

@@ -12,23 +12,37 @@
 namespace NZELVYR20 {
 namespace {
 
-using TJson = nlohmann::ordered_json;
+using TJson = nlohmann::json;
 using TType = TCIMValue::TCIMType;
+using TItems = std::vector<std::string>;
 
-TJson ValueJson(const TCIMValue& value);
+constexpr std::size_t kIndent = 2;
+constexpr std::size_t kPropertyMargin = 2 * kIndent;
+constexpr std::size_t kItemMargin = 3 * kIndent;
 
-TJson ElementsJson(const TCIMValue& value) {
-  TJson elements = TJson::array();
-  for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
-    elements.push_back(ValueJson(element));
+std::string ScalarText(const TJson& scalar) {
+  return scalar.dump(-1, ' ', false, TJson::error_handler_t::replace);
+}
+
+/// An object or a list, by its brackets. The library is asked for scalars alone: it needs memory to
+/// destroy a list, and so a lack of it would end the process.
+std::string ListText(const std::string& brackets, const TItems& items, std::size_t margin) {
+  if (items.empty()) return brackets;
+  std::string text;
+  for (const std::string& item : items) {
+    text += (text.empty() ? brackets.front() : ',');
+    text += '\n' + std::string(margin + kIndent, ' ') + item;
   }
-  return elements;
+  return text + '\n' + std::string(margin, ' ') + brackets.back();
+}
+
+std::string MemberText(const std::string& name, const std::string& value) {
+  return ScalarText(name) + ": " + value;
 }
 
 /// Numbers as numbers; what JSON has no word for as text.
-TJson ValueJson(const TCIMValue& value) {
+TJson ScalarJson(const TCIMValue& value) {
   if (value.IsNull()) return nullptr;
-  if (value.IsArray()) return ElementsJson(value);
   switch (value.GetType()) {
     case TType::kBoolean:
       return static_cast<bool>(value);
@@ -59,17 +73,32 @@ TJson ValueJson(const TCIMValue& value) {
   }
 }
 
-TJson TextJson(const ICIMProperty& property) {
-  if (property.GetValue({}).IsNull() || !property.IsArray({})) return property.ToString();
-  return property.ToStringVector();
+std::string ValueText(const TCIMValue& value) {
+  if (value.IsNull() || !value.IsArray()) return ScalarText(ScalarJson(value));
+  TItems elements;
+  for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(value)) {
+    elements.push_back(ScalarText(ScalarJson(element)));
+  }
+  return ListText("[]", elements, kItemMargin);
 }
 
-TJson PropertyJson(const ICIMProperty& property, bool isKey) {
-  return {{"type", TPrinter::TypeText(property.GetType({}))},
-          {"key", isKey},
-          {"default", property.IsDefaultValue({})},
-          {"value", ValueJson(property.GetValue({}))},
-          {"text", TextJson(property)}};
+std::string DisplayText(const ICIMProperty& property) {
+  if (property.GetValue({}).IsNull() || !property.IsArray({})) {
+    return ScalarText(property.ToString());
+  }
+  TItems texts;
+  for (const std::string& text : property.ToStringVector()) texts.push_back(ScalarText(text));
+  return ListText("[]", texts, kItemMargin);
+}
+
+std::string PropertyText(const ICIMProperty& property, bool isKey) {
+  return ListText("{}",
+                  {MemberText("type", ScalarText(TPrinter::TypeText(property.GetType({})))),
+                   MemberText("key", ScalarText(isKey)),
+                   MemberText("default", ScalarText(property.IsDefaultValue({}))),
+                   MemberText("value", ValueText(property.GetValue({}))),
+                   MemberText("text", DisplayText(property))},
+                  kPropertyMargin);
 }
 
 }  // namespace
@@ -77,16 +106,17 @@ TJson PropertyJson(const ICIMProperty& property, bool isKey) {
 std::string TInstanceJson::Write(ICIMInstance& instance) {
   const auto cimClass = instance.GetClass({});
   const auto keys = TInstanceReader::ListKeyNames(*cimClass);
-  TJson properties = TJson::object();
+  TItems properties;
   for (const auto& property : TInstanceReader::ListProperties(instance)) {
     const std::string name = TInstanceReader::NameOf(*property);
-    properties[name] = PropertyJson(*property, keys.count(name) > 0);
+    properties.push_back(MemberText(name, PropertyText(*property, keys.count(name) > 0)));
   }
-  const TJson json = {{"class", cimClass->GetName({})},
-                      {"path", instance.GetReference({}).ToString()},
-                      {"properties", properties}};
-  constexpr int kIndent = 2;
-  return json.dump(kIndent, ' ', false, TJson::error_handler_t::replace) + "\n";
+  return ListText("{}",
+                  {MemberText("class", ScalarText(cimClass->GetName({}))),
+                   MemberText("path", ScalarText(instance.GetReference({}).ToString())),
+                   MemberText("properties", ListText("{}", properties, kIndent))},
+                  0) +
+         "\n";
 }
 
 }  // namespace NZELVYR20

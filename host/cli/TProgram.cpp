@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <exception>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "TCommandLine.h"
 #include "TInvocation.h"
 #include "TMachineCollector.h"
+#include "TMemoryWatch.h"
 #include "TMofInput.h"
 #include "TRepository.h"
 #include "TRootObject.h"
@@ -41,9 +43,17 @@ bool NeedsMachine(const TInvocation& invocation) {
   return !options.isEmpty && (invocation.needs == ENeeds::kInstances || !options.mofFiles.empty());
 }
 
-int Execute(const TInvocation& invocation) {
+/// The whole output or none.
+std::string Render(const TInvocation& invocation, const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                   const TMemoryWatch& watch) {
+  std::string output = invocation.command(nameSpace);
+  watch.Check();
+  return output;
+}
+
+int Execute(const TInvocation& invocation, const TMemoryWatch& watch) {
   if (invocation.needs == ENeeds::kNothing) {
-    return Finish(invocation.command({}), {});
+    return Finish(Render(invocation, {}, watch), {});
   }
   if (invocation.options.logLevel) {
     TRootObject::SetLogThreshold(*invocation.options.logLevel);
@@ -53,10 +63,27 @@ int Execute(const TInvocation& invocation) {
     repository.Collect();
   }
   const bool isWhole = TMofInput::LoadFiles(repository.GetNamespace(), invocation.options);
-  const std::string output = invocation.command(repository.GetNamespace());
+  const std::string output = Render(invocation, repository.GetNamespace(), watch);
   const int status = Finish(
       output, invocation.options.isQuiet ? std::vector<TCollectorNote>() : repository.GetNotes());
   return isWhole ? status : 1;
+}
+
+/// Whatever the failure says, a lack of memory is the reason where there was one.
+int ExecuteAndReport(int argc, char** argv) {
+  const TMemoryWatch watch;
+  try {
+    return Execute(TCommandLine::Parse(argc, argv), watch);
+  } catch (const TUsageError& error) {
+    watch.Check();
+    Report("error", error.what());
+    TStandardStreams::WriteErrorLine("Try '" + error.GetHelpCommand() + "'.");
+    return 2;
+  } catch (const std::exception& error) {
+    watch.Check();
+    Report("error", error.what());
+    return 1;
+  }
 }
 
 }  // namespace
@@ -65,13 +92,9 @@ int TProgram::Run(int argc, char** argv) {
   // A reader that has gone must show as a failed write, which can be told from others.
   std::signal(SIGPIPE, SIG_IGN);
   try {
-    return Execute(TCommandLine::Parse(argc, argv));
-  } catch (const TUsageError& error) {
-    Report("error", error.what());
-    TStandardStreams::WriteErrorLine("Try '" + error.GetHelpCommand() + "'.");
-    return 2;
-  } catch (const std::exception& error) {
-    Report("error", error.what());
+    return ExecuteAndReport(argc, argv);
+  } catch (const std::bad_alloc&) {
+    TStandardStreams::WriteErrorText("vyrhost: error: out of memory\n");
     return 1;
   }
 }

@@ -56,7 +56,7 @@ void TProgressLine::Show(const std::string& text) {
 
 void TProgressLine::Clear() {
   if (isShown_) {
-    TStandardStreams::RewriteErrorLine("");
+    TStandardStreams::ClearErrorLine();
     isShown_ = false;
   }
 }

@@ -13,8 +13,10 @@
 namespace NZELVYR20 {
 namespace {
 
+constexpr std::string_view kClearLine = "\r\033[K";
+
 /// 0, or the error number of the write that failed.
-int WriteAll(int descriptor, std::string_view text) {
+int WriteAll(int descriptor, std::string_view text) noexcept {
   while (!text.empty()) {
     const ssize_t written = write(descriptor, text.data(), text.size());
     if (written >= 0) {
@@ -44,11 +46,16 @@ void TStandardStreams::WriteErrorLines(const std::string& lines) {
   WriteAll(STDERR_FILENO, TText::Printable(lines) + "\n");
 }
 
+void TStandardStreams::WriteErrorText(std::string_view text) noexcept {
+  WriteAll(STDERR_FILENO, text);
+}
+
 bool TStandardStreams::IsErrorTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 void TStandardStreams::RewriteErrorLine(const std::string& line) {
-  static const std::string kClearToEnd = "\033[K";
-  WriteAll(STDERR_FILENO, "\r" + TText::OneLine(line) + kClearToEnd);
+  WriteAll(STDERR_FILENO, std::string(kClearLine) + TText::OneLine(line));
 }
+
+void TStandardStreams::ClearErrorLine() noexcept { WriteErrorText(kClearLine); }
 
 }  // namespace NZELVYR20

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace NZELVYR20 {
 
@@ -17,10 +18,14 @@ class TStandardStreams {
   static void WriteErrorLine(const std::string& line);
   /// The same for a text of several lines, in which tabs stay what they are.
   static void WriteErrorLines(const std::string& lines);
+  /// Writes a text as it is, also where there is no memory left.
+  static void WriteErrorText(std::string_view text) noexcept;
 
   static bool IsErrorTerminal();
   /// Writes over the line on which a terminal's cursor stands.
   static void RewriteErrorLine(const std::string& line);
+  /// Takes that line away, also where there is no memory left.
+  static void ClearErrorLine() noexcept;
 };
 
 }  // namespace NZELVYR20

@@ -43,8 +43,10 @@ TInmemClass::TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace,
 TInmemClass::~TInmemClass() = default;
 
 void TInmemClass::Delete(TInmemClass* cimClass) noexcept {
-  thread_local TInmemClass* waiting = nullptr;
-  thread_local bool isDeleting = false;
+  // As a rule the loader allocates the data of a library that is loaded late when a thread first
+  // touches them, and ends the process where it cannot. These few bytes every thread has at once.
+  [[gnu::tls_model("initial-exec")]] thread_local TInmemClass* waiting = nullptr;
+  [[gnu::tls_model("initial-exec")]] thread_local bool isDeleting = false;
   cimClass->nextToDelete_ = std::exchange(waiting, cimClass);
   if (std::exchange(isDeleting, true)) return;
   while (waiting) {

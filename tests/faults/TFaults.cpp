@@ -1,5 +1,6 @@
 #include "TFaults.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -11,7 +12,6 @@ namespace {
 TFaults::EKind armed = TFaults::EKind::kNone;
 int remaining = 0;
 long live = 0;
-long allocations = 0;
 
 }  // namespace
 
@@ -26,30 +26,67 @@ bool TFaults::Disarm() {
 }
 
 bool TFaults::Strikes(EKind kind) {
-  if (kind == EKind::kAllocation) ++allocations;
+  if (armed == EKind::kMemory && kind != EKind::kLog) return --remaining <= 0;
   return kind == armed && --remaining == 0;
 }
 
 long TFaults::CountLiveAllocations() { return live; }
-long TFaults::CountAllocations() { return allocations; }
 
 TFaults::TPause::TPause() : kind_(std::exchange(armed, EKind::kNone)) {}
 TFaults::TPause::~TPause() { armed = kind_; }
 
 }  // namespace NZELVYR20
 
-// NOLINTBEGIN(cppcoreguidelines-no-malloc): what operator new stands on
+using NZELVYR20::TFaults;
+
+// What operator new stands on, by the names that C has for it.
+// NOLINTBEGIN(cppcoreguidelines-no-malloc,readability-identifier-naming)
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
+#ifdef __SANITIZE_ADDRESS__
+#define __libc_malloc malloc
+#else
+namespace {
+
+bool FailsInC() {
+  const bool fails = TFaults::Strikes(TFaults::EKind::kC);
+  if (fails) errno = ENOMEM;
+  return fails;
+}
+
+}  // namespace
+
+#pragma GCC visibility push(default)
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* memory, std::size_t size);
+
+void* malloc(std::size_t size) { return FailsInC() ? nullptr : __libc_malloc(size); }
+
+void* calloc(std::size_t count, std::size_t size) {
+  return FailsInC() ? nullptr : __libc_calloc(count, size);
+}
+
+void* realloc(void* memory, std::size_t size) {
+  return FailsInC() ? nullptr : __libc_realloc(memory, size);
+}
+}
+#pragma GCC visibility pop
+#endif
+
 void* operator new(std::size_t size) {
-  using NZELVYR20::TFaults;
-  void* const memory = TFaults::Strikes(TFaults::EKind::kAllocation) ? nullptr : std::malloc(size);
-  if (memory == nullptr) throw std::bad_alloc();
+  void* const memory = TFaults::Strikes(TFaults::EKind::kNew) ? nullptr : __libc_malloc(size);
+  if (memory == nullptr) {
+    if (const std::new_handler handler = std::get_new_handler()) handler();
+    throw std::bad_alloc();
+  }
   ++NZELVYR20::live;
   return memory;
 }
 
 /// Who asks so can do without, and so it is not made to fail.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  void* const memory = std::malloc(size);
+  void* const memory = __libc_malloc(size);
   if (memory != nullptr) ++NZELVYR20::live;
   return memory;
 }
@@ -60,4 +97,5 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t) noexcept { operator delete(memory); }
-// NOLINTEND(cppcoreguidelines-no-malloc)
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
+// NOLINTEND(cppcoreguidelines-no-malloc,readability-identifier-naming)

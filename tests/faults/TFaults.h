@@ -2,10 +2,13 @@
 
 namespace NZELVYR20 {
 
-/// What can be made to fail: this program's operator new, and the logger of TFaultTest.
+/// What can be made to fail: the operator new of this program, which what it loads shares, and, but
+/// for builds whose sanitizer owns them, the functions of C by which loader, threads and exceptions
+/// get their memory; and the logger of TFaultTest.
 class TFaults {
  public:
-  enum class EKind { kNone, kAllocation, kLog };
+  /// kMemory: new and C alike, and from the n-th on every one.
+  enum class EKind { kNone, kNew, kC, kMemory, kLog };
 
   TFaults() = delete;
 
@@ -13,11 +16,11 @@ class TFaults {
   static void Arm(EKind kind, int n);
   /// Nothing fails any more; tells whether something did.
   static bool Disarm();
-  /// Whether this event is the one that fails.
+  /// Whether this event, of new, C or the log, is one that fails.
   static bool Strikes(EKind kind);
 
+  /// Those of new.
   static long CountLiveAllocations();
-  static long CountAllocations();
 
   /// Nothing fails as long as it lives: for the host's side of a call.
   class TPause {

@@ -21,20 +21,25 @@ TEST(TPluginLoadTest, ARegistrationThatFailsLeavesTheProvidersAsTheyWere) {
   };
   const fs::path folder = fs::path(::testing::TempDir()) / "vyr_plugin_load_test";
   fs::create_directories(folder);
-  bool isStruck = true;
   int tries = 0;
-  while (isStruck && ++tries < 20) {
-    const auto before = find();
-    const fs::path copy = folder / (std::to_string(tries) + ".so");
-    fs::copy_file(INMEM_PLUGIN_PATH, copy, fs::copy_options::overwrite_existing);
-    TFaults::Arm(TFaults::EKind::kAllocation, tries);
-    const void* const library = dlopen(copy.c_str(), RTLD_NOW | RTLD_LOCAL);
-    isStruck = TFaults::Disarm();
-    EXPECT_NE(library, nullptr) << dlerror();
-    EXPECT_EQ(find() == before, isStruck) << "n = " << tries;
+  for (const auto kind : {TFaults::EKind::kNew, TFaults::EKind::kC}) {
+    bool isStruck = true;
+    for (int n = 1; isStruck && n < 200; ++n) {
+      SCOPED_TRACE(++tries);
+      const auto before = find();
+      const fs::path copy = folder / (std::to_string(tries) + ".so");
+      fs::copy_file(INMEM_PLUGIN_PATH, copy, fs::copy_options::overwrite_existing);
+      TFaults::Arm(kind, n);
+      const void* const library = dlopen(copy.c_str(), RTLD_NOW | RTLD_LOCAL);
+      isStruck = TFaults::Disarm();
+      // The loader itself has failed, or has found its way.
+      const bool isLoaded = library != nullptr && (kind == TFaults::EKind::kC || !isStruck);
+      EXPECT_TRUE(library != nullptr || kind == TFaults::EKind::kC) << dlerror();
+      EXPECT_EQ(find() != before, isLoaded);
+    }
+    EXPECT_FALSE(isStruck);
   }
-  EXPECT_FALSE(isStruck);
-  EXPECT_GT(tries, 2);
+  EXPECT_GT(tries, 3);
   fs::remove_all(folder);
 }
 

@@ -7,6 +7,7 @@
 
 #include "INamespaceProviderManager.h"
 #include "TCIMReference.h"
+#include "TInmemNamespaceProvider.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {

@@ -18,7 +18,7 @@
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
 #include "ICIMQualifierDecl.h"
-#include "TInmemNamespaceProvider.h"
+#include "PluginNamespace.h"
 #include "TOutcome.h"
 
 namespace NZELVYR20 {
@@ -58,7 +58,7 @@ class TRepositoryTest : public ::testing::Test {
       : space(NewNamespace(allowRedefinition)) {}
 
   static boost::shared_ptr<ICIMNamespace> NewNamespace(bool allowRedefinition) {
-    return TInmemNamespaceProvider::GetInstance()->AllocateNamespace({}, allowRedefinition);
+    return AllocatePluginNamespace(allowRedefinition);
   }
 
   template <class TOperation>

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "TFaults.h"
+#include "TProgram.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using EKind = TFaults::EKind;
+
+const char* const kModel = R"(
+class MY_Rack { [Key] string TagOfTheRack; [Units("Watts")] uint16 Power = 42; uint32 Reset(); };
+class MY_RackOfTheHall : MY_Rack { [Values{"No power", "Power"}, ValueMap{"0", "1"}] uint8 State; };
+[Association] class MY_Beside { [Key] MY_Rack ref Left; [Key] MY_Rack ref Right; };
+instance of MY_Rack as $a { TagOfTheRack = "the first of the racks"; };
+instance of MY_RackOfTheHall as $b { TagOfTheRack = "the second of the racks"; State = 1; };
+instance of MY_Beside { Left = $a; Right = $b; };
+)";
+
+struct TRun {
+  int status;
+  long leaked;
+  std::string output, errors;
+
+  bool operator==(const TRun& other) const {
+    return status == other.status && output == other.output && errors == other.errors;
+  }
+};
+
+/// Whole commands of the program, in this process, on a repository made of a text, into the loaded
+/// plug-in and out of it.
+class TProgramFaultTest : public ::testing::Test {
+ protected:
+  TProgramFaultTest() { std::ofstream(file_) << kModel; }
+  ~TProgramFaultTest() override { std::remove(file_.c_str()); }
+
+  /// Runs the command with the n-th event of the kind failing; tells whether it came to that.
+  bool Run(const std::vector<std::string>& command, EKind kind, int n) {
+    std::vector<std::string> words = {"vyrhost", "--empty", "--plugin", INMEM_PLUGIN_PATH,
+                                      "--mof",   file_,     "--quiet"};
+    words.insert(words.end(), command.begin(), command.end());
+    std::vector<char*> argv(words.size());
+    std::transform(words.begin(), words.end(), argv.begin(),
+                   [](auto& word) { return word.data(); });
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    const long live = TFaults::CountLiveAllocations();
+    TFaults::Arm(kind, n);
+    run_.status = TProgram::Run(static_cast<int>(argv.size()), argv.data());
+    const bool isStruck = TFaults::Disarm();
+    run_.leaked = TFaults::CountLiveAllocations() - live;
+    run_.output = ::testing::internal::GetCapturedStdout();
+    run_.errors = ::testing::internal::GetCapturedStderr();
+    return isStruck;
+  }
+
+  const std::string file_ = ::testing::TempDir() + "vyr_program_fault_test.mof";
+  TRun run_{};
+};
+
+TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
+  // The commands come by what they allocate; before this last part all do the same.
+  constexpr int kOwnPart = 200;
+  const std::string path = "MY_Rack.TagOfTheRack=\"the first of the racks\"";
+  const std::vector<std::vector<std::string>> commands = {
+      {"showing"},
+      {"show", "MY_Rack"},
+      {"classes", "--tree"},
+      {"instances", "MY_Rack"},
+      {"associators", path},
+      {"show", path},
+      {"references", path},
+      {"class", "MY_RackOfTheHall"},
+      {},
+      {"show", path, "--json"},
+      {"mof"},
+  };
+  std::map<EKind, int> tried;
+  for (const auto& command : commands) {
+    SCOPED_TRACE(::testing::PrintToString(command));
+    Run(command, EKind::kNone, 1);
+    Run(command, EKind::kNone, 1);  // by now there is what is made once for the process
+    const TRun whole = run_;
+    for (const EKind kind : {EKind::kNew, EKind::kC, EKind::kMemory}) {
+      const int step = kind == EKind::kMemory ? 5 : 1;
+      int n = std::max(tried[kind] - kOwnPart, 1);
+      for (; !HasFailure() && Run(command, kind, n); n += step) {
+        SCOPED_TRACE("n = " + std::to_string(n));
+        EXPECT_EQ(run_.leaked, 0);
+        if (run_ == whole) continue;
+        EXPECT_EQ(run_.status, 1);
+        // Where C has no memory to open a file, the file is what is reported.
+        const char* const reason = kind == EKind::kC ? ": error: " : ": error: out of memory\n";
+        EXPECT_NE(run_.errors.find(reason), std::string::npos) << run_.errors;
+      }
+      tried[kind] = n;
+    }
+  }
+  EXPECT_GT(tried[EKind::kNew], 1000);
+}
+
+}  // namespace
+}  // namespace NZELVYR20

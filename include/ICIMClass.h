@@ -44,7 +44,13 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
   /// Validates the class, enters it into its namespace and its superclass's list and, for an
   /// association, registers it with the classes to which its references point. Status 7 first,
   /// then 25 for a name that is no CIM name (logged at level 0), then 16 for a name that is taken
-  /// (level 3) unless the namespace allows redefinition. Up to there a failure changes nothing.
+  /// (level 3) unless the namespace allows redefinition. Up to there a failure changes nothing, and
+  /// lack of memory never does. Only then is the superclass looked for, which must be there, and
+  /// last, of an association, where its references point: what asking a class of another
+  /// implementation throws leaves the class in the namespace.
+  ///
+  /// Redefinition spares classes whose folded name has "zelsg_physicalnetworkport" anywhere in it:
+  /// the first one goes on being found by name, and adding another is no failure.
   virtual void AddToNamespace(TCIMContext context) = 0;
 
   /// Takes the class out of its superclass's list and undoes the registration of an association.
@@ -181,14 +187,19 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
   /// Takes a subclass out of the list, in which it must be.
   virtual void RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) = 0;
 
-  /// Indexes an instance under the text of its path, in place of one that was there.
+  /// Indexes an instance under the text of its path, in place of one that was there. Does nothing
+  /// once the namespace is gone: an instance and its class hold each other, and nobody would part
+  /// them.
   virtual void AddInstance(boost::shared_ptr<ICIMInstance> instance) = 0;
   /// Takes out what stands under the text of the instance's path; nothing there is no error.
   virtual void RemoveInstance(boost::shared_ptr<ICIMInstance> instance) = 0;
 
-  /// Registers an association that refers to this class; a second time has no effect.
+  /// Registers an association that refers to this class; a second time has no effect. It holds the
+  /// association, also once the namespace is gone: a class that holds this one is then kept for
+  /// good.
   virtual void AddAssociationClass(boost::shared_ptr<ICIMClass> association) = 0;
-  /// Undoes the registration; status 15 when there is none.
+  /// Undoes the registration; status 15 when there is none, unless the namespace is gone, whose end
+  /// has undone it.
   virtual void RemoveAssociationClass(boost::shared_ptr<ICIMClass> association) = 0;
 
   /// Adds a property declaration. A reference in a class that is no association is status 22
@@ -200,6 +211,8 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
   /// declared in this very class stays, silently.
   /// Without "OVERRIDE" a name that is taken stays as it is, silently, unless it contains
   /// "PortType" or "speedDuplex": then the new declaration takes the place.
+  /// All this holds for a declaration of another implementation, too, except that one must not come
+  /// to be added.
   virtual void AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) = 0;
   /// Takes out the declaration of that name, own or inherited; status 15 when there is none. The
   /// superclass is not touched.
@@ -209,7 +222,8 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
   /// "OVERRIDE" it replaces an inherited one of its name and return type; another type is status
   /// 14, one declared in this very class status 16, each with two messages at level 3; where none
   /// is inherited it is added, with one message. Without "OVERRIDE" a name that is taken is status
-  /// 16, with one message. A failure changes nothing.
+  /// 16, with one message. A failure changes nothing. One of another implementation must not come
+  /// to be added.
   virtual void AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) = 0;
   /// Takes out the declaration of that name, own or inherited; status 15 when there is none.
   virtual void RemoveMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) = 0;

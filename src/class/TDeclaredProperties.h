@@ -25,7 +25,14 @@ class TDeclaredProperties {
   };
 
   explicit TDeclaredProperties(std::vector<TEntry> entries)
-      : entries_(std::move(entries)), successors_(entries_.size()) {}
+      : entries_(std::move(entries)), successors_(entries_.size()) {
+    for (const TEntry& entry : entries_) entry.declaration->BeginUse();
+  }
+  TDeclaredProperties(const TDeclaredProperties&) = delete;
+  TDeclaredProperties& operator=(const TDeclaredProperties&) = delete;
+  ~TDeclaredProperties() {
+    for (const TEntry& entry : entries_) entry.declaration->EndUse();
+  }
 
   const std::vector<TEntry>& GetEntries() const { return entries_; }
 

@@ -9,30 +9,6 @@
 
 namespace NZELVYR20 {
 
-/// An association's entry at a class to which it refers, made ahead where that class is one of this
-/// repository's.
-class TInmemClass::TRegistration {
- public:
-  TRegistration(const boost::shared_ptr<ICIMClass>& target,
-                const boost::shared_ptr<TInmemClass>& association)
-      : target_(target), association_(association) {
-    entry_.Add(association.get(), association);
-  }
-
-  void Enter() {
-    if (const auto own = boost::dynamic_pointer_cast<TInmemClass>(target_)) {
-      own->associationClasses_.Insert(std::move(entry_));
-    } else {
-      target_->AddAssociationClass(association_);
-    }
-  }
-
- private:
-  boost::shared_ptr<ICIMClass> target_;
-  boost::shared_ptr<TInmemClass> association_;
-  TAssociationClasses::TDraft entry_;
-};
-
 TInmemClass::TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace,
                          const std::string& name, const boost::shared_ptr<TInmemClass>& superClass)
     : TInmemQualifiedElement(TInmemQualifierSet::EMatch::kValue),
@@ -57,24 +33,17 @@ void TInmemClass::Delete(TInmemClass* cimClass) noexcept {
   isDeleting = false;
 }
 
-void TInmemClass::Initialize() {
-  if (HangsUnderRoot()) return;
-  const auto superClass = superClass_.lock();
-  propertyDecls_.Clear();
-  propertyDecls_.Insert(propertyDecls_.GetMissing(superClass->propertyDecls_));
-  methodDecls_.Clear();
-  methodDecls_.Insert(methodDecls_.GetMissing(superClass->methodDecls_));
-  qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(),
-                      TInmemQualifierSet::EInherit::kAllButAbstract);
-}
+void TInmemClass::Initialize() { Inherit(TInmemQualifierSet::EInherit::kAllButAbstract); }
 
-void TInmemClass::PropagateFromSuperClass() {
+void TInmemClass::PropagateFromSuperClass() { Inherit(TInmemQualifierSet::EInherit::kAll); }
+
+void TInmemClass::Inherit(TInmemQualifierSet::EInherit inherit) {
   if (HangsUnderRoot()) return;
   const auto superClass = superClass_.lock();
   auto properties = propertyDecls_.GetMissing(superClass->propertyDecls_);
   auto methods = methodDecls_.GetMissing(superClass->methodDecls_);
-  qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(),
-                      TInmemQualifierSet::EInherit::kAll);
+  qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(), inherit);
+  if (!properties.IsEmpty()) declaredProperties_.reset();
   propertyDecls_.Insert(std::move(properties));
   methodDecls_.Insert(std::move(methods));
 }
@@ -93,34 +62,32 @@ void TInmemClass::ReleaseLinks() {
   subClasses_.Clear();
   associationClasses_.Clear();
   declaredProperties_.reset();
-  ReleaseReferences();
-  // A declaration of a superclass in a namespace that lives on is left as it is. All others may
-  // have nobody else to undo them: the class that declared them may have lost them.
-  const auto release = [](const std::string&, const auto& declaration) {
-    const auto declaringClass = declaration->GetClass(TCIMContext());
-    if (declaringClass && declaringClass->GetNamespace(TCIMContext())) return;
-    declaration->ReleaseReferences();
-  };
-  propertyDecls_.ForEach(release);
-  methodDecls_.ForEach(release);
+  ReleaseClasses();
+  propertyDecls_.Retire();
+  methodDecls_.Retire();
 }
 
-/// What needs memory is made before the class enters the namespace. A status that comes later, of a
-/// qualifier "ASSOCIATION" that is no boolean, leaves what was done before it.
+/// What needs memory is made before the class enters the namespace, and used as things stand when
+/// it is due: the host may change them when classes of its own are asked. What fails after that
+/// leaves what was done before it.
 void TInmemClass::AddToNamespace(TCIMContext) {
   Validate(TCIMContext());
   const auto self = shared_from_this();
-  const auto superClass = superClass_.lock();
-  const auto nameSpace = namespace_.lock();
-  TSubClasses::TDraft listing;
-  listing.Add(superClass->nextSubClass_, self);
-  std::vector<TRegistration> registrations;
-  for (const auto& target : GetClassesToRegisterWith()) registrations.emplace_back(target, self);
-  nameSpace->AddClass(self);
-  superClass->List(std::move(listing), *self);
+  TSubClasses::TSpare listing(self);
+  std::vector<TAssociationClasses::TSpare> registrations;
+  propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
+    if (declaration->GetDefaultValue(TCIMContext()).IsReference()) registrations.emplace_back(self);
+  });
+  namespace_.lock()->AddClass(self);
+  superClass_.lock()->List(std::move(listing), *this);
   isInNamespace_ = true;
   if (!IsAssociation(TCIMContext())) return;
-  for (TRegistration& registration : registrations) registration.Enter();
+  ForEachRegistration([&](ICIMClass& target) {
+    auto* const own = dynamic_cast<TInmemClass*>(&target);
+    if (!own || registrations.empty()) return target.AddAssociationClass(self);
+    own->associationClasses_.Insert(this, std::move(registrations.back()));
+    registrations.pop_back();
+  });
 }
 
 void TInmemClass::RemoveFromNamespace(TCIMContext) {
@@ -128,23 +95,22 @@ void TInmemClass::RemoveFromNamespace(TCIMContext) {
     throw Failure::CannotLeaveNamespace();
   }
   const auto self = shared_from_this();
-  const auto targets = GetClassesToRegisterWith();
   namespace_.lock()->RemoveClass(self);
   if (const auto superClass = superClass_.lock()) superClass->RemoveChildClass(self);
   isInNamespace_ = false;
   if (!IsAssociation(TCIMContext())) return;
-  for (const auto& target : targets) target->RemoveAssociationClass(self);
+  ForEachRegistration([&](ICIMClass& target) { target.RemoveAssociationClass(self); });
 }
 
-/// Where an association registers: with each class that one of its references points to, except as
-/// IsReferenceSkipped says.
-TInmemClass::TClassList TInmemClass::GetClassesToRegisterWith() const {
-  TClassList targets;
-  propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
+/// Visits the classes with which an association registers: each to which one of its references
+/// points, except as IsReferenceSkipped says. `visit` may change the references.
+template <class TVisit>
+void TInmemClass::ForEachRegistration(TVisit visit) const {
+  TPropertyDecls::TCursor cursor(propertyDecls_, TPropertyDecls::EAdded::kVisited);
+  while (const auto declaration = cursor.Next()) {
     const auto target = declaration->GetReferencedClass();
-    if (target && !IsReferenceSkipped(*declaration, target)) targets.push_back(target);
-  });
-  return targets;
+    if (target && !IsReferenceSkipped(*declaration, target)) visit(*target);
+  }
 }
 
 /// Of several references to one class only the last registers, and a reference to a class whose
@@ -152,18 +118,17 @@ TInmemClass::TClassList TInmemClass::GetClassesToRegisterWith() const {
 bool TInmemClass::IsReferenceSkipped(const TInmemPropertyDecl& reference,
                                      const boost::shared_ptr<ICIMClass>& target) const {
   bool isPassed = false;
-  bool isSkipped = false;
-  propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
+  TPropertyDecls::TCursor cursor(propertyDecls_, TPropertyDecls::EAdded::kVisited);
+  while (const auto declaration = cursor.Next()) {
     if (declaration.get() == &reference) {
       isPassed = true;
-      return;
+      continue;
     }
     const auto other = declaration->GetReferencedClass();
-    if (!other) return;
-    isSkipped =
-        isSkipped || (other == target ? isPassed : target->IsSubclassOf(other, TCIMContext()));
-  });
-  return isSkipped;
+    if (!other) continue;
+    if (other == target ? isPassed : target->IsSubclassOf(other, TCIMContext())) return true;
+  }
+  return false;
 }
 
 void TInmemClass::ModifyClass(boost::shared_ptr<ICIMClass>, TCIMContext) {}
@@ -195,16 +160,14 @@ bool TInmemClass::operator<(ICIMClass& other) const { return name_ < other.GetNa
 
 void TInmemClass::AddChildClass(boost::shared_ptr<ICIMClass> subClass) {
   const auto added = InMemory<TInmemClass>(subClass);
-  TSubClasses::TDraft listing;
-  listing.Add(nextSubClass_, added);
-  List(std::move(listing), *added);
+  List(TSubClasses::TSpare(added), *added);
 }
 
 /// Puts the subclass at the end, as `listing` has it.
-void TInmemClass::List(TSubClasses::TDraft listing, const TInmemClass& subClass) {
+void TInmemClass::List(TSubClasses::TSpare listing, const TInmemClass& subClass) {
   const bool mayRedefine = namespace_.lock()->IsRedefinitionAllowed();
   const std::uint64_t position = nextSubClass_++;
-  subClasses_.Insert(std::move(listing));
+  subClasses_.Insert(position, std::move(listing));
   if (!mayRedefine) return;
   subClasses_.EraseFirst([&](std::uint64_t other, const TInmemClass& present) {
     return other != position && present.name_ == subClass.name_;
@@ -229,7 +192,8 @@ void TInmemClass::AddAssociationClass(boost::shared_ptr<ICIMClass> association) 
 }
 
 void TInmemClass::RemoveAssociationClass(boost::shared_ptr<ICIMClass> association) {
-  if (!associationClasses_.Erase(association.get())) throw Failure::NotFound();
+  if (associationClasses_.Erase(association.get()) || namespace_.expired()) return;
+  throw Failure::NotFound();
 }
 
 boost::shared_ptr<ICIMInstance> TInmemClass::AllocateInstance(TCIMContext) {

@@ -8,12 +8,12 @@
 #include <vector>
 
 #include "ICIMClass.h"
+#include "TDeclarationTable.h"
 #include "TDeclaredProperties.h"
 #include "TInmemMethodDecl.h"
 #include "TInmemPropertyDecl.h"
 #include "TInmemQualifiedElement.h"
 #include "TInstanceTable.h"
-#include "TNameTable.h"
 #include "TOrderedTable.h"
 
 namespace NZELVYR20 {
@@ -86,11 +86,10 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
 
   /// AddPropertyDecl; returns the declaration that then stands under the name, this one or another.
   boost::shared_ptr<TInmemPropertyDecl> Declare(
-      const boost::shared_ptr<TInmemPropertyDecl>& declaration);
+      const boost::shared_ptr<ICIMPropertyDecl>& declaration);
 
-  /// Lets go of instances, subclasses, associations and of what its qualifiers, and the defaults
-  /// and qualifiers of its own declarations, refer to: its namespace goes, and these hold one
-  /// another.
+  /// Lets go of instances, subclasses, associations and of what its qualifiers, and declarations
+  /// that no other class needs, refer to: its namespace goes, and these hold one another.
   void ReleaseLinks();
 
   void Validate(TCIMContext context) const override;
@@ -166,11 +165,11 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
  private:
   using TClassList = std::vector<boost::shared_ptr<ICIMClass>>;
   using TPropertyDeclPointer = boost::shared_ptr<TInmemPropertyDecl>;
+  using TPropertyDecls = TDeclarationTable<TInmemPropertyDecl>;
   using TMethodDeclPointer = boost::shared_ptr<TInmemMethodDecl>;
   /// Subclasses in order of addition.
   using TSubClasses = TOrderedTable<std::uint64_t, TInmemClass>;
   using TAssociationClasses = TOrderedTable<const ICIMClass*, TInmemClass>;
-  class TRegistration;
 
   /// Where a walk down the hierarchy goes from a class.
   enum class EStep { kDown, kNext, kUp };
@@ -178,19 +177,20 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   template <class TVisit>
   void WalkDown(TVisit visit);
 
+  void Inherit(TInmemQualifierSet::EInherit inherit);
   bool HangsUnderRoot();
+  template <class TVisit>
+  void ForEachRegistration(TVisit visit) const;
   bool IsReferenceSkipped(const TInmemPropertyDecl& reference,
                           const boost::shared_ptr<ICIMClass>& target) const;
-  TClassList GetClassesToRegisterWith() const;
-  void List(TSubClasses::TDraft listing, const TInmemClass& subClass);
+  void List(TSubClasses::TSpare listing, const TInmemClass& subClass);
 
-  bool IsPropertyDeclAccepted(const TInmemPropertyDecl& declaration, const std::string& key,
+  bool IsPropertyDeclAccepted(const ICIMPropertyDecl& declaration, const std::string& key,
                               const TPropertyDeclPointer& existing) const;
-  bool IsPropertyOverrideAccepted(const TInmemPropertyDecl& declaration, const std::string& key,
+  bool IsPropertyOverrideAccepted(const ICIMPropertyDecl& declaration, const std::string& key,
                                   const TPropertyDeclPointer& existing) const;
-  void CheckMethodDecl(const TInmemMethodDecl& declaration,
-                       const TMethodDeclPointer& existing) const;
-  void CheckMethodOverride(const TInmemMethodDecl& declaration,
+  void CheckMethodDecl(const ICIMMethodDecl& declaration, const TMethodDeclPointer& existing) const;
+  void CheckMethodOverride(const ICIMMethodDecl& declaration,
                            const TMethodDeclPointer& existing) const;
   bool IsDeclaredHere(const boost::shared_ptr<ICIMClass>& declaringClass) const;
 
@@ -202,17 +202,16 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   const boost::weak_ptr<TInmemNamespace> namespace_;
   const std::string name_;
   boost::weak_ptr<TInmemClass> superClass_;
-  TNameTable<TInmemPropertyDecl> propertyDecls_;
+  TPropertyDecls propertyDecls_;
   TSubClasses subClasses_;
   std::uint64_t nextSubClass_ = 0;
   TAssociationClasses associationClasses_;
   TInstanceTable instances_;
   std::uint64_t referenceChanges_ = 0;
-  TNameTable<TInmemMethodDecl> methodDecls_;
+  TDeclarationTable<TInmemMethodDecl> methodDecls_;
   bool isInNamespace_ = false;
-  boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< of the revision below
-  std::uint64_t declaredRevision_ = 0;
-  TInmemClass* nextToDelete_ = nullptr;  ///< see Delete
+  boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< where asked for since
+  TInmemClass* nextToDelete_ = nullptr;                              ///< see Delete
 };
 
 }  // namespace NZELVYR20

@@ -9,6 +9,8 @@ namespace NZELVYR20 {
 
 namespace {
 
+constexpr const char* kOverride = "OVERRIDE";
+
 bool Contains(const std::string& text, const char* part) {
   return text.find(part) != std::string::npos;
 }
@@ -26,9 +28,14 @@ void LogOverrideFailure(const char* kind, const std::string& name, const std::st
                        " in class " + className + ": " + reason);
 }
 
-template <class TDeclaration>
-bool HasOverride(const TDeclaration& declaration) {
-  return declaration.GetQualifiers().FindKey(QualifierKey::kOverride) != nullptr;
+/// Of the repository's own declarations none is asked through the interface, where to have no such
+/// qualifier, as most, costs a throw.
+template <class TOwn, class TInterface>
+bool HasOverride(const TInterface& declaration) {
+  if (const auto* const own = dynamic_cast<const TOwn*>(&declaration)) {
+    return own->GetQualifiers().FindKey(QualifierKey::kOverride) != nullptr;
+  }
+  return declaration.GetQualifier(kOverride, TCIMContext()) != nullptr;
 }
 
 }  // namespace
@@ -38,11 +45,12 @@ bool TInmemClass::IsDeclaredHere(const boost::shared_ptr<ICIMClass>& declaringCl
 }
 
 void TInmemClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
-  Declare(InMemory<TInmemPropertyDecl>(declaration));
+  Declare(declaration);
 }
 
 boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
-    const boost::shared_ptr<TInmemPropertyDecl>& declaration) {
+    const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
+  const auto self = shared_from_this();
   const std::string& name = declaration->GetName(TCIMContext());
   if (declaration->GetType(TCIMContext()) == TCIMValue::TCIMType::kReference &&
       !IsAssociation(TCIMContext())) {
@@ -53,25 +61,33 @@ boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
   const std::string key = TInmemNamespace::NormalizeName(name);
   auto existing = propertyDecls_.Find(key);
   if (!IsPropertyDeclAccepted(*declaration, key, existing)) return existing;
-  propertyDecls_.Put(key, declaration);
-  return declaration;
+  auto added = InMemory<TInmemPropertyDecl>(declaration);
+  if (existing) {
+    propertyDecls_.Put(key, added);
+  } else if (!propertyDecls_.Insert(key, added)) {
+    return propertyDecls_.Find(key);  // the logger was quicker
+  }
+  declaredProperties_.reset();
+  return added;
 }
 
 /// Whether the declaration goes in, in place of the existing one where there is one. A refusal is
 /// silent, or leaves a log line at most: hosts define the same classes again and again and rely on
 /// that. Methods are stricter.
-bool TInmemClass::IsPropertyDeclAccepted(const TInmemPropertyDecl& declaration,
+bool TInmemClass::IsPropertyDeclAccepted(const ICIMPropertyDecl& declaration,
                                          const std::string& key,
                                          const TPropertyDeclPointer& existing) const {
   try {
-    if (HasOverride(declaration)) return IsPropertyOverrideAccepted(declaration, key, existing);
+    if (HasOverride<TInmemPropertyDecl>(declaration)) {
+      return IsPropertyOverrideAccepted(declaration, key, existing);
+    }
   } catch (const TVYRException& failure) {
     if (!Failure::IsNotFound(failure)) return false;
   }
   return !existing || IsRedeclarable(declaration.GetName(TCIMContext()));
 }
 
-bool TInmemClass::IsPropertyOverrideAccepted(const TInmemPropertyDecl& declaration,
+bool TInmemClass::IsPropertyOverrideAccepted(const ICIMPropertyDecl& declaration,
                                              const std::string& key,
                                              const TPropertyDeclPointer& existing) const {
   const std::string& name = declaration.GetName(TCIMContext());
@@ -90,6 +106,7 @@ bool TInmemClass::IsPropertyOverrideAccepted(const TInmemPropertyDecl& declarati
 void TInmemClass::RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
   const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
   if (!propertyDecls_.Erase(key)) throw Failure::NotFound();
+  declaredProperties_.reset();
 }
 
 boost::shared_ptr<ICIMPropertyDecl> TInmemClass::AllocatePropertyDecl(const std::string& name,
@@ -111,31 +128,34 @@ void TInmemClass::EnumeratePropertyDecls(const TCIMPropertyDeclCallback& callbac
 }
 
 boost::shared_ptr<const TDeclaredProperties> TInmemClass::GetDeclaredProperties() {
-  if (!declaredProperties_ || declaredRevision_ != propertyDecls_.GetRevision()) {
-    std::vector<TDeclaredProperties::TEntry> entries;
-    propertyDecls_.ForEach([&](const std::string& key, const TPropertyDeclPointer& declaration) {
-      entries.push_back({key, declaration});
-    });
-    declaredProperties_ = boost::make_shared<const TDeclaredProperties>(std::move(entries));
-    declaredRevision_ = propertyDecls_.GetRevision();
-  }
-  return declaredProperties_;
+  if (declaredProperties_) return declaredProperties_;
+  std::vector<TDeclaredProperties::TEntry> entries;
+  propertyDecls_.ForEach([&](const std::string& key, const TPropertyDeclPointer& declaration) {
+    entries.push_back({key, declaration});
+  });
+  auto made = boost::make_shared<const TDeclaredProperties>(std::move(entries));
+  if (!namespace_.expired()) declaredProperties_ = made;
+  return made;
 }
 
 void TInmemClass::AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
+  const auto self = shared_from_this();
   const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  const auto existing = methodDecls_.Find(key);
+  CheckMethodDecl(*declaration, existing);
   const auto added = InMemory<TInmemMethodDecl>(declaration);
-  CheckMethodDecl(*added, methodDecls_.Find(key));
-  methodDecls_.Put(key, added);
+  existing ? methodDecls_.Put(key, added) : static_cast<void>(methodDecls_.Insert(key, added));
 }
 
 /// Returns when the declaration may go in, in place of the existing one where there is one. Unlike
 /// a property's, a method's refusal reaches the caller, and one of an override logs twice.
-void TInmemClass::CheckMethodDecl(const TInmemMethodDecl& declaration,
+void TInmemClass::CheckMethodDecl(const ICIMMethodDecl& declaration,
                                   const TMethodDeclPointer& existing) const {
   const std::string& name = declaration.GetName(TCIMContext());
   try {
-    if (HasOverride(declaration)) return CheckMethodOverride(declaration, existing);
+    if (HasOverride<TInmemMethodDecl>(declaration)) {
+      return CheckMethodOverride(declaration, existing);
+    }
   } catch (const TVYRException& failure) {
     if (!Failure::IsNotFound(failure)) {
       LogDefinitionFailure("Inmem: Attempt define method " + name + " in class " + name_ +
@@ -149,7 +169,7 @@ void TInmemClass::CheckMethodDecl(const TInmemMethodDecl& declaration,
   throw Failure::AlreadyDefined();
 }
 
-void TInmemClass::CheckMethodOverride(const TInmemMethodDecl& declaration,
+void TInmemClass::CheckMethodOverride(const ICIMMethodDecl& declaration,
                                       const TMethodDeclPointer& existing) const {
   const std::string& name = declaration.GetName(TCIMContext());
   if (!existing) {

@@ -34,7 +34,7 @@ bool TInmemClass::IsAbstract(TCIMContext) const {
 
 void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMContext) {
   const auto self = shared_from_this();
-  TNameTable<TInmemPropertyDecl>::TCursor cursor(propertyDecls_);
+  TPropertyDecls::TCursor cursor(propertyDecls_);
   try {
     while (const auto declaration = cursor.Next(IsKey)) {
       if (!callback(&declaration->GetName(TCIMContext()))) return;
@@ -46,7 +46,7 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
 
 void TInmemClass::Validate(TCIMContext) const {
   if (IsAbstract(TCIMContext())) return;
-  TNameTable<TInmemPropertyDecl>::TCursor cursor(propertyDecls_);
+  TPropertyDecls::TCursor cursor(propertyDecls_);
   if (cursor.Next(IsKey)) return;
   LogDefinitionFailure("Inmem: Class " + name_ + " has no keys");
   throw Failure::NoKeys();

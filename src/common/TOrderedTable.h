@@ -4,6 +4,7 @@
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -27,13 +28,16 @@ class TOrderedTable {
  public:
   using TPointer = boost::shared_ptr<TElement>;
 
-  /// Stands before the element that is next in a walk.
+  /// What a walk makes of elements that come behind its place while it goes on.
+  enum class EAdded { kSkipped, kVisited };
+
+  /// Stands on the element that a walk has come to, or before the next one where that was removed.
   class TCursor {
    public:
-    explicit TCursor(const TOrderedTable& table)
+    explicit TCursor(const TOrderedTable& table, EAdded added = EAdded::kSkipped)
         : table_(table),
-          next_(table.entries_.begin()),
-          lastSerial_(table.revision_),
+          place_(table.entries_.begin()),
+          lastSerial_(added == EAdded::kVisited ? kEverySerial : table.revision_),
           nextCursor_(table.cursors_) {
       table.cursors_ = this;
     }
@@ -55,10 +59,11 @@ class TOrderedTable {
     /// The next element that `matches`, which must not lead to a change of the table.
     template <class TMatches>
     TPointer Next(TMatches matches) {
-      for (; next_ != table_.entries_.end(); ++next_) {
-        const TEntry& entry = next_->second;
+      if (isOnPlace_) ++place_;
+      for (isOnPlace_ = false; place_ != table_.entries_.end(); ++place_) {
+        const TEntry& entry = place_->second;
         if (entry.serial > lastSerial_ || !matches(*entry.element)) continue;
-        ++next_;
+        isOnPlace_ = true;
         return entry.element;
       }
       return TPointer();
@@ -66,9 +71,16 @@ class TOrderedTable {
 
    private:
     friend class TOrderedTable;
+    static constexpr std::uint64_t kEverySerial = ~std::uint64_t{0};
+
+    void MoveTo(typename TEntries::const_iterator next) {
+      place_ = next;
+      isOnPlace_ = false;
+    }
 
     const TOrderedTable& table_;
-    typename TEntries::const_iterator next_;
+    typename TEntries::const_iterator place_;
+    bool isOnPlace_ = false;  ///< else the element there is the next one
     std::uint64_t lastSerial_;
     TCursor* nextCursor_;
   };
@@ -81,10 +93,33 @@ class TOrderedTable {
       entries_.emplace(key, TEntry{element, 0});
     }
 
+    /// Calls `visit(element)` for every entry.
+    template <class TVisit>
+    void ForEach(TVisit visit) const {
+      for (const auto& entry : entries_) visit(*entry.second.element);
+    }
+
+    bool IsEmpty() const { return entries_.empty(); }
+
    private:
     friend class TOrderedTable;
 
     TEntries entries_;
+  };
+
+  /// One entry made ahead whose key is decided when it goes in.
+  class TSpare {
+   public:
+    explicit TSpare(const TPointer& element) {
+      TEntries made;
+      made.emplace(TKey(), TEntry{element, 0});
+      node_ = made.extract(made.begin());
+    }
+
+   private:
+    friend class TOrderedTable;
+
+    typename TEntries::node_type node_;
   };
 
   TOrderedTable() = default;
@@ -107,6 +142,15 @@ class TOrderedTable {
   /// Inserts unless the key is taken; tells whether it did.
   bool Insert(const TKey& key, const TPointer& element) {
     const bool inserted = entries_.emplace(key, TEntry{element, revision_ + 1}).second;
+    if (inserted) ++revision_;
+    return inserted;
+  }
+
+  /// The same with an entry made ahead.
+  bool Insert(TKey key, TSpare spare) noexcept {
+    spare.node_.key() = std::move(key);
+    spare.node_.mapped().serial = revision_ + 1;
+    const bool inserted = entries_.insert(std::move(spare.node_)).inserted;
     if (inserted) ++revision_;
     return inserted;
   }
@@ -145,7 +189,7 @@ class TOrderedTable {
     removed.swap(entries_);
     ++revision_;
     for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-      cursor->next_ = entries_.end();
+      cursor->MoveTo(entries_.end());
     }
   }
 
@@ -155,6 +199,16 @@ class TOrderedTable {
     ++revision_;
     for (auto& made : draft.entries_) made.second.serial = revision_;
     entries_.merge(draft.entries_);
+  }
+
+  /// Puts what `replace(element)` returns in place of each element for which it returns one.
+  template <class TReplace>
+  void ReplaceEach(TReplace replace) {
+    for (auto& [key, entry] : entries_) {
+      TPointer replacement = replace(*entry.element);
+      if (replacement) entry.element.swap(replacement);
+    }
+    ++revision_;
   }
 
   /// What the other table has under keys that are free here.
@@ -177,7 +231,7 @@ class TOrderedTable {
   bool EraseEntry(typename TEntries::const_iterator entry) {
     if (entry == entries_.end()) return false;
     for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-      if (cursor->next_ == entry) ++cursor->next_;
+      if (cursor->place_ == entry) cursor->MoveTo(std::next(entry));
     }
     ++revision_;
     const auto removed = entries_.extract(entry);

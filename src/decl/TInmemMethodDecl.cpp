@@ -10,7 +10,7 @@ namespace NZELVYR20 {
 
 TInmemMethodDecl::TInmemMethodDecl(const boost::shared_ptr<TInmemClass>& owner,
                                    const std::string& name, const TCIMValue::TCIMType& returnType)
-    : TInmemDeclaration(name), returnType_(returnType), class_(owner) {}
+    : TInmemFeatureDecl(name), returnType_(returnType), class_(owner) {}
 
 TInmemMethodDecl::~TInmemMethodDecl() = default;
 
@@ -29,11 +29,11 @@ void TInmemMethodDecl::RemoveParameterDecl(
   if (!parameters_.Erase(key)) throw Failure::NotFound();
 }
 
-void TInmemMethodDecl::ReleaseReferences() {
-  TInmemDeclaration::ReleaseReferences();
+void TInmemMethodDecl::ReleaseClasses() noexcept {
+  TInmemFeatureDecl::ReleaseClasses();
   parameters_.ForEach(
       [](const std::string&, const boost::shared_ptr<TInmemParameterDecl>& parameter) {
-        parameter->ReleaseReferences();
+        parameter->ReleaseClasses();
       });
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "ICIMMethodDecl.h"
-#include "TInmemDeclaration.h"
+#include "TInmemFeatureDecl.h"
 #include "TNameTable.h"
 
 namespace NZELVYR20 {
@@ -14,7 +14,7 @@ class TInmemClass;
 class TInmemParameterDecl;
 
 /// The declaration of a method with its parameters.
-class TInmemMethodDecl : public TInmemDeclaration<ICIMMethodDecl, TInmemMethodDecl> {
+class TInmemMethodDecl : public TInmemFeatureDecl<ICIMMethodDecl, TInmemMethodDecl> {
  public:
   TInmemMethodDecl(const boost::shared_ptr<TInmemClass>& owner, const std::string& name,
                    const TCIMValue::TCIMType& returnType);
@@ -27,7 +27,7 @@ class TInmemMethodDecl : public TInmemDeclaration<ICIMMethodDecl, TInmemMethodDe
   void RemoveParameterDecl(const boost::shared_ptr<TInmemParameterDecl>& parameter);
 
   /// Lets go of the classes that the qualifiers, its own and those of its parameters, hold.
-  void ReleaseReferences();
+  void ReleaseClasses() noexcept;
 
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
                                                 TCIMContext context) const override;
@@ -45,7 +45,7 @@ class TInmemMethodDecl : public TInmemDeclaration<ICIMMethodDecl, TInmemMethodDe
   boost::shared_ptr<ICIMParameterDecl> GetParameterDecl(const std::string& name,
                                                         TCIMContext context) const override;
   void EnumerateParameterDecls(TCIMParameterDeclCallback& callback, TCIMContext context) override;
-  using TInmemDeclaration::operator=;
+  using TInmemFeatureDecl::operator=;
   TInmemMethodDecl& operator=(const TInmemMethodDecl&) { return *this; }
 
  private:

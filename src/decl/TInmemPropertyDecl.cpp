@@ -1,18 +1,17 @@
 #include "TInmemPropertyDecl.h"
 
 #include "Failures.h"
-#include "References.h"
 #include "TInmemClass.h"
 
 namespace NZELVYR20 {
 
 TInmemPropertyDecl::TInmemPropertyDecl(const boost::shared_ptr<TInmemClass>& owner,
                                        const std::string& name, const TCIMValue& defaultValue)
-    : TInmemDeclaration(name), class_(owner), defaultValue_(defaultValue) {}
+    : TInmemFeatureDecl(name), class_(owner), default_(defaultValue) {}
 
 TInmemPropertyDecl::TInmemPropertyDecl(const boost::shared_ptr<const TInmemClass>&,
                                        const boost::shared_ptr<const ICIMPropertyDecl>&)
-    : TInmemDeclaration(std::string()) {}
+    : TInmemFeatureDecl(std::string()), default_(TCIMValue()) {}
 
 TInmemPropertyDecl::~TInmemPropertyDecl() = default;
 
@@ -26,13 +25,13 @@ void TInmemPropertyDecl::RemoveQualifier(const boost::shared_ptr<ICIMQualifier>&
 }
 
 boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetReferencedClass() const {
-  return defaultValue_.IsReference() ? defaultValue_.GetReferencedClass()
-                                     : boost::shared_ptr<ICIMClass>();
+  const TCIMValue& value = default_.Get();
+  return value.IsReference() ? value.GetReferencedClass() : boost::shared_ptr<ICIMClass>();
 }
 
-void TInmemPropertyDecl::ReleaseReferences() {
-  TInmemDeclaration::ReleaseReferences();
-  NZELVYR20::ReleaseReferences(defaultValue_);
+void TInmemPropertyDecl::ReleaseClasses() noexcept {
+  TInmemFeatureDecl::ReleaseClasses();
+  default_.ReleaseClasses();
   ++defaultRevision_;
 }
 
@@ -66,16 +65,14 @@ boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetClass(TCIMContext) const {
   return class_.lock();
 }
 
-TCIMValue::TCIMType TInmemPropertyDecl::GetType(TCIMContext) const {
-  return defaultValue_.GetType();
-}
+TCIMValue::TCIMType TInmemPropertyDecl::GetType(TCIMContext) const { return default_.GetType(); }
 
-bool TInmemPropertyDecl::IsArray(TCIMContext) const { return defaultValue_.IsArray(); }
+bool TInmemPropertyDecl::IsArray(TCIMContext) const { return default_.IsArray(); }
 
-const TCIMValue& TInmemPropertyDecl::GetDefaultValue(TCIMContext) const { return defaultValue_; }
+const TCIMValue& TInmemPropertyDecl::GetDefaultValue(TCIMContext) const { return default_.Get(); }
 
 void TInmemPropertyDecl::SetDefaultValue(const TCIMValue& value, TCIMContext) {
-  defaultValue_ = value;
+  default_.Set(value);
   ++defaultRevision_;
 }
 

@@ -6,7 +6,8 @@
 #include <string>
 
 #include "ICIMPropertyDecl.h"
-#include "TInmemDeclaration.h"
+#include "TInmemFeatureDecl.h"
+#include "TTypedValue.h"
 
 namespace NZELVYR20 {
 
@@ -14,7 +15,7 @@ class TInmemClass;
 
 /// The declaration of a property. It has no type of its own: type and array-ness are those of the
 /// default value.
-class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemPropertyDecl> {
+class TInmemPropertyDecl : public TInmemFeatureDecl<ICIMPropertyDecl, TInmemPropertyDecl> {
  public:
   TInmemPropertyDecl(const boost::shared_ptr<TInmemClass>& owner, const std::string& name,
                      const TCIMValue& defaultValue);
@@ -40,7 +41,7 @@ class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemProp
   std::uint64_t GetDefaultRevision() const { return defaultRevision_; }
 
   /// Lets go of the classes that the default and the qualifiers hold.
-  void ReleaseReferences();
+  void ReleaseClasses() noexcept;
 
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
                                                 TCIMContext context) const override;
@@ -56,12 +57,12 @@ class TInmemPropertyDecl : public TInmemDeclaration<ICIMPropertyDecl, TInmemProp
   bool IsArray(TCIMContext context) const override;
   const TCIMValue& GetDefaultValue(TCIMContext context) const override;
   void SetDefaultValue(const TCIMValue& value, TCIMContext context) override;
-  using TInmemDeclaration::operator=;
+  using TInmemFeatureDecl::operator=;
   TInmemPropertyDecl& operator=(const TInmemPropertyDecl&) { return *this; }
 
  private:
   const boost::weak_ptr<TInmemClass> class_;
-  TCIMValue defaultValue_;
+  TTypedValue default_;
   std::uint64_t defaultRevision_ = 0;
 };
 

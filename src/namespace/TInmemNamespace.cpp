@@ -18,8 +18,8 @@ namespace NZELVYR20 {
 
 namespace {
 
-/// The class of this name is never redefined: the first definition stays, and hosts that define it
-/// again must not notice.
+/// Classes with this anywhere in their names are never redefined: the first definition stays, and
+/// hosts that define one again must not notice.
 constexpr const char* kNeverRedefined = "zelsg_physicalnetworkport";
 
 /// The spelling counts: "<ROOT>" is no CIM name.

@@ -38,7 +38,7 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   const TInmemQualifierSet& GetQualifiers() const { return qualifiers_; }
 
   /// Lets go of the classes that the qualifiers hold.
-  void ReleaseReferences() { qualifiers_.ReleaseReferences(); }
+  void ReleaseClasses() noexcept { qualifiers_.ReleaseClasses(); }
 
  protected:
   explicit TInmemQualifiedElement(TInmemQualifierSet::EMatch match) : qualifiers_(match) {}

@@ -1,8 +1,9 @@
 #include "TInmemQualifier.h"
 
+#include <boost/make_shared.hpp>
+
 #include "ICIMNamedElement.h"
 #include "NormalizedNames.h"
-#include "References.h"
 #include "TInmemQualifierDecl.h"
 
 namespace NZELVYR20 {
@@ -31,10 +32,20 @@ TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>
 
 TInmemQualifier::~TInmemQualifier() = default;
 
-void TInmemQualifier::ReleaseReferences() {
-  NZELVYR20::ReleaseReferences(value_);
-  const auto declaration = boost::dynamic_pointer_cast<const TInmemQualifierDecl>(declaration_);
-  if (declaration) boost::const_pointer_cast<TInmemQualifierDecl>(declaration)->ReleaseReferences();
+bool TInmemQualifier::MayHoldClasses() const {
+  const auto* const declaration = dynamic_cast<const TInmemQualifierDecl*>(declaration_.get());
+  return value_.MayHoldClasses() || (declaration != nullptr && declaration->MayHoldClasses());
+}
+
+boost::shared_ptr<TInmemQualifier> TInmemQualifier::CopyWithoutClasses() const {
+  auto declaration = declaration_;
+  const auto* const own = dynamic_cast<const TInmemQualifierDecl*>(declaration.get());
+  if (own != nullptr && own->MayHoldClasses()) declaration = own->CopyWithoutClasses();
+  auto copy =
+      boost::make_shared<TInmemQualifier>(owner_.lock(), declaration, value_.Get(), flavor_);
+  copy->value_.ReleaseClasses();
+  copy->propagated_ = propagated_;
+  return copy;
 }
 
 void TInmemQualifier::AddToClassOrProperty(TCIMContext) const {
@@ -62,10 +73,10 @@ boost::shared_ptr<const ICIMQualifierDecl> TInmemQualifier::GetDeclaration(TCIMC
   return declaration_;
 }
 
-const TCIMValue& TInmemQualifier::GetValue(TCIMContext) const { return value_; }
+const TCIMValue& TInmemQualifier::GetValue(TCIMContext) const { return value_.Get(); }
 
 void TInmemQualifier::SetValue(const TCIMValue& value, TCIMContext) {
-  value_ = value;
+  value_.Set(value);
   propagated_ = false;
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ICIMQualifier.h"
+#include "TTypedValue.h"
 
 namespace NZELVYR20 {
 
@@ -32,9 +33,12 @@ class TInmemQualifier : public ICIMQualifier,
 
   void SetPropagated(bool propagated) { propagated_ = propagated; }
 
-  /// Lets go of the classes that the value holds, and those that the declaration's default holds
-  /// where the declaration's namespace is gone.
-  void ReleaseReferences();
+  /// Whether the value, or the declaration's default, may hold classes.
+  bool MayHoldClasses() const;
+
+  /// The same for the same element, but for these classes. Others may use the qualifier and its
+  /// declaration as they are.
+  boost::shared_ptr<TInmemQualifier> CopyWithoutClasses() const;
 
   void Validate(TCIMContext context) override;
   void AddToClassOrProperty(TCIMContext context) const override;
@@ -58,7 +62,7 @@ class TInmemQualifier : public ICIMQualifier,
  private:
   const boost::weak_ptr<const ICIMNamedElement> owner_;
   const boost::shared_ptr<const ICIMQualifierDecl> declaration_;
-  TCIMValue value_;
+  TTypedValue value_;
   ICIMQualifierDecl::EFlavor flavor_;
   bool propagated_;
 };

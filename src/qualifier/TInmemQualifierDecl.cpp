@@ -1,7 +1,8 @@
 #include "TInmemQualifierDecl.h"
 
+#include <boost/make_shared.hpp>
+
 #include "NormalizedNames.h"
-#include "References.h"
 #include "TInmemNamespace.h"
 
 namespace NZELVYR20 {
@@ -9,16 +10,15 @@ namespace NZELVYR20 {
 TInmemQualifierDecl::TInmemQualifierDecl(const boost::shared_ptr<TInmemNamespace>& nameSpace,
                                          const std::string& name, const TCIMValue& defaultValue,
                                          EScope scope, EFlavor flavor)
-    : namespace_(nameSpace),
-      name_(name),
-      defaultValue_(defaultValue),
-      scope_(scope),
-      flavor_(flavor) {}
+    : namespace_(nameSpace), name_(name), default_(defaultValue), scope_(scope), flavor_(flavor) {}
 
 TInmemQualifierDecl::~TInmemQualifierDecl() = default;
 
-void TInmemQualifierDecl::ReleaseReferences() {
-  if (namespace_.expired()) NZELVYR20::ReleaseReferences(defaultValue_);
+boost::shared_ptr<TInmemQualifierDecl> TInmemQualifierDecl::CopyWithoutClasses() const {
+  auto copy = boost::make_shared<TInmemQualifierDecl>(namespace_.lock(), name_, default_.Get(),
+                                                      scope_, flavor_);
+  copy->default_.ReleaseClasses();
+  return copy;
 }
 
 void TInmemQualifierDecl::AddToNamespace(TCIMContext) {
@@ -35,16 +35,14 @@ boost::shared_ptr<ICIMNamespace> TInmemQualifierDecl::GetNamespace(TCIMContext) 
   return namespace_.lock();
 }
 
-TCIMValue::TCIMType TInmemQualifierDecl::GetType(TCIMContext) const {
-  return defaultValue_.GetType();
-}
+TCIMValue::TCIMType TInmemQualifierDecl::GetType(TCIMContext) const { return default_.GetType(); }
 
-bool TInmemQualifierDecl::IsArray(TCIMContext) const { return defaultValue_.IsArray(); }
+bool TInmemQualifierDecl::IsArray(TCIMContext) const { return default_.IsArray(); }
 
-const TCIMValue& TInmemQualifierDecl::GetDefaultValue(TCIMContext) const { return defaultValue_; }
+const TCIMValue& TInmemQualifierDecl::GetDefaultValue(TCIMContext) const { return default_.Get(); }
 
 void TInmemQualifierDecl::SetDefaultValue(const TCIMValue& value, TCIMContext) {
-  defaultValue_ = value;
+  default_.Set(value);
 }
 
 ICIMQualifierDecl::EScope TInmemQualifierDecl::GetScope(TCIMContext) const { return scope_; }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "ICIMQualifierDecl.h"
+#include "TTypedValue.h"
 
 namespace NZELVYR20 {
 
@@ -20,8 +21,11 @@ class TInmemQualifierDecl : public ICIMQualifierDecl,
   TInmemQualifierDecl(const TInmemQualifierDecl&) = delete;
   ~TInmemQualifierDecl() override;
 
-  /// Lets go of the classes that the default holds, unless the namespace lives on.
-  void ReleaseReferences();
+  /// Whether the default may hold classes.
+  bool MayHoldClasses() const { return default_.MayHoldClasses(); }
+
+  /// The same, but for the classes that the default holds.
+  boost::shared_ptr<TInmemQualifierDecl> CopyWithoutClasses() const;
 
   void Validate(TCIMContext context) override;
   void AddToNamespace(TCIMContext context) override;
@@ -44,7 +48,7 @@ class TInmemQualifierDecl : public ICIMQualifierDecl,
  private:
   const boost::weak_ptr<TInmemNamespace> namespace_;
   const std::string name_;
-  TCIMValue defaultValue_;
+  TTypedValue default_;
   const EScope scope_;
   EFlavor flavor_;
 };

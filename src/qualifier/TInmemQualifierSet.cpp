@@ -1,6 +1,7 @@
 #include "TInmemQualifierSet.h"
 
 #include <boost/make_shared.hpp>
+#include <new>
 #include <utility>
 
 #include "Failures.h"
@@ -79,10 +80,16 @@ void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
   NoteKey();
 }
 
-void TInmemQualifierSet::ReleaseReferences() {
-  qualifiers_.ForEach([](const std::string&, const boost::shared_ptr<TInmemQualifier>& qualifier) {
-    qualifier->ReleaseReferences();
-  });
+void TInmemQualifierSet::ReleaseClasses() noexcept {
+  try {
+    qualifiers_.ReplaceEach([](const TInmemQualifier& qualifier) {
+      return qualifier.MayHoldClasses() ? qualifier.CopyWithoutClasses()
+                                        : boost::shared_ptr<TInmemQualifier>();
+    });
+  } catch (const std::bad_alloc&) {
+    // A namespace goes, and nobody is there to be told that some of it stays.
+  }
+  NoteKey();
 }
 
 }  // namespace NZELVYR20

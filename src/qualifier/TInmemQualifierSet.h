@@ -67,8 +67,8 @@ class TInmemQualifierSet {
   void Inherit(const TInmemQualifierSet& superClass,
                const boost::shared_ptr<const ICIMNamedElement>& owner, EInherit inherit);
 
-  /// Lets go of the classes that the qualifiers hold.
-  void ReleaseReferences();
+  /// Puts copies that hold no classes in place of the qualifiers that may.
+  void ReleaseClasses() noexcept;
 
  private:
   static bool IsTrue(const TInmemQualifier& qualifier);

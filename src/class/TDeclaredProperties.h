@@ -1,7 +1,9 @@
 #pragma once
 
 #include <algorithm>
+#include <boost/intrusive_ptr.hpp>
 #include <boost/shared_ptr.hpp>
+#include <boost/smart_ptr/intrusive_ref_counter.hpp>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -17,7 +19,9 @@ namespace NZELVYR20 {
 /// The property declarations of a class in one of its states, in ascending order of normalized
 /// name. They never change: all instances made in that state share it, and it keeps their
 /// declarations alive when the class replaces or loses them.
-class TDeclaredProperties {
+///
+/// It counts its holders itself, since each instance is one and a pointer shall do.
+class TDeclaredProperties : public boost::intrusive_ref_counter<TDeclaredProperties> {
  public:
   struct TEntry {
     std::string key;
@@ -72,5 +76,7 @@ class TDeclaredProperties {
   mutable std::vector<std::size_t> successors_;  ///< of the position that was found, by position
   mutable std::size_t last_ = 0;                 ///< the position found last
 };
+
+using TDeclaredPointer = boost::intrusive_ptr<const TDeclaredProperties>;
 
 }  // namespace NZELVYR20

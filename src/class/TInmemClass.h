@@ -82,7 +82,7 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   void TakeOverSubClasses(const TInmemClass& replaced);
 
   /// The present property declarations, shared by all who ask until one changes.
-  boost::shared_ptr<const TDeclaredProperties> GetDeclaredProperties();
+  TDeclaredPointer GetDeclaredProperties();
 
   /// AddPropertyDecl; returns the declaration that then stands under the name, this one or another.
   boost::shared_ptr<TInmemPropertyDecl> Declare(
@@ -210,8 +210,8 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   std::uint64_t referenceChanges_ = 0;
   TDeclarationTable<TInmemMethodDecl> methodDecls_;
   bool isInNamespace_ = false;
-  boost::shared_ptr<const TDeclaredProperties> declaredProperties_;  ///< where asked for since
-  TInmemClass* nextToDelete_ = nullptr;                              ///< see Delete
+  TDeclaredPointer declaredProperties_;  ///< where asked for since
+  TInmemClass* nextToDelete_ = nullptr;  ///< see Delete
 };
 
 }  // namespace NZELVYR20

@@ -127,13 +127,13 @@ void TInmemClass::EnumeratePropertyDecls(const TCIMPropertyDeclCallback& callbac
   Enumerate(shared_from_this(), propertyDecls_, kStopsAndDiscards, callback);
 }
 
-boost::shared_ptr<const TDeclaredProperties> TInmemClass::GetDeclaredProperties() {
+TDeclaredPointer TInmemClass::GetDeclaredProperties() {
   if (declaredProperties_) return declaredProperties_;
   std::vector<TDeclaredProperties::TEntry> entries;
   propertyDecls_.ForEach([&](const std::string& key, const TPropertyDeclPointer& declaration) {
     entries.push_back({key, declaration});
   });
-  auto made = boost::make_shared<const TDeclaredProperties>(std::move(entries));
+  TDeclaredPointer made(new TDeclaredProperties(std::move(entries)));
   if (!namespace_.expired()) declaredProperties_ = made;
   return made;
 }

@@ -36,7 +36,7 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   ~TInmemInstance() override;
 
   /// The declarations that the instance was made with.
-  const boost::shared_ptr<const TDeclaredProperties>& GetDeclared() const { return declared_; }
+  const TDeclaredPointer& GetDeclared() const { return declared_; }
 
   /// What the property at this position is declared by.
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclarationOf(std::size_t position) const;
@@ -168,7 +168,7 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
   const int validationFlags_;
   const boost::shared_ptr<TInmemClass> class_;
-  const boost::shared_ptr<const TDeclaredProperties> declared_;
+  const TDeclaredPointer declared_;
   const TInmemProperties properties_;  ///< one per entry of declared_
   std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
   mutable TPropertyHolder* holders_ = nullptr;  ///< of the properties that somebody holds

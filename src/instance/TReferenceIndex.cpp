@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "TDeclaredProperties.h"
 #include "TInmemInstance.h"
 #include "TReferrerWalk.h"
 

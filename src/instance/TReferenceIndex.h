@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "TDeclaredProperties.h"
 #include "TReferences.h"
 
 namespace NZELVYR20 {
 
-class TDeclaredProperties;
 class TReferrerWalk;
 
 /// Tells which instances in the table of a class may refer to a given instance, without a look at
@@ -89,7 +89,7 @@ class TReferenceIndex {
  private:
   /// The instances that were made with one list of declarations.
   struct TMake {
-    boost::shared_ptr<const TDeclaredProperties> declared;
+    TDeclaredPointer declared;
     std::size_t count;
     std::uint64_t revision;  ///< of the defaults, when Add or Renew looked
   };

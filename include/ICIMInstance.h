@@ -76,10 +76,11 @@ class VYR_EXPORT ICIMInstance : public ICIMElement {
                                              const std::string& role, TCIMContext context) = 0;
 
   /// The property of that name, the same object on every call. Whoever holds it holds the instance;
-  /// its pointers have an owner of their own, the same as long as anybody holds one. A name that the instance lacks is
-  /// status 15, except that one which contains "speedDuplex", "Description" or a well-known status
-  /// name ("HealthState" and its like) is declared on the class on the spot; the property returned
-  /// is then a fresh one with the default value, which the instance does not keep.
+  /// its pointers have an owner of their own, the same as long as anybody holds one. A name that
+  /// the instance lacks is status 15, except that one which contains "speedDuplex", "Description"
+  /// or a well-known status name ("HealthState" and its like) is declared on the class on the spot;
+  /// the property returned is then a fresh one with the default value, which the instance does not
+  /// keep.
   virtual boost::shared_ptr<ICIMProperty> GetProperty(const std::string& name,
                                                       TCIMContext context) const = 0;
 

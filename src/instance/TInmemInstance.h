@@ -104,16 +104,16 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   /// Calls back with an association instance of which a reference is known to point here; always
   /// true.
   bool ReportCandidateClassInstance(const TCIMInstanceCallback& callback,
-                                    const boost::shared_ptr<TInmemInstance>& assocInstance);
+                                    const boost::shared_ptr<TInmemInstance>& assocInstance) const;
 
   /// Calls back with the association instance if one of its references points here; always true.
   bool ExamineCandidateClassInstance(const TCIMInstanceCallback& callback,
-                                     const boost::shared_ptr<ICIMInstance>& assocInstance);
+                                     const boost::shared_ptr<ICIMInstance>& assocInstance) const;
 
   /// The same, but looks at the property named by the role only; always true.
-  bool ExamineCandidateClassInstanceWithRole(const TCIMInstanceCallback& callback,
-                                             const std::string& role,
-                                             const boost::shared_ptr<ICIMInstance>& assocInstance);
+  bool ExamineCandidateClassInstanceWithRole(
+      const TCIMInstanceCallback& callback, const std::string& role,
+      const boost::shared_ptr<ICIMInstance>& assocInstance) const;
 
   /// Calls back with the instance at the first far end that qualifies and returns what that
   /// returns; true when there is none.
@@ -151,7 +151,8 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   boost::shared_ptr<TInmemNamespace> GetInmemNamespace() const;
 
   bool ExamineEnds(const TCIMInstanceCallback& callback,
-                   const boost::shared_ptr<ICIMInstance>& assocInstance, std::size_t hitsBefore);
+                   const boost::shared_ptr<ICIMInstance>& assocInstance,
+                   std::size_t hitsBefore) const;
   const TReferences* FindSettled() const;
   const TReferences::TLink* FindLink(const TEnd& end) const;
   void NoteIfSettled() const noexcept;

@@ -58,7 +58,8 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
 
 /// A callback that fails with status 15 is called again for the next reference that points here.
 bool TInmemInstance::ReportCandidateClassInstance(
-    const TCIMInstanceCallback& callback, const boost::shared_ptr<TInmemInstance>& assocInstance) {
+    const TCIMInstanceCallback& callback,
+    const boost::shared_ptr<TInmemInstance>& assocInstance) const {
   const bool isReported = Probe(false, [&] {
     callback(assocInstance);
     return true;
@@ -67,14 +68,15 @@ bool TInmemInstance::ReportCandidateClassInstance(
 }
 
 bool TInmemInstance::ExamineCandidateClassInstance(
-    const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMInstance>& assocInstance) {
+    const TCIMInstanceCallback& callback,
+    const boost::shared_ptr<ICIMInstance>& assocInstance) const {
   return ExamineEnds(callback, assocInstance, 0);
 }
 
 /// Goes on after so many references that point here.
 bool TInmemInstance::ExamineEnds(const TCIMInstanceCallback& callback,
                                  const boost::shared_ptr<ICIMInstance>& assocInstance,
-                                 std::size_t hitsBefore) {
+                                 std::size_t hitsBefore) const {
   const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
   TEnd end;
   for (std::size_t i = 0; association.FindEnd(i, end); i = end.position + 1) {
@@ -92,7 +94,7 @@ bool TInmemInstance::ExamineEnds(const TCIMInstanceCallback& callback,
 
 bool TInmemInstance::ExamineCandidateClassInstanceWithRole(
     const TCIMInstanceCallback& callback, const std::string& role,
-    const boost::shared_ptr<ICIMInstance>& assocInstance) {
+    const boost::shared_ptr<ICIMInstance>& assocInstance) const {
   const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
   return Probe(true, [&] {
     TEnd end;

@@ -100,8 +100,8 @@ class TReferenceIndex {
                      const TFoundEnds& found);
   void Link(TReferences& references, TInstanceEntry& entry, std::uint32_t position,
             TInmemClass& referencedClass, TInstanceEntry& end);
-  std::uint32_t AddReferrer(TReferenceTarget& target, TInstanceEntry& entry,
-                            const TReferences& references);
+  static std::uint32_t AddReferrer(TReferenceTarget& target, TInstanceEntry& entry,
+                                   const TReferences& references);
   void Unlink(TReferences& references, const TReferences::TLink& link) noexcept;
   void UnlinkAll(TReferences& references) noexcept;
   void ForgetTarget(TReferenceTarget& target) noexcept;

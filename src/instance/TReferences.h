@@ -31,7 +31,7 @@ struct TStanding {
 /// Where the references of an instance were found to lead while it was validated.
 struct TFoundEnds {
   struct TEnd {
-    std::uint32_t position;  ///< of the property in its instance
+    std::uint32_t position = 0;  ///< of the property in its instance
     TStanding standing;
   };
   std::vector<TEnd> ends;

@@ -18,11 +18,11 @@ void PrefetchShared(const TObject* object) {
 }
 
 void PrefetchEnds(TInstanceEntry* const* first, TInstanceEntry* const* end) {
-  for (auto entry = first; entry != end; ++entry) {
+  for (const auto* entry = first; entry != end; ++entry) {
     if (!(*entry)->references) continue;
     for (const auto& link : (*entry)->references->links) __builtin_prefetch(link.target);
   }
-  for (auto entry = first; entry != end; ++entry) {
+  for (const auto* entry = first; entry != end; ++entry) {
     if (!(*entry)->references) continue;
     for (const auto& link : (*entry)->references->links) {
       __builtin_prefetch(&link.target->GetEntry());
@@ -123,8 +123,8 @@ void TReferrerWalk::PrefetchCandidates() const {
   if (next_ % kAhead != 0) return;
   const auto* const first = candidates_.data() + next_;
   const auto* const end = first + std::min(kAhead, candidates_.size() - next_);
-  for (auto entry = first; entry != end; ++entry) __builtin_prefetch(*entry);
-  for (auto entry = first; entry != end; ++entry) {
+  for (const auto* entry = first; entry != end; ++entry) __builtin_prefetch(*entry);
+  for (const auto* entry = first; entry != end; ++entry) {
     PrefetchShared((*entry)->instance.get());
     if (followsEnds_) __builtin_prefetch((*entry)->references.get());
   }

@@ -37,7 +37,7 @@ class TReferrers {
   }
 
   void Clear() noexcept {
-    TSlots().swap(slots_);
+    slots_.clear();
     count_ = sorted_ = 0;
   }
 

@@ -208,6 +208,7 @@ void TInmemNamespace::ExecuteQuery(const TCIMInstanceCallback&, std::string&, st
 }
 
 ICIMNamespace& TInmemNamespace::operator=(ICIMNamespace&) { return *this; }
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): it copies nothing
 TInmemNamespace& TInmemNamespace::operator=(const TInmemNamespace&) { return *this; }
 
 }  // namespace NZELVYR20

@@ -50,13 +50,13 @@ class TIndexCheck {
   }
 
   void CheckRemoved(const TInstanceEntry& entry) {
-    Expect(!entry.references && !entry.targets, "nothing is known of what was taken out");
+    Expect(!entry.references && entry.targets == nullptr, "nothing is known of what was taken out");
     Expect(table_.FindEntry(entry.path) != &entry, "what was taken out is not found");
   }
 
   void CheckEntry(const TInstanceEntry& entry) {
     std::size_t places = 0;
-    for (const auto* own = entry.instance->entries_; own; own = own->nextOfInstance) {
+    for (const auto* own = entry.instance->entries_; own != nullptr; own = own->nextOfInstance) {
       places += own == &entry ? 1 : 0;
     }
     Expect(places == 1, "an instance knows its place, once");
@@ -66,7 +66,7 @@ class TIndexCheck {
     }
     if (entry.references) CheckReferences(entry);
     std::set<const TReferenceIndex*> seen;
-    for (const auto* target = entry.targets; target; target = target->nextOfEntry_) {
+    for (const auto* target = entry.targets; target != nullptr; target = target->nextOfEntry_) {
       Expect(seen.insert(target->index_).second, "an index has one target for an entry");
       CheckTarget(*target, entry);
     }
@@ -86,7 +86,7 @@ class TIndexCheck {
     }
     const TReferences::TLink* before = nullptr;
     for (const TReferences::TLink& link : references.links) {
-      Expect(!before || before->position < link.position, "links stand in order");
+      Expect(before == nullptr || before->position < link.position, "links stand in order");
       CheckLink(link, entry);
       before = &link;
     }
@@ -98,8 +98,9 @@ class TIndexCheck {
            "a link knows the class of its own value");
     const TInstanceEntry& end = link.target->GetEntry();
     const TReferenceTarget* known = end.targets;
-    while (known && known != link.target) known = known->nextOfEntry_;
-    Expect(known && link.target->index_ == &index_, "an entry knows the targets that it is");
+    while (known != nullptr && known != link.target) known = known->nextOfEntry_;
+    Expect(known != nullptr && link.target->index_ == &index_,
+           "an entry knows the targets that it is");
     const auto& slots = link.target->referrers.GetSlots();
     Expect(link.slot < slots.size() && slots[link.slot] == &entry, "a link knows its slot");
     const TCIMReference path(entry.instance->properties_[link.position].GetValue({}));
@@ -113,7 +114,7 @@ class TIndexCheck {
     Expect(!target.referrers.IsEmpty(), "a target has referrers");
     CheckReferrers(target.referrers, [&](const TReferences& references, std::uint32_t slot) {
       const auto* const link = references.FindLinkTo(target);
-      return link && link->slot == slot && references.index == target.index_;
+      return link != nullptr && link->slot == slot && references.index == target.index_;
     });
   }
 

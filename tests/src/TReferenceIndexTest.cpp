@@ -1,4 +1,5 @@
 #include <boost/make_shared.hpp>
+#include <map>
 #include <random>
 
 #include "CheckIndex.h"
@@ -231,6 +232,32 @@ TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
       }
     }
   }
+}
+
+TEST_F(TReferenceIndexTest, AWalkMeetsWhatComesToReferAhead) {
+  const auto a = PutInstance(element, "a");
+  const auto b = PutInstance(element, "b");
+  std::map<std::string, TInstance> links;
+  for (const char* id : {"1", "2", "3", "4", "5", "6", "7"}) {
+    const auto& end = *id % 2 == 1 ? a : b;
+    links[id] = PutLink(id, RefTo(end), RefTo(end));
+  }
+  const auto turn = [&](const char* id, const TInstance& end) {
+    links[id]->SetPropertyValue("Part", RefTo(end), {});
+    links[id]->SetPropertyValue("System", RefTo(end), {});
+  };
+  std::string visited;
+  const auto act = [&](const TInstance& link) {
+    const std::string id = link->GetProperty("Id", {})->ToString();
+    visited += id;
+    if (id == "1") turn("6", a), turn("4", a), turn("3", b), turn("4", a);
+    if (id == "4") turn("2", a), links["5"]->Delete({}), PutLink("55", RefTo(a), RefTo(a));
+    if (id == "6") turn("1", a), PutLink("7", RefTo(a), RefTo(b)), PutLink("6", RefTo(a), RefTo(a));
+    return true;
+  };
+  a->EnumerateAssociationInstances(act, "", "", {});
+  EXPECT_EQ(visited, "1467");
+  CheckAll();
 }
 
 /// Ends and links come, change, go and come again, under several paths and in replaced classes;

@@ -247,8 +247,8 @@ TEST_F(TReferenceIndexTest, AWalkMeetsWhatComesToReferAhead) {
     links[id]->SetPropertyValue("System", RefTo(end), {});
   };
   std::string visited;
-  const auto act = [&](const TInstance& link) {
-    const std::string id = link->GetProperty("Id", {})->ToString();
+  const auto act = [&](const TInstance& association) {
+    const std::string id = association->GetProperty("Id", {})->ToString();
     visited += id;
     if (id == "1") turn("6", a), turn("4", a), turn("3", b), turn("4", a);
     if (id == "4") turn("2", a), links["5"]->Delete({}), PutLink("55", RefTo(a), RefTo(a));

@@ -103,12 +103,11 @@ inline void Forget(TWorld& w) {
 
 inline void ShowInstance(TWorld& w) {
   w.out << w.Text(w.I()) << w.I()->GetReference({}).GetPath() << w.I()->BuildPath({}).ToString();
-  w.I()->EnumerateProperties(
-      [&](const auto& one) {
-        w.ShowProperty(one);
-        return true;
-      },
-      {});
+  const auto show = [&](const auto& one) {
+    w.ShowProperty(one);
+    return true;
+  };
+  w.I()->EnumerateProperties(show, {});
 }
 
 inline void UseProperty(TWorld& w) {
@@ -157,6 +156,7 @@ enum ERow {
   kForget,
   kRemoveClass,
   kRemoveProperty,
+  kSubClasses,
 };
 
 #define MODEL_ROW(weight, pattern, ...)             \
@@ -206,6 +206,8 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(1, "c@a.RemoveFromNamespace()", Require(w.Lives(*w.C()));
               w.C()->RemoveFromNamespace({})),
     MODEL_ROW(1, "c@a.RemovePropertyDecl(d@b)", w.C()->RemovePropertyDecl(w.D())),
+    MODEL_WALK(2, "c@a.EnumerateSubClasses(conduct @F, deep if @b is odd)",
+               w.C()->EnumerateSubClasses(take, w.s.b % 2 == 1, {})),
     MODEL_ROW(1, "q@a.SetFlavor(@F), or UnsetFlavor or SetDefaultValue(@V), by @b",
               if (w.s.b % 3 == 0) w.Q()->SetFlavor(w.Flavor(), {});
               if (w.s.b % 3 == 1) w.Q()->UnsetFlavor(w.Flavor(), {});
@@ -255,8 +257,6 @@ inline const TOperation kOperations[] = {
     MODEL_WALK(1, "@N.EnumerateRootClasses(conduct @F)", w.N()->EnumerateRootClasses(take, {})),
     MODEL_WALK(1, "@N.EnumerateQualifierDecls(conduct @F)",
                w.N()->EnumerateQualifierDecls(take, {})),
-    MODEL_WALK(2, "c@a.EnumerateSubClasses(conduct @F, deep if @b is odd)",
-               w.C()->EnumerateSubClasses(take, w.s.b % 2 == 1, {})),
     MODEL_WALK(3, "c@a.EnumerateInstances(conduct @F, deep if @b is odd)",
                w.C()->EnumerateInstances(take, w.s.b % 2 == 1, {})),
     MODEL_WALK(1, "c@a.EnumeratePropertyDecls(conduct @F)",

@@ -219,7 +219,7 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
 
   template <class TDeclaration>
   TPtr<TDeclaration> Declare(TText given, const TCIMValue& value) {
-    const auto made = boost::make_shared<TDeclaration>();
+    auto made = boost::make_shared<TDeclaration>();
     made->name = given;
     made->owner = shared_from_this();
     made->value = value;
@@ -327,7 +327,7 @@ struct TModelProperty : ICIMProperty {
   std::optional<TCIMValue> value = {}, previous = {};
 
   static TPtr<TModelProperty> Make(const TPtr<TModelPropertyDecl>& declared) {
-    const auto made = boost::make_shared<TModelProperty>();
+    auto made = boost::make_shared<TModelProperty>();
     made->declaration = declared;
     return made;
   }

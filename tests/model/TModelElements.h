@@ -86,7 +86,7 @@ template <class TKey, class T>
 struct TTable {
   struct TEntry {
     TPtr<T> element;
-    unsigned serial;      ///< tells a walk what came after its start
+    unsigned serial = 0;  ///< tells a walk what came after its start
     TPtr<void> use = {};  ///< goes when the element is taken out
   };
   std::map<TKey, TEntry> entries = {};
@@ -107,7 +107,7 @@ struct TTable {
     entries[key].use.swap(use);
   }
   void Append(const TPtr<T>& element) { Insert(static_cast<TKey>(serial + 1), element); }
-  bool Erase(const TKey& key) { return entries.extract(key) ? true : false; }
+  bool Erase(const TKey& key) { return !entries.extract(key).empty(); }
   void Remove(TText name) {
     if (!Erase(Normalize(name))) throw TVYRException(15);
   }
@@ -194,7 +194,7 @@ struct TModelQualifierDecl : TModelCompared<ICIMQualifierDecl>,
   EFlavor GetFlavor(TAny) const override { return flavor; }
 
   TPtr<TModelQualifierDecl> Free() const {
-    const auto freed = boost::make_shared<TModelQualifierDecl>(*this);
+    auto freed = boost::make_shared<TModelQualifierDecl>(*this);
     freed->value.Release();
     return freed;
   }
@@ -239,7 +239,7 @@ struct TModelQualifier : TModelCompared<ICIMQualifier>,
   /// none.
   TPtr<TModelQualifier> Free() const {
     if (!value.IsReference() && !GetOwn().value.IsReference()) return {};
-    const auto freed = boost::make_shared<TModelQualifier>(*this);
+    auto freed = boost::make_shared<TModelQualifier>(*this);
     freed->value.Release();
     if (GetOwn().value.IsReference()) freed->declaration = GetOwn().Free();
     return freed;

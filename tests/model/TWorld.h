@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <boost/algorithm/string/predicate.hpp>
 #include <typeinfo>
 #include <utility>
@@ -33,7 +34,7 @@ struct TDerivedFailure : TVYRException {
 /// Eight registers for elements of one kind.
 template <class T>
 struct TRegisters {
-  TPtr<T> held[8] = {};
+  std::array<TPtr<T>, 8> held = {};
   TPtr<T>& operator[](int at) { return held[at & 7]; }
   TPtr<T> operator()(int at) const { return held[at & 7] ? held[at & 7] : throw TNothingThere(); }
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/algorithm/string/split.hpp>
+#include <set>
 
 #include "TWorld.h"
 
@@ -103,16 +104,19 @@ inline void Forget(TWorld& w) {
 
 inline void ShowInstance(TWorld& w) {
   w.out << w.Text(w.I()) << w.I()->GetReference({}).GetPath() << w.I()->BuildPath({}).ToString();
+  std::set<TPtr<ICIMProperty>> owners;
   const auto show = [&](const auto& one) {
     w.ShowProperty(one);
-    return true;
+    return owners.insert(one).second;
   };
   w.I()->EnumerateProperties(show, {});
+  w.out << "\n  of " << owners.size() << " owners";
 }
 
 inline void UseProperty(TWorld& w) {
   const auto property = w.I()->GetProperty(w.In(kProperties), {});
-  w.out << (property == w.I()->GetProperty(w.In(kProperties), {}));
+  const auto again = w.I()->GetProperty(w.In(kProperties), {});
+  w.out << (property == again) << (property < again || again < property);
   w.ShowProperty(property);
   if (w.s.flag % 4 == 0) property->SetPrevValue();
   if (w.s.flag % 4 == 1) property->SetPrevValue(w.Value());

@@ -23,8 +23,9 @@ class TTypedValue {
 
   /// Whether it is a reference, or an array of them.
   bool MayHoldClasses() const {
-    return type_ == TCIMValue::TCIMType::kReference ||
-           type_ == TCIMValue::TCIMType::kReferenceArray;
+    const auto type = value_.GetType();
+    return type == TCIMValue::TCIMType::kReference ||
+           type == TCIMValue::TCIMType::kReferenceArray;
   }
 
   void ReleaseClasses() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/algorithm/string/split.hpp>
+#include <set>
 
 #include "TWorld.h"
 
@@ -22,151 +23,274 @@ inline const TPool kMethods = Pool("Reset|RESET|Stop|PortType|a b");
 inline const TPool kQualifiers =
     Pool("KEY|OVERRIDE|ASSOCIATION|ABSTRACT|NULLDISPLAY|BASE|Version|key|Override|version|9");
 
+inline const std::vector<TCIMValue>& GetConstants() {
+  static const std::vector<TCIMValue> constants = {true,
+                                                   "a",
+                                                   "b",
+                                                   static_cast<unsigned short>(0),
+                                                   static_cast<unsigned short>(2),
+                                                   TCIMValue::Null(TType::kString),
+                                                   TCIMValue::Null(TType::kUInt16),
+                                                   TCIMValue(),
+                                                   false,
+                                                   TCIMValue::Null(TType::kBoolean),
+                                                   static_cast<unsigned char>(16),
+                                                   1536U,
+                                                   -5,
+                                                   1ULL << 60U,
+                                                   "quote\"d",
+                                                   "",
+                                                   TCIMValue::Array(TType::kString, {"a", "b"}),
+                                                   TCIMValue::Array(TType::kBoolean, {true, false}),
+                                                   TCIMValue::Null(TType::kUInt16Array),
+                                                   TCIMDateTime(),
+                                                   TCIMValue::Null(TType::kDateTime)};
+  return constants;
+}
+/// Of 32 values; then come null references to classes, and references to instances in five forms.
+constexpr int kConstants = 21;
+constexpr int kReference = 24;
+
+inline TCIMValue TWorld::Value() const {
+  const int at = s.value % 32;
+  const int from = s.value / 32;
+  if (at < kConstants) return GetConstants()[at];
+  const auto named = at < kReference || at > 29 ? c(from) : i(from)->GetClass({});
+  Require(Lives(*named));
+  if (at < kReference) return TCIMValue::NullReference(named);
+  if (at > 29) {  // the class need not be of that namespace
+    TCIMReference path(n(from / 8), {});
+    path.SetClass(named);
+    path.AddKeyValue("Name", at == 30 ? "a" : "b");
+    return path;
+  }
+  const TCIMReference path = i(from)->GetReference({});
+  Require(path.GetPath().size() <=
+          200);  // escaping doubles with every level of a reference in a key
+  if (at == 29) return TCIMValue::Array(TType::kReference, {path});
+  return at < 28 ? TCIMValue(path) : TCIMValue(path, path.GetClass()->GetSuperClass({}));
+}
+
 /// One row for each operation: how often it is drawn, how people read it, and what it does.
 struct TOperation {
   int weight;
   const char* pattern;
-  void (*onPlugin)(TWorld<false>&);
-  void (*onModel)(TWorld<true>&);
-
-  template <class TFunction>
-  TOperation(int often, const char* text, TFunction function)
-      : weight(often), pattern(text), onPlugin(function), onModel(function) {}
+  void (*run)(TWorld&);
 };
 
-template <bool kIsModel>
-void AllocateClass(TWorld<kIsModel>& w) {
+inline void AllocateClass(TWorld& w) {
   const std::string& name = w.In(kClasses);
-  auto super = w.c[w.s.b];
-  if (w.s.flag % 3 == 0) super = {};
+  const auto super = w.s.flag % 3 == 0 ? TPtr<ICIMClass>() : w.c[w.s.b];
   // A class below one of its own name could, by redefinition, become its own descendant.
   for (auto at = super; at; at = at->GetSuperClass({})) {
-    const std::string above = at->GetName({});
-    const auto isSame = [](char x, char y) { return tolower(x) == tolower(y); };
-    if (std::equal(above.begin(), above.end(), name.begin(), name.end(), isSame)) return;
+    if (boost::algorithm::iequals(at->GetName({}), name)) return;
   }
-  w.c[w.s.a] = w.space->AllocateClass(name, super, {});
-  w.kept.push_back(w.C());
+  w.c[w.s.a] = w.N()->AllocateClass(name, super, {});
   w.out << w.Text(w.C());
 }
 
-// The first rows are those that recipes name.
-constexpr int kClass = 0, kAddClass = 1, kDeclare = 2, kAddDeclared = 3, kAttach = 4, kProperty = 5,
-              kAddProperty = 6, kInstance = 7, kSet = 8, kAddInstance = 9, kMethod = 10,
-              kAddMethod = 11, kReferences = 12, kAssociators = 13;
+inline void GetInstance(TWorld& w) {
+  const auto found = w.N()->GetInstance(static_cast<TCIMReference>(w.Value()), {});
+  w.out << w.Text(found);
+  if (found) w.i[w.s.b] = found;
+}
 
-#define MODEL_ROW(weight, pattern, ...)           \
-  {                                               \
-    weight, pattern, [](auto& w) { __VA_ARGS__; } \
+inline void Forget(TWorld& w) {
+  if (w.s.flag % 4 == 0) w.c[w.s.a] = {};
+  if (w.s.flag % 4 == 1) w.i[w.s.b] = {};
+  if (w.s.flag % 4 == 2) w.d[w.s.b] = {}, w.m[w.s.b] = {};
+  if (w.s.flag % 4 == 3) w.q[w.s.a] = {};
+}
+
+inline void ShowInstance(TWorld& w) {
+  w.out << w.Text(w.I()) << w.I()->GetReference({}).GetPath() << w.I()->BuildPath({}).ToString();
+  std::set<TPtr<ICIMProperty>> owners;
+  const auto show = [&](const auto& one) {
+    w.ShowProperty(one);
+    return owners.insert(one).second;
+  };
+  w.I()->EnumerateProperties(show, {});
+  w.out << "\n  of " << owners.size() << " owners";
+}
+
+inline void UseProperty(TWorld& w) {
+  const auto property = w.I()->GetProperty(w.In(kProperties), {});
+  const auto again = w.I()->GetProperty(w.In(kProperties), {});
+  w.out << (property == again) << (property < again || again < property);
+  w.ShowProperty(property);
+  if (w.s.flag % 4 == 0) property->SetPrevValue();
+  if (w.s.flag % 4 == 1) property->SetPrevValue(w.Value());
+  if (w.s.flag % 4 == 2) property->SetValue(w.Value(), {});
+}
+
+inline void Compare(TWorld& w) {
+  const int kind = w.s.flag % 5;
+  if (kind == 0) w.Compare(w.c(w.s.a), w.c(w.s.b), true);
+  if (kind == 1) w.Compare(w.i(w.s.a), w.i(w.s.b), false);
+  if (kind == 2) w.Compare(w.d(w.s.a), w.d(w.s.b), true);
+  if (kind == 3) w.Compare(w.m(w.s.a), w.m(w.s.b), true);
+  if (kind == 4) w.Compare(w.q(w.s.a), w.q(w.s.b), true);
+}
+
+inline void CompareQualifiers(TWorld& w) {
+  const auto make = [&](int at) { return w.C()->AllocateQualifier(w.q(at), true, {}); };
+  w.Compare(make(w.s.b), make(w.s.flag), true);
+}
+
+// The first rows are those that recipes name.
+enum ERow {
+  kSpace,
+  kClass,
+  kAddClass,
+  kDeclare,
+  kAddDeclared,
+  kAttach,
+  kProperty,
+  kAddProperty,
+  kInstance,
+  kSet,
+  kAddInstance,
+  kMethod,
+  kAddMethod,
+  kReferences,
+  kAssociators,
+  kGetClass,
+  kGetInstance,
+  kDelete,
+  kForget,
+  kRemoveClass,
+  kRemoveProperty,
+  kSubClasses,
+};
+
+#define MODEL_ROW(weight, pattern, ...)             \
+  {                                                 \
+    weight, pattern, [](TWorld& w) { __VA_ARGS__; } \
   }
-#define MODEL_WALK(weight, pattern, isOrdered, ...) \
-  MODEL_ROW(weight, pattern, w.List(isOrdered, [&](auto& take) { __VA_ARGS__; }))
+#define MODEL_WALK(weight, pattern, ...) \
+  MODEL_ROW(weight, pattern, w.List([&](const auto& take) { __VA_ARGS__; }))
 inline const TOperation kOperations[] = {
-    MODEL_ROW(1, "c@a = ns.AllocateClass(@C, c@b or root)", AllocateClass(w)),
-    MODEL_ROW(3, "c@a.AddToNamespace()", if (!w.C()->IsRootClass({})) w.C()->AddToNamespace({})),
-    MODEL_ROW(1, "q@a = ns.AllocateQualifierDecl(@Q, @V, flavor @F)",
-              w.q[w.s.a] = w.space->AllocateQualifierDecl(w.In(kQualifiers), w.value,
-                                                          ICIMQualifierDecl::kAny, w.Flavor(), {})),
-    MODEL_ROW(1, "q@a.AddToNamespace()", w.Q()->AddToNamespace({})),
-    MODEL_ROW(6, "@E.AllocateQualifier(q@F, @V).AddToClassOrProperty()", w.OnElement([&](auto& e) {
-      w.Attach(e->AllocateQualifier(w.q(w.s.flag), w.value, {}), *e);
-    })),
+    MODEL_ROW(0, "@N = a namespace, with redefinition if @f is odd; none if 0", w.n[w.s.space] = {};
+              if (w.s.flag != 0) w.n[w.s.space] = w.allocate(w.s.flag % 2 == 1)),
+    MODEL_ROW(1, "c@a = @N.AllocateClass(@C, c@b or root)", AllocateClass(w)),
+    MODEL_ROW(3, "c@a.AddToNamespace()", w.AddClass()),
+    MODEL_ROW(1, "q@a = @N.AllocateQualifierDecl(@Q, @V, flavor @F)",
+              w.q[w.s.a] = w.N()->AllocateQualifierDecl(w.In(kQualifiers), w.Value(),
+                                                        ICIMQualifierDecl::kAny, w.Flavor(), {})),
+    MODEL_ROW(1, "q@a.AddToNamespace()", Require(w.Q()->GetNamespace({}) != nullptr);
+              w.Q()->AddToNamespace({})),
+    MODEL_ROW(6, "@E.AllocateQualifier(q@F, @V).AddToClassOrProperty()",
+              w.OnElement([&](const auto& e) {
+                w.Attach(e->AllocateQualifier(w.q(w.s.flag), w.Value(), {}), *e);
+              })),
     MODEL_ROW(4, "d@b = c@a.AllocatePropertyDecl(@P, @V)",
-              w.d[w.s.b] = w.C()->AllocatePropertyDecl(w.In(kProperties), w.value, {})),
-    MODEL_ROW(6, "d@b.AddToClass()", w.D()->AddToClass({})),
-    MODEL_ROW(2, "i@b = c@a.AllocateInstance()",
+              w.d[w.s.b] = w.C()->AllocatePropertyDecl(w.In(kProperties), w.Value(), {})),
+    MODEL_ROW(6, "d@b.AddToClass()", Require(w.Lives(*w.D())); w.D()->AddToClass({})),
+    MODEL_ROW(1, "i@b = c@a.AllocateInstance()",
               w.out << w.Text(w.i[w.s.b] = w.C()->AllocateInstance({}))),
     MODEL_ROW(8, "i@b.SetPropertyValue(@P, @V)",
-              w.I()->SetPropertyValue(w.In(kProperties), w.value, {})),
+              w.I()->SetPropertyValue(w.In(kProperties), w.Value(), {})),
     MODEL_ROW(4, "i@b.AddToNamespace()", w.I()->AddToNamespace({})),
     MODEL_ROW(2, "m@b = c@a.AllocateMethodDecl(@M, type @F)",
               w.m[w.s.b] = w.C()->AllocateMethodDecl(
-                  w.In(kMethods), w.s.flag % 2 == 0 ? TType::kString : TType::kUInt8, {});
-              w.kept.push_back(w.M())),
-    MODEL_ROW(4, "m@b.AddToClass()", w.M()->AddToClass({})),
-    MODEL_WALK(6, "i@b.EnumerateAssociationInstances(@1, @2; conduct @F)", false,
+                  w.In(kMethods), w.s.flag % 2 == 0 ? TType::kString : TType::kUInt8, {})),
+    MODEL_ROW(4, "m@b.AddToClass()", Require(w.Lives(*w.M())); w.M()->AddToClass({})),
+    MODEL_WALK(6, "i@b.EnumerateAssociationInstances(@1, @2; conduct @F)",
                w.I()->EnumerateAssociationInstances(take, w.Maybe(kClasses, w.s.name),
                                                     w.Maybe(kProperties, w.s.value), {})),
-    MODEL_WALK(9, "i@b.EnumerateAssociatedInstances(@1, @3, @2, @4; conduct @F)", false,
+    MODEL_WALK(9, "i@b.EnumerateAssociatedInstances(@1, @3, @2, @4; conduct @F)",
                w.I()->EnumerateAssociatedInstances(
                    take, w.Maybe(kClasses, w.s.name), kClasses[w.s.a * w.s.a / 8],
                    w.Maybe(kProperties, w.s.value), w.Maybe(kProperties, w.s.flag), {})),
-    MODEL_ROW(1, "c@a.RemoveFromNamespace()", w.C()->RemoveFromNamespace({})),
-    MODEL_ROW(1, "c@a = ns.GetClass(@C)",
-              w.out << w.Text(w.c[w.s.a] = w.space->GetClass(w.In(kClasses), {}))),
+    MODEL_ROW(1, "c@a = @N.GetClass(@C)",
+              w.out << w.Text(w.c[w.s.a] = w.N()->GetClass(w.In(kClasses), {}))),
+    MODEL_ROW(2, "i@b = @N.GetInstance(@V)", GetInstance(w)),
+    MODEL_ROW(1, "i@b.Delete()", w.I()->Delete({})),
+    MODEL_ROW(1, "forget c@a, i@b, d@b and m@b, or q@a, by @F", Forget(w)),
+    MODEL_ROW(1, "c@a.RemoveFromNamespace()", Require(w.Lives(*w.C()));
+              w.C()->RemoveFromNamespace({})),
+    MODEL_ROW(1, "c@a.RemovePropertyDecl(d@b)", w.C()->RemovePropertyDecl(w.D())),
+    MODEL_WALK(2, "c@a.EnumerateSubClasses(conduct @F, deep if @b is odd)",
+               w.C()->EnumerateSubClasses(take, w.s.b % 2 == 1, {})),
     MODEL_ROW(1, "q@a.SetFlavor(@F), or UnsetFlavor or SetDefaultValue(@V), by @b",
               if (w.s.b % 3 == 0) w.Q()->SetFlavor(w.Flavor(), {});
               if (w.s.b % 3 == 1) w.Q()->UnsetFlavor(w.Flavor(), {});
-              if (w.s.b % 3 == 2) w.Q()->SetDefaultValue(w.value, {})),
-    MODEL_ROW(1, "ns.GetQualifierDecl(@Q)",
-              const auto found = w.space->GetQualifierDecl(w.In(kQualifiers), {});
+              if (w.s.b % 3 == 2) w.Q()->SetDefaultValue(w.Value(), {})),
+    MODEL_ROW(1, "@N.GetQualifierDecl(@Q)",
+              const auto found = w.N()->GetQualifierDecl(w.In(kQualifiers), {});
               w.out << w.Text(found);
               if (found) w.out << w.Text(found->GetDefaultValue({})) << found->GetFlavor({})),
     MODEL_ROW(4, "@E.AllocateQualifier(q@n, @V, flavor @F).AddToClassOrProperty()",
-              w.OnElement([&](auto& e) {
-                w.Attach(e->AllocateQualifier(w.q(w.s.name), w.value, w.Flavor(), {}), *e);
+              w.OnElement([&](const auto& e) {
+                w.Attach(e->AllocateQualifier(w.q(w.s.name), w.Value(), w.Flavor(), {}), *e);
               })),
     MODEL_ROW(3, "@E.GetQualifier(@Q).SetFlavor(@F), or UnsetFlavor or SetValue(@V), by @F",
-              w.OnElement([&](auto& e) {
+              w.OnElement([&](const auto& e) {
                 const auto found = e->GetQualifier(w.In(kQualifiers), {});
                 w.out << w.Text(found);
-                if (!found) return;
+                Require(found && w.Lives(*e));
                 if (w.s.flag % 3 == 0) found->SetFlavor(w.Flavor(), {});
                 if (w.s.flag % 3 == 1) found->UnsetFlavor(w.Flavor(), {});
-                if (w.s.flag % 3 == 2) found->SetValue(w.value, {});
+                if (w.s.flag % 3 == 2) found->SetValue(w.Value(), {});
               })),
-    MODEL_ROW(2, "@E.GetQualifier(@Q, found)", w.OnElement([&](auto& e) {
+    MODEL_ROW(2, "@E.GetQualifier(@Q, found)", w.OnElement([&](const auto& e) {
       bool found = false;
       w.out << w.Text(e->GetQualifier(w.In(kQualifiers), found, {})) << found;
     })),
-    MODEL_ROW(2, "@E.EnumerateQualifiers(conduct @F)", w.OnElement([&](auto& e) {
-      w.List(true, [&](auto& take) { e->EnumerateQualifiers(take, {}); });
+    MODEL_ROW(2, "@E.EnumerateQualifiers(conduct @F)", w.OnElement([&](const auto& e) {
+      w.List([&](const auto& take) { e->EnumerateQualifiers(take, {}); });
     })),
-    MODEL_ROW(1, "c@a.AddPropertyDecl(d@b)", w.C()->AddPropertyDecl(w.D())),
-    MODEL_ROW(1, "c@a.RemovePropertyDecl(d@b)", w.C()->RemovePropertyDecl(w.D())),
+    MODEL_ROW(1, "c@a.AddPropertyDecl(d@b)", Require(w.Lives(*w.C()));
+              w.C()->AddPropertyDecl(w.D())),
     MODEL_ROW(3, "d@b = c@a.GetPropertyDecl(@P)",
               w.out << w.Text(w.d[w.s.b] = w.C()->GetPropertyDecl(w.In(kProperties), {}))),
-    MODEL_ROW(1, "d@b.SetDefaultValue(@V)", w.D()->SetDefaultValue(w.value, {})),
+    MODEL_ROW(1, "d@b.SetDefaultValue(@V)", Require(w.Lives(*w.D()));
+              w.D()->SetDefaultValue(w.Value(), {})),
     MODEL_ROW(1, "c@a.RemoveMethodDecl(m@b)", w.C()->RemoveMethodDecl(w.M())),
     MODEL_ROW(1, "m@b = c@a.GetMethodDecl(@M)",
               w.out << w.Text(w.m[w.s.b] = w.C()->GetMethodDecl(w.In(kMethods), {}))),
     MODEL_ROW(1, "i@b.Validate()", w.I()->Validate({})),
-    MODEL_ROW(1, "i@b.Delete()", w.I()->Delete({})),
     MODEL_ROW(6, "i@b.GetProperty(@P), shown; SetPrevValue(@V), or SetValue, by @F",
-              const auto property = w.I()->GetProperty(w.In(kProperties), {});
-              w.ShowProperty(property); if (w.s.flag % 4 == 0) property->SetPrevValue();
-              if (w.s.flag % 4 == 1) property->SetPrevValue(w.value);
-              if (w.s.flag % 4 == 2) property->SetValue(w.value, {})),
-    MODEL_ROW(2, "ns.GetInstance(@V)",
-              w.out << w.Text(w.space->GetInstance(static_cast<TCIMReference>(w.value), {}))),
-    MODEL_ROW(2, "c@a.IsSubclassOf(c@b)", w.out << w.C()->IsSubclassOf(w.c(w.s.b), {})),
-    MODEL_WALK(1, "ns.EnumerateRootClasses(conduct @F)", true,
-               w.space->EnumerateRootClasses(take, {})),
-    MODEL_WALK(1, "ns.EnumerateQualifierDecls(conduct @F)", true,
-               w.space->EnumerateQualifierDecls(take, {})),
-    MODEL_WALK(2, "c@a.EnumerateSubClasses(conduct @F, deep if @b is odd)", true,
-               w.C()->EnumerateSubClasses(take, w.s.b % 2 == 1, {})),
-    MODEL_WALK(3, "c@a.EnumerateInstances(conduct @F, deep if @b is odd)", true,
+              UseProperty(w)),
+    MODEL_ROW(3, "c@a.IsSubclassOf(c@b)", w.out << w.C()->IsSubclassOf(w.c(w.s.b), {})),
+    MODEL_ROW(2, "compare @a and @b of c, i, d, m, or q, by @f", Compare(w)),
+    MODEL_ROW(1, "compare qualifiers of q@b and q@F for c@a", CompareQualifiers(w)),
+    MODEL_ROW(1, "compare property @P of i@a and i@b",
+              w.CompareProperties(w.i(w.s.a)->GetProperty(w.In(kProperties), {}),
+                                  w.I()->GetProperty(w.In(kProperties), {}))),
+    MODEL_WALK(1, "@N.EnumerateRootClasses(conduct @F)", w.N()->EnumerateRootClasses(take, {})),
+    MODEL_WALK(1, "@N.EnumerateQualifierDecls(conduct @F)",
+               w.N()->EnumerateQualifierDecls(take, {})),
+    MODEL_WALK(3, "c@a.EnumerateInstances(conduct @F, deep if @b is odd)",
                w.C()->EnumerateInstances(take, w.s.b % 2 == 1, {})),
-    MODEL_WALK(1, "c@a.EnumeratePropertyDecls(conduct @F)", true,
+    MODEL_WALK(1, "c@a.EnumeratePropertyDecls(conduct @F)",
                w.C()->EnumeratePropertyDecls(take, {})),
-    MODEL_WALK(1, "c@a.EnumerateMethodDecls(conduct @F)", true,
-               w.C()->EnumerateMethodDecls(take, {})),
-    MODEL_WALK(2, "c@a.EnumerateKeyNames(conduct @F)", true, w.C()->EnumerateKeyNames(take, {})),
-    MODEL_WALK(4, "c@a.EnumerateAssociationClasses(@1, @2; conduct @F)", false,
+    MODEL_WALK(1, "c@a.EnumerateMethodDecls(conduct @F)", w.C()->EnumerateMethodDecls(take, {})),
+    MODEL_WALK(2, "c@a.EnumerateKeyNames(conduct @F)", w.C()->EnumerateKeyNames(take, {})),
+    MODEL_WALK(4, "c@a.EnumerateAssociationClasses(@1, @2; conduct @F)",
                w.C()->EnumerateAssociationClasses(take, w.Maybe(kClasses, w.s.name),
                                                   w.Maybe(kProperties, w.s.value), {})),
-    MODEL_ROW(5, "show c@a", w.ShowClass()),
-    MODEL_ROW(5, "show i@b",
-              w.out << w.Text(w.I()) << w.I()->GetReference({}).GetPath()
-                    << w.I()->GetReference({}).ToString();
-              w.I()->EnumerateProperties(
-                  [&](const auto& one) {
-                    w.ShowProperty(one);
-                    return true;
-                  },
-                  {})),
-    MODEL_ROW(1, "ns.ClearInstances() if @f is 0", if (w.s.flag == 0) w.space->ClearInstances()),
+    MODEL_WALK(4, "c@a.EnumerateAssociatedClasses(@1, @3, @2, @4; conduct @F)",
+               w.C()->EnumerateAssociatedClasses(
+                   take, w.Maybe(kClasses, w.s.name), w.Maybe(kClasses, w.s.a* w.s.a / 8),
+                   w.Maybe(kProperties, w.s.value), w.Maybe(kProperties, w.s.flag), {})),
+    MODEL_ROW(5, "show c@a", w.ShowClass(w.C())),
+    MODEL_ROW(5, "show i@b", ShowInstance(w)),
+    MODEL_ROW(1, "@N.ClearInstances() if @f is 0", if (w.s.flag == 0) w.N()->ClearInstances()),
 };
+
+inline void TWorld::Do(const TStep& step) {
+  s = step;
+  try {
+    kOperations[s.operation].run(*this);
+  } catch (const TVYRException& failure) {
+    out << (typeid(failure) == typeid(TVYRException) ? " status " : " derived status ")
+        << failure.GetStatusCode();
+  } catch (const TNothingThere&) {
+    out << " nothing there";
+  } catch (int) {
+    out << " thrown by the callback";
+  }
+}
 
 }  // namespace NZELVYR20

@@ -3,168 +3,276 @@
 #include <algorithm>
 #include <sstream>
 
+#include "ICIMInstance.h"
 #include "TCIMDateTime.h"
 #include "TModelElements.h"
 #include "TOSSpecific.h"
 
 namespace NZELVYR20 {
 
-struct TModelClass : TModelNamed {
-  TModelClass* super;
-  boost::shared_ptr<ICIMClass> handle = {};
-  TTable<TModelDecl> properties = {}, methods = {};
-  TTable<TModelInstance> instances = {};
-  std::vector<TModelClass*> subClasses = {}, associations = {};
+struct TModelInstance;
+
+inline TPtr<TModelClass> ReferencedClass(const TCIMValue& value);
+
+struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
+  using ICIMClass::operator=;
+  boost::weak_ptr<TModelStore> space = {};
+  boost::weak_ptr<TModelClass> super = {};
+  const void* identity = nullptr;  ///< the address of the plug-in's class
+  TTable<std::string, TModelPropertyDecl> properties = {};
+  TTable<std::string, TModelMethodDecl> methods = {};
+  TTable<std::string, TModelInstance> instances = {};
+  TTable<unsigned, TModelClass> subClasses = {};
+  TTable<const void*, TModelClass> associations = {};  ///< by identity
   bool isInNamespace = false;
+  bool isRetired = false;  ///< its namespace is gone
 
   void Inherit(bool isFresh) {
-    if (super == nullptr) return;
-    properties.insert(super->properties.begin(), super->properties.end());
-    methods.insert(super->methods.begin(), super->methods.end());
-    for (const auto& entry : super->qualifiers) {
-      if ((entry.second->flavor & 2U) == 0 || (isFresh && entry.first == "abstract")) continue;
-      if (qualifiers.count(entry.first) != 0) continue;
-      auto* copy = space->New<TModelQualifier>(*entry.second);
+    const auto above = super.lock();
+    if (!above) {
+      const auto root = space.lock()->root;
+      if (root.get() != this) super = root;
+      return;
+    }
+    for (const auto& [key, entry] : above->properties.entries) {
+      properties.Insert(key, entry.element, Use(entry.element, true));
+    }
+    for (const auto& [key, entry] : above->methods.entries) {
+      methods.Insert(key, entry.element, Use(entry.element, true));
+    }
+    for (const auto& [key, entry] : above->qualifiers.entries) {
+      if ((entry.element->flavor & 2U) == 0 || (isFresh && key == "abstract")) continue;
+      const auto copy = boost::make_shared<TModelQualifier>(*entry.element);
+      copy->owner = shared_from_this();
+      copy->value = entry.element->GetValue({});
       copy->isPropagated = true;
-      qualifiers[entry.first] = copy;
+      qualifiers.Insert(key, copy);
     }
   }
-  void LinkAssociation(bool isAdded) {
-    if (!IsAssociation({})) return;
-    std::vector<TModelClass*> ends;
-    for (const auto& entry : properties) {
-      const TCIMValue& value = entry.second->value;
-      if (value.IsReference()) ends.push_back(space->byHandle.at(value.GetReferencedClass().get()));
+  /// What holds in a circle is parted, since the namespace goes.
+  void ReleaseLinks() {
+    instances.Clear();
+    subClasses.Clear();
+    associations.Clear();
+    FreeQualifiers();
+    isRetired = true;
+    const auto retire = [](auto& table) {
+      for (auto& entry : table.entries) entry.second.use = Use(entry.second.element, false);
+    };
+    retire(properties);
+    retire(methods);
+  }
+
+  std::vector<TPtr<TModelClass>> GetRegistrations() const {
+    std::vector<TPtr<TModelClass>> ends;
+    for (const auto& entry : properties.entries) {
+      if (const auto end = ReferencedClass(entry.second.element->value.now)) ends.push_back(end);
     }
+    std::vector<TPtr<TModelClass>> registrations;
     for (std::size_t i = 0; i < ends.size(); ++i) {
       bool isSkipped = false;
       for (std::size_t j = 0; j < ends.size(); ++j) {
         isSkipped = isSkipped || (ends[j] == ends[i] ? j > i : ends[i]->IsSubclassOf(ends[j], {}));
       }
-      if (isSkipped) continue;
-      auto& linked = ends[i]->associations;
-      const auto found = std::find(linked.begin(), linked.end(), this);
-      if (isAdded && found == linked.end()) linked.push_back(this);
-      if (isAdded) continue;
-      if (found == linked.end()) throw TVYRException(15);
-      linked.erase(found);
+      if (!isSkipped) registrations.push_back(ends[i]);
     }
+    return registrations;
   }
   bool IsReferredBy(const TModelClass& association, TText role) const {
     if (role.empty()) return true;
-    const TModelDecl* end = Find(association.properties, role);
-    return end != nullptr && end->value.IsReference() && end->value.GetReferencedClass() == handle;
+    const auto end = association.properties.Find(role);
+    return end && ReferencedClass(end->value.now).get() == this;
   }
 
-  void AddToNamespace(TAny) {
+  void AddToNamespace(TAny) override {
     Validate({});
-    const std::string key = Normalize(name);
-    TModelClass* earlier = Find(space->classes, name);
-    if (earlier != nullptr && !space->allowsRedefinition) {
-      LogModel(3, "Inmem: TInmemNamespace: class " + name + " already defined");
-      throw TVYRException(16);
-    }
-    if (earlier == nullptr || !Contains(key, "zelsg_physicalnetworkport")) {
-      space->classes[key] = this;
-      if (earlier != nullptr) subClasses = std::vector<TModelClass*>(earlier->subClasses);
-    }
-    auto& siblings = super->subClasses;
-    const auto same =
-        std::find_if(siblings.begin(), siblings.end(),
-                     [this](const TModelClass* other) { return other->name == name; });
-    if (space->allowsRedefinition && same != siblings.end()) siblings.erase(same);
-    siblings.push_back(this);
+    Enter(*space.lock());
+    super.lock()->AddChildClass(shared_from_this());
     isInNamespace = true;
-    LinkAssociation(true);
+    if (!IsAssociation({})) return;
+    for (const auto& end : GetRegistrations()) end->AddAssociationClass(shared_from_this());
   }
-  void RemoveFromNamespace(TAny) {
-    if (!isInNamespace || !associations.empty() || !subClasses.empty()) throw TVYRException(17);
-    auto& siblings = super->subClasses;
-    const auto found = std::find(siblings.begin(), siblings.end(), this);
-    if (found != siblings.end()) siblings.erase(found);
+  void Enter(TModelStore& store) {
+    const std::string key = Normalize(name);
+    store.Check(store.classes, "class", name);
+    const auto earlier = store.classes.FindKey(key);
+    if (earlier && Contains(key, "zelsg_physicalnetworkport")) return;
+    if (earlier && earlier.get() != this) {
+      const auto taken = earlier->subClasses.entries;
+      subClasses.Clear();
+      for (const auto& entry : taken) subClasses.Append(entry.second.element);
+    }
+    store.classes.Put(key, shared_from_this());
+  }
+  void RemoveFromNamespace(TAny) override {
+    const bool isUsed = !associations.entries.empty() || !subClasses.entries.empty();
+    if (!isInNamespace || isUsed) throw TVYRException(17);
+    if (const auto above = super.lock()) above->RemoveChildClass(shared_from_this());
     isInNamespace = false;
-    LinkAssociation(false);
+    if (!IsAssociation({})) return;
+    for (const auto& end : GetRegistrations()) end->RemoveAssociationClass(shared_from_this());
   }
-  void Validate(TAny) const {
+  void AddChildClass(TPtr<ICIMClass> added) override {
+    const auto subClass = boost::static_pointer_cast<TModelClass>(added);
+    const auto isSame = [&](const TModelClass& other) { return other.name == subClass->name; };
+    if (space.lock()->redefines) subClasses.EraseFirst(isSame);
+    subClasses.Append(subClass);
+  }
+  void RemoveChildClass(TPtr<ICIMClass> removed) override {
+    subClasses.EraseFirst([&](const TModelClass& other) { return &other == removed.get(); });
+  }
+  void AddAssociationClass(TPtr<ICIMClass> added) override {
+    const auto association = boost::static_pointer_cast<TModelClass>(added);
+    associations.Insert(association->identity, association);
+  }
+  void RemoveAssociationClass(TPtr<ICIMClass> removed) override {
+    const auto& association = static_cast<const TModelClass&>(*removed);
+    if (!associations.Erase(association.identity) && !isRetired) throw TVYRException(15);
+  }
+  void ModifyClass(TPtr<ICIMClass>, TAny) override {}
+  void Validate(TAny) const override {
     if (IsAbstract({})) return;
-    for (const auto& entry : properties) {
-      if (entry.second->IsSet("KEY")) return;
+    for (const auto& entry : properties.entries) {
+      if (entry.second.element->IsSet("KEY")) return;
     }
     LogModel(3, "Inmem: Class " + name + " has no keys");
     throw TVYRException(7);
   }
-  bool IsAssociation(TAny) const { return IsSet("ASSOCIATION"); }
-  bool IsAbstract(TAny) const { return IsSet("ABSTRACT"); }
-  bool IsRootClass(TAny) const { return super == nullptr; }
-  TModelClass* GetSuperClass(TAny) const { return super; }
-  bool IsSubclassOf(const TModelClass* other, TAny) const {
-    const bool isLast = IsRootClass({}) || super->IsRootClass({});
-    return name == other->name || (!isLast && super->IsSubclassOf(other, {}));
+  TText GetName(TAny) const override { return name; }
+  TPtr<ICIMNamespace> GetNamespace(TAny) const override { return space.lock(); }
+  bool IsAssociation(TAny) const override { return IsSet("ASSOCIATION"); }
+  bool IsAbstract(TAny) const override { return IsSet("ABSTRACT"); }
+  bool IsRootClass(TAny) const override { return name == "<root>"; }
+  TPtr<ICIMClass> GetSuperClass(TAny) const override { return super.lock(); }
+  bool IsSubclassOf(TPtr<const ICIMClass> other, TAny) const override {
+    if (name == other->GetName({})) return true;
+    const auto above = super.lock();
+    return above && !above->IsRootClass({}) && above->IsSubclassOf(other, {});
   }
-  void EnumerateSubClasses(const TCall<TModelClass>& callback, bool deep, TAny) {
-    for (TModelClass* subClass : subClasses) {
-      try {
-        if (!callback(subClass)) return;
-        if (deep) subClass->EnumerateSubClasses(callback, true, {});
-      } catch (...) {
-        continue;
-      }
-    }
-  }
-  void EnumerateAssociationClasses(const TCall<TModelClass>& callback, TText resultClass,
-                                   TText role, TAny) {
-    const TModelClass* filter = resultClass.empty() ? nullptr : space->GetClass(resultClass, {});
-    for (TModelClass* at = this; at != nullptr && (at == this || !at->IsRootClass({}));
-         at = at->super) {
-      for (TModelClass* association : at->associations) {
-        if (filter != nullptr && !association->IsSubclassOf(filter, {})) continue;
-        if (at->IsReferredBy(*association, role) && !callback(association)) return;
-      }
-    }
-  }
-  void EnumerateKeyNames(const std::function<bool(const std::string*)>& callback, TAny) const {
-    Walk(properties, true, true, [&](const TModelDecl* declaration) {
-      return !declaration->IsSet("KEY") || callback(&declaration->name);
+  void EnumerateSubClasses(const TCIMClassCallback& callback, bool deep, TAny) override {
+    subClasses.Walk(true, false, [&](const TPtr<TModelClass>& subClass) {
+      if (!callback(subClass)) return false;
+      if (deep) subClass->EnumerateSubClasses(callback, true, {});
+      return true;
     });
   }
-  TModelDecl* AllocatePropertyDecl(TText given, const TCIMValue& value, TAny) {
-    return space->New<TModelDecl>(TModelNamed{EModelKind::kProperty, space, given, {}}, this,
-                                  value);
+  TPtr<ICIMClass> FindFilter(TText filter) const {
+    return filter.empty() ? TPtr<ICIMClass>() : Demand(GetNamespace({}))->GetClass(filter, {});
   }
-  TModelDecl* AllocateMethodDecl(TText given, TType type, TAny) {
-    return space->New<TModelDecl>(TModelNamed{EModelKind::kMethod, space, given, {}}, this,
-                                  TCIMValue::Null(type));
+  void EnumerateAssociationClasses(const TCIMClassCallback& callback, TText resultClass, TText role,
+                                   TAny) override {
+    const auto filter = FindFilter(resultClass);
+    bool goesOn = true;
+    for (auto at = shared_from_this(); at; at = at->super.lock()) {
+      if (at.get() != this && at->IsRootClass({})) return;
+      at->associations.Walk(true, true, [&](const TPtr<TModelClass>& association) {
+        const bool passes = !filter || association->IsSubclassOf(filter, {});
+        if (passes && at->IsReferredBy(*association, role)) goesOn = callback(association);
+        return goesOn;
+      });
+      if (!goesOn) return;
+    }
   }
-  TModelDecl* GetPropertyDecl(TText given, TAny) const { return Demand(Find(properties, given)); }
-  TModelDecl* GetMethodDecl(TText given, TAny) const { return Find(methods, given); }
-  void EnumeratePropertyDecls(const TCall<TModelDecl>& callback, TAny) const {
-    Walk(properties, true, false, callback);
+  void EnumerateAssociatedClasses(const TCIMClassCallback& callback, TText assocClass,
+                                  TText resultClass, TText role, TText resultRole, TAny) override {
+    const auto assocFilter = FindFilter(assocClass);
+    const auto filter = FindFilter(resultClass);
+    associations.Walk(true, true, [&](const TPtr<TModelClass>& association) {
+      if (assocFilter && !association->IsSubclassOf(assocFilter, {})) return true;
+      if (!IsReferredBy(*association, role)) return true;
+      for (const auto& end : GetFarEnds(*association, filter, role, resultRole)) {
+        if (!callback(end)) return false;
+      }
+      return true;
+    });
   }
-  void EnumerateMethodDecls(const TCall<TModelDecl>& callback, TAny) const {
-    Walk(methods, true, false, callback);
+  /// Each class once. The own end is the role's, or the first that refers to this very class and is
+  /// not the result role's.
+  std::vector<TPtr<TModelClass>> GetFarEnds(const TModelClass& association,
+                                            const TPtr<ICIMClass>& filter, TText role,
+                                            TText resultRole) const {
+    const std::string own = Normalize(role);
+    const std::string wanted = Normalize(resultRole);
+    std::vector<TPtr<TModelClass>> ends;
+    bool isOwnFound = false;
+    for (const auto& [key, entry] : association.properties.entries) {
+      const auto end = ReferencedClass(entry.element->value.now);
+      if (!end) continue;
+      const bool isOwn = own.empty() ? end.get() == this && key != wanted : key == own;
+      const bool isSkipped = isOwn && !isOwnFound;
+      isOwnFound = isOwnFound || isOwn;
+      if (isSkipped || (!wanted.empty() && key != wanted)) continue;
+      if (filter && !end->IsSubclassOf(filter, {})) continue;
+      if (std::find(ends.begin(), ends.end(), end) == ends.end()) ends.push_back(end);
+    }
+    return ends;
   }
-  TModelInstance* AllocateInstance(TAny);
-  TModelInstance* GetInstance(const TCIMReference& path) const {
-    const auto found = instances.find(path.GetPath());
-    return found == instances.end() ? nullptr : found->second;
+  void EnumerateKeyNames(const TCIMKeyNameCallback& callback, TAny) override {
+    try {
+      properties.Walk(true, true, [&](const TPtr<TModelPropertyDecl>& declaration) {
+        return !declaration->IsSet("KEY") || callback(&declaration->name);
+      });
+    } catch (const TVYRException& failure) {
+      throw TVYRException(failure.GetStatusCode());
+    }
   }
-  void EnumerateInstances(const TCall<TModelInstance>& callback, bool deep, TAny) {
-    Walk(instances, false, false, callback);
-    if (!deep) return;
-    for (TModelClass* subClass : subClasses) subClass->EnumerateInstances(callback, true, {});
+
+  template <class TDeclaration>
+  TPtr<TDeclaration> Declare(TText given, const TCIMValue& value) {
+    auto made = boost::make_shared<TDeclaration>();
+    made->name = given;
+    made->owner = shared_from_this();
+    made->value = value;
+    return made;
   }
-  void AddPropertyDecl(TModelDecl* added) {
+  TPtr<ICIMPropertyDecl> AllocatePropertyDecl(TText given, const TCIMValue& value, TAny) override {
+    return Declare<TModelPropertyDecl>(given, value);
+  }
+  TPtr<ICIMMethodDecl> AllocateMethodDecl(TText given, TType type, TAny) override {
+    return Declare<TModelMethodDecl>(given, TCIMValue::Null(type));
+  }
+  TPtr<ICIMPropertyDecl> GetPropertyDecl(TText given, TAny) const override {
+    return Demand(properties.Find(given));
+  }
+  TPtr<ICIMMethodDecl> GetMethodDecl(TText given, TAny) const override {
+    return methods.Find(given);
+  }
+  void EnumeratePropertyDecls(const TCIMPropertyDeclCallback& callback, TAny) const override {
+    properties.Walk(true, false, callback);
+  }
+  void EnumerateMethodDecls(const TCIMMethodDeclCallback& callback, TAny) const override {
+    methods.Walk(true, false, callback);
+  }
+  TPtr<ICIMProperty> GetProperty(TText given, TAny) const override {
+    Normalize(given);
+    throw TVYRException(15);
+  }
+  void SetPropertyValue(TText given, const TCIMValue&, TAny) override { GetProperty(given, {}); }
+  void EnumerateStaticProperties(const TCIMPropertyCallback&, TAny) override {}
+  TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
+  bool operator==(ICIMClass& other) const override { return name == other.GetName({}); }
+  bool operator<(ICIMClass& other) const override { return name < other.GetName({}); }
+
+  TPtr<ICIMInstance> AllocateInstance(TAny) override;
+  void AddInstance(TPtr<ICIMInstance> added) override;
+  void RemoveInstance(TPtr<ICIMInstance> removed) override {
+    instances.Erase(removed->GetReference({}).GetPath());
+  }
+  void EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TAny) override;
+
+  void AddPropertyDecl(TPtr<ICIMPropertyDecl> given) override {
+    const auto added = boost::static_pointer_cast<TModelPropertyDecl>(given);
     const std::string where = added->name + " in class " + name + ": ";
-    if (added->value.IsReference() && !IsAssociation({})) {
+    if (added->GetType({}) == TType::kReference && !IsAssociation({})) {
       LogModel(0, "Inmem: Attempt to add reference property " + added->name +
                       " to non-association class " + name);
       throw TVYRException(22);
     }
-    const TModelDecl* earlier = Find(properties, added->name);
+    const auto earlier = properties.Find(added->name);
     bool isAdded = earlier == nullptr;
-    if (Find(added->qualifiers, "OVERRIDE") == nullptr) {
+    if (!added->qualifiers.Find("OVERRIDE")) {
       isAdded |= Contains(added->name, "PortType") || Contains(added->name, "speedDuplex");
-    } else if (earlier == nullptr) {
+    } else if (!earlier) {
       if (!Contains(Normalize(added->name), "porttype")) {
         LogModel(3, "Inmem: Attempt to override property " + where +
                         "property doesn't exist in base class");
@@ -172,13 +280,16 @@ struct TModelClass : TModelNamed {
     } else if (earlier->GetType({}) != added->GetType({})) {
       LogModel(3, "Inmem: Attempt to override property " + where + "different types");
     } else {
-      isAdded = earlier->owner != this;
+      isAdded = earlier->owner.lock().get() != this;
     }
-    if (isAdded) properties[Normalize(added->name)] = added;
+    if (isAdded) properties.Put(Normalize(added->name), added, Use(added, !isRetired));
   }
-  void RemovePropertyDecl(TModelDecl* removed) { Remove(properties, removed); }
-  void AddMethodDecl(TModelDecl* added) {
-    const TModelDecl* earlier = Find(methods, added->name);
+  void RemovePropertyDecl(TPtr<ICIMPropertyDecl> removed) override {
+    properties.Remove(removed->GetName({}));
+  }
+  void AddMethodDecl(TPtr<ICIMMethodDecl> given) override {
+    const auto added = boost::static_pointer_cast<TModelMethodDecl>(given);
+    const auto earlier = methods.Find(added->name);
     const std::string attempt =
         "Inmem: Attempt to override method " + added->name + " in class " + name + ": ";
     const auto fail = [&](int status, TText why) {
@@ -187,72 +298,88 @@ struct TModelClass : TModelNamed {
                       "failed. Reason = " + TVYRException(status).what());
       throw TVYRException(status);
     };
-    if (Find(added->qualifiers, "OVERRIDE") == nullptr) {
-      if (earlier != nullptr) {
+    if (!added->qualifiers.Find("OVERRIDE")) {
+      if (earlier) {
         LogModel(3, "Inmem: Attempt to add method " + added->name + " to class " + name +
                         ": already exists");
         throw TVYRException(16);
       }
-    } else if (earlier == nullptr) {
+    } else if (!earlier) {
       LogModel(3, attempt + "method doesn't exist in base class");
-    } else if (earlier->GetType({}) != added->GetType({})) {
+    } else if (earlier->GetReturnType({}) != added->GetReturnType({})) {
       fail(14, "different types");
-    } else if (earlier->owner == this) {
+    } else if (earlier->owner.lock().get() == this) {
       fail(16, "original was defined in this class");
     }
-    methods[Normalize(added->name)] = added;
+    methods.Put(Normalize(added->name), added, Use(added, !isRetired));
   }
-  void RemoveMethodDecl(TModelDecl* removed) { Remove(methods, removed); }
-  static void Remove(TTable<TModelDecl>& table, TModelDecl* removed) {
-    Demand(Find(table, removed->name));
-    table.erase(Normalize(removed->name));
+  void RemoveMethodDecl(TPtr<ICIMMethodDecl> removed) override {
+    methods.Remove(removed->GetName({}));
   }
 };
 
-struct TModelProperty {
-  TModelDecl* declaration;
-  std::unique_ptr<TCIMValue> value = {}, previous = {};
+inline TPtr<TModelClass> ReferencedClass(const TCIMValue& value) {
+  return boost::static_pointer_cast<TModelClass>(value.GetReferencedClass());
+}
 
-  TModelDecl* GetDeclaration(TAny) const { return declaration; }
-  TType GetType(TAny) const { return declaration->GetType({}); }
-  bool IsArray(TAny) const { return declaration->IsArray({}); }
-  bool IsDefaultValue(TAny) const { return !value; }
-  bool GetPropagated(TAny) const { return !value; }
-  const TCIMValue& GetValue(TAny) const { return value ? *value : declaration->value; }
-  const TCIMValue& GetPrevValue() const { return previous ? *previous : GetValue({}); }
-  bool IsPrevValueDifferent() const { return previous != nullptr; }
-  void SetValue(const TCIMValue& given, TAny) {
+struct TModelProperty : ICIMProperty {
+  TPtr<TModelPropertyDecl> declaration = {};
+  std::optional<TCIMValue> value = {}, previous = {};
+
+  static TPtr<TModelProperty> Make(const TPtr<TModelPropertyDecl>& declared) {
+    auto made = boost::make_shared<TModelProperty>();
+    made->declaration = declared;
+    return made;
+  }
+  TPtr<const ICIMPropertyDecl> GetDeclaration(TAny) const override { return declaration; }
+  TType GetType(TAny) const override { return declaration->GetType({}); }
+  bool IsArray(TAny) const override { return declaration->IsArray({}); }
+  bool IsDefaultValue(TAny) const override { return !value; }
+  bool GetPropagated(TAny) const override { return !value; }
+  const TCIMValue& GetValue(TAny) const override { return value ? *value : declaration->value.now; }
+  const TCIMValue& GetPrevValue() const override { return previous ? *previous : GetValue({}); }
+  bool IsPrevValueDifferent() const override { return previous.has_value(); }
+  void SetValue(const TCIMValue& given, TAny) override {
     Check(given, "Inmem: SetValue");
-    value = std::make_unique<TCIMValue>(given);
+    value = TCIMValue(given);
   }
-  void SetPrevValue(const TCIMValue& given) {
+  void SetPrevValue(const TCIMValue& given) override {
     if (!given.IsNull()) Check(given, "SetPrevValue");
-    previous = std::make_unique<TCIMValue>(given);
+    previous = TCIMValue(given);
   }
-  void SetPrevValue() { previous = std::make_unique<TCIMValue>(); }
+  void SetPrevValue() override { previous = TCIMValue(); }
+  bool operator==(ICIMProperty& other) const override {
+    return other.GetDeclaration({}) == declaration && *value == other.GetValue({});
+  }
+  bool operator<(ICIMProperty& other) const override {
+    const auto others = other.GetDeclaration({});
+    return others == declaration ? *value < other.GetValue({}) : declaration < others;
+  }
+  ICIMProperty& operator=(const ICIMProperty&) override { return *this; }
+
   void Check(const TCIMValue& given, TText operation) const {
     std::ostringstream why;
-    const auto& byHandle = declaration->space->byHandle;
     if (GetType({}) != given.GetType()) {
       why << operation << ": decl is type " << GetType({}) << " but value is type "
           << given.GetType();
     } else if (given.IsReference()) {
-      const TModelClass* declared = byHandle.at(declaration->value.GetReferencedClass().get());
-      const TModelClass* referenced = byHandle.at(given.GetReferencedClass().get());
-      if (referenced->IsSubclassOf(declared, {})) return;
-      why << operation << ": decl references type " << declared->name << " but value references "
-          << referenced->name;
+      const auto declared = ReferencedClass(declaration->value.now);
+      const auto referenced = ReferencedClass(given);
+      if (referenced && declared && referenced->IsSubclassOf(declared, {})) return;
+      why << operation << ": decl references type " << (declared ? declared->name : "")
+          << " but value references " << (referenced ? referenced->name : "");
     } else {
       return;
     }
     LogModel(3, why.str());
     throw TVYRException(14);
   }
-  std::string ToString() const { return Show(GetValue({})); }
-  std::string PrevValueToString() const { return Show(GetPrevValue()); }
+  std::string ToString() const override { return Show(GetValue({})); }
+  std::string PrevValueToString() const override { return Show(GetPrevValue()); }
+  std::vector<std::string> ToStringVector() const override { return {}; }
   TCIMValue Read(TText qualifier, TType type) const {
-    const TModelQualifier* found = Find(declaration->qualifiers, qualifier);
-    return found != nullptr && found->value.GetType() == type ? found->value : TCIMValue();
+    const auto found = declaration->qualifiers.Find(qualifier);
+    return found && found->value.now.GetType() == type ? found->value.now : TCIMValue();
   }
   /// By the qualifiers that the pool of names has.
   std::string Show(const TCIMValue& shown) const {
@@ -262,13 +389,13 @@ struct TModelProperty {
   }
 };
 
-struct TModelInstance {
-  TModelClass* cimClass;
-  TTable<TModelProperty> properties = {};
+struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInstance> {
+  TPtr<TModelClass> cimClass = {};
+  TTable<std::string, TModelProperty> properties = {};
 
   void Initialize() {
-    for (const auto& entry : cimClass->properties) {
-      properties[entry.first] = cimClass->space->New<TModelProperty>(entry.second);
+    for (const auto& [key, entry] : cimClass->properties.entries) {
+      properties.Insert(key, TModelProperty::Make(entry.element), Use(entry.element, true));
     }
     try {
       cimClass->GetPropertyDecl("DateTimeOfCollection", {});
@@ -276,7 +403,7 @@ struct TModelInstance {
     } catch (const TVYRException&) {
     }
   }
-  void Validate(TAny) const {
+  void Validate(TAny) const override {
     cimClass->EnumerateKeyNames(
         [this](const std::string* key) {
           if (!GetProperty(*key, {})->GetValue({}).IsNull()) return true;
@@ -285,27 +412,27 @@ struct TModelInstance {
         },
         {});
     if (!cimClass->IsAssociation({})) return;
-    for (const auto& entry : properties) {
-      const TCIMValue& value = entry.second->GetValue({});
+    for (const auto& entry : properties.entries) {
+      const TCIMValue& value = entry.second.element->GetValue({});
       if (!value.IsReference() || Try([&] { return Resolve(value) != nullptr; })) continue;
       LogModel(0, "Inmem: Reference " + static_cast<TCIMReference>(value).GetPath() +
                       " doesn't point to anything!");
       throw TVYRException(15);
     }
   }
-  void AddToNamespace(TAny) {
+  void AddToNamespace(TAny) override {
     try {
       Validate({});
     } catch (const TVYRException&) {
       return LogModel(0, "Inmem: Instance " + cimClass->name + ": invalid references");
     }
-    Delete({});
-    cimClass->instances[GetReference({}).GetPath()] = this;
+    cimClass->AddInstance(shared_from_this());
   }
-  void Delete(TAny) const { cimClass->instances.erase(GetReference({}).GetPath()); }
-  TCIMReference GetReference(TAny) const {
+  void ModifyInstance(TPtr<ICIMInstance>, TAny) override {}
+  void Delete(TAny) override { cimClass->RemoveInstance(shared_from_this()); }
+  TCIMReference GetReference(TAny) const override {
     TCIMReference path({}, {});
-    path.SetClass(cimClass->handle);
+    path.SetClass(cimClass);
     cimClass->EnumerateKeyNames(
         [&](const std::string* key) {
           path.AddKeyValue(*key, GetProperty(*key, {})->GetValue({}));
@@ -314,9 +441,9 @@ struct TModelInstance {
         {});
     return path;
   }
-  TModelClass* GetClass(TAny) const { return cimClass; }
-  TModelProperty* GetProperty(TText name, TAny) const {
-    if (TModelProperty* held = Find(properties, name)) return held;
+  TPtr<ICIMClass> GetClass(TAny) const override { return cimClass; }
+  TPtr<ICIMProperty> GetProperty(TText name, TAny) const override {
+    if (const auto held = properties.Find(name)) return held;
     if (Contains(name, "speedDuplex")) return Derive("speedDuplex", std::string("Unknown"));
     if (Contains(name, "Description")) return Derive("Description", std::string(" "));
     for (const char* status : {"CommunicationStatus", "DetailedStatus", "HealthState",
@@ -325,128 +452,192 @@ struct TModelInstance {
     }
     throw TVYRException(15);
   }
-  void SetPropertyValue(TText name, const TCIMValue& value, TAny) const {
-    TModelProperty* held = Find(properties, name);
-    if (held != nullptr) return held->SetValue(value, {});
+  void SetPropertyValue(TText name, const TCIMValue& value, TAny) override {
+    const auto held = properties.Find(name);
+    if (held) return held->SetValue(value, {});
     if (!Contains(name, "speedDuplex")) throw TVYRException(15);
   }
-  void EnumerateProperties(const TCall<TModelProperty>& callback, TAny) const {
-    Walk(properties, false, true, callback);
+  void EnumerateProperties(const TCIMPropertyCallback& callback, TAny) override {
+    properties.Walk(false, true, callback);
   }
-  void EnumerateAssociationInstances(const TCall<TModelInstance>& callback, TText resultClass,
-                                     TText role, TAny) {
-    const auto examine = [&](TModelInstance* found) {
-      const auto refers = [&](const TModelProperty* property) {
-        const TCIMValue& value = property->GetValue({});
-        if (!value.IsReference() || Resolve(value) != this) return false;
+  TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
+  bool operator==(ICIMInstance& other) const override { return other.GetClass({}) == cimClass; }
+  bool operator<(ICIMInstance& other) const override { return cimClass < other.GetClass({}); }
+  ICIMInstance& operator=(const ICIMInstance&) override { return *this; }
+
+  TPtr<ICIMProperty> Derive(TText name, const TCIMValue& value) const {
+    cimClass->AddPropertyDecl(cimClass->AllocatePropertyDecl(name, value, {}));
+    return TModelProperty::Make(Demand(cimClass->properties.Find(name)));
+  }
+  static TPtr<ICIMInstance> Resolve(const TCIMValue& reference) {
+    const auto found = static_cast<TCIMReference>(reference).GetCIMElement(false);
+    return boost::static_pointer_cast<ICIMInstance>(found);
+  }
+
+  void EnumerateAssociationInstances(const TCIMInstanceCallback& callback, TText resultClass,
+                                     TText role, TAny) override {
+    const auto examine = [&](const TPtr<ICIMInstance>& found) {
+      const auto refers = [&](const ICIMProperty& property) {
+        const TCIMValue& value = property.GetValue({});
+        if (!value.IsReference() || Resolve(value).get() != this) return false;
         callback(found);
         return true;
       };
-      if (!role.empty()) return Try([&] { return refers(found->GetProperty(role, {})); });
-      for (const auto& entry : found->properties) {
-        if (Try([&] { return refers(entry.second); })) break;
+      if (!role.empty()) return Try([&] { return refers(*found->GetProperty(role, {})); });
+      for (const auto& entry : static_cast<TModelInstance&>(*found).properties.entries) {
+        if (Try([&] { return refers(*entry.second.element); })) break;
       }
       return true;
     };
     cimClass->EnumerateAssociationClasses(
-        [&](TModelClass* association) {
+        [&](const TPtr<ICIMClass>& association) {
           association->EnumerateInstances(examine, false, {});
           return true;
         },
         resultClass, role, {});
   }
-  void EnumerateAssociatedInstances(const TCall<TModelInstance>& callback, TText assocClass,
-                                    TText resultClass, TText role, TText resultRole, TAny) {
-    TModelStore* space = cimClass->space;
-    const TModelClass* wanted = nullptr;
-    if (!Try([&] { return (wanted = space->GetClass(resultClass, {})) != nullptr; })) return;
+  void EnumerateAssociatedInstances(const TCIMInstanceCallback& callback, TText assocClass,
+                                    TText resultClass, TText role, TText resultRole,
+                                    TAny) override {
+    const auto space = cimClass->GetNamespace({});
+    TPtr<ICIMClass> wanted;
+    if (!space || !Try([&] { return (wanted = space->GetClass(resultClass, {})) != nullptr; })) {
+      return;
+    }
     const auto deliver = [&](const TCIMValue& value) {
-      if (!value.IsReference()) return false;
-      const TModelClass* referenced = space->byHandle.at(value.GetReferencedClass().get());
-      if (!referenced->IsSubclassOf(wanted, {})) return false;
+      const auto referenced = ReferencedClass(value);
+      if (!referenced || !referenced->IsSubclassOf(wanted, {})) return false;
       callback(Resolve(value));
       return true;
     };
-    const auto examine = [&](TModelInstance* found) {
+    const auto examine = [&](const TPtr<ICIMInstance>& found) {
       if (!resultRole.empty()) {
         return Try([&] { return deliver(found->GetProperty(resultRole, {})->GetValue({})); });
       }
-      const std::string own = Normalize(role);
-      bool isOwnFound = false;
-      const auto isOwn = [&](TText key, const TCIMValue& value) {
-        if (isOwnFound || !value.IsReference()) return false;
-        if (!own.empty()) return key == own;
-        return value.GetReferencedClass() == cimClass->handle && Resolve(value) == this;
-      };
-      for (const auto& entry : found->properties) {
-        const bool isDelivered = Try([&] {
-          const bool isThisEnd = isOwn(entry.first, entry.second->GetValue({}));
-          isOwnFound = isOwnFound || isThisEnd;
-          return !isThisEnd && deliver(entry.second->GetValue({}));
-        });
-        if (isDelivered) break;
-      }
+      DeliverFarEnd(static_cast<TModelInstance&>(*found), Normalize(role), deliver);
       return true;
     };
     EnumerateAssociationInstances(examine, assocClass, "", {});
   }
-  TModelProperty* Derive(TText name, const TCIMValue& value) const {
-    cimClass->AddPropertyDecl(cimClass->AllocatePropertyDecl(name, value, {}));
-    return cimClass->space->New<TModelProperty>(cimClass->GetPropertyDecl(name, {}));
-  }
-  TModelInstance* Resolve(const TCIMValue& reference) const {
-    const auto path = static_cast<TCIMReference>(reference);
-    return Demand(cimClass->space->GetClass(path.GetClassName(), {})->GetInstance(path));
+  void DeliverFarEnd(const TModelInstance& found, TText role,
+                     const std::function<bool(const TCIMValue&)>& deliver) const {
+    bool isOwnFound = false;
+    const auto isOwn = [&](TText key, const TCIMValue& value) {
+      if (isOwnFound || !value.IsReference()) return false;
+      if (!role.empty()) return key == role;
+      return ReferencedClass(value) == cimClass && Resolve(value).get() == this;
+    };
+    for (const auto& [key, entry] : found.properties.entries) {
+      const TModelProperty& property = *entry.element;
+      const bool isDelivered = Try([&, &end = key] {
+        const bool isThisEnd = isOwn(end, property.GetValue({}));
+        isOwnFound = isOwnFound || isThisEnd;
+        return !isThisEnd && deliver(property.GetValue({}));
+      });
+      if (isDelivered) return;
+    }
   }
 };
 
-inline void TModelDecl::AddToClass(TAny) {
-  kind == EModelKind::kProperty ? owner->AddPropertyDecl(this) : owner->AddMethodDecl(this);
-}
-
-inline TModelInstance* TModelClass::AllocateInstance(TAny) {
-  auto* made = space->New<TModelInstance>(this);
+inline TPtr<ICIMInstance> TModelClass::AllocateInstance(TAny) {
+  const auto made = boost::make_shared<TModelInstance>();
+  made->cimClass = shared_from_this();
   made->Initialize();
   return made;
 }
 
-struct TModelNamespace : TModelStore {
-  explicit TModelNamespace(bool redefines) : TModelStore{redefines} {
-    root = AllocateClass("<root>", nullptr, {});
+inline void TModelClass::AddInstance(TPtr<ICIMInstance> added) {
+  if (space.expired()) return;
+  instances.Put(added->GetReference({}).GetPath(),
+                boost::static_pointer_cast<TModelInstance>(added));
+}
+
+inline void TModelClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TAny) {
+  instances.Walk(false, false, callback);
+  if (!deep) return;
+  subClasses.Walk(false, false, [&](const TPtr<TModelClass>& subClass) {
+    subClass->EnumerateInstances(callback, true, {});
+    return true;
+  });
+}
+
+struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNamespace> {
+  std::vector<boost::weak_ptr<TModelClass>> made = {};
+
+  static TPtr<ICIMNamespace> Allocate(bool redefines) {
+    const auto space = boost::make_shared<TModelNamespace>();
+    space->redefines = redefines;
+    space->root = boost::static_pointer_cast<TModelClass>(space->AllocateClass("<root>", {}, {}));
+    return space;
   }
-  TModelClass* AllocateClass(TText name, TModelClass* super, TAny) {
-    TModelClass* present = nullptr;
+  ~TModelNamespace() override {
+    for (auto at = made.rbegin(); at != made.rend(); ++at) {
+      if (const auto cimClass = at->lock()) cimClass->ReleaseLinks();
+    }
+  }
+  TPtr<ICIMClass> AllocateClass(TText name, TPtr<ICIMClass> super, TAny) override {
+    TPtr<ICIMClass> present;
     try {
       present = GetClass(name, {});
     } catch (const TVYRException&) {
     }
-    if (present != nullptr) {
-      present->Inherit(false);
+    if (present) {
+      static_cast<TModelClass&>(*present).Inherit(false);
       return present;
     }
-    auto* made = New<TModelClass>(TModelNamed{EModelKind::kClass, this, name, {}},
-                                  super == nullptr ? root : super);
-    made->Inherit(true);
-    return made;
+    const auto added = boost::make_shared<TModelClass>();
+    made.emplace_back(added);
+    added->name = name;
+    added->space = shared_from_this();
+    added->super = super ? boost::static_pointer_cast<TModelClass>(super) : root;
+    added->Inherit(true);
+    return added;
   }
-  void EnumerateRootClasses(const TCall<TModelClass>& callback, TAny) {
+  TPtr<ICIMClass> GetClass(TText name, TAny) override {
+    return name.empty() || name == "<root>" ? root : Demand(classes.Find(name));
+  }
+  void EnumerateRootClasses(const TCIMClassCallback& callback, TAny) override {
     root->EnumerateSubClasses(callback, false, {});
   }
-  TModelQualifier* AllocateQualifierDecl(TText name, const TCIMValue& value,
-                                         ICIMQualifierDecl::EScope,
-                                         ICIMQualifierDecl::EFlavor flavor, TAny) {
-    return New<TModelQualifier>(name, value, flavor, this);
+  TPtr<ICIMQualifierDecl> AllocateQualifierDecl(TText name, const TCIMValue& value,
+                                                ICIMQualifierDecl::EScope scope, EFlavor flavor,
+                                                TAny) override {
+    const auto added = boost::make_shared<TModelQualifierDecl>();
+    added->space = shared_from_this();
+    added->name = name;
+    added->value = value;
+    added->scope = scope;
+    added->flavor = flavor;
+    return added;
   }
-  TModelQualifier* GetQualifierDecl(TText name, TAny) { return Find(qualifierDecls, name); }
-  TModelInstance* GetInstance(const TCIMReference& path, TAny) {
-    return GetClass(path.GetClassName(), {})->GetInstance(path);
+  TPtr<ICIMQualifierDecl> GetQualifierDecl(TText name, TAny) override {
+    return qualifierDecls.Find(name);
   }
-  void EnumerateQualifierDecls(const TCall<TModelQualifier>& callback, TAny) {
-    Walk(qualifierDecls, false, false, callback);
+  void EnumerateQualifierDecls(const TCIMQualifierDeclCallback& callback, TAny) override {
+    qualifierDecls.Walk(false, false, callback);
   }
-  void ClearInstances() {
-    for (const auto& entry : classes) entry.second->instances.clear();
+  TPtr<ICIMInstance> GetInstance(const TCIMReference& path, TAny) override {
+    const auto cimClass =
+        boost::static_pointer_cast<TModelClass>(GetClass(path.GetClassName(), {}));
+    return cimClass->instances.FindKey(path.GetPath());
   }
+  void ClearInstances() override {
+    for (const auto& entry : classes.entries) entry.second.element->instances.Clear();
+  }
+
+  TPtr<INamespaceProvider> GetNamespaceProvider(TAny) override { return {}; }
+  void SetUpcallNamespace(TPtr<ICIMNamespace>, TAny) override {}
+  void AddUnderlyingNamespace(TPtr<ICIMNamespace>, TAny) override { throw TVYRException(1); }
+  void EnumerateProviders(const TCIMProviderCallback&, TAny) override {}
+  void Subscribe(TPtr<ICIMIndicationFilter>, const TCIMInstanceCallback&, TAny) override {
+    throw TVYRException(1);
+  }
+  void DeleteInstance(const TCIMReference&, TAny) override { throw TVYRException(1); }
+  void ModifyInstance(const TCIMReference&, TCIMContext, TAny) override { throw TVYRException(1); }
+  void ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&, TAny) override {
+    throw TVYRException(1);
+  }
+  ICIMNamespace& operator=(ICIMNamespace&) override { return *this; }
 };
 
 }  // namespace NZELVYR20

@@ -1,47 +1,40 @@
 #pragma once
 
+#include <boost/enable_shared_from_this.hpp>
+#include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 #include <cctype>
 #include <functional>
 #include <map>
-#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "ICIMClass.h"
-#include "ICIMQualifierDecl.h"
+#include "ICIMMethodDecl.h"
+#include "ICIMNamespace.h"
+#include "ICIMProperty.h"
+#include "ICIMPropertyDecl.h"
+#include "ICIMQualifier.h"
 #include "ICoreLogger.h"
-#include "TCIMContext.h"
 #include "TCIMReference.h"
-#include "TCIMValue.h"
 #include "TRootObject.h"
+#include "TShown.h"
 #include "TVYRException.h"
 
 /// @file
-/// The model: what the contract says about a namespace, as plain as can be. Its elements bear the
-/// operations of the interfaces under their names, so that one driver can speak to both sides.
-/// Values and paths are the host's; a class in a value is the plug-in's, which a model class knows
-/// as its handle. All elements live as long as their namespace.
+/// The model: what the contract says about a namespace, as plain as can be, behind the very
+/// interfaces, so that one driver can speak to both sides. Who holds whom is what the contract
+/// says, too: what goes when is compared.
 namespace NZELVYR20 {
 
 using TAny = TCIMContext;  ///< the call context, which nobody reads
 using TText = const std::string&;
-using TType = TCIMValue::TCIMType;
-template <class T>
-using TTable = std::map<std::string, T*>;
-template <class T>
-using TCall = std::function<bool(T*)>;
-
-struct TModelClass;
-struct TModelDecl;
-struct TModelInstance;
-struct TModelProperty;
-struct TModelQualifier;
+using EFlavor = ICIMQualifierDecl::EFlavor;
 
 inline void LogModel(int level, TText text) { TRootObject::GetCoreLogger()->Log(level, text); }
-
-inline bool Contains(TText text, TText part) { return text.find(part) != std::string::npos; }
 
 inline std::string Normalize(TText name) {
   std::string folded;
@@ -56,31 +49,25 @@ inline std::string Normalize(TText name) {
   return folded;
 }
 
-template <class T>
-T* Find(const TTable<T>& table, TText name) {
-  const auto found = table.find(Normalize(name));
-  return found == table.end() ? nullptr : found->second;
-}
+/// What compares by its name and is never assigned.
+template <class TInterface>
+struct TModelCompared : TInterface {
+  TModelCompared() = default;
+  TModelCompared(const TModelCompared&) : TInterface() {}
 
-template <class T>
-T* Demand(T* found) {
-  if (found == nullptr) throw TVYRException(15);
-  return found;
-}
-
-/// Visits what is there when the walk begins and still there when its turn comes.
-template <class T, class TCallback>
-void Walk(const TTable<T>& table, bool stops, bool passes, const TCallback& call) {
-  const std::vector<std::pair<std::string, T*>> before(table.begin(), table.end());
-  for (const auto& entry : before) {
-    const auto now = table.find(entry.first);
-    if (now == table.end() || now->second != entry.second) continue;
-    try {
-      if (!call(entry.second) && stops) return;
-    } catch (...) {
-      if (passes) throw;
-    }
+  int Compare(TInterface& other) const {
+    const std::string own = Normalize(this->GetName({}));
+    return own.compare(Normalize(other.GetName({})));
   }
+  bool operator==(TInterface& other) const override { return Compare(other) == 0; }
+  bool operator<(TInterface& other) const override { return Compare(other) < 0; }
+  TInterface& operator=(const TInterface&) override { return *this; }
+};
+
+template <class T>
+T Demand(const T& found) {
+  if (!found) throw TVYRException(15);
+  return found;
 }
 
 /// Runs the call; status 15 means that what it looked at does not count.
@@ -89,123 +76,287 @@ bool Try(const TCallback& call) {
   try {
     return call();
   } catch (const TVYRException& failure) {
-    if (failure.GetStatusCode() != 15) throw;
+    if (failure.GetStatusCode() != 15) throw TVYRException(failure.GetStatusCode());
     return false;
   }
 }
 
-/// What a namespace keeps.
-struct TModelStore {
-  bool allowsRedefinition;
-  TModelClass* root = nullptr;
-  TTable<TModelQualifier> qualifierDecls = {};
-  TTable<TModelClass> classes = {};
-  std::vector<std::shared_ptr<void>> everything = {};
-  std::map<const ICIMClass*, TModelClass*> byHandle = {};
+/// Shared elements in the order of their keys.
+template <class TKey, class T>
+struct TTable {
+  struct TEntry {
+    TPtr<T> element;
+    unsigned serial = 0;  ///< tells a walk what came after its start
+    TPtr<void> use = {};  ///< goes when the element is taken out
+  };
+  std::map<TKey, TEntry> entries = {};
+  unsigned serial = 0;
 
-  template <class T, class... TArguments>
-  T* New(TArguments&&... arguments) {
-    const auto made = std::make_shared<T>(T{std::forward<TArguments>(arguments)...});
-    everything.push_back(made);
-    return made.get();
+  TPtr<T> FindKey(const TKey& key) const {
+    const auto found = entries.find(key);
+    return found == entries.end() ? TPtr<T>() : found->second.element;
   }
-  TModelClass* GetClass(TText name, TAny) const {
-    return name.empty() || name == "<root>" ? root : Demand(Find(classes, name));
+  TPtr<T> Find(TText name) const { return FindKey(Normalize(name)); }
+  bool Insert(const TKey& key, const TPtr<T>& element, const TPtr<void>& use = {}) {
+    return entries.insert({key, {element, ++serial, use}}).second;
+  }
+  /// What takes another's place is visited in its turn.
+  void Put(const TKey& key, TPtr<T> element, TPtr<void> use = {}) {
+    if (Insert(key, element, use)) return;
+    entries[key].element.swap(element);
+    entries[key].use.swap(use);
+  }
+  void Append(const TPtr<T>& element) { Insert(static_cast<TKey>(serial + 1), element); }
+  bool Erase(const TKey& key) { return !entries.extract(key).empty(); }
+  void Remove(TText name) {
+    if (!Erase(Normalize(name))) throw TVYRException(15);
+  }
+  void EraseFirst(const std::function<bool(const T&)>& matches) {
+    for (auto at = entries.begin(); at != entries.end(); ++at) {
+      if (matches(*at->second.element)) return void(entries.extract(at));
+    }
+  }
+  void Clear() { std::exchange(entries, {}); }
+
+  /// Visits what is there from the start of the walk until its turn.
+  template <class TCallback>
+  void Walk(bool stops, bool passes, const TCallback& call) const {
+    const unsigned last = serial;
+    for (auto at = entries.begin(); at != entries.end();) {
+      const TKey key = at->first;
+      const TEntry entry = at->second;
+      try {
+        if (entry.serial <= last && !call(entry.element) && stops) return;
+      } catch (...) {
+        if (passes) throw;
+      }
+      at = entries.upper_bound(key);
+    }
   }
 };
 
-/// A qualifier, or the declaration of one.
-struct TModelQualifier {
-  using EFlavor = ICIMQualifierDecl::EFlavor;
-  std::string name;
-  TCIMValue value;
-  EFlavor flavor;
-  TModelStore* space = nullptr;
+struct TModelClass;
+struct TModelQualifierDecl;
+
+/// What a namespace keeps.
+struct TModelStore : ICIMNamespace {
+  using ICIMNamespace::operator=;
+  bool redefines = false;
+  TPtr<TModelClass> root = {};
+  TTable<std::string, TModelQualifierDecl> qualifierDecls = {};
+  TTable<std::string, TModelClass> classes = {};
+
+  template <class T>
+  void Check(const TTable<std::string, T>& table, TText kind, TText name) const {
+    if (!table.Find(name) || redefines) return;
+    LogModel(3, "Inmem: TInmemNamespace: " + kind + " " + name + " already defined");
+    throw TVYRException(16);
+  }
+};
+
+/// A value that keeps its type when it lets go of the classes to which it refers.
+struct TModelValue {
+  TCIMValue now;
+  TType type;
+
+  TModelValue(const TCIMValue& given = {}) : now(given), type(given.GetType()) {}
+  bool IsReference() const { return now.GetType().GetElementType() == TType::kReference; }
+  void Release() {
+    if (IsReference()) now = TCIMValue();
+  }
+};
+
+struct TModelQualifierDecl : TModelCompared<ICIMQualifierDecl>,
+                             boost::enable_shared_from_this<TModelQualifierDecl> {
+  using ICIMQualifierDecl::operator=;
+  boost::weak_ptr<TModelStore> space = {};
+  std::string name = {};
+  TModelValue value = {};
+  EScope scope = kAny;
+  EFlavor flavor = kNoFlavor;
+
+  void Validate(TAny) override {}
+  void AddToNamespace(TAny) override {
+    const auto owner = space.lock();
+    owner->Check(owner->qualifierDecls, "qualifier", name);
+    owner->qualifierDecls.Put(Normalize(name), shared_from_this());
+  }
+  void RemoveQualifierDecl(TAny) override {}
+  TText GetName(TAny) const override { return name; }
+  TPtr<ICIMNamespace> GetNamespace(TAny) const override { return space.lock(); }
+  TType GetType(TAny) const override { return value.type; }
+  bool IsArray(TAny) const override { return value.type.IsArray(); }
+  const TCIMValue& GetDefaultValue(TAny) const override { return value.now; }
+  void SetDefaultValue(const TCIMValue& given, TAny) override { value = given; }
+  EScope GetScope(TAny) const override { return scope; }
+  void SetFlavor(EFlavor bits, TAny) override { flavor = flavor | bits; }
+  void UnsetFlavor(EFlavor bits, TAny) override { flavor = flavor - bits; }
+  EFlavor GetFlavor(TAny) const override { return flavor; }
+
+  TPtr<TModelQualifierDecl> Free() const {
+    auto freed = boost::make_shared<TModelQualifierDecl>(*this);
+    freed->value.Release();
+    return freed;
+  }
+};
+
+struct TModelQualifier : TModelCompared<ICIMQualifier>,
+                         boost::enable_shared_from_this<TModelQualifier> {
+  using ICIMQualifier::operator=;
+  boost::weak_ptr<ICIMNamedElement> owner = {};
+  TPtr<const ICIMQualifierDecl> declaration = {};
+  TModelValue value = {};
+  EFlavor flavor = {};
   bool isPropagated = false;
 
-  TText GetName(TAny) const { return name; }
-  const TCIMValue& GetValue(TAny) const { return value; }
-  const TCIMValue& GetDefaultValue(TAny) const { return value; }
-  EFlavor GetFlavor(TAny) const { return flavor; }
-  bool GetPropagated(TAny) const { return isPropagated; }
-  void SetDefaultValue(const TCIMValue& given, TAny) { value = given; }
-  void SetValue(const TCIMValue& given, TAny) { Change(given, flavor); }
-  void SetFlavor(EFlavor bits, TAny) { Change(value, flavor | bits); }
-  void UnsetFlavor(EFlavor bits, TAny) { Change(value, flavor - bits); }
+  void Validate(TAny) override {}
+  void AddToClassOrProperty(TAny) const override {
+    owner.lock()->AddQualifier(boost::const_pointer_cast<TModelQualifier>(shared_from_this()), {});
+  }
+  void RemoveFromClassOrProperty(TAny) override {}
+  TText GetName(TAny) const override { return declaration->GetName({}); }
+  TPtr<ICIMNamedElement> GetClassOrProperty(TAny) const override { return owner.lock(); }
+  TType GetType(TAny) const override { return value.type; }
+  bool IsArray(TAny) const override { return value.type.IsArray(); }
+  TPtr<const ICIMQualifierDecl> GetDeclaration(TAny) const override { return declaration; }
+  const TCIMValue& GetValue(TAny) const override { return value.now; }
+  EFlavor GetFlavor(TAny) const override { return flavor; }
+  bool GetPropagated(TAny) const override { return isPropagated; }
+  void SetValue(const TCIMValue& given, TAny) override { Change(given, flavor); }
+  void SetFlavor(EFlavor bits, TAny) override { Change(value.now, flavor | bits); }
+  void UnsetFlavor(EFlavor bits, TAny) override { Change(value.now, flavor - bits); }
   void Change(const TCIMValue& given, EFlavor bits) {
     value = TCIMValue(given);
     flavor = bits;
     isPropagated = false;
   }
-  bool IsSet() const { return !value.IsNull() && static_cast<bool>(value); }
-  void AddToNamespace(TAny) {
-    if (Find(space->qualifierDecls, name) != nullptr && !space->allowsRedefinition) {
-      LogModel(3, "Inmem: TInmemNamespace: qualifier " + name + " already defined");
-      throw TVYRException(16);
-    }
-    space->qualifierDecls[Normalize(name)] = this;
+
+  bool IsSet() const { return !value.now.IsNull() && static_cast<bool>(value.now); }
+  const TModelQualifierDecl& GetOwn() const {
+    return static_cast<const TModelQualifierDecl&>(*declaration);
+  }
+  /// The same without the classes that it, or its declaration, refers to; empty where there are
+  /// none.
+  TPtr<TModelQualifier> Free() const {
+    if (!value.IsReference() && !GetOwn().value.IsReference()) return {};
+    auto freed = boost::make_shared<TModelQualifier>(*this);
+    freed->value.Release();
+    if (GetOwn().value.IsReference()) freed->declaration = GetOwn().Free();
+    return freed;
   }
 };
 
 enum class EModelKind { kClass, kProperty, kMethod };
 
 /// A class or a declaration: what has a name and qualifiers.
-struct TModelNamed {
-  using EFlavor = ICIMQualifierDecl::EFlavor;
-  EModelKind kind;
-  TModelStore* space;
-  std::string name;
-  TTable<TModelQualifier> qualifiers;
+template <EModelKind kKind, class TInterface, class TSelf>
+struct TModelNamed : TModelCompared<TInterface>, boost::enable_shared_from_this<TSelf> {
+  using TInterface::operator=;
+  std::string name = {};
+  TTable<std::string, TModelQualifier> qualifiers = {};
 
-  TText GetName(TAny) const { return name; }
-  TModelQualifier* AllocateQualifier(TModelQualifier* declared, const TCIMValue& value,
-                                     TAny) const {
-    return AllocateQualifier(declared, value, declared->flavor, {});
+  TText GetName(TAny) const override { return name; }
+  TPtr<ICIMQualifier> AllocateQualifier(TPtr<const ICIMQualifierDecl> declared,
+                                        const TCIMValue& value, TAny) override {
+    return AllocateQualifier(declared, value, declared->GetFlavor({}), {});
   }
-  TModelQualifier* AllocateQualifier(TModelQualifier* declared, const TCIMValue& value,
-                                     EFlavor flavor, TAny) const {
-    return space->New<TModelQualifier>(declared->name, value, flavor);
+  TPtr<ICIMQualifier> AllocateQualifier(TPtr<const ICIMQualifierDecl> declared,
+                                        const TCIMValue& value, EFlavor flavor, TAny) override {
+    const auto made = boost::make_shared<TModelQualifier>();
+    made->owner = this->shared_from_this();
+    made->declaration = declared;
+    made->Change(value, flavor);
+    return made;
   }
-  void AddQualifier(TModelQualifier* added) {
-    TModelQualifier* present = Find(qualifiers, added->name);
-    if (present != nullptr && (present->flavor & 1U) == 0) {
-      const bool isSame = kind == EModelKind::kClass || present->flavor == added->flavor;
-      if (present->value != added->value || !isSame) throw TVYRException(28);
+  void AddQualifier(TPtr<ICIMQualifier> added, TAny) override {
+    const auto present = qualifiers.Find(added->GetName({}));
+    if (present && (present->flavor & 1U) == 0) {
+      const bool isSame = kKind == EModelKind::kClass || present->flavor == added->GetFlavor({});
+      if (present->value.now != added->GetValue({}) || !isSame) throw TVYRException(28);
       return;
     }
-    qualifiers[Normalize(added->name)] = added;
+    qualifiers.Put(Normalize(added->GetName({})),
+                   boost::static_pointer_cast<TModelQualifier>(added));
   }
-  TModelQualifier* GetQualifier(TText named, TAny) const {
-    TModelQualifier* found = Find(qualifiers, named);
-    return kind == EModelKind::kClass ? found : Demand(found);
+  TPtr<ICIMQualifier> GetQualifier(TText named, TAny) const override {
+    const auto found = qualifiers.Find(named);
+    return kKind == EModelKind::kClass ? found : Demand(found);
   }
-  TModelQualifier* GetQualifier(TText named, bool& found, TAny) const {
-    if (kind == EModelKind::kMethod) throw TVYRException(1);
-    TModelQualifier* qualifier = Find(qualifiers, named);
+  TPtr<ICIMQualifier> GetQualifier(TText named, bool& found, TAny) const override {
+    if (kKind == EModelKind::kMethod) throw TVYRException(1);
+    const auto qualifier = qualifiers.Find(named);
     found = qualifier != nullptr;
     return qualifier;
   }
-  void EnumerateQualifiers(const TCall<TModelQualifier>& callback, TAny) const {
-    Walk(qualifiers, kind == EModelKind::kClass, kind == EModelKind::kMethod, callback);
+  void EnumerateQualifiers(const TCIMQualifierCallback& callback, TAny) const override {
+    qualifiers.Walk(kKind == EModelKind::kClass, kKind == EModelKind::kMethod, callback);
   }
+
   bool IsSet(TText qualifier) const {
-    TModelQualifier* found = Find(qualifiers, qualifier);
-    return found != nullptr && found->IsSet();
+    const auto found = qualifiers.Find(qualifier);
+    return found && found->IsSet();
+  }
+  void FreeQualifiers() {
+    for (auto& entry : qualifiers.entries) {
+      if (auto freed = entry.second.element->Free()) entry.second.element.swap(freed);
+    }
   }
 };
 
 /// The declaration of a property or of a method.
-struct TModelDecl : TModelNamed {
-  TModelClass* owner;
-  TCIMValue value;  ///< of a property the default, of a method a null of its type
+template <EModelKind kKind, class TInterface, class TSelf>
+struct TModelDecl : TModelNamed<kKind, TInterface, TSelf> {
+  using TInterface::operator=;
+  boost::weak_ptr<ICIMClass> owner = {};
+  TModelValue value = {};  ///< of a property the default, of a method a null of its type
+  int uses = 0;            ///< by classes whose namespaces live, and by instances
+  int remains = 0;         ///< in classes whose namespaces are gone
 
-  TModelClass* GetClass(TAny) const { return owner; }
-  TType GetType(TAny) const { return value.GetType(); }
-  TType GetReturnType(TAny) const { return value.GetType(); }
-  bool IsArray(TAny) const { return kind == EModelKind::kProperty && value.IsArray(); }
-  const TCIMValue& GetDefaultValue(TAny) const { return value; }
-  void SetDefaultValue(const TCIMValue& given, TAny) { value = TCIMValue(given); }
-  void AddToClass(TAny);
+  void Validate(TAny) override {}
+  TPtr<ICIMClass> GetClass(TAny) const override { return owner.lock(); }
+};
+
+/// What a declaration refers to is let go of when the last use goes, if it remains anywhere.
+template <class TDeclaration>
+struct TModelUse {
+  const TPtr<TDeclaration> declaration;
+  int& count;
+
+  TModelUse(const TPtr<TDeclaration>& used, bool isLiving)
+      : declaration(used), count(isLiving ? used->uses : used->remains) {
+    ++count;
+  }
+  TModelUse(const TModelUse&) = delete;
+  ~TModelUse() {
+    if (--count > 0 || &count != &declaration->uses || declaration->remains == 0) return;
+    declaration->FreeQualifiers();
+    declaration->value.Release();
+  }
+};
+
+template <class TDeclaration>
+TPtr<void> Use(const TPtr<TDeclaration>& used, bool isLiving) {
+  return boost::make_shared<TModelUse<TDeclaration>>(used, isLiving);
+}
+
+struct TModelPropertyDecl
+    : TModelDecl<EModelKind::kProperty, ICIMPropertyDecl, TModelPropertyDecl> {
+  using ICIMPropertyDecl::operator=;
+  void AddToClass(TAny) override { owner.lock()->AddPropertyDecl(shared_from_this()); }
+  void RemoveFromClass(TAny) override {}
+  TType GetType(TAny) const override { return value.type; }
+  bool IsArray(TAny) const override { return value.type.IsArray(); }
+  const TCIMValue& GetDefaultValue(TAny) const override { return value.now; }
+  void SetDefaultValue(const TCIMValue& given, TAny) override { value = TCIMValue(given); }
+};
+
+struct TModelMethodDecl : TModelDecl<EModelKind::kMethod, ICIMMethodDecl, TModelMethodDecl> {
+  using ICIMMethodDecl::operator=;
+  void AddToClass(TAny) override { owner.lock()->AddMethodDecl(shared_from_this()); }
+  TType GetReturnType(TAny) const override { return value.type; }
+  TPtr<ICIMParameterDecl> AllocateParameterDecl(TText, TType, TAny) override { return {}; }
+  TPtr<ICIMParameterDecl> GetParameterDecl(TText, TAny) const override { return {}; }
+  void EnumerateParameterDecls(TCIMParameterDeclCallback&, TAny) override {}
 };
 
 }  // namespace NZELVYR20

@@ -6,12 +6,13 @@
 #include "ICIMParameterDecl.h"
 #include "ListElements.h"
 #include "TClassTree.h"
-#include "TWorld.h"
+#include "TShown.h"
+#include "TVYRException.h"
 
 namespace NZELVYR20 {
 namespace {
 
-void ShowParameters(TWorld<false>& world, const boost::shared_ptr<ICIMMethodDecl>& method) {
+void ShowParameters(TShown& world, const boost::shared_ptr<ICIMMethodDecl>& method) {
   TCIMParameterDeclCallback show = [&world](const auto& parameter) {
     world.ShowNamed(parameter);
     world.out << ' ' << parameter->GetType({});
@@ -20,7 +21,7 @@ void ShowParameters(TWorld<false>& world, const boost::shared_ptr<ICIMMethodDecl
   method->EnumerateParameterDecls(show, {});
 }
 
-void ShowInstance(TWorld<false>& world, const boost::shared_ptr<ICIMInstance>& instance) {
+void ShowInstance(TShown& world, const boost::shared_ptr<ICIMInstance>& instance) {
   world.out << "\ninstance " << instance->GetReference({}).GetPath();
   instance->EnumerateProperties(
       [&world](const boost::shared_ptr<ICIMProperty>& property) {
@@ -33,20 +34,19 @@ void ShowInstance(TWorld<false>& world, const boost::shared_ptr<ICIMInstance>& i
 }  // namespace
 
 TNamespaceDump::TNamespaceDump(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
-  TWorld<false> world{nameSpace};
+  TShown world;
   nameSpace->EnumerateQualifierDecls(
       [&world](const boost::shared_ptr<ICIMQualifierDecl>& declared) {
         world.out << "\nqualifier " << world.Text(declared) << ' '
-                  << TWorld<false>::Text(declared->GetDefaultValue({})) << " scope "
+                  << world.Text(declared->GetDefaultValue({})) << " scope "
                   << declared->GetScope({}) << " flavor " << declared->GetFlavor({});
         return true;
       },
       {});
   const TClassList classes = TClassTree::Flatten(TClassTree::GetTopClasses(*nameSpace));
   for (const auto& cimClass : classes) {
-    world.c[world.s.a] = cimClass;
     try {
-      world.ShowClass();
+      world.ShowClass(cimClass);
     } catch (const TVYRException& failure) {
       world.out << " status " << failure.GetStatusCode();
     }

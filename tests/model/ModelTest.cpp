@@ -40,11 +40,9 @@ std::string ValueText(int value) {
   const std::string from = std::to_string(value / 32 & 7);
   if (at < kConstants) return TWorld::ValueText(GetConstants()[at]);
   if (at < kReference) return "null reference to c" + from;
-  if (at > 29) return "n" + std::to_string(value / 256) + ": c" + from + (at == 30 ? ".a" : ".b");
-  return "reference to i" + from +
-         (at == 28   ? " of the superclass"
-          : at == 29 ? " in an array"
-                     : "");
+  if (at == 28) return "array of a reference to c" + from;
+  if (at > 28) return "n" + std::to_string(value / 256) + ": c" + from + (at == 29 ? ".a" : ".b");
+  return "reference to i" + from + (at == 27 ? " of the superclass" : "");
 }
 
 std::string ToText(const TStep& s) {
@@ -227,6 +225,8 @@ class TGenerator {
       AddProperty(c, 1, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
       AddProperty(c, 2, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
     }
+    const int again = 7 + Draw(6);
+    for (int i = 0; i < Draw(3); ++i) AddProperty(c, again, 1 + Draw(3), false);
     Add(kMethod, c, 0, Draw(4), 0, Draw(2));
     if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
     Add(kAddMethod, c, 0, 0, 0, 0);
@@ -279,7 +279,7 @@ class TGenerator {
     Add(walk, Draw(8), b, Draw(2) * Draw(32), Draw(2) * Draw(512), Draw(4) == 0 ? Draw(8) : 0);
     script_.back().inner = 1 + Draw(2);
     for (int act = 0; act < 2; ++act) {
-      Add(kActs[Draw(9)], b, b, Draw(3), Reference(Draw(8)), Draw(8));
+      Add(Draw(40) == 0 ? kSpace : kActs[Draw(9)], b, b, Draw(3), Reference(Draw(8)), Draw(8));
     }
   }
 

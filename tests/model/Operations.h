@@ -47,28 +47,33 @@ inline const std::vector<TCIMValue>& GetConstants() {
                                                    TCIMValue::Null(TType::kDateTime)};
   return constants;
 }
-/// Of 32 values; then come null references to classes, and references to instances in five forms.
+/// Of 32 values; then come null references to classes, references to instances in two forms, one in
+/// an array, and paths.
 constexpr int kConstants = 21;
 constexpr int kReference = 24;
 
 inline TCIMValue TWorld::Value() const {
   const int at = s.value % 32;
   const int from = s.value / 32;
-  if (at < kConstants) return GetConstants()[at];
-  const auto named = at < kReference || at > 29 ? c(from) : i(from)->GetClass({});
-  Require(Lives(*named));
-  if (at < kReference) return TCIMValue::NullReference(named);
-  if (at > 29) {  // the class need not be of that namespace
-    TCIMReference path(n(from / 8), {});
-    path.SetClass(named);
-    path.AddKeyValue("Name", at == 30 ? "a" : "b");
-    return path;
-  }
+  if (at < kReference || at > 27) return Default();
   const TCIMReference path = i(from)->GetReference({});
-  Require(path.GetPath().size() <=
-          200);  // escaping doubles with every level of a reference in a key
-  if (at == 29) return TCIMValue::Array(TType::kReference, {path});
-  return at < 28 ? TCIMValue(path) : TCIMValue(path, path.GetClass()->GetSuperClass({}));
+  Require(path.GetPath().size() <= 200);  // escaping doubles with every level of a key's reference
+  return at < 27 ? TCIMValue(path) : TCIMValue(path, path.GetClass()->GetSuperClass({}));
+}
+
+/// The keys of an instance's path may hold any class.
+inline TCIMValue TWorld::Default() const {
+  const int at = s.value % 32;
+  const int from = s.value / 32;
+  if (at < kConstants) return GetConstants()[at];
+  Require((at < kReference || at > 27) && Lives(*c(from)));
+  const TCIMValue null = TCIMValue::NullReference(c(from));
+  if (at == 28) return TCIMValue::Array(TType::kReference, {null});
+  if (at < kReference) return null;
+  TCIMReference path(n(from / 8), {});  // the class need not be of that namespace
+  path.SetClass(c(from));
+  path.AddKeyValue("Name", at == 29 ? "a" : "b");
+  return path;
 }
 
 /// One row for each operation: how often it is drawn, how people read it, and what it does.
@@ -175,16 +180,16 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(1, "c@a = @N.AllocateClass(@C, c@b or root)", AllocateClass(w)),
     MODEL_ROW(3, "c@a.AddToNamespace()", w.AddClass()),
     MODEL_ROW(1, "q@a = @N.AllocateQualifierDecl(@Q, @V, flavor @F)",
-              w.q[w.s.a] = w.N()->AllocateQualifierDecl(w.In(kQualifiers), w.Value(),
+              w.q[w.s.a] = w.N()->AllocateQualifierDecl(w.In(kQualifiers), w.Default(),
                                                         ICIMQualifierDecl::kAny, w.Flavor(), {})),
     MODEL_ROW(1, "q@a.AddToNamespace()", Require(w.Q()->GetNamespace({}) != nullptr);
               w.Q()->AddToNamespace({})),
     MODEL_ROW(6, "@E.AllocateQualifier(q@F, @V).AddToClassOrProperty()",
               w.OnElement([&](const auto& e) {
-                w.Attach(e->AllocateQualifier(w.q(w.s.flag), w.Value(), {}), *e);
+                w.Attach(e->AllocateQualifier(w.q(w.s.flag), w.Default(), {}), *e);
               })),
     MODEL_ROW(4, "d@b = c@a.AllocatePropertyDecl(@P, @V)",
-              w.d[w.s.b] = w.C()->AllocatePropertyDecl(w.In(kProperties), w.Value(), {})),
+              w.d[w.s.b] = w.C()->AllocatePropertyDecl(w.In(kProperties), w.Default(), {})),
     MODEL_ROW(6, "d@b.AddToClass()", Require(w.Lives(*w.D())); w.D()->AddToClass({})),
     MODEL_ROW(1, "i@b = c@a.AllocateInstance()",
               w.out << w.Text(w.i[w.s.b] = w.C()->AllocateInstance({}))),
@@ -215,14 +220,14 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(1, "q@a.SetFlavor(@F), or UnsetFlavor or SetDefaultValue(@V), by @b",
               if (w.s.b % 3 == 0) w.Q()->SetFlavor(w.Flavor(), {});
               if (w.s.b % 3 == 1) w.Q()->UnsetFlavor(w.Flavor(), {});
-              if (w.s.b % 3 == 2) w.Q()->SetDefaultValue(w.Value(), {})),
+              if (w.s.b % 3 == 2) w.Q()->SetDefaultValue(w.Default(), {})),
     MODEL_ROW(1, "@N.GetQualifierDecl(@Q)",
               const auto found = w.N()->GetQualifierDecl(w.In(kQualifiers), {});
               w.out << w.Text(found);
               if (found) w.out << w.Text(found->GetDefaultValue({})) << found->GetFlavor({})),
     MODEL_ROW(4, "@E.AllocateQualifier(q@n, @V, flavor @F).AddToClassOrProperty()",
               w.OnElement([&](const auto& e) {
-                w.Attach(e->AllocateQualifier(w.q(w.s.name), w.Value(), w.Flavor(), {}), *e);
+                w.Attach(e->AllocateQualifier(w.q(w.s.name), w.Default(), w.Flavor(), {}), *e);
               })),
     MODEL_ROW(3, "@E.GetQualifier(@Q).SetFlavor(@F), or UnsetFlavor or SetValue(@V), by @F",
               w.OnElement([&](const auto& e) {
@@ -231,7 +236,7 @@ inline const TOperation kOperations[] = {
                 Require(found && w.Lives(*e));
                 if (w.s.flag % 3 == 0) found->SetFlavor(w.Flavor(), {});
                 if (w.s.flag % 3 == 1) found->UnsetFlavor(w.Flavor(), {});
-                if (w.s.flag % 3 == 2) found->SetValue(w.Value(), {});
+                if (w.s.flag % 3 == 2) found->SetValue(w.Default(), {});
               })),
     MODEL_ROW(2, "@E.GetQualifier(@Q, found)", w.OnElement([&](const auto& e) {
       bool found = false;
@@ -245,7 +250,7 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(3, "d@b = c@a.GetPropertyDecl(@P)",
               w.out << w.Text(w.d[w.s.b] = w.C()->GetPropertyDecl(w.In(kProperties), {}))),
     MODEL_ROW(1, "d@b.SetDefaultValue(@V)", Require(w.Lives(*w.D()));
-              w.D()->SetDefaultValue(w.Value(), {})),
+              w.D()->SetDefaultValue(w.Default(), {})),
     MODEL_ROW(1, "c@a.RemoveMethodDecl(m@b)", w.C()->RemoveMethodDecl(w.M())),
     MODEL_ROW(1, "m@b = c@a.GetMethodDecl(@M)",
               w.out << w.Text(w.m[w.s.b] = w.C()->GetMethodDecl(w.In(kMethods), {}))),

@@ -66,6 +66,7 @@ struct TWorld : TShown {
     return static_cast<ICIMQualifierDecl::EFlavor>(s.flag & 7);
   }
   TCIMValue Value() const;
+  TCIMValue Default() const;  ///< what may be a default, or stand in a qualifier
 
   /// Lets go of everything.
   void Clear() { c = {}, q = {}, d = {}, m = {}, i = {}, n = {}; }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
 #include <ostream>
 #include <string>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -45,6 +48,23 @@ struct TOutcome {
     return stream;
   }
 };
+
+/// What a host may throw: a failure of a type of its own.
+struct TForeignFailure : TVYRException {
+  using TVYRException::TVYRException;
+};
+
+/// Expects that a plain failure comes out of the operation, of this status, whatever went in.
+template <class TOperation>
+void ExpectPlainFailure(int status, TOperation operation) {
+  try {
+    operation();
+    ADD_FAILURE() << "no failure";
+  } catch (const TVYRException& failure) {
+    EXPECT_EQ(failure.GetStatusCode(), status);
+    EXPECT_TRUE(typeid(failure) == typeid(TVYRException));
+  }
+}
 
 /// Takes the place of the host's logger as long as it lives.
 class TLogRecorder {

@@ -1,0 +1,160 @@
+#include <boost/make_shared.hpp>
+
+#include "TInmemClass.h"
+#include "TInmemNamespace.h"
+#include "TRepositoryTest.h"
+
+namespace NZELVYR20 {
+namespace {
+
+/// A class of another making, as far as it acts when it is asked for its superclasses.
+struct TActingClass : TInmemClass {
+  using TInmemClass::TInmemClass;
+  using TInmemClass::operator=;
+  TActingClass& operator=(const TActingClass&) { return *this; }
+
+  bool IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMContext) const override {
+    const auto acting = act;
+    acting();
+    return TInmemClass::IsSubclassOf(other, {});
+  }
+
+  std::function<void()> act = [] {};
+};
+
+/// An association that refers to an acting class and, behind that, to another.
+class TJoiningTest : public TRedefinitionTest {
+ protected:
+  TJoiningTest() {
+    Qualify(*link, "Association");
+    Refer(link);
+  }
+
+  void Refer(const TClass& from) {
+    DeclareProperty(from, "Id", "x", {"Key"});
+    for (const auto& [name, to] : {std::pair<const char*, TClass>{"A", acting}, {"B", end}}) {
+      DeclareProperty(from, name, 1U)->SetDefaultValue(TCIMValue::NullReference(to), {});
+    }
+  }
+
+  static TNames AssociationsOf(const TClass& cimClass) {
+    return NamesOf(
+        [&](const TNamer& note) { cimClass->EnumerateAssociationClasses(note, "", "", {}); });
+  }
+
+  static TNames SubClassesOf(const TClass& cimClass) {
+    return NamesOf([&](const TNamer& note) { cimClass->EnumerateSubClasses(note, false, {}); });
+  }
+
+  TClass root = space->GetClass("", {});
+  boost::shared_ptr<TActingClass> acting = boost::make_shared<TActingClass>(
+      boost::dynamic_pointer_cast<TInmemNamespace>(space), "Acting", nullptr);
+  TClass end = DefineClass("End");
+  TClass link = NewClass("Link");
+};
+
+TEST_F(TJoiningTest, AClassStaysBesideOneThatIsAddedMeanwhile) {
+  acting->act = [&] { acting->act = [] {}, DefineClass("Late"); };
+  link->AddToNamespace({});
+  EXPECT_EQ(SubClassesOf(root), (TNames{"End", "Link", "Late"}));
+}
+
+TEST_F(TJoiningTest, AFailureComesAfterWhatWasDone) {
+  acting->act = [] { throw TVYRException(7); };
+  EXPECT_EQ(Try([&] { link->AddToNamespace({}); }), TOutcome::Quiet(7));
+  EXPECT_EQ(SubClassesOf(root), (TNames{"End", "Link"}));
+  EXPECT_EQ(space->GetClass("Link", {}), link);
+  EXPECT_EQ(Try([&] { link->RemoveFromNamespace({}); }), TOutcome::Quiet(7));
+  EXPECT_EQ(SubClassesOf(root), TNames{"End"});
+}
+
+TEST_F(TJoiningTest, OnlyAssociationsLookAtTheirReferences) {
+  acting->act = [] { FAIL(); };
+  const TClass plain = NewClass("Plain");
+  Refer(plain);
+  plain->AddToNamespace({});
+  plain->RemoveFromNamespace({});
+  EXPECT_EQ(AssociationsOf(end), TNames{});
+}
+
+TEST_F(TJoiningTest, ReferencesAreThoseOfTheTimeWhenEachIsDue) {
+  const TClass late[] = {DefineClass("Late"), DefineClass("Later"), DefineClass("Latest")};
+  const TClass twin = DefineClass("Acting");
+  acting->act = [&] {
+    acting->act = [] {};
+    link->RemovePropertyDecl(link->GetPropertyDecl("B", {}));
+    for (const TClass& to : late) {
+      DeclareProperty(link, "A" + to->GetName({}), TCIMValue::NullReference(to));
+    }
+    DeclareProperty(link, "Z", TCIMValue::NullReference(twin));
+  };
+  link->AddToNamespace({});
+  for (const TClass& to : late) EXPECT_EQ(AssociationsOf(to), TNames{"Link"});
+  EXPECT_EQ(AssociationsOf(acting), TNames{}) << "left to the twin, and the other way round";
+  EXPECT_EQ(AssociationsOf(end), TNames{});
+  link->RemoveFromNamespace({});
+  EXPECT_EQ(AssociationsOf(late[0]), TNames{});
+}
+
+TEST_F(TJoiningTest, AClassReplacedOnTheWayUpNoLongerLeadsThere) {
+  TClass middle = NewClass("Middle", end);
+  const TClass replacement = NewClass("Middle", end);
+  const TClass low = NewClass("Low", middle);
+  middle->AddToNamespace({}), low->AddToNamespace({});
+  middle.reset();
+  Qualify(*replacement, "Association");
+  for (const TClass& to : {end, low}) {
+    DeclareProperty(replacement, to->GetName({}), TCIMValue::NullReference(to));
+  }
+  replacement->AddToNamespace({});
+  EXPECT_EQ(low->GetSuperClass({}), nullptr);
+  EXPECT_EQ(AssociationsOf(end), TNames{"Middle"});
+  EXPECT_EQ(AssociationsOf(low), TNames{"Middle"});
+
+  EXPECT_EQ(NewClass("Low"), low);
+  EXPECT_EQ(low->GetSuperClass({}), root) << "what is allocated again comes under the root";
+  EXPECT_EQ(SubClassesOf(replacement), TNames{"Low"}) << "which the others are not told";
+  NewInstance(low);
+  DeclareProperty(root, "New", "");
+  EXPECT_EQ(NewInstance(NewClass("Low"))->GetProperty("New", {})->ToString(), "");
+}
+
+TEST_F(TJoiningTest, AMissingSuperclassIsNoticedLast) {
+  const struct {
+    const char* name = nullptr;
+    bool hasKey = false;
+    TOutcome outcome;
+  } rows[] = {
+      {"a-b", false, TOutcome::Logged(7, 3, "Inmem: Class a-b has no keys")},
+      {"a-b", true, InvalidName("a-b")},
+      {"END", true, TOutcome::Logged(16, 3, "Inmem: TInmemNamespace: class END already defined")},
+  };
+  for (const auto& row : rows) {
+    space = NewNamespace(false);
+    const TClass orphan = NewClass(row.name, NewClass("Gone"));
+    DefineClass("End");
+    if (row.hasKey) DeclareProperty(orphan, "Id", "", {"Key"});
+    EXPECT_EQ(Try([&] { orphan->AddToNamespace({}); }), row.outcome);
+  }
+  const TClass orphan = NewClass("Orphan", NewClass("Gone"));
+  DeclareProperty(orphan, "Id", "", {"Key"});
+  EXPECT_DEATH(orphan->AddToNamespace({}), "");
+}
+
+TEST_F(TJoiningTest, ARedefinitionTakesThePlaceOfTheVeryName) {
+  const TClass twin = NewClass("TWIN");
+  const TClass heir = NewClass("Twin");
+  const TClass old = DefineClass("Twin");
+  DefineClass("First", old), DefineClass("Second", old);
+  for (const TClass& added : {twin, heir}) {
+    DeclareProperty(added, "Id", "", {"Key"});
+    added->AddToNamespace({});
+  }
+  EXPECT_EQ(SubClassesOf(root), (TNames{"End", "TWIN", "Twin"}));
+  DefineClass("Third", heir);
+  EXPECT_EQ(SubClassesOf(heir), (TNames{"First", "Second", "Third"}));
+  EXPECT_EQ(SubClassesOf(old), (TNames{"First", "Second"}));
+}
+
+}  // namespace
+}  // namespace NZELVYR20

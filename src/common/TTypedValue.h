@@ -24,8 +24,7 @@ class TTypedValue {
   /// Whether it is a reference, or an array of them.
   bool MayHoldClasses() const {
     const auto type = value_.GetType();
-    return type == TCIMValue::TCIMType::kReference ||
-           type == TCIMValue::TCIMType::kReferenceArray;
+    return type == TCIMValue::TCIMType::kReference || type == TCIMValue::TCIMType::kReferenceArray;
   }
 
   void ReleaseClasses() {

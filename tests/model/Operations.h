@@ -67,7 +67,7 @@ inline TCIMValue TWorld::Default() const {
   const int from = s.value / 32;
   if (at < kConstants) return GetConstants()[at];
   Require((at < kReference || at > 27) && Lives(*c(from)));
-  const TCIMValue null = TCIMValue::NullReference(c(from));
+  TCIMValue null = TCIMValue::NullReference(c(from));
   if (at == 28) return TCIMValue::Array(TType::kReference, {null});
   if (at < kReference) return null;
   TCIMReference path(n(from / 8), {});  // the class need not be of that namespace

@@ -499,11 +499,12 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
   void EnumerateAssociatedInstances(const TCIMInstanceCallback& callback, TText assocClass,
                                     TText resultClass, TText role, TText resultRole,
                                     TAny) override {
-    const auto space = cimClass->GetNamespace({});
     TPtr<ICIMClass> wanted;
-    if (!space || !Try([&] { return (wanted = space->GetClass(resultClass, {})) != nullptr; })) {
-      return;
-    }
+    const auto find = [&] {
+      const auto space = cimClass->GetNamespace({});
+      return space && (wanted = space->GetClass(resultClass, {}));
+    };
+    if (!Try(find)) return;
     const auto deliver = [&](const TCIMValue& value) {
       const auto referenced = ReferencedClass(value);
       if (!referenced || !referenced->IsSubclassOf(wanted, {})) return false;

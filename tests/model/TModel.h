@@ -20,10 +20,10 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   boost::weak_ptr<TModelClass> super = {};
   const void* identity = nullptr;  ///< the address of the plug-in's class
   TTable<std::string, TModelPropertyDecl> properties = {};
-  TTable<std::string, TModelMethodDecl> methods = {};
-  TTable<std::string, TModelInstance> instances = {};
   TTable<unsigned, TModelClass> subClasses = {};
   TTable<const void*, TModelClass> associations = {};  ///< by identity
+  TTable<std::string, TModelInstance> instances = {};
+  TTable<std::string, TModelMethodDecl> methods = {};
   bool isInNamespace = false;
   bool isRetired = false;  ///< its namespace is gone
 
@@ -391,11 +391,13 @@ struct TModelProperty : ICIMProperty {
 
 struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInstance> {
   TPtr<TModelClass> cimClass = {};
+  std::vector<TPtr<void>> uses = {};  ///< of the declarations; they go after the values
   TTable<std::string, TModelProperty> properties = {};
 
   void Initialize() {
     for (const auto& [key, entry] : cimClass->properties.entries) {
-      properties.Insert(key, TModelProperty::Make(entry.element), Use(entry.element, true));
+      properties.Insert(key, TModelProperty::Make(entry.element));
+      uses.push_back(Use(entry.element, true));
     }
     try {
       cimClass->GetPropertyDecl("DateTimeOfCollection", {});

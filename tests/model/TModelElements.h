@@ -92,6 +92,11 @@ struct TTable {
   std::map<TKey, TEntry> entries = {};
   unsigned serial = 0;
 
+  TTable() = default;
+  TTable(const TTable&) = default;
+  ~TTable() {
+    for (auto& entry : entries) entry.second.use.reset();
+  }
   TPtr<T> FindKey(const TKey& key) const {
     const auto found = entries.find(key);
     return found == entries.end() ? TPtr<T>() : found->second.element;

@@ -166,7 +166,7 @@ class TGenerator {
       const int recipe = Draw(60);
       if (recipe == 0) DefineClass(Draw(8));
       if (recipe > 0 && recipe < 4) PutInstance(Draw(8));
-      if (recipe == 4) WalkAndAct();
+      if (recipe == 4) Draw(2) == 0 ? WalkAndAct() : WalkAndRelink();
       if (recipe == 5 && Draw(4) == 0) UseRoot(Draw(8));
       if (recipe == 6 && Draw(6) == 0) ReplaceSpace();
       const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
@@ -252,34 +252,54 @@ class TGenerator {
 
   /// The last three registers are for instances of associations.
   void PutInstance(int i) {
+    if (i < 5) return AddInstance(i, Draw(5), 1 + Draw(2));
     const int near = Draw(5);
-    const int far = Draw(5);
-    for (const int end : {near, far}) {
-      if (i >= 5) Add(kGetInstance, 0, end, 0, kReference + 32 * end, 0);
-    }
-    Add(kInstance, i < 5 ? Draw(5) : 5 + Draw(3), i, 0, 0, 0);
-    Add(kSet, 0, i, 0, 1 + Draw(2), 0);
-    if (i >= 5) Add(kSet, 0, i, 1, Reference(near), 0);
-    if (i >= 5) Add(kSet, 0, i, 2, Reference(far), 0);
-    Add(kAddInstance, 0, i, 0, 0, 0);
-    if (i < 5) return;
+    PutAssociation(i, 5 + Draw(3), 1 + Draw(2), near);
     Add(kReferences, 0, near, Sometimes(32), Sometimes(16), Draw(8));
     Add(kAssociators, Draw(8), near, Sometimes(32), Sometimes(16), Sometimes(32));
+  }
+  void PutAssociation(int i, int c, int name, int near) {
+    const int far = Draw(5);
+    for (const int end : {near, far}) Add(kGetInstance, 0, end, 0, kReference + 32 * end, 0);
+    AddInstance(i, c, name);
+    Add(kSet, 0, i, 1, Reference(near), 0);
+    Add(kSet, 0, i, 2, Reference(far), 0);
+    Add(kAddInstance, 0, i, 0, 0, 0);
+  }
+  void AddInstance(int i, int c, int name) {
+    Add(kInstance, c, i, 0, 0, 0);
+    Add(kSet, 0, i, 0, name, 0);
+    Add(kAddInstance, 0, i, 0, 0, 0);
   }
   int Sometimes(unsigned below) { return Draw(3) == 0 ? Draw(below) : 0; }
   int Reference(int i) { return kReference + (Draw(8) == 0 ? Draw(8) : 0) + 32 * i; }
 
-  /// A walk that takes out, puts in again or changes what it visits.
+  /// A walk that takes out, puts in again or changes what it visits, or something else.
   void WalkAndAct() {
-    static constexpr int kActs[] = {kDelete,      kAddInstance, kSet,
-                                    kRemoveClass, kAddClass,    kRemoveProperty,
-                                    kAddProperty, kAssociators, kForget};
+    static constexpr int kActs[] = {kDelete,      kAddInstance, kSet,    kRemoveClass,    kAddClass,
+                                    kAssociators, kAddProperty, kForget, kRemoveProperty, kSpace};
     const int walk = walks_[Draw(static_cast<unsigned>(walks_.size()))];
     const int b = Draw(8);
+    Walk(walk, b);
+    for (int act = 0; act < 2; ++act) {
+      Add(kActs[Draw(Draw(4) == 0 ? 10 : 9)], b, b, Draw(3), Reference(Draw(8)), Draw(8));
+    }
+  }
+  void Walk(int walk, int b) {
     Add(walk, Draw(8), b, Draw(2) * Draw(32), Draw(2) * Draw(512), Draw(4) == 0 ? Draw(8) : 0);
     script_.back().inner = 1 + Draw(2);
+  }
+
+  /// A walk along several instances of one association, which lead elsewhere meanwhile.
+  void WalkAndRelink() {
+    const int near = Draw(5);
+    const int c = 5 + Draw(3);
+    for (const int i : {5, 6, 7}) PutAssociation(i, c, i < 7 ? i - 4 : 14, near);
+    Walk(Draw(2) == 0 ? kReferences : kAssociators, near);
     for (int act = 0; act < 2; ++act) {
-      Add(Draw(40) == 0 ? kSpace : kActs[Draw(9)], b, b, Draw(3), Reference(Draw(8)), Draw(8));
+      const int acts[] = {kDelete, kAddInstance, kSet, kSet, kSet};
+      const int to = Draw(2) == 0 ? near : Draw(5);
+      Add(acts[Draw(5)], 0, 5 + Draw(3), 1 + Draw(2), Reference(to), Draw(8));
     }
   }
 

@@ -13,7 +13,8 @@ namespace NZELVYR20 {
 
 /// One operation with all that it needs: numbers of registers, indices into the pools of names and
 /// values, a flag, the namespace; and how many of the steps that follow a callback does with what
-/// it is given. An operation ignores what it has no use for.
+/// it is given, or with something else where their flags are odd. An operation ignores what it has
+/// no use for.
 struct TStep {
   int operation, a, b, name, value, flag, space, inner;
 };
@@ -60,7 +61,7 @@ struct TWorld : TShown {
   const std::string& In(const TPool& pool) const { return pool[s.name % pool.size()]; }
   /// For what restricts a query: as often as not nothing.
   static std::string Maybe(const TPool& pool, int at) {
-    return at % 2 == 0 ? "" : pool[at / 2 % 8];
+    return at % 2 == 0 ? "" : pool[at / 2 % 18 % pool.size()];
   }
   ICIMQualifierDecl::EFlavor Flavor() const {
     return static_cast<ICIMQualifierDecl::EFlavor>(s.flag & 7);
@@ -95,7 +96,7 @@ struct TWorld : TShown {
     const auto steps = std::exchange(inner, {});
     const TStep outer = s;
     for (const TStep& step : steps) {
-      Take(step, element);
+      if (step.flag % 2 == 0) Take(step, element);
       out << "{ ";
       Do(step);
       out << " } ";

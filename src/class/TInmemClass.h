@@ -58,8 +58,9 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   /// ICIMClass::AddInstance; `found` may tell where references of the instance lead.
   void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TFoundEnds& found);
 
-  /// Takes an instance, and whether it is certain to refer to the target of a walk.
-  using TReferrerCallback = boost::function<bool(const boost::shared_ptr<TInmemInstance>&, bool)>;
+  /// Takes an instance, and the walk that came to it.
+  using TReferrerCallback =
+      boost::function<bool(const boost::shared_ptr<TInmemInstance>&, const TReferrerWalk&)>;
 
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
   /// `target`, by the property of this role (empty: by any).

@@ -87,7 +87,7 @@ void TInmemClass::EnumerateReferrers(const TInmemInstance& target, const std::st
   const std::string roleKey = FoldName(role);
   TReferrerWalk walk(instances_, target, roleKey, followsEnds);
   while (const auto referrer = walk.Next()) {
-    CallBack(kVisitsAllAndDiscards, [&] { return callback(referrer, walk.IsCertain()); });
+    CallBack(kVisitsAllAndDiscards, [&] { return callback(referrer, walk); });
   }
 }
 

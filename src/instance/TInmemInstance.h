@@ -16,6 +16,7 @@
 namespace NZELVYR20 {
 
 class TPropertyHolder;
+class TReferrerWalk;
 
 /// An instance of a TInmemClass: its class, which it holds, and one property for each declaration
 /// that the class had when the instance was made. It keeps those declarations alive for its
@@ -101,10 +102,11 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   bool ExamineCandidateClass(const TCIMInstanceCallback& callback, const std::string& role,
                              const boost::shared_ptr<ICIMClass>& assocClass);
 
-  /// Calls back with an association instance of which a reference is known to point here; always
-  /// true.
+  /// Calls back with an association instance of which the walk knows a reference that points here;
+  /// always true.
   bool ReportCandidateClassInstance(const TCIMInstanceCallback& callback,
-                                    const boost::shared_ptr<TInmemInstance>& assocInstance) const;
+                                    const boost::shared_ptr<TInmemInstance>& assocInstance,
+                                    const TReferrerWalk& walk) const;
 
   /// Calls back with the association instance if one of its references points here; always true.
   bool ExamineCandidateClassInstance(const TCIMInstanceCallback& callback,
@@ -151,8 +153,7 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   boost::shared_ptr<TInmemNamespace> GetInmemNamespace() const;
 
   bool ExamineEnds(const TCIMInstanceCallback& callback,
-                   const boost::shared_ptr<ICIMInstance>& assocInstance,
-                   std::size_t hitsBefore) const;
+                   const boost::shared_ptr<ICIMInstance>& assocInstance, std::size_t from) const;
   const TReferences* FindSettled() const;
   const TReferences::TLink* FindLink(const TEnd& end) const;
   void NoteIfSettled() const noexcept;

@@ -7,6 +7,7 @@
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
 #include "TInmemTraversalCallbacks.h"
+#include "TReferrerWalk.h"
 #include "TResolution.h"
 
 namespace NZELVYR20 {
@@ -47,24 +48,26 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
   const bool followsEnds = callback.target<TAssociatorsExamineCallback>() != nullptr ||
                            callback.target<TAssociatorsExamineWithResultRoleCallback>() != nullptr;
-  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance, bool isCertain) {
+  const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance,
+                        const TReferrerWalk& walk) {
     if (!role.empty()) return examineWithRole(assocInstance);
-    if (isCertain) return ReportCandidateClassInstance(callback, assocInstance);
+    if (walk.IsCertain()) return ReportCandidateClassInstance(callback, assocInstance, walk);
     return examine(assocInstance);
   };
   InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, followsEnds, take);
   return true;
 }
 
-/// A callback that fails with status 15 is called again for the next reference that points here.
+/// A callback that fails with status 15 is called again for the next reference that points here,
+/// after the one that was reported.
 bool TInmemInstance::ReportCandidateClassInstance(
-    const TCIMInstanceCallback& callback,
-    const boost::shared_ptr<TInmemInstance>& assocInstance) const {
+    const TCIMInstanceCallback& callback, const boost::shared_ptr<TInmemInstance>& assocInstance,
+    const TReferrerWalk& walk) const {
   const bool isReported = Probe(false, [&] {
     callback(assocInstance);
     return true;
   });
-  return isReported || ExamineEnds(callback, assocInstance, 1);
+  return isReported || ExamineEnds(callback, assocInstance, walk.GetFirstReference() + 1);
 }
 
 bool TInmemInstance::ExamineCandidateClassInstance(
@@ -73,16 +76,15 @@ bool TInmemInstance::ExamineCandidateClassInstance(
   return ExamineEnds(callback, assocInstance, 0);
 }
 
-/// Goes on after so many references that point here.
+/// Looks at the references at `from` and after it.
 bool TInmemInstance::ExamineEnds(const TCIMInstanceCallback& callback,
                                  const boost::shared_ptr<ICIMInstance>& assocInstance,
-                                 std::size_t hitsBefore) const {
+                                 std::size_t from) const {
   const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
   TEnd end;
-  for (std::size_t i = 0; association.FindEnd(i, end); i = end.position + 1) {
+  for (std::size_t i = from; association.FindEnd(i, end); i = end.position + 1) {
     const bool isReported = Probe(false, [&] {
       if (!association.LeadsTo(end, *this)) return false;
-      if (hitsBefore > 0) return --hitsBefore, false;
       callback(assocInstance);
       return true;
     });

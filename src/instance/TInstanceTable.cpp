@@ -115,12 +115,12 @@ void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance,
                              const TFoundEnds& found) {
   if (entry.instance == instance) return references_.Refresh(entry, found);
   references_.Remove(entry);
+  TReferenceIndex::ForgetEnd(entry);
   entry.instance->RemoveEntry(entry);
   const TPointer gone = std::exchange(entry.instance, instance);
   instance->AddEntry(entry);
   ++removals_;
   references_.AddOrForget(entry, found);
-  TReferenceIndex::ForgetEnd(entry);
 }
 
 void TInstanceTable::Erase(std::string_view path) {
@@ -130,11 +130,11 @@ void TInstanceTable::Erase(std::string_view path) {
   if (!entry) return;
   *place = std::exchange(entry->nextInBucket, nullptr);
   references_.Remove(*entry);
+  TReferenceIndex::ForgetEnd(*entry);
   entry->instance->RemoveEntry(*entry);
   const TPointer gone = std::exchange(entry->instance, {});
   ++removals_;
   ++removed_;
-  TReferenceIndex::ForgetEnd(*entry);
   DropRemoved();
 }
 

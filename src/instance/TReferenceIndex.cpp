@@ -58,7 +58,7 @@ void TReferenceIndex::AddReferences(TInstanceEntry& entry, const TInmemInstance&
     }
     if (!instance.AreAllLinked(*entry.references)) AddUnsettled(entry);
   } catch (...) {
-    UnlinkAll(*entry.references);
+    UnlinkAll(entry);
     entry.references.reset();
     throw;
   }
@@ -88,7 +88,7 @@ void TReferenceIndex::Remove(TInstanceEntry& entry) noexcept {
   Leave(*entry.instance);
   if (!entry.references) return;
   RemoveUnsettled(*entry.references);
-  UnlinkAll(*entry.references);
+  UnlinkAll(entry);
   entry.references.reset();
 }
 
@@ -97,7 +97,7 @@ void TReferenceIndex::Clear(const std::vector<std::unique_ptr<TInstanceEntry>>& 
   unsettled_.Clear();
   isStale_ = false;
   for (const auto& entry : entries) {
-    if (entry->references) UnlinkAll(*entry->references);
+    if (entry->references) UnlinkAll(*entry);
     entry->references.reset();
   }
   for (TReferrerWalk* walk = walks_; walk; walk = walk->GetNextWalk()) walk->End();
@@ -108,9 +108,9 @@ void TReferenceIndex::ForgetEnd(TInstanceEntry& end) noexcept {
 }
 
 void TReferenceIndex::ForgetTarget(TReferenceTarget& target) noexcept {
-  ++losses_;
   for (TInstanceEntry* const referrer : target.referrers.GetSlots()) {
     if (!referrer) continue;
+    NoteLoss(*referrer);
     auto& links = referrer->references->links;
     const auto leadsThere = [&](const TReferences::TLink& link) { return link.target == &target; };
     links.erase(std::remove_if(links.begin(), links.end(), leadsThere), links.end());
@@ -148,8 +148,7 @@ void TReferenceIndex::NoteIfSettled(TInstanceEntry& entry) noexcept {
 }
 
 void TReferenceIndex::Unsettle(TInstanceEntry& entry, std::uint32_t position) noexcept {
-  TReferences& references = *entry.references;
-  if (const auto* const link = references.FindLink(position)) Unlink(references, *link);
+  if (const auto* const link = entry.references->FindLink(position)) Unlink(entry, *link);
   AddUnsettledOrForget(entry);
 }
 
@@ -177,8 +176,9 @@ std::uint32_t TReferenceIndex::AddReferrer(TReferenceTarget& target, TInstanceEn
   }
 }
 
-void TReferenceIndex::Unlink(TReferences& references, const TReferences::TLink& link) noexcept {
-  ++losses_;
+void TReferenceIndex::Unlink(TInstanceEntry& entry, const TReferences::TLink& link) noexcept {
+  NoteLoss(entry);
+  TReferences& references = *entry.references;
   const TReferences::TLink gone = link;
   references.links.erase(references.links.begin() + (&link - references.links.data()));
   if (references.FindLinkTo(*gone.target)) return;
@@ -186,12 +186,12 @@ void TReferenceIndex::Unlink(TReferences& references, const TReferences::TLink& 
   if (gone.target->referrers.IsEmpty()) delete gone.target;
 }
 
-void TReferenceIndex::UnlinkAll(TReferences& references) noexcept {
-  while (!references.links.empty()) Unlink(references, references.links.back());
+void TReferenceIndex::UnlinkAll(TInstanceEntry& entry) noexcept {
+  while (!entry.references->links.empty()) Unlink(entry, entry.references->links.back());
 }
 
 void TReferenceIndex::AddUnsettled(TInstanceEntry& entry) {
-  ++losses_;
+  NoteLoss(entry);
   TReferences& references = *entry.references;
   if (references.IsSettled()) references.unsettledSlot = unsettled_.Add(entry, SetUnsettledSlot);
 }
@@ -209,6 +209,11 @@ void TReferenceIndex::RemoveUnsettled(TReferences& references) noexcept {
   if (references.IsSettled()) return;
   unsettled_.Remove(references.unsettledSlot);
   references.unsettledSlot = TReferences::kNoSlot;
+}
+
+void TReferenceIndex::NoteLoss(const TInstanceEntry& entry) noexcept {
+  ++losses_;
+  for (TReferrerWalk* walk = walks_; walk; walk = walk->GetNextWalk()) walk->NoteLoss(entry);
 }
 
 void TReferenceIndex::TellWalks(TInstanceEntry& entry) const noexcept {

@@ -102,12 +102,13 @@ class TReferenceIndex {
             TInmemClass& referencedClass, TInstanceEntry& end);
   static std::uint32_t AddReferrer(TReferenceTarget& target, TInstanceEntry& entry,
                                    const TReferences& references);
-  void Unlink(TReferences& references, const TReferences::TLink& link) noexcept;
-  void UnlinkAll(TReferences& references) noexcept;
+  void Unlink(TInstanceEntry& entry, const TReferences::TLink& link) noexcept;
+  void UnlinkAll(TInstanceEntry& entry) noexcept;
   void ForgetTarget(TReferenceTarget& target) noexcept;
   void AddUnsettled(TInstanceEntry& entry);
   void AddUnsettledOrForget(TInstanceEntry& entry) noexcept;
   void RemoveUnsettled(TReferences& references) noexcept;
+  void NoteLoss(const TInstanceEntry& entry) noexcept;
   void TellWalks(TInstanceEntry& entry) const noexcept;
   TReferenceTarget* FindTarget(const TInstanceEntry& end) const;
 

@@ -38,10 +38,14 @@ bool IsPathAfter(const TInstanceEntry* left, const TInstanceEntry* right) {
 
 TReferrerWalk::TReferrerWalk(TInstanceTable& table, const TInmemInstance& target,
                              const std::string& roleKey, bool followsEnds) noexcept
-    : table_(table), roleKey_(roleKey), followsEnds_(followsEnds), limit_(table.GetSerial()) {
+    : table_(table),
+      target_(target),
+      roleKey_(roleKey),
+      followsEnds_(followsEnds),
+      limit_(table.GetSerial()) {
   table_.BeginWalk(*this);
   try {
-    Collect(target);
+    Collect();
   } catch (const std::bad_alloc&) {
     isReliable_ = false;
   }
@@ -49,10 +53,10 @@ TReferrerWalk::TReferrerWalk(TInstanceTable& table, const TInmemInstance& target
 
 TReferrerWalk::~TReferrerWalk() { table_.EndWalk(*this); }
 
-void TReferrerWalk::Collect(const TInmemInstance& target) {
+void TReferrerWalk::Collect() {
   TReferenceIndex& index = table_.GetIndex();
   table_.RenewIndex();
-  if (index.IsComplete(roleKey_)) index.Collect(target, candidates_);
+  if (index.IsComplete(roleKey_)) index.Collect(target_, candidates_);
   isSettled_ = index.IsAllSettled();
   losses_ = index.GetLosses();
 }
@@ -61,7 +65,21 @@ bool TReferrerWalk::IsCertain() const {
   return isSettled_ && !everything_ && losses_ == table_.GetIndex().GetLosses();
 }
 
+std::size_t TReferrerWalk::GetFirstReference() const {
+  return firstReference_ ? *firstReference_ : FindFirstReference();
+}
+
+std::size_t TReferrerWalk::FindFirstReference() const {
+  if (!last_->references) return 0;
+  const auto& links = last_->references->links;
+  const auto first = std::find_if(links.begin(), links.end(), [this](const auto& link) {
+    return link.target->GetEntry().instance.get() == &target_;
+  });
+  return first == links.end() ? 0 : first->position;
+}
+
 TInstanceTable::TPointer TReferrerWalk::Next() {
+  firstReference_.reset();
   if (!everything_ && !IsIndexed()) everything_.emplace(table_, last_, limit_);
   if (everything_) return everything_->Next();
   while (const TInstanceEntry* const entry = TakeCandidate()) {
@@ -107,6 +125,10 @@ void TReferrerWalk::Include(TInstanceEntry& entry) noexcept {
   } catch (const std::bad_alloc&) {
     isReliable_ = false;
   }
+}
+
+void TReferrerWalk::NoteLoss(const TInstanceEntry& entry) noexcept {
+  if (&entry == last_ && !firstReference_) firstReference_ = FindFirstReference();
 }
 
 void TReferrerWalk::End() noexcept {

@@ -34,32 +34,41 @@ class TReferrerWalk {
   /// for which the host would have to be asked.
   bool IsCertain() const;
 
+  /// The position of that instance's first reference to the target as it was when it was found
+  /// certain, whatever has changed since.
+  std::size_t GetFirstReference() const;
+
   // For the index.
 
   /// An entry has become a candidate.
   void Include(TInstanceEntry& entry) noexcept;
+  /// A link of the entry is about to go, or one of its references to become unsettled.
+  void NoteLoss(const TInstanceEntry& entry) noexcept;
   /// All entries go.
   void End() noexcept;
   TReferrerWalk* GetNextWalk() const { return nextWalk_; }
   void SetNextWalk(TReferrerWalk* walk) { nextWalk_ = walk; }
 
  private:
-  void Collect(const TInmemInstance& target);
+  void Collect();
   bool IsIndexed() const;
   TInstanceEntry* TakeCandidate();
   TInstanceEntry* TakeIncluded();
   bool IsPassed(const TInstanceEntry& entry) const;
+  std::size_t FindFirstReference() const;
   void PrefetchCandidates() const;
 
   TInstanceTable& table_;
+  const TInmemInstance& target_;
   const std::string& roleKey_;
   const bool followsEnds_;
   const std::uint64_t limit_;
   TReferenceIndex::TCandidates candidates_;
   std::size_t next_ = 0;
-  std::vector<TInstanceEntry*> included_;  ///< a heap, the first of all paths in front
-  const TInstanceEntry* last_ = nullptr;   ///< that was handed out
-  std::uint64_t losses_ = 0;               ///< of the index, while all that it knew was settled
+  std::vector<TInstanceEntry*> included_;      ///< a heap, the first of all paths in front
+  const TInstanceEntry* last_ = nullptr;       ///< that was handed out
+  std::optional<std::size_t> firstReference_;  ///< of last_, before it lost one
+  std::uint64_t losses_ = 0;                   ///< of the index, while all that it knew was settled
   bool isReliable_ = true;
   bool isSettled_ = false;
   std::optional<TInstanceTable::TCursor> everything_;

@@ -294,7 +294,9 @@ class TGenerator {
   void WalkAndRelink() {
     const int near = Draw(5);
     const int c = 5 + Draw(3);
-    for (const int i : {5, 6, 7}) PutAssociation(i, c, i < 7 ? i - 4 : 14, near);
+    for (const int i : {5, 6, 7}) {
+      PutAssociation(i, c, i < 7 ? i - 4 : 14, Draw(3) == 0 ? Draw(5) : near);
+    }
     Walk(Draw(2) == 0 ? kReferences : kAssociators, near);
     for (int act = 0; act < 2; ++act) {
       const int acts[] = {kDelete, kAddInstance, kSet, kSet, kSet};

@@ -6,6 +6,7 @@
 #include "InMemory.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
+#include "TResolution.h"
 
 namespace NZELVYR20 {
 
@@ -14,7 +15,8 @@ TInmemClass::TInmemClass(const boost::shared_ptr<TInmemNamespace>& nameSpace,
     : TInmemQualifiedElement(TInmemQualifierSet::EMatch::kValue),
       namespace_(nameSpace),
       name_(name),
-      superClass_(superClass) {}
+      superClass_(superClass),
+      instances_(&TInmemInstance::CountReferencesOf) {}
 
 TInmemClass::~TInmemClass() = default;
 
@@ -205,14 +207,15 @@ void TInmemClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {
 }
 
 void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
-                              const TFoundEnds& found) {
+                              const TFoundReferences& found) {
   // An instance and its class hold each other. Without the namespace, which would part them in the
   // end, they would hold for ever.
   if (namespace_.expired()) return;
   const std::string path = instance->GetReference(TCIMContext()).GetPath();
   // What was found holds for the references as they were.
-  const bool holds = found.referenceChanges == referenceChanges_;
-  instances_.Put(path, instance, holds ? found : TFoundEnds());
+  const bool holds = found.changes == referenceChanges_;
+  if (holds) return instances_.Put(path, instance, found);
+  instances_.Put(path, instance, {});
 }
 
 void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
@@ -221,11 +224,19 @@ void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
 
 boost::shared_ptr<TInmemInstance> TInmemClass::GetInstance(const TCIMReference& path,
                                                            TCIMContext) const {
-  return instances_.Find(path.GetPath());
+  return boost::static_pointer_cast<TInmemInstance>(instances_.Find(path.GetPath()));
 }
 
-TInstanceEntry* TInmemClass::FindEntry(const TCIMReference& path) const {
-  return instances_.FindEntry(path.GetPath());
+boost::shared_ptr<ICIMInstance> TInmemClass::FindInstance(const TCIMReference& path,
+                                                          TResolution* resolution) const {
+  TInstanceEntry* const entry = instances_.FindEntry(path.GetPath());
+  if (!entry) return {};
+  auto instance = boost::static_pointer_cast<TInmemInstance>(entry->instance);
+  if (resolution) {
+    const boost::shared_ptr<const TInstanceTable> table(shared_from_this(), &instances_);
+    resolution->NoteGiven({table, entry, table->GetRemovals()}, *instance);
+  }
+  return instance;
 }
 
 void TInmemClass::ClearInstances() { instances_.Clear(); }

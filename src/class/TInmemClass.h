@@ -20,6 +20,8 @@ namespace NZELVYR20 {
 
 class TInmemInstance;
 class TInmemNamespace;
+class TReferrerWalk;
+class TResolution;
 
 /// A class of a TInmemNamespace: the hub that links superclass and subclasses, declarations,
 /// qualifiers, instances and the associations that refer to it.
@@ -50,22 +52,22 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   boost::shared_ptr<TInmemInstance> GetInstance(const TCIMReference& path,
                                                 TCIMContext context) const;
 
-  /// The place of that instance; empty when there is none.
-  TInstanceEntry* FindEntry(const TCIMReference& path) const;
-
-  const TInstanceTable& GetInstances() const { return instances_; }
+  /// The same; tells `resolution`, if there is one, where the instance stands.
+  boost::shared_ptr<ICIMInstance> FindInstance(const TCIMReference& path,
+                                               TResolution* resolution) const;
 
   /// ICIMClass::AddInstance; `found` may tell where references of the instance lead.
-  void AddInstance(const boost::shared_ptr<TInmemInstance>& instance, const TFoundEnds& found);
+  void AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
+                   const TFoundReferences& found);
 
   /// Takes an instance, and the walk that came to it.
   using TReferrerCallback =
       boost::function<bool(const boost::shared_ptr<TInmemInstance>&, const TReferrerWalk&)>;
 
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
-  /// `target`, by the property of this role (empty: by any).
-  /// `followsEnds` tells that the callback will look at what their references lead to.
-  void EnumerateReferrers(const TInmemInstance& target, const std::string& role, bool followsEnds,
+  /// `origin`, by the property of this role (empty: by any). `followsEnds` tells that the callback
+  /// will look at what their references lead to.
+  void EnumerateReferrers(TInmemInstance& origin, const std::string& role, bool followsEnds,
                           const TReferrerCallback& callback);
 
   /// How often a reference of one of its instances was set.

@@ -2,6 +2,7 @@
 
 #include "Failures.h"
 #include "InMemory.h"
+#include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
 
@@ -58,7 +59,7 @@ boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
                          " to non-association class " + name_);
     throw Failure::ReferenceOutsideAssociation();
   }
-  const std::string key = TInmemNamespace::NormalizeName(name);
+  const std::string key = NormalizeName(name);
   auto existing = propertyDecls_.Find(key);
   if (!IsPropertyDeclAccepted(*declaration, key, existing)) return existing;
   auto added = InMemory<TInmemPropertyDecl>(declaration);
@@ -104,7 +105,7 @@ bool TInmemClass::IsPropertyOverrideAccepted(const ICIMPropertyDecl& declaration
 }
 
 void TInmemClass::RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
-  const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  const std::string key = NormalizeName(declaration->GetName(TCIMContext()));
   if (!propertyDecls_.Erase(key)) throw Failure::NotFound();
   declaredProperties_.reset();
 }
@@ -117,7 +118,7 @@ boost::shared_ptr<ICIMPropertyDecl> TInmemClass::AllocatePropertyDecl(const std:
 
 boost::shared_ptr<ICIMPropertyDecl> TInmemClass::GetPropertyDecl(const std::string& name,
                                                                  TCIMContext) const {
-  auto declaration = propertyDecls_.Find(TInmemNamespace::NormalizeName(name));
+  auto declaration = propertyDecls_.Find(NormalizeName(name));
   if (!declaration) throw Failure::NotFound();
   return declaration;
 }
@@ -140,7 +141,7 @@ TDeclaredPointer TInmemClass::GetDeclaredProperties() {
 
 void TInmemClass::AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
   const auto self = shared_from_this();
-  const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  const std::string key = NormalizeName(declaration->GetName(TCIMContext()));
   const auto existing = methodDecls_.Find(key);
   CheckMethodDecl(*declaration, existing);
   const auto added = InMemory<TInmemMethodDecl>(declaration);
@@ -187,7 +188,7 @@ void TInmemClass::CheckMethodOverride(const ICIMMethodDecl& declaration,
 }
 
 void TInmemClass::RemoveMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
-  const std::string key = TInmemNamespace::NormalizeName(declaration->GetName(TCIMContext()));
+  const std::string key = NormalizeName(declaration->GetName(TCIMContext()));
   if (!methodDecls_.Erase(key)) throw Failure::NotFound();
 }
 
@@ -200,7 +201,7 @@ boost::shared_ptr<ICIMMethodDecl> TInmemClass::AllocateMethodDecl(const std::str
 /// A miss is an empty pointer here, where the look-up of a property throws.
 boost::shared_ptr<ICIMMethodDecl> TInmemClass::GetMethodDecl(const std::string& name,
                                                              TCIMContext) const {
-  return methodDecls_.Find(TInmemNamespace::NormalizeName(name));
+  return methodDecls_.Find(NormalizeName(name));
 }
 
 void TInmemClass::EnumerateMethodDecls(const TCIMMethodDeclCallback& callback, TCIMContext) const {

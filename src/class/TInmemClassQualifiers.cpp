@@ -1,4 +1,5 @@
 #include "Failures.h"
+#include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
 
@@ -56,12 +57,12 @@ void TInmemClass::Validate(TCIMContext) const {
 
 boost::shared_ptr<ICIMProperty> TInmemClass::GetProperty(const std::string& name,
                                                          TCIMContext) const {
-  TInmemNamespace::NormalizeName(name);
+  NormalizeName(name);
   throw Failure::NotFound();
 }
 
 void TInmemClass::SetPropertyValue(const std::string& name, const TCIMValue&, TCIMContext) {
-  TInmemNamespace::NormalizeName(name);
+  NormalizeName(name);
   throw Failure::NotFound();
 }
 

@@ -4,6 +4,7 @@
 
 #include "Failures.h"
 #include "Names.h"
+#include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
@@ -73,20 +74,23 @@ void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool de
 
 void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TCIMContext) {
   const auto self = shared_from_this();
-  Enumerate(self, instances_, kVisitsAllAndDiscards, callback);
+  const auto visit = [&](const TInstanceTable::TPointer& instance) {
+    return callback(boost::static_pointer_cast<TInmemInstance>(instance));
+  };
+  Enumerate(self, instances_, kVisitsAllAndDiscards, visit);
   if (!deep) return;
   WalkDown([&](const boost::shared_ptr<TInmemClass>& subClass) {
-    Enumerate(subClass, subClass->instances_, kVisitsAllAndDiscards, callback);
+    Enumerate(subClass, subClass->instances_, kVisitsAllAndDiscards, visit);
     return EStep::kDown;
   });
 }
 
-void TInmemClass::EnumerateReferrers(const TInmemInstance& target, const std::string& role,
+void TInmemClass::EnumerateReferrers(TInmemInstance& origin, const std::string& role,
                                      bool followsEnds, const TReferrerCallback& callback) {
   const auto self = shared_from_this();
   const std::string roleKey = FoldName(role);
-  TReferrerWalk walk(instances_, target, roleKey, followsEnds);
-  while (const auto referrer = walk.Next()) {
+  TReferrerWalk walk(instances_, origin, roleKey, followsEnds);
+  while (const auto referrer = boost::static_pointer_cast<TInmemInstance>(walk.Next())) {
     CallBack(kVisitsAllAndDiscards, [&] { return callback(referrer, walk); });
   }
 }
@@ -151,8 +155,8 @@ TInmemClass::TClassList TInmemClass::GetFarEnds(TInmemClass& association,
                                                 const boost::shared_ptr<ICIMClass>& resultClass,
                                                 const std::string& role,
                                                 const std::string& resultRole) const {
-  const std::string roleKey = TInmemNamespace::NormalizeName(role);
-  const std::string resultRoleKey = TInmemNamespace::NormalizeName(resultRole);
+  const std::string roleKey = NormalizeName(role);
+  const std::string resultRoleKey = NormalizeName(resultRole);
   bool isOwnEndFound = false;
   TClassList farEnds;
   association.propertyDecls_.ForEach(

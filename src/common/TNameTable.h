@@ -6,7 +6,7 @@
 
 namespace NZELVYR20 {
 
-/// Elements under their normalized names (TInmemNamespace::NormalizeName).
+/// Elements under their normalized names (NormalizeName).
 template <class TElement>
 using TNameTable = TOrderedTable<std::string, TElement>;
 

@@ -8,6 +8,8 @@
 #include <map>
 #include <utility>
 
+#include "TChain.h"
+
 namespace NZELVYR20 {
 
 /// The one kind of collection in which namespaces, classes and declarations keep their elements:
@@ -28,7 +30,7 @@ class TOrderedTable {
  public:
   using TPointer = boost::shared_ptr<TElement>;
 
-  /// What a walk makes of elements that come behind its place while it goes on.
+  /// What a walk makes of elements that come after its place while it goes on.
   enum class EAdded { kSkipped, kVisited };
 
   /// Stands on the element that a walk has come to, or before the next one where that was removed.
@@ -37,19 +39,14 @@ class TOrderedTable {
     explicit TCursor(const TOrderedTable& table, EAdded added = EAdded::kSkipped)
         : table_(table),
           place_(table.entries_.begin()),
-          lastSerial_(added == EAdded::kVisited ? kEverySerial : table.revision_),
-          nextCursor_(table.cursors_) {
-      table.cursors_ = this;
+          lastSerial_(added == EAdded::kVisited ? kEverySerial : table.revision_) {
+      table.cursors_.Add(*this);
     }
 
     TCursor(const TCursor&) = delete;
     TCursor& operator=(const TCursor&) = delete;
 
-    ~TCursor() {
-      TCursor** link = &table_.cursors_;
-      while (*link != this) link = &(*link)->nextCursor_;
-      *link = nextCursor_;
-    }
+    ~TCursor() { table_.cursors_.Remove(*this); }
 
     /// The next element, held; empty at the end.
     TPointer Next() {
@@ -82,7 +79,7 @@ class TOrderedTable {
     typename TEntries::const_iterator place_;
     bool isOnPlace_ = false;  ///< else the element there is the next one
     std::uint64_t lastSerial_;
-    TCursor* nextCursor_;
+    TChainLink ofTable_;
   };
 
   /// Entries made ahead of a change: putting them in cannot fail, and so a change of several tables
@@ -188,9 +185,7 @@ class TOrderedTable {
     TEntries removed;
     removed.swap(entries_);
     ++revision_;
-    for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-      cursor->MoveTo(entries_.end());
-    }
+    for (TCursor& cursor : cursors_) cursor.MoveTo(entries_.end());
   }
 
   /// Inserts what the draft has under keys that are free here.
@@ -230,8 +225,8 @@ class TOrderedTable {
  private:
   bool EraseEntry(typename TEntries::const_iterator entry) {
     if (entry == entries_.end()) return false;
-    for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-      if (cursor->place_ == entry) cursor->MoveTo(std::next(entry));
+    for (TCursor& cursor : cursors_) {
+      if (cursor.place_ == entry) cursor.MoveTo(std::next(entry));
     }
     ++revision_;
     const auto removed = entries_.extract(entry);
@@ -240,7 +235,7 @@ class TOrderedTable {
 
   TEntries entries_;
   std::uint64_t revision_ = 0;
-  mutable TCursor* cursors_ = nullptr;
+  mutable TChain<TCursor, &TCursor::ofTable_> cursors_;
 };
 
 }  // namespace NZELVYR20

@@ -3,6 +3,7 @@
 #include <boost/make_shared.hpp>
 
 #include "Failures.h"
+#include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemParameterDecl.h"
 
@@ -16,7 +17,7 @@ TInmemMethodDecl::~TInmemMethodDecl() = default;
 
 void TInmemMethodDecl::AddParameterDecl(const boost::shared_ptr<TInmemParameterDecl>& parameter) {
   const std::string& parameterName = parameter->GetName(TCIMContext());
-  if (parameters_.Insert(TInmemNamespace::NormalizeName(parameterName), parameter)) return;
+  if (parameters_.Insert(NormalizeName(parameterName), parameter)) return;
   // It says "property", and hosts look for these very words.
   LogDefinitionFailure("Inmem: Attempt to add property " + parameterName + " to method " + name_ +
                        ": already exists");
@@ -25,7 +26,7 @@ void TInmemMethodDecl::AddParameterDecl(const boost::shared_ptr<TInmemParameterD
 
 void TInmemMethodDecl::RemoveParameterDecl(
     const boost::shared_ptr<TInmemParameterDecl>& parameter) {
-  const std::string key = TInmemNamespace::NormalizeName(parameter->GetName(TCIMContext()));
+  const std::string key = NormalizeName(parameter->GetName(TCIMContext()));
   if (!parameters_.Erase(key)) throw Failure::NotFound();
 }
 
@@ -69,7 +70,7 @@ boost::shared_ptr<ICIMParameterDecl> TInmemMethodDecl::AllocateParameterDecl(
 
 boost::shared_ptr<ICIMParameterDecl> TInmemMethodDecl::GetParameterDecl(const std::string& name,
                                                                         TCIMContext) const {
-  auto parameter = parameters_.Find(TInmemNamespace::NormalizeName(name));
+  auto parameter = parameters_.Find(NormalizeName(name));
   if (!parameter) throw Failure::NotFound();
   return parameter;
 }

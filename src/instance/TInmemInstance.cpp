@@ -7,13 +7,12 @@
 #include "Enumerate.h"
 #include "Failures.h"
 #include "InMemory.h"
+#include "NormalizedNames.h"
 #include "TCIMDateTime.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
 #include "TInmemProperty.h"
 #include "TOSSpecific.h"
-#include "TPropertyHolder.h"
-#include "TResolution.h"
 
 namespace NZELVYR20 {
 
@@ -60,10 +59,13 @@ bool IsStatusName(const std::string& name) {
 }  // namespace
 
 TInmemInstance::TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags)
-    : validationFlags_(validationFlags),
-      class_(InMemory<TInmemClass>(cimClass)),
-      declared_(class_->GetDeclaredProperties()),
-      properties_(*this, declared_->GetEntries().size()) {
+    : TInmemInstance(InMemory<TInmemClass>(cimClass), validationFlags) {}
+
+TInmemInstance::TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags)
+    : TInstanceClass{cimClass},
+      TIndexedInstance(cimClass->GetDeclaredProperties()),
+      validationFlags_(validationFlags),
+      properties_(*this, CountProperties()) {
   StampCollectionTime();
 }
 
@@ -71,7 +73,7 @@ TInmemInstance::~TInmemInstance() = default;
 
 boost::shared_ptr<const ICIMPropertyDecl> TInmemInstance::GetDeclarationOf(
     std::size_t position) const {
-  return declared_->GetEntries()[position].declaration;
+  return GetDeclared()->GetEntries()[position].declaration;
 }
 
 const TCIMValue* TInmemInstance::FindPreviousValue(std::size_t position) const {
@@ -86,43 +88,9 @@ void TInmemInstance::KeepPreviousValue(std::size_t position, const TCIMValue& va
   if (!isNew) kept->second = value;
 }
 
-void TInmemInstance::AddEntry(TInstanceEntry& entry) noexcept {
-  entry.nextOfInstance = std::exchange(entries_, &entry);
-}
-
-void TInmemInstance::RemoveEntry(TInstanceEntry& entry) noexcept {
-  TInstanceEntry** link = &entries_;
-  while (*link != &entry) link = &(*link)->nextOfInstance;
-  *link = std::exchange(entry.nextOfInstance, nullptr);
-}
-
-bool TInmemInstance::MayHaveReferences() const {
-  return std::any_of(properties_.begin(), properties_.end(), [](const auto& property) {
-    return property.GetType(TCIMContext()) == TCIMValue::TCIMType::kReference ||
-           property.IsReference();
-  });
-}
-
-bool TInmemInstance::AreAllLinked(const TReferences& references) const {
-  const auto count = std::count_if(properties_.begin(), properties_.end(),
-                                   [](const auto& property) { return property.IsReference(); });
-  return static_cast<std::size_t>(count) == references.links.size();
-}
-
-TInmemClass* TInmemInstance::FindReferencedClass(std::uint32_t position) const {
-  return properties_[position].FindReferencedClass();
-}
-
-void TInmemInstance::NoteReferenceChange(std::uint32_t position) noexcept {
-  class_->NoteReferenceChange();
-  for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-    if (entry->references) entry->references->index->Unsettle(*entry, position);
-  }
-}
-
 /// A class that declares no time of collection, or one of another type, has instances without.
 void TInmemInstance::StampCollectionTime() {
-  if (declared_->Find(kCollectionTimeKey) == CountProperties()) return;
+  if (GetDeclared()->Find(kCollectionTimeKey) == CountProperties()) return;
   try {
     const TCIMValue now(TOSSpecific::GetLocalTime());
     TInmemInstance::SetPropertyValue(kCollectionTime, now, TCIMContext());
@@ -152,45 +120,21 @@ bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
   throw Failure::NullKey();
 }
 
-void TInmemInstance::Validate(TCIMContext) const { ValidateAndFindEnds(); }
+void TInmemInstance::Validate(TCIMContext) const { ValidateAndFind(); }
 
-TFoundEnds TInmemInstance::ValidateAndFindEnds() const {
+TFoundReferences TInmemInstance::ValidateAndFind() const {
   if ((validationFlags_ & kValidateKeys) != 0) {
     class_->EnumerateKeyNames([this](const std::string* key) { return ValidateKeyNonNull(key); },
                               TCIMContext());
   }
   if ((validationFlags_ & kValidateReferences) == 0) return {};
-  return class_->IsAssociation(TCIMContext()) ? ValidateReferences() : TFoundEnds();
-}
-
-/// Something must be there at each end. Where, matters for the index of references alone.
-TFoundEnds TInmemInstance::ValidateReferences() const {
-  TFoundEnds found;
-  found.referenceChanges = class_->GetReferenceChanges();
-  TResolution resolution(GetInmemNamespace());
-  for (const TInmemInstanceProperty& property : properties_) {
-    const TCIMValue& value = property.GetValue(TCIMContext());
-    if (!value.IsReference()) continue;
-    const TCIMReference reference(value);
-    try {
-      resolution.Resolve(reference);
-    } catch (const TVYRException& failure) {
-      if (Failure::IsNotFound(failure)) {
-        LogValidationFailure("Inmem: Reference " + reference.GetPath() +
-                             " doesn't point to anything!");
-      }
-      throw Failure::SameStatus(failure);
-    }
-    if (!resolution.GetStanding().IsCurrent()) continue;
-    found.ends.push_back({property.GetPosition(), resolution.GetStanding()});
-  }
-  return found;
+  return class_->IsAssociation(TCIMContext()) ? ValidateReferences() : TFoundReferences();
 }
 
 void TInmemInstance::AddToNamespace(TCIMContext) {
-  TFoundEnds found;
+  TFoundReferences found;
   try {
-    found = ValidateAndFindEnds();
+    found = ValidateAndFind();
   } catch (const TVYRException&) {
     // One message for every cause, and no failure for the caller: collectors add what they have
     // and go on.
@@ -218,16 +162,12 @@ void TInmemInstance::AddKeyTo(TCIMReference& path, const std::string& keyName) c
   });
 }
 
-boost::shared_ptr<TInmemNamespace> TInmemInstance::GetInmemNamespace() const {
-  return boost::static_pointer_cast<TInmemNamespace>(class_->GetNamespace(TCIMContext()));
-}
-
 boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TCIMContext) const { return class_; }
 
 /// Of the property of that name; the number of properties where there is none. Status 25.
 std::size_t TInmemInstance::FindPosition(const std::string& name) const {
-  const std::size_t position = declared_->FindName(name);
-  if (position == CountProperties()) TInmemNamespace::NormalizeName(name);
+  const std::size_t position = GetDeclared()->FindName(name);
+  if (position == CountProperties()) NormalizeName(name);
   return position;
 }
 
@@ -236,9 +176,8 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t positi
   __builtin_prefetch(&property, 1);
   auto self = shared_from_this();
   if (!property.IsHeld()) return TPropertyHolder::Share(std::move(self), property, holders_);
-  const TPropertyHolder* holder = holders_;
-  while (!holder->Holds(property)) holder = holder->GetNext();
-  return holder->Share();
+  const auto holds = [&](const TPropertyHolder& holder) { return holder.Holds(property); };
+  return std::find_if(holders_.begin(), holders_.end(), holds)->Share();
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,

@@ -5,26 +5,39 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "ICIMInstance.h"
 #include "ICIMPropertyDecl.h"
-#include "TDeclaredProperties.h"
+#include "TIndexedInstance.h"
 #include "TInmemProperties.h"
-#include "TReferences.h"
+#include "TPropertyHolder.h"
+#include "TStanding.h"
 
 namespace NZELVYR20 {
 
-class TPropertyHolder;
+class TInmemClass;
+class TInmemNamespace;
 class TReferrerWalk;
+
+/// The class of an instance. A part of its own, since it has to go after the declarations: these
+/// let go of what they hold while it is there.
+struct TInstanceClass {
+  const boost::shared_ptr<TInmemClass> class_;
+};
 
 /// An instance of a TInmemClass: its class, which it holds, and one property for each declaration
 /// that the class had when the instance was made. It keeps those declarations alive for its
 /// properties.
 ///
-/// TInmemInstance.cpp holds its life and properties, TInmemInstanceTraversal.cpp the walk along
+/// TInmemInstance.cpp holds its life and properties, TInmemInstanceReferences.cpp its references,
+/// if it is one of an association, and where they lead, TInmemInstanceTraversal.cpp the walks along
 /// associations.
-class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_this<TInmemInstance> {
+class TInmemInstance : public ICIMInstance,
+                       private TInstanceClass,
+                       public TIndexedInstance,
+                       public boost::enable_shared_from_this<TInmemInstance> {
  public:
   /// What Validate looks at, as bits.
   static constexpr int kValidateKeys = 1;
@@ -33,11 +46,9 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
 
   /// Of a TInmemClass; any other class is a programming error.
   TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags);
+  TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags);
   TInmemInstance(const TInmemInstance&) = delete;
   ~TInmemInstance() override;
-
-  /// The declarations that the instance was made with.
-  const TDeclaredPointer& GetDeclared() const { return declared_; }
 
   /// What the property at this position is declared by.
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclarationOf(std::size_t position) const;
@@ -46,20 +57,8 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   const TCIMValue* FindPreviousValue(std::size_t position) const;
   void KeepPreviousValue(std::size_t position, const TCIMValue& value);
 
-  // For the tables in which the instance stands.
-
-  TInstanceEntry* GetEntries() const { return entries_; }
-  void AddEntry(TInstanceEntry& entry) noexcept;
-  void RemoveEntry(TInstanceEntry& entry) noexcept;
-
-  /// Whether a property's value is a reference, be it null, or may become one.
-  bool MayHaveReferences() const;
-
-  /// Whether all properties whose values are references have links.
-  bool AreAllLinked(const TReferences& references) const;
-
-  /// TInmemInstanceProperty::FindReferencedClass of the property in this position.
-  TInmemClass* FindReferencedClass(std::uint32_t position) const;
+  /// TCountReferences, for a TInmemInstance.
+  static std::optional<std::size_t> CountReferencesOf(const TIndexedInstance& instance);
 
   /// The reference in this position, or what was one, is about to be set.
   void NoteReferenceChange(std::uint32_t position) noexcept;
@@ -95,12 +94,15 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
   ICIMInstance& operator=(const ICIMInstance& other) override;
   TInmemInstance& operator=(const TInmemInstance& other);
 
+  /// Whether a walk goes from the association instances on to what else they refer to.
+  enum class EFollows { kNothing, kFarEnds };
+
   // The steps of the two walks, in the form of the enumerations that they serve. Each returns
   // whether its walk goes on.
 
   /// Looks for instances of the association class that refer to this one.
   bool ExamineCandidateClass(const TCIMInstanceCallback& callback, const std::string& role,
-                             const boost::shared_ptr<ICIMClass>& assocClass);
+                             EFollows follows, const boost::shared_ptr<ICIMClass>& assocClass);
 
   /// Calls back with an association instance of which the walk knows a reference that points here;
   /// always true.
@@ -132,15 +134,15 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
 
  private:
   /// A reference at which a walk looks.
-  struct TEnd {
+  struct TReference {
     std::size_t position = 0;
     const ICIMClass* referencedClass = nullptr;
-    boost::shared_ptr<ICIMClass> held;        ///< the class, where a link does not tell it
+    boost::shared_ptr<ICIMClass> heldClass;   ///< the same, where no link tells it
     boost::shared_ptr<ICIMProperty> derived;  ///< in place of a property of the instance
   };
 
   void StampCollectionTime();
-  std::size_t CountProperties() const { return declared_->GetEntries().size(); }
+  std::size_t CountProperties() const { return GetDeclared()->GetEntries().size(); }
   std::size_t FindPosition(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> ShareProperty(std::size_t position) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& name) const;
@@ -148,32 +150,33 @@ class TInmemInstance : public ICIMInstance, public boost::enable_shared_from_thi
                                                  const TCIMValue& defaultValue) const;
   template <class TUse>
   auto UseProperty(const std::string& name, TUse use) const;
-  TFoundEnds ValidateAndFindEnds() const;
-  TFoundEnds ValidateReferences() const;
+  TFoundReferences ValidateAndFind() const;
+  TFoundReferences ValidateReferences() const;
   boost::shared_ptr<TInmemNamespace> GetInmemNamespace() const;
+  std::optional<std::size_t> CountReferences() const;
 
-  bool ExamineEnds(const TCIMInstanceCallback& callback,
-                   const boost::shared_ptr<ICIMInstance>& assocInstance, std::size_t from) const;
+  void EnumerateReferences(const TCIMInstanceCallback& callback, const std::string& resultClass,
+                           const std::string& role, EFollows follows);
+  bool ExamineReferences(const TCIMInstanceCallback& callback,
+                         const boost::shared_ptr<ICIMInstance>& assocInstance,
+                         std::size_t from) const;
   const TReferences* FindSettled() const;
-  const TReferences::TLink* FindLink(const TEnd& end) const;
-  void NoteIfSettled() const noexcept;
-  bool FindEnd(std::size_t from, TEnd& end) const;
-  bool FindEnd(const std::string& role, TEnd& end) const;
-  bool TakeEnd(const TCIMValue& value, TEnd& end) const;
-  bool LeadsTo(const TEnd& end, const TInmemInstance& target) const;
-  boost::shared_ptr<ICIMInstance> FollowEnd(const TEnd& end) const;
-  boost::shared_ptr<ICIMElement> Resolve(const TEnd& end) const;
-  void Settle(std::uint32_t position, const TStanding& standing) const;
-  bool IsOwnEnd(const TInmemInstance& assocInstance, const TEnd& end,
-                const std::string& roleKey) const;
+  const TReferences::TLink* FindLink(const TReference& reference) const;
+  void NoteIfSettled() noexcept;
+  bool FindReference(std::size_t from, TReference& reference) const;
+  bool FindReference(const std::string& role, TReference& reference) const;
+  static bool Take(const TCIMValue& value, TReference& reference);
+  bool LeadsTo(const TReference& reference, const TInmemInstance& origin);
+  boost::shared_ptr<ICIMInstance> Follow(const TReference& reference);
+  boost::shared_ptr<ICIMElement> Resolve(const TReference& reference);
+  void Settle(std::uint32_t position, const TStanding& standing);
+  bool IsNear(TInmemInstance& assocInstance, const TReference& reference,
+              const std::string& roleKey) const;
 
-  TInstanceEntry* entries_ = nullptr;  ///< the places where it was added
   const int validationFlags_;
-  const boost::shared_ptr<TInmemClass> class_;
-  const TDeclaredPointer declared_;
-  const TInmemProperties properties_;  ///< one per entry of declared_
+  const TInmemProperties properties_;                                 ///< one for each declaration
   std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
-  mutable TPropertyHolder* holders_ = nullptr;  ///< of the properties that somebody holds
+  mutable TPropertyHolder::TList holders_;  ///< of the properties that somebody holds
 };
 
 }  // namespace NZELVYR20

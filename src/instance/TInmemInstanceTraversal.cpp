@@ -1,14 +1,12 @@
-#include <new>
-
 #include "Failures.h"
 #include "ICIMNamespace.h"
 #include "InMemory.h"
+#include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemNamespace.h"
 #include "TInmemTraversalCallbacks.h"
 #include "TReferrerWalk.h"
-#include "TResolution.h"
 
 namespace NZELVYR20 {
 
@@ -27,8 +25,9 @@ bool Probe(bool missed, TStep step) {
   }
 }
 
-bool IsFarEnd(const ICIMClass* referenced, const boost::shared_ptr<ICIMClass>& resultClass) {
-  return referenced != nullptr && referenced->IsSubclassOf(resultClass, TCIMContext());
+/// Whether what the class is referred to by may lead to a far end of the result class.
+bool IsFar(const ICIMClass* referencedClass, const boost::shared_ptr<ICIMClass>& resultClass) {
+  return referencedClass != nullptr && referencedClass->IsSubclassOf(resultClass, TCIMContext());
 }
 
 }  // namespace
@@ -36,18 +35,24 @@ bool IsFarEnd(const ICIMClass* referenced, const boost::shared_ptr<ICIMClass>& r
 void TInmemInstance::EnumerateAssociationInstances(const TCIMInstanceCallback& callback,
                                                    const std::string& resultClass,
                                                    const std::string& role, TCIMContext) {
-  class_->EnumerateAssociationClasses(TReferencesCallback{shared_from_this(), callback, role},
-                                      resultClass, role, TCIMContext());
+  EnumerateReferences(callback, resultClass, role, EFollows::kNothing);
+}
+
+void TInmemInstance::EnumerateReferences(const TCIMInstanceCallback& callback,
+                                         const std::string& resultClass, const std::string& role,
+                                         EFollows follows) {
+  class_->EnumerateAssociationClasses(
+      TReferencesCallback{shared_from_this(), callback, role, follows}, resultClass, role,
+      TCIMContext());
 }
 
 /// All candidates of both walks come from here.
 bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
-                                           const std::string& role,
+                                           const std::string& role, EFollows follows,
                                            const boost::shared_ptr<ICIMClass>& assocClass) {
   const TExamineInstanceCallback examine{shared_from_this(), callback};
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
-  const bool followsEnds = callback.target<TAssociatorsExamineCallback>() != nullptr ||
-                           callback.target<TAssociatorsExamineWithResultRoleCallback>() != nullptr;
+  const bool followsEnds = follows == EFollows::kFarEnds;
   const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance,
                         const TReferrerWalk& walk) {
     if (!role.empty()) return examineWithRole(assocInstance);
@@ -67,24 +72,24 @@ bool TInmemInstance::ReportCandidateClassInstance(
     callback(assocInstance);
     return true;
   });
-  return isReported || ExamineEnds(callback, assocInstance, walk.GetFirstReference() + 1);
+  return isReported || ExamineReferences(callback, assocInstance, walk.GetFirstReference() + 1);
 }
 
 bool TInmemInstance::ExamineCandidateClassInstance(
     const TCIMInstanceCallback& callback,
     const boost::shared_ptr<ICIMInstance>& assocInstance) const {
-  return ExamineEnds(callback, assocInstance, 0);
+  return ExamineReferences(callback, assocInstance, 0);
 }
 
 /// Looks at the references at `from` and after it.
-bool TInmemInstance::ExamineEnds(const TCIMInstanceCallback& callback,
-                                 const boost::shared_ptr<ICIMInstance>& assocInstance,
-                                 std::size_t from) const {
-  const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
-  TEnd end;
-  for (std::size_t i = from; association.FindEnd(i, end); i = end.position + 1) {
+bool TInmemInstance::ExamineReferences(const TCIMInstanceCallback& callback,
+                                       const boost::shared_ptr<ICIMInstance>& assocInstance,
+                                       std::size_t from) const {
+  auto& association = static_cast<TInmemInstance&>(*assocInstance);
+  TReference reference;
+  for (std::size_t i = from; association.FindReference(i, reference); i = reference.position + 1) {
     const bool isReported = Probe(false, [&] {
-      if (!association.LeadsTo(end, *this)) return false;
+      if (!association.LeadsTo(reference, *this)) return false;
       callback(assocInstance);
       return true;
     });
@@ -97,10 +102,12 @@ bool TInmemInstance::ExamineEnds(const TCIMInstanceCallback& callback,
 bool TInmemInstance::ExamineCandidateClassInstanceWithRole(
     const TCIMInstanceCallback& callback, const std::string& role,
     const boost::shared_ptr<ICIMInstance>& assocInstance) const {
-  const auto& association = static_cast<const TInmemInstance&>(*assocInstance);
+  auto& association = static_cast<TInmemInstance&>(*assocInstance);
   return Probe(true, [&] {
-    TEnd end;
-    if (association.FindEnd(role, end) && association.LeadsTo(end, *this)) callback(assocInstance);
+    TReference reference;
+    const bool leadsHere =
+        association.FindReference(role, reference) && association.LeadsTo(reference, *this);
+    if (leadsHere) callback(assocInstance);
     return true;
   });
 }
@@ -125,133 +132,35 @@ void TInmemInstance::EnumerateAssociatedInstances(const TCIMInstanceCallback& ca
     examine =
         TAssociatorsExamineWithResultRoleCallback{shared_from_this(), callback, resultRole, result};
   }
-  EnumerateAssociationInstances(examine, assocClass, std::string(), TCIMContext());
+  EnumerateReferences(examine, assocClass, std::string(), EFollows::kFarEnds);
 }
 
-/// What an index knows of the instance, if it knows all its references.
-const TReferences* TInmemInstance::FindSettled() const {
-  for (const TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-    const TReferences* const references = entry->references.get();
-    const bool isSettled =
-        references != nullptr && references->IsSettled() && !references->index->IsStale();
-    if (isSettled) return references;
+/// Which reference counts as the origin's own. Without a role, one that points here, declared with
+/// this very class. With one, the property of that name, wherever it points.
+bool TInmemInstance::IsNear(TInmemInstance& assocInstance, const TReference& reference,
+                            const std::string& roleKey) const {
+  if (!roleKey.empty()) {
+    return assocInstance.GetDeclared()->GetEntries()[reference.position].key == roleKey;
   }
-  return nullptr;
-}
-
-/// Where an index knows the end to lead; empty where it does not.
-const TReferences::TLink* TInmemInstance::FindLink(const TEnd& end) const {
-  const auto position = static_cast<std::uint32_t>(end.position);
-  for (const TInstanceEntry* entry = entries_; entry && !end.derived;
-       entry = entry->nextOfInstance) {
-    const auto* const link = entry->references ? entry->references->FindLink(position) : nullptr;
-    if (link) return link;
-  }
-  return nullptr;
-}
-
-void TInmemInstance::NoteIfSettled() const noexcept {
-  for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-    if (entry->references) entry->references->index->NoteIfSettled(*entry);
-  }
-}
-
-/// The first reference at `from` or after it.
-bool TInmemInstance::FindEnd(std::size_t from, TEnd& end) const {
-  if (const TReferences* const settled = FindSettled()) {
-    for (const TReferences::TLink& link : settled->links) {
-      if (link.position < from) continue;
-      end.position = link.position;
-      end.referencedClass = link.referencedClass;
-      return true;
-    }
-    return false;
-  }
-  for (std::size_t i = from; i < CountProperties(); ++i) {
-    end.position = i;
-    if (TakeEnd(properties_[i].GetValue(TCIMContext()), end)) return true;
-  }
-  return false;
-}
-
-/// The end that the property of this role is, if that is a reference.
-bool TInmemInstance::FindEnd(const std::string& role, TEnd& end) const {
-  end.position = FindPosition(role);
-  if (end.position == CountProperties()) end.derived = DeriveProperty(role);
-  const ICIMProperty& property = end.derived ? *end.derived : properties_[end.position];
-  return TakeEnd(property.GetValue(TCIMContext()), end);
-}
-
-// NOLINTNEXTLINE(readability-convert-member-functions-to-static): TEnd is this class's own
-bool TInmemInstance::TakeEnd(const TCIMValue& value, TEnd& end) const {
-  if (!value.IsReference()) return false;
-  end.held = value.GetReferencedClass();
-  end.referencedClass = end.held.get();
-  return true;
-}
-
-bool TInmemInstance::LeadsTo(const TEnd& end, const TInmemInstance& target) const {
-  if (const auto* const link = FindLink(end)) {
-    return link->target->GetEntry().instance.get() == &target;
-  }
-  return Resolve(end).get() == &target;
-}
-
-boost::shared_ptr<ICIMInstance> TInmemInstance::FollowEnd(const TEnd& end) const {
-  if (const auto* const link = FindLink(end)) return link->target->GetEntry().instance;
-  auto instance = boost::dynamic_pointer_cast<ICIMInstance>(Resolve(end));
-  if (!instance) throw Failure::NotFound();
-  return instance;
-}
-
-/// Asks the host. What it was given by the namespace it need not be asked for again.
-boost::shared_ptr<ICIMElement> TInmemInstance::Resolve(const TEnd& end) const {
-  const ICIMProperty& property = end.derived ? *end.derived : properties_[end.position];
-  const TCIMReference path(property.GetValue(TCIMContext()));
-  const std::uint64_t changes = class_->GetReferenceChanges();
-  TResolution resolution(GetInmemNamespace());
-  auto element = resolution.Resolve(path);
-  const bool holds = !end.derived && changes == class_->GetReferenceChanges();
-  if (holds) Settle(static_cast<std::uint32_t>(end.position), resolution.GetStanding());
-  return element;
-}
-
-void TInmemInstance::Settle(std::uint32_t position, const TStanding& standing) const {
-  if (!standing.IsCurrent()) return;
-  try {
-    for (TInstanceEntry* entry = entries_; entry; entry = entry->nextOfInstance) {
-      if (!entry->references || entry->references->FindLink(position)) continue;
-      entry->references->index->Settle(*entry, position, *standing.entry);
-    }
-  } catch (const std::bad_alloc&) {
-    // The next walk asks again.
-  }
-}
-
-/// Without a role, a reference that points here, declared with this very class. With one, the
-/// property of that name, wherever it points.
-bool TInmemInstance::IsOwnEnd(const TInmemInstance& assocInstance, const TEnd& end,
-                              const std::string& roleKey) const {
-  if (!roleKey.empty()) return assocInstance.declared_->GetEntries()[end.position].key == roleKey;
-  return end.referencedClass == class_.get() && assocInstance.LeadsTo(end, *this);
+  return reference.referencedClass == class_.get() && assocInstance.LeadsTo(reference, *this);
 }
 
 bool TInmemInstance::ExamineCandidate(const TCIMInstanceCallback& callback,
                                       const boost::shared_ptr<ICIMClass>& resultClass,
                                       const std::string& role,
                                       const boost::shared_ptr<TInmemInstance>& assocInstance) {
-  const std::string roleKey = TInmemNamespace::NormalizeName(role);
-  bool isOwnEndFound = false;
+  const std::string roleKey = NormalizeName(role);
+  bool isNearFound = false;
   bool result = true;
-  TEnd end;
-  for (std::size_t i = 0; assocInstance->FindEnd(i, end); i = end.position + 1) {
+  TReference reference;
+  for (std::size_t i = 0; assocInstance->FindReference(i, reference); i = reference.position + 1) {
     const bool isReported = Probe(false, [&] {
-      if (!isOwnEndFound && IsOwnEnd(*assocInstance, end, roleKey)) {
-        isOwnEndFound = true;
+      if (!isNearFound && IsNear(*assocInstance, reference, roleKey)) {
+        isNearFound = true;
         return false;
       }
-      if (!IsFarEnd(end.referencedClass, resultClass)) return false;
-      result = callback(assocInstance->FollowEnd(end));
+      if (!IsFar(reference.referencedClass, resultClass)) return false;
+      result = callback(assocInstance->Follow(reference));
       return true;
     });
     if (isReported) return result;
@@ -264,9 +173,9 @@ bool TInmemInstance::ExamineCandidateWithResultRole(
     const TCIMInstanceCallback& callback, const boost::shared_ptr<ICIMClass>& resultClass,
     const std::string& resultRole, const boost::shared_ptr<TInmemInstance>& assocInstance) {
   return Probe(true, [&] {
-    TEnd end;
-    if (!assocInstance->FindEnd(resultRole, end)) return true;
-    if (IsFarEnd(end.referencedClass, resultClass)) callback(assocInstance->FollowEnd(end));
+    TReference reference;
+    if (!assocInstance->FindReference(resultRole, reference)) return true;
+    if (IsFar(reference.referencedClass, resultClass)) callback(assocInstance->Follow(reference));
     return true;
   });
 }

@@ -8,17 +8,19 @@
 namespace NZELVYR20 {
 
 // The callbacks of the walks along associations, each bound to the instance from which the walk
-// starts. They refer to the caller's callback and role, and so live no longer than the call that
-// makes them. Association instances come from tables of this repository and are its own.
+// starts, under the names by which hosts' documents know them. They refer to the caller's callback
+// and role, and so live no longer than the call that makes them. Association instances come from
+// tables of this repository and are its own.
 
 /// Takes the association classes of a references walk.
 struct TReferencesCallback {
   boost::shared_ptr<TInmemInstance> instance;
   const TCIMInstanceCallback& callback;
   const std::string& role;
+  TInmemInstance::EFollows follows;
 
   bool operator()(const boost::shared_ptr<ICIMClass>& assocClass) const {
-    return instance->ExamineCandidateClass(callback, role, assocClass);
+    return instance->ExamineCandidateClass(callback, role, follows, assocClass);
   }
 };
 

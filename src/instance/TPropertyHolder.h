@@ -4,6 +4,7 @@
 #include <boost/weak_ptr.hpp>
 #include <utility>
 
+#include "TChain.h"
 #include "TInmemInstanceProperty.h"
 
 namespace NZELVYR20 {
@@ -14,17 +15,24 @@ namespace NZELVYR20 {
 ///
 /// It is the deleter of these pointers, and so stands in the one block of memory that they need.
 class TPropertyHolder {
+  TChainLink ofInstance_;
+
  public:
+  using TList = TChain<TPropertyHolder, &TPropertyHolder::ofInstance_>;
   using TInstancePointer = boost::shared_ptr<const TInmemInstance>;
   using TPointer = boost::shared_ptr<ICIMProperty>;
 
-  /// A pointer to a property that nobody holds. Its holder enters the list of the instance, of
-  /// which `first` is the front.
+  /// A pointer to a property that nobody holds. Its holder enters the list of the instance's.
   static TPointer Share(TInstancePointer instance, TInmemInstanceProperty& property,
-                        TPropertyHolder*& first) {
+                        TList& holders) {
     TPointer pointer(&property, TPropertyHolder());
-    boost::get_deleter<TPropertyHolder>(pointer)->Enter(std::move(instance), pointer, property,
-                                                        first);
+    auto* const holder = boost::get_deleter<TPropertyHolder>(pointer);
+    holder->instance_ = std::move(instance);
+    holder->self_ = pointer;
+    holder->property_ = &property;
+    holder->holders_ = &holders;
+    holders.Add(*holder);
+    property.isHeld_ = true;
     return pointer;
   }
 
@@ -32,36 +40,21 @@ class TPropertyHolder {
   TPointer Share() const { return self_.lock(); }
 
   bool Holds(const TInmemInstanceProperty& property) const { return property_ == &property; }
-  TPropertyHolder* GetNext() const { return next_; }
 
-  /// The last pointer is gone, or there was no memory for one: then nothing is held yet.
+  /// The last pointer is gone; or there was no memory for one, and nothing is held yet.
   void operator()(ICIMProperty*) noexcept {
     if (!property_) return;
     property_->isHeld_ = false;
-    if (next_) next_->place_ = place_;
-    *place_ = next_;
+    holders_->Remove(*this);
     self_.reset();
     instance_.reset();
   }
 
  private:
-  void Enter(TInstancePointer instance, const TPointer& self, TInmemInstanceProperty& property,
-             TPropertyHolder*& first) noexcept {
-    instance_ = std::move(instance);
-    self_ = self;
-    property_ = &property;
-    place_ = &first;
-    next_ = first;
-    if (next_) next_->place_ = &next_;
-    first = this;
-    property.isHeld_ = true;
-  }
-
   TInstancePointer instance_;
   boost::weak_ptr<ICIMProperty> self_;
   TInmemInstanceProperty* property_ = nullptr;
-  TPropertyHolder** place_ = nullptr;  ///< what points to this one
-  TPropertyHolder* next_ = nullptr;
+  TList* holders_ = nullptr;
 };
 
 }  // namespace NZELVYR20

@@ -5,14 +5,12 @@
 
 #include "Enumerate.h"
 #include "Failures.h"
-#include "Names.h"
+#include "NormalizedNames.h"
 #include "Swallow.h"
 #include "TCIMReference.h"
 #include "TInmemClass.h"
-#include "TInmemInstance.h"
 #include "TInmemNamespaceProvider.h"
 #include "TInmemQualifierDecl.h"
-#include "TResolution.h"
 
 namespace NZELVYR20 {
 
@@ -51,18 +49,8 @@ void TInmemNamespace::Initialize() {
       boost::static_pointer_cast<TInmemClass>(AllocateClass(kRootClassName, {}, TCIMContext()));
 }
 
-bool TInmemNamespace::IsName(const std::string& name) {
-  return name.empty() ||
-         (IsNameStart(name.front()) && std::all_of(name.begin() + 1, name.end(), IsNamePart));
-}
-
 std::string TInmemNamespace::NormalizeName(const std::string& name) {
-  std::string folded = FoldName(name);
-  if (!IsName(folded)) {
-    LogValidationFailure("Inmem: CIM name '" + name + "' is invalid");
-    throw Failure::InvalidName();
-  }
-  return folded;
+  return NZELVYR20::NormalizeName(name);
 }
 
 boost::shared_ptr<TInmemClass> TInmemNamespace::FindClass(const std::string& name) const {
@@ -165,10 +153,7 @@ boost::shared_ptr<ICIMInstance> TInmemNamespace::GetInstance(const TCIMReference
                                                              TCIMContext context) {
   const auto cimClass =
       boost::static_pointer_cast<TInmemClass>(GetClass(path.GetClassName(), context));
-  TInstanceEntry* const entry = cimClass->FindEntry(path);
-  if (!entry) return {};
-  if (resolution_) resolution_->NoteGiven(cimClass, *entry);
-  return entry->instance;
+  return cimClass->FindInstance(path, resolution_);
 }
 
 void TInmemNamespace::ClearInstances() {

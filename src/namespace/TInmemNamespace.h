@@ -16,8 +16,7 @@ class TInmemClass;
 class TInmemQualifierDecl;
 class TResolution;
 
-/// A namespace that lives in memory: the registry of its classes and qualifier declarations, and
-/// the owner of the rule by which every CIM name is checked and folded.
+/// A namespace that lives in memory: the registry of its classes and qualifier declarations.
 class TInmemNamespace : public ICIMNamespace,
                         public boost::enable_shared_from_this<TInmemNamespace> {
  public:
@@ -33,12 +32,8 @@ class TInmemNamespace : public ICIMNamespace,
   /// Makes the root class.
   void Initialize();
 
-  /// The key under which tables keep a name: folded to lower case, alike in every locale. An empty
-  /// name is its own key. A name that is no CIM name is logged at level 0 and thrown as status 25.
+  /// The rule for names: NZELVYR20::NormalizeName.
   static std::string NormalizeName(const std::string& name);
-
-  /// Whether NormalizeName takes the name.
-  static bool IsName(const std::string& name);
 
   /// The class of that name, the root class for an empty one; empty when there is none. Status 25.
   boost::shared_ptr<TInmemClass> FindClass(const std::string& name) const;

@@ -6,6 +6,7 @@
 
 #include "Failures.h"
 #include "InMemory.h"
+#include "NormalizedNames.h"
 #include "TInmemNamespace.h"
 
 namespace NZELVYR20 {
@@ -19,7 +20,7 @@ bool HasFlavor(const ICIMQualifier& qualifier, ICIMQualifierDecl::EFlavor flavor
 }  // namespace
 
 void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) {
-  const std::string key = TInmemNamespace::NormalizeName(qualifier->GetName(TCIMContext()));
+  const std::string key = NormalizeName(qualifier->GetName(TCIMContext()));
   const auto attached = qualifiers_.Find(key);
   if (attached && !HasFlavor(*attached, ICIMQualifierDecl::kOverridable)) {
     if (Conflicts(*attached, *qualifier)) throw Failure::QualifierConflict();
@@ -37,12 +38,12 @@ bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
 }
 
 void TInmemQualifierSet::Remove(const std::string& name) {
-  if (!qualifiers_.Erase(TInmemNamespace::NormalizeName(name))) throw Failure::NotFound();
+  if (!qualifiers_.Erase(NormalizeName(name))) throw Failure::NotFound();
   NoteKey();
 }
 
 boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name) const {
-  return qualifiers_.Find(TInmemNamespace::NormalizeName(name));
+  return qualifiers_.Find(NormalizeName(name));
 }
 
 boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name,

@@ -17,7 +17,7 @@ namespace {
 class TIndexCheck {
  public:
   explicit TIndexCheck(const TInmemClass& cimClass)
-      : cimClass_(cimClass), table_(cimClass.instances_), index_(table_.references_) {}
+      : cimClass_(cimClass), table_(cimClass.instances_), index_(table_.index_) {}
 
   std::string Run() {
     std::size_t removed = 0;
@@ -31,7 +31,7 @@ class TIndexCheck {
       return references.unsettledSlot == slot;
     });
     if (!index_.isStale_) CheckMakes();
-    Expect(index_.walks_ == nullptr && table_.cursors_ == nullptr, "no walk is left behind");
+    Expect(index_.walks_.IsEmpty() && table_.cursors_.IsEmpty(), "no walk is left behind");
     return faults_;
   }
 
@@ -50,25 +50,25 @@ class TIndexCheck {
   }
 
   void CheckRemoved(const TInstanceEntry& entry) {
-    Expect(!entry.references && entry.targets == nullptr, "nothing is known of what was taken out");
+    Expect(!entry.references && entry.asEnd.IsEmpty(), "nothing is known of what was taken out");
     Expect(table_.FindEntry(entry.path) != &entry, "what was taken out is not found");
   }
 
   void CheckEntry(const TInstanceEntry& entry) {
     std::size_t places = 0;
-    for (const auto* own = entry.instance->entries_; own != nullptr; own = own->nextOfInstance) {
-      places += own == &entry ? 1 : 0;
+    for (const TInstanceEntry& own : entry.instance->GetEntries()) {
+      places += &own == &entry ? 1 : 0;
     }
     Expect(places == 1, "an instance knows its place, once");
     Expect(table_.FindEntry(entry.path) == &entry, "an instance is found under its path");
-    if (!index_.isStale_ && entry.instance->MayHaveReferences()) {
+    if (!index_.isStale_ && index_.countReferences_(*entry.instance)) {
       Expect(index_.IsStale() || entry.references, "what may have references is in the index");
     }
     if (entry.references) CheckReferences(entry);
     std::set<const TReferenceIndex*> seen;
-    for (const auto* target = entry.targets; target != nullptr; target = target->nextOfEntry_) {
-      Expect(seen.insert(target->index_).second, "an index has one target for an entry");
-      CheckTarget(*target, entry);
+    for (const TLinkedEnd& end : entry.asEnd) {
+      Expect(seen.insert(&end.index).second, "an entry is one end of an index");
+      CheckEnd(end, entry);
     }
   }
 
@@ -77,7 +77,7 @@ class TIndexCheck {
     Expect(references.index == &index_, "references stand in the index of their table");
     const auto& unsettled = index_.unsettled_.GetSlots();
     if (references.IsSettled()) {
-      Expect(index_.IsStale() || entry.instance->AreAllLinked(references),
+      Expect(index_.IsStale() || index_.AreAllLinked(entry),
              "what is settled has links for all references");
     } else {
       Expect(references.unsettledSlot < unsettled.size() &&
@@ -93,28 +93,30 @@ class TIndexCheck {
   }
 
   void CheckLink(const TReferences::TLink& link, const TInstanceEntry& entry) {
-    Expect(entry.instance->FindReferencedClass(link.position) == link.referencedClass &&
-               link.referencedClass != nullptr,
-           "a link knows the class of its own value");
-    const TInstanceEntry& end = link.target->GetEntry();
-    const TReferenceTarget* known = end.targets;
-    while (known != nullptr && known != link.target) known = known->nextOfEntry_;
-    Expect(known != nullptr && link.target->index_ == &index_,
-           "an entry knows the targets that it is");
-    const auto& slots = link.target->referrers.GetSlots();
+    const auto& property =
+        static_cast<const TInmemInstance&>(*entry.instance).properties_[link.position];
+    Expect(
+        property.FindReferencedClass() == link.referencedClass && link.referencedClass != nullptr,
+        "a link knows the class of its own value");
+    const TInstanceEntry& end = link.end->entry;
+    const auto isKnown = [&](const TLinkedEnd& known) { return &known == link.end; };
+    Expect(std::any_of(end.asEnd.begin(), end.asEnd.end(), isKnown) && &link.end->index == &index_,
+           "an entry knows the ends that it is");
+    const auto& slots = link.end->referrers.GetSlots();
     Expect(link.slot < slots.size() && slots[link.slot] == &entry, "a link knows its slot");
-    const TCIMReference path(entry.instance->properties_[link.position].GetValue({}));
+    const TCIMReference path(property.GetValue({}));
     const auto nameSpace = cimClass_.namespace_.lock();
     const auto endClass = nameSpace ? nameSpace->FindClass(path.GetClassName()) : nullptr;
-    Expect(endClass && endClass->FindEntry(path) == &end, "a link leads where the namespace says");
+    Expect(endClass && endClass->instances_.FindEntry(path.GetPath()) == &end,
+           "a link leads where the namespace says");
   }
 
-  void CheckTarget(const TReferenceTarget& target, const TInstanceEntry& entry) {
-    Expect(target.entry_ == &entry, "a target is that of its entry");
-    Expect(!target.referrers.IsEmpty(), "a target has referrers");
-    CheckReferrers(target.referrers, [&](const TReferences& references, std::uint32_t slot) {
-      const auto* const link = references.FindLinkTo(target);
-      return link != nullptr && link->slot == slot && references.index == target.index_;
+  void CheckEnd(const TLinkedEnd& end, const TInstanceEntry& entry) {
+    Expect(&end.entry == &entry, "an end is that of its entry");
+    Expect(!end.referrers.IsEmpty(), "an end has referrers");
+    CheckReferrers(end.referrers, [&](const TReferences& references, std::uint32_t slot) {
+      const auto* const link = references.FindLinkTo(end);
+      return link != nullptr && link->slot == slot && references.index == &end.index;
     });
   }
 

@@ -4,8 +4,6 @@
 #include <functional>
 #include <utility>
 
-#include "TInmemInstance.h"
-
 namespace NZELVYR20 {
 
 namespace {
@@ -26,22 +24,20 @@ bool IsPointedBefore(const TEntryPointer& left, const TEntryPointer& right) {
 
 }  // namespace
 
+bool TStanding::IsCurrent() const { return entry != nullptr && removals == table->GetRemovals(); }
+
 TInstanceTable::TCursor::TCursor(const TInstanceTable& table)
     : TCursor(table, nullptr, table.serial_) {}
 
 TInstanceTable::TCursor::TCursor(const TInstanceTable& table, const TInstanceEntry* last,
                                  std::uint64_t limit)
-    : table_(table), limit_(limit), nextCursor_(table.cursors_) {
+    : table_(table), limit_(limit) {
   table.Sort();
   if (last) next_ = table.GetPosition(*last) + 1;
-  table.cursors_ = this;
+  table.cursors_.Add(*this);
 }
 
-TInstanceTable::TCursor::~TCursor() {
-  TCursor** link = &table_.cursors_;
-  while (*link != this) link = &(*link)->nextCursor_;
-  *link = nextCursor_;
-}
+TInstanceTable::TCursor::~TCursor() { table_.cursors_.Remove(*this); }
 
 TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
   while (next_ < table_.sorted_) {
@@ -70,7 +66,7 @@ TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
 }
 
 void TInstanceTable::Put(const std::string& path, const TPointer& instance,
-                         const TFoundEnds& found) {
+                         const TFoundReferences& found) {
   MakeRoom();
   const std::size_t hash = GetHash(path);
   if (TInstanceEntry* const entry = *FindPlace(path, hash)) {
@@ -97,30 +93,30 @@ void TInstanceTable::MakeRoom() {
 }
 
 void TInstanceTable::Insert(const std::string& path, std::size_t hash, const TPointer& instance,
-                            const TFoundEnds& found) {
+                            const TFoundReferences& found) {
   auto entry = std::make_unique<TInstanceEntry>();
   entry->path = path;
   entry->hash = hash;
   entry->serial = serial_ + 1;
-  references_.Add(*entry, *instance, found);
+  index_.Add(*entry, *instance, found);
   ++serial_;
   entry->instance = instance;
-  instance->AddEntry(*entry);
+  instance->GetEntries().Add(*entry);
   *FindPlace(path, hash) = entry.get();
   order_.push_back(std::move(entry));
 }
 
 /// An instance in its own place stands there throughout, and links to it stay.
 void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance,
-                             const TFoundEnds& found) {
-  if (entry.instance == instance) return references_.Refresh(entry, found);
-  references_.Remove(entry);
-  TReferenceIndex::ForgetEnd(entry);
-  entry.instance->RemoveEntry(entry);
+                             const TFoundReferences& found) {
+  if (entry.instance == instance) return index_.Refresh(entry, found);
+  index_.Remove(entry);
+  TReferenceIndex::UnsettleReferrers(entry);
+  entry.instance->GetEntries().Remove(entry);
   const TPointer gone = std::exchange(entry.instance, instance);
-  instance->AddEntry(entry);
+  instance->GetEntries().Add(entry);
   ++removals_;
-  references_.AddOrForget(entry, found);
+  index_.AddOrForget(entry, found);
 }
 
 void TInstanceTable::Erase(std::string_view path) {
@@ -129,9 +125,9 @@ void TInstanceTable::Erase(std::string_view path) {
   TInstanceEntry* const entry = *place;
   if (!entry) return;
   *place = std::exchange(entry->nextInBucket, nullptr);
-  references_.Remove(*entry);
-  TReferenceIndex::ForgetEnd(*entry);
-  entry->instance->RemoveEntry(*entry);
+  index_.Remove(*entry);
+  TReferenceIndex::UnsettleReferrers(*entry);
+  entry->instance->GetEntries().Remove(*entry);
   const TPointer gone = std::exchange(entry->instance, {});
   ++removals_;
   ++removed_;
@@ -140,34 +136,34 @@ void TInstanceTable::Erase(std::string_view path) {
 
 void TInstanceTable::Clear() noexcept {
   std::vector<TInstanceEntry*>().swap(buckets_);
-  references_.Clear(order_);
+  index_.Clear(order_);
   LoseStanding();
   for (const auto& entry : order_) {
-    if (entry->instance) entry->instance->RemoveEntry(*entry);
+    if (entry->instance) entry->instance->GetEntries().Remove(*entry);
   }
   const TOrder gone = std::exchange(order_, {});
   sorted_ = 0;
   removed_ = 0;
-  for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) cursor->next_ = 0;
+  for (TCursor& cursor : cursors_) cursor.next_ = 0;
 }
 
 void TInstanceTable::LoseStanding() noexcept {
   ++removals_;
-  for (const auto& entry : order_) TReferenceIndex::ForgetEnd(*entry);
+  for (const auto& entry : order_) TReferenceIndex::UnsettleReferrers(*entry);
 }
 
 /// Puts what came since the last time in its place. Cursors go on with the entry that was next.
 void TInstanceTable::Sort() const noexcept {
   if (sorted_ == order_.size()) return;
-  for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-    cursor->resume_ = cursor->next_ < sorted_ ? order_[cursor->next_].get() : nullptr;
+  for (TCursor& cursor : cursors_) {
+    cursor.resume_ = cursor.next_ < sorted_ ? order_[cursor.next_].get() : nullptr;
   }
   const auto added = order_.begin() + static_cast<std::ptrdiff_t>(sorted_);
   std::sort(added, order_.end(), IsPointedBefore);
   std::inplace_merge(order_.begin(), added, order_.end(), IsPointedBefore);
   sorted_ = order_.size();
-  for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-    cursor->next_ = cursor->resume_ ? GetPosition(*cursor->resume_) : sorted_;
+  for (TCursor& cursor : cursors_) {
+    cursor.next_ = cursor.resume_ ? GetPosition(*cursor.resume_) : sorted_;
   }
 }
 
@@ -180,13 +176,13 @@ std::size_t TInstanceTable::GetPosition(const TInstanceEntry& entry) const {
 }
 
 void TInstanceTable::DropRemoved() noexcept {
-  if (references_.HasWalks() || removed_ <= order_.size() / 2) return;
+  if (index_.HasWalks() || removed_ <= order_.size() / 2) return;
   std::size_t kept = 0;
   std::size_t keptSorted = 0;
   for (std::size_t i = 0; i <= order_.size(); ++i) {
     if (i == sorted_) keptSorted = kept;
-    for (TCursor* cursor = cursors_; cursor; cursor = cursor->nextCursor_) {
-      if (cursor->next_ == i) cursor->next_ = kept;
+    for (TCursor& cursor : cursors_) {
+      if (cursor.next_ == i) cursor.next_ = kept;
     }
     if (i < order_.size() && order_[i]->instance) order_[i].swap(order_[kept++]);
   }
@@ -196,11 +192,11 @@ void TInstanceTable::DropRemoved() noexcept {
 }
 
 void TInstanceTable::RenewIndex() {
-  if (references_.IsStale()) references_.Renew(order_);
+  if (index_.IsStale()) index_.Renew(order_);
 }
 
-void TInstanceTable::EndWalk(const TReferrerWalk& walk) noexcept {
-  references_.EndWalk(walk);
+void TInstanceTable::EndWalk(TReferenceIndex::TListener& walk) noexcept {
+  index_.Remove(walk);
   DropRemoved();
 }
 

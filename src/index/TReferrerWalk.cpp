@@ -3,29 +3,26 @@
 #include <algorithm>
 #include <new>
 
-#include "TInmemInstance.h"
-
 namespace NZELVYR20 {
 
 namespace {
 
-/// Asks for an object that somebody holds, and for its count in front of it.
-template <class TObject>
-void PrefetchShared(const TObject* object) {
-  constexpr std::ptrdiff_t kCount = 24;
-  __builtin_prefetch(reinterpret_cast<const char*>(object) - kCount);
-  __builtin_prefetch(reinterpret_cast<const char*>(object) + kCount);
+/// Asks for an instance, and for the count of its holders in front of it.
+void Prefetch(const TIndexedInstance* instance) {
+  constexpr std::ptrdiff_t kCount = 48;
+  __builtin_prefetch(reinterpret_cast<const char*>(instance) - kCount);
+  __builtin_prefetch(instance);
 }
 
 void PrefetchEnds(TInstanceEntry* const* first, TInstanceEntry* const* end) {
   for (const auto* entry = first; entry != end; ++entry) {
     if (!(*entry)->references) continue;
-    for (const auto& link : (*entry)->references->links) __builtin_prefetch(link.target);
+    for (const auto& link : (*entry)->references->links) __builtin_prefetch(link.end);
   }
   for (const auto* entry = first; entry != end; ++entry) {
     if (!(*entry)->references) continue;
     for (const auto& link : (*entry)->references->links) {
-      __builtin_prefetch(&link.target->GetEntry());
+      __builtin_prefetch(&link.end->entry);
     }
   }
 }
@@ -36,10 +33,10 @@ bool IsPathAfter(const TInstanceEntry* left, const TInstanceEntry* right) {
 
 }  // namespace
 
-TReferrerWalk::TReferrerWalk(TInstanceTable& table, const TInmemInstance& target,
+TReferrerWalk::TReferrerWalk(TInstanceTable& table, TIndexedInstance& origin,
                              const std::string& roleKey, bool followsEnds) noexcept
     : table_(table),
-      target_(target),
+      origin_(origin),
       roleKey_(roleKey),
       followsEnds_(followsEnds),
       limit_(table.GetSerial()) {
@@ -56,7 +53,7 @@ TReferrerWalk::~TReferrerWalk() { table_.EndWalk(*this); }
 void TReferrerWalk::Collect() {
   TReferenceIndex& index = table_.GetIndex();
   table_.RenewIndex();
-  if (index.IsComplete(roleKey_)) index.Collect(target_, candidates_);
+  if (index.IsComplete(roleKey_)) index.Collect(origin_, candidates_);
   isSettled_ = index.IsAllSettled();
   losses_ = index.GetLosses();
 }
@@ -73,7 +70,7 @@ std::size_t TReferrerWalk::FindFirstReference() const {
   if (!last_->references) return 0;
   const auto& links = last_->references->links;
   const auto first = std::find_if(links.begin(), links.end(), [this](const auto& link) {
-    return link.target->GetEntry().instance.get() == &target_;
+    return link.end->entry.instance.get() == &origin_;
   });
   return first == links.end() ? 0 : first->position;
 }
@@ -147,7 +144,7 @@ void TReferrerWalk::PrefetchCandidates() const {
   const auto* const end = first + std::min(kAhead, candidates_.size() - next_);
   for (const auto* entry = first; entry != end; ++entry) __builtin_prefetch(*entry);
   for (const auto* entry = first; entry != end; ++entry) {
-    PrefetchShared((*entry)->instance.get());
+    Prefetch((*entry)->instance.get());
     if (followsEnds_) __builtin_prefetch((*entry)->references.get());
   }
   if (followsEnds_) PrefetchEnds(first, end);

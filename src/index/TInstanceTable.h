@@ -16,16 +16,17 @@ namespace NZELVYR20 {
 /// order of the texts. The order is made when a walk begins, from what came since the last one, so
 /// that filling a table costs no comparisons.
 ///
-/// A walk keeps the promises that TOrderedTable makes.
+/// A walk keeps the promises that TOrderedTable makes. TReferenceIndex.h has the rules to which the
+/// numbers refer.
 class TInstanceTable {
  public:
-  using TPointer = boost::shared_ptr<TInmemInstance>;
+  using TPointer = boost::shared_ptr<TIndexedInstance>;
 
   /// Stands before the instance that is next in a walk.
   class TCursor {
    public:
     explicit TCursor(const TInstanceTable& table);
-    /// Behind this entry (empty: at the beginning), for what came no later than `limit`.
+    /// After this entry (empty: at the beginning), for what came no later than `limit`.
     TCursor(const TInstanceTable& table, const TInstanceEntry* last, std::uint64_t limit);
     TCursor(const TCursor&) = delete;
     TCursor& operator=(const TCursor&) = delete;
@@ -41,10 +42,10 @@ class TInstanceTable {
     std::size_t next_ = 0;
     const std::uint64_t limit_;
     const TInstanceEntry* resume_ = nullptr;  ///< while the table is being sorted
-    TCursor* nextCursor_;
+    TChainLink ofTable_;
   };
 
-  TInstanceTable() = default;
+  explicit TInstanceTable(TCountReferences countReferences) : index_(countReferences) {}
   TInstanceTable(const TInstanceTable&) = delete;
   TInstanceTable& operator=(const TInstanceTable&) = delete;
   ~TInstanceTable();
@@ -56,7 +57,7 @@ class TInstanceTable {
 
   /// Inserts, or puts the instance in place of the one that is there. `found` may tell where its
   /// references lead. An allocation that fails leaves the table as it was.
-  void Put(const std::string& path, const TPointer& instance, const TFoundEnds& found);
+  void Put(const std::string& path, const TPointer& instance, const TFoundReferences& found);
 
   /// Takes an instance out. It goes last, when the table is whole again.
   void Erase(std::string_view path);
@@ -79,13 +80,13 @@ class TInstanceTable {
 
   // For walks along associations.
 
-  TReferenceIndex& GetIndex() { return references_; }
-  const TReferenceIndex& GetIndex() const { return references_; }
+  TReferenceIndex& GetIndex() { return index_; }
+  const TReferenceIndex& GetIndex() const { return index_; }
   /// Looks at the entries again if the index has to. Fails for lack of memory.
   void RenewIndex();
-  /// As long as a walk goes on entries stay, be they taken out, unless all go.
-  void BeginWalk(TReferrerWalk& walk) noexcept { references_.BeginWalk(walk); }
-  void EndWalk(const TReferrerWalk& walk) noexcept;
+  /// As long as a walk goes on entries stay, be they taken out, unless all go (rule 1).
+  void BeginWalk(TReferenceIndex::TListener& walk) noexcept { index_.Add(walk); }
+  void EndWalk(TReferenceIndex::TListener& walk) noexcept;
   /// Of the entry that came last.
   std::uint64_t GetSerial() const { return serial_; }
 
@@ -95,8 +96,8 @@ class TInstanceTable {
   TInstanceEntry** FindPlace(std::string_view path, std::size_t hash) const;
   void MakeRoom();
   void Insert(const std::string& path, std::size_t hash, const TPointer& instance,
-              const TFoundEnds& found);
-  void Replace(TInstanceEntry& entry, const TPointer& instance, const TFoundEnds& found);
+              const TFoundReferences& found);
+  void Replace(TInstanceEntry& entry, const TPointer& instance, const TFoundReferences& found);
   void Sort() const noexcept;
   std::size_t GetPosition(const TInstanceEntry& entry) const;
   void DropRemoved() noexcept;  ///< once they are the greater part, and no walk rests on one
@@ -108,12 +109,8 @@ class TInstanceTable {
   std::size_t removed_ = 0;         ///< how many of them were taken out
   std::uint64_t serial_ = 0;
   std::uint64_t removals_ = 0;
-  mutable TCursor* cursors_ = nullptr;
-  TReferenceIndex references_;
+  mutable TChain<TCursor, &TCursor::ofTable_> cursors_;
+  TReferenceIndex index_;
 };
-
-inline bool TStanding::IsCurrent() const {
-  return entry != nullptr && removals == table->GetRemovals();
-}
 
 }  // namespace NZELVYR20

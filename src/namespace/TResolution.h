@@ -3,7 +3,7 @@
 #include <boost/shared_ptr.hpp>
 #include <string>
 
-#include "TReferences.h"
+#include "TStanding.h"
 
 namespace NZELVYR20 {
 
@@ -27,13 +27,14 @@ class TResolution {
   /// Where the element that Resolve returned stands; not current unless the namespace gave it.
   const TStanding& GetStanding() const { return standing_; }
 
-  /// The namespace gives the instance that stands in this entry of the class's table.
-  void NoteGiven(const boost::shared_ptr<TInmemClass>& cimClass, TInstanceEntry& entry);
+  /// The namespace gives `element`, which stands here.
+  void NoteGiven(TStanding standing, const ICIMElement& element);
 
  private:
   const boost::shared_ptr<TInmemNamespace> nameSpace_;
   TResolution* const outer_;
   TStanding standing_;
+  const ICIMElement* given_ = nullptr;  ///< alive as long as it stands there
 };
 
 }  // namespace NZELVYR20

@@ -10,7 +10,7 @@
 
 namespace NZELVYR20 {
 
-/// Walks over the instances of a table that may refer to `target`, by the property of this role (a
+/// Walks over the instances of a table that may refer to `origin`, by the property of this role (a
 /// normalized name) where there is one, in the order of their paths and with the promises of
 /// TOrderedTable. All others are left out.
 ///
@@ -18,36 +18,27 @@ namespace NZELVYR20 {
 /// the index. So no change, however often it is made on the way, makes the walk look again at what
 /// it has passed. Where the index cannot be relied upon, for want of memory or after a default has
 /// changed, the walk looks at everything that is left.
-class TReferrerWalk {
+class TReferrerWalk : public TReferenceIndex::TListener {
  public:
   /// A walk that `followsEnds` will look at what the references lead to.
-  TReferrerWalk(TInstanceTable& table, const TInmemInstance& target, const std::string& roleKey,
+  TReferrerWalk(TInstanceTable& table, TIndexedInstance& origin, const std::string& roleKey,
                 bool followsEnds) noexcept;
-  TReferrerWalk(const TReferrerWalk&) = delete;
-  TReferrerWalk& operator=(const TReferrerWalk&) = delete;
   ~TReferrerWalk();
 
   /// The next instance, held; empty at the end.
   TInstanceTable::TPointer Next();
 
-  /// Whether that instance is known to refer to the target, by whatever role, and has no reference
+  /// Whether that instance is known to refer to the origin, by whatever role, and has no reference
   /// for which the host would have to be asked.
   bool IsCertain() const;
 
-  /// The position of that instance's first reference to the target as it was when it was found
+  /// The position of that instance's first reference to the origin as it was when it was found
   /// certain, whatever has changed since.
   std::size_t GetFirstReference() const;
 
-  // For the index.
-
-  /// An entry has become a candidate.
-  void Include(TInstanceEntry& entry) noexcept;
-  /// A link of the entry is about to go, or one of its references to become unsettled.
-  void NoteLoss(const TInstanceEntry& entry) noexcept;
-  /// All entries go.
-  void End() noexcept;
-  TReferrerWalk* GetNextWalk() const { return nextWalk_; }
-  void SetNextWalk(TReferrerWalk* walk) { nextWalk_ = walk; }
+  void Include(TInstanceEntry& entry) noexcept override;
+  void NoteLoss(const TInstanceEntry& entry) noexcept override;
+  void End() noexcept override;
 
  private:
   void Collect();
@@ -59,7 +50,7 @@ class TReferrerWalk {
   void PrefetchCandidates() const;
 
   TInstanceTable& table_;
-  const TInmemInstance& target_;
+  TIndexedInstance& origin_;
   const std::string& roleKey_;
   const bool followsEnds_;
   const std::uint64_t limit_;
@@ -72,7 +63,6 @@ class TReferrerWalk {
   bool isReliable_ = true;
   bool isSettled_ = false;
   std::optional<TInstanceTable::TCursor> everything_;
-  TReferrerWalk* nextWalk_ = nullptr;
 };
 
 }  // namespace NZELVYR20

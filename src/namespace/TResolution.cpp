@@ -1,9 +1,10 @@
 #include "TResolution.h"
 
+#include <utility>
+
 #include "TCIMReference.h"
-#include "TInmemClass.h"
-#include "TInmemInstance.h"
 #include "TInmemNamespace.h"
+#include "TInstanceTable.h"
 
 namespace NZELVYR20 {
 
@@ -14,18 +15,18 @@ TResolution::~TResolution() {
   if (nameSpace_) nameSpace_->SetResolution(outer_);
 }
 
+/// Rule 3 of TReferenceIndex.
 boost::shared_ptr<ICIMElement> TResolution::Resolve(const TCIMReference& path) {
   auto element = path.GetCIMElement(false);
-  const bool isGiven = standing_.IsCurrent() && standing_.entry->instance == element &&
-                       standing_.entry->path == path.GetPath();
+  const bool isGiven =
+      standing_.IsCurrent() && given_ == element.get() && standing_.entry->path == path.GetPath();
   if (!isGiven) standing_ = TStanding();
   return element;
 }
 
-void TResolution::NoteGiven(const boost::shared_ptr<TInmemClass>& cimClass, TInstanceEntry& entry) {
-  const TInstanceTable& table = cimClass->GetInstances();
-  standing_ = {boost::shared_ptr<const TInstanceTable>(cimClass, &table), &entry,
-               table.GetRemovals()};
+void TResolution::NoteGiven(TStanding standing, const ICIMElement& element) {
+  standing_ = std::move(standing);
+  given_ = &element;
 }
 
 }  // namespace NZELVYR20

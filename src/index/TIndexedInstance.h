@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <utility>
+
+#include "TDeclaredProperties.h"
+#include "TInstanceEntry.h"
+
+namespace NZELVYR20 {
+
+/// What a table knows of the instances in it: where they stand, and what their properties are
+/// declared by. All else it asks by TCountReferences.
+class TIndexedInstance {
+ public:
+  using TEntries = TChain<TInstanceEntry, &TInstanceEntry::ofInstance>;
+
+  TIndexedInstance(const TIndexedInstance&) = delete;
+  TIndexedInstance& operator=(const TIndexedInstance&) = delete;
+
+  /// The declarations that the instance was made with.
+  const TDeclaredPointer& GetDeclared() const { return declared_; }
+
+  /// The places where it was added and still stands; for tables to change.
+  TEntries& GetEntries() { return entries_; }
+  const TEntries& GetEntries() const { return entries_; }
+
+ protected:
+  explicit TIndexedInstance(TDeclaredPointer declared) : declared_(std::move(declared)) {}
+  ~TIndexedInstance() = default;
+
+ private:
+  TEntries entries_;
+  const TDeclaredPointer declared_;
+};
+
+/// How many of an instance's properties have references for values, be they own or defaults; empty
+/// where none has, nor may come to have one.
+using TCountReferences = std::optional<std::size_t> (*)(const TIndexedInstance&);
+
+}  // namespace NZELVYR20

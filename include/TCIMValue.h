@@ -189,7 +189,7 @@ class VYR_EXPORT TCIMValue {
   bool operator!=(const TCIMValue& other) const { return !(*this == other); }
   /// @}
 
-  /// By type, then null first, then content; NaN comes behind every number.
+  /// By type, then null first, then content; NaN comes after every number.
   bool operator<(const TCIMValue& other) const;
 
   /// The value as text. Strings as they are, without quotes; integers in base 2 to 36 (any other
@@ -241,7 +241,7 @@ class VYR_EXPORT TCIMValue {
   bool isNull_;
 };
 
-/// The MOF word for the type, with "[]" behind it for arrays.
+/// The MOF word for the type, with "[]" after it for arrays.
 VYR_EXPORT std::ostream& operator<<(std::ostream& stream, const TCIMValue::TCIMType& type);
 
 }  // namespace NZELVYR20

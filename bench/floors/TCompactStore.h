@@ -13,7 +13,7 @@
 namespace NZELVYR20 {
 
 /// The floor "compact": a hash table of path texts to records with a slot for each property, and
-/// the entries in path order. These are sorted by the first walk behind a change, so that neither
+/// the entries in path order. These are sorted by the first walk after a change, so that neither
 /// adding nor a later walk pays for it. The operations are those of TMapStore.
 class TCompactStore {
  public:
@@ -40,7 +40,7 @@ class TCompactStore {
   const TSorted& GetSorted();
 
   TRecords records_;
-  TSorted sorted_;  ///< empty behind a change
+  TSorted sorted_;  ///< empty after a change
 };
 
 }  // namespace NZELVYR20

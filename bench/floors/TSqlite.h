@@ -17,7 +17,7 @@ class TSqliteStatement {
   TSqliteStatement& Bind(int position, std::string&& text) = delete;
   TSqliteStatement& Bind(int position, std::uint64_t number);
 
-  /// Goes to the next row; false behind the last, and the statement can then run again.
+  /// Goes to the next row; false after the last, and the statement can then run again.
   bool Step();
   /// Runs a statement that has no rows.
   void Run() { Step(); }

@@ -18,7 +18,7 @@ struct TInstanceEntry {
   boost::shared_ptr<TIndexedInstance> instance;    ///< empty when the entry was taken out
   std::uint64_t serial = 0;                        ///< tells a walk what came after its start
   std::unique_ptr<TReferences> references;         ///< empty when it can have none
-  TChain<TLinkedEnd, &TLinkedEnd::ofEntry> asEnd;  ///< of links that lead here, by index
+  TChain<TLinkedEnd, &TLinkedEnd::ofEntry> asEnd;  ///< of links that lead here, one in each index
   TChainLink ofInstance;                           ///< one may be added under several paths
   std::size_t hash = 0;                            ///< of the path
   TInstanceEntry* nextInBucket = nullptr;

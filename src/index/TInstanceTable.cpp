@@ -106,7 +106,8 @@ void TInstanceTable::Insert(const std::string& path, std::size_t hash, const TPo
   order_.push_back(std::move(entry));
 }
 
-/// An instance in its own place stands there throughout, and links to it stay.
+/// An instance in its own place stands there throughout, and links to it stay. Links to another go
+/// before it does (rule 4).
 void TInstanceTable::Replace(TInstanceEntry& entry, const TPointer& instance,
                              const TFoundReferences& found) {
   if (entry.instance == instance) return index_.Refresh(entry, found);

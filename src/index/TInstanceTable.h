@@ -100,7 +100,7 @@ class TInstanceTable {
   void Replace(TInstanceEntry& entry, const TPointer& instance, const TFoundReferences& found);
   void Sort() const noexcept;
   std::size_t GetPosition(const TInstanceEntry& entry) const;
-  void DropRemoved() noexcept;  ///< once they are the greater part, and no walk rests on one
+  void DropRemoved() noexcept;  ///< once they are the greater part (rule 1)
 
   /// A power of two of chains of entries by their hashes. Looking one up changes none.
   mutable std::vector<TInstanceEntry*> buckets_;

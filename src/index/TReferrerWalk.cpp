@@ -136,7 +136,8 @@ void TReferrerWalk::End() noexcept {
 }
 
 /// What the next candidates are made of lies anywhere in memory: it is asked for at once, not piece
-/// by piece.
+/// by piece. Without, walks take 1.6 to 1.9 times as long; and as much as 1.6 times if ends are
+/// asked for where nobody follows them.
 void TReferrerWalk::PrefetchCandidates() const {
   constexpr std::size_t kAhead = 8;
   if (next_ % kAhead != 0) return;

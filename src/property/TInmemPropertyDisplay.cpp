@@ -29,8 +29,8 @@ struct TAbbreviation {
   const char* text;
 };
 
-/// The first match counts. The second entry repeats the first, so that "Bits" is never abbreviated:
-/// displays are laid out for that.
+/// The first match counts. The second entry, which never does, stands for the place where "Bits"
+/// was meant: it is not abbreviated, and displays are laid out for that.
 constexpr std::array<TAbbreviation, 4> kAbbreviations{{
     {"Bytes", "B"},
     {"Bytes", "b"},

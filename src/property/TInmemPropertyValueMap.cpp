@@ -26,7 +26,7 @@ struct TMapNumber {
   bool isOpen = false;
 };
 
-/// What nearly every entry is: digits that fit, and nothing behind them or a range's dots.
+/// What nearly every entry is: digits that fit, and nothing after them or a range's dots.
 std::optional<TMapNumber> ReadPlainNumber(const std::string& text) {
   TMapNumber read;
   const char* const end = text.data() + text.size();

@@ -6,8 +6,7 @@
 #include <type_traits>
 #include <utility>
 
-#include <boost/algorithm/string/predicate.hpp>
-
+#include "FoldName.h"
 #include "MofUnicode.h"
 #include "TMofParser.h"
 
@@ -16,9 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool IsInclude(const TMofPragma& pragma) {
-  return boost::algorithm::iequals(pragma.name.text, "include");
-}
+bool IsInclude(const TMofPragma& pragma) { return FoldName(pragma.name.text) == "include"; }
 
 }  // namespace
 

@@ -110,7 +110,7 @@ TCIMValue MakeDateTime(const TMofLiteral& literal, T type) {
   }
 }
 
-/// Behind the namespace that a path of another repository may begin with.
+/// After the namespace that a path of another repository may begin with.
 std::string GetLocalPath(const std::string& path) {
   const std::size_t colon = path.find(':');
   return colon < path.find_first_of(".=\"") ? path.substr(colon + 1) : path;

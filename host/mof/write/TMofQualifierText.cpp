@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "FoldName.h"
 #include "ICIMQualifier.h"
 #include "ListElements.h"
 #include "TMofValueText.h"
@@ -72,11 +73,9 @@ std::string Join(const TWords& words, const char* separator) {
 std::size_t Rank(const ICIMQualifier& qualifier) {
   constexpr std::array<const char*, 5> kFirst = {"association", "indication", "abstract", "key",
                                                  "override"};
-  std::string name = qualifier.GetName({});
-  for (char& letter : name) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return static_cast<std::size_t>(std::find(kFirst.begin(), kFirst.end(), name) - kFirst.begin());
+  const auto* const found =
+      std::find(kFirst.begin(), kFirst.end(), FoldName(qualifier.GetName({})));
+  return static_cast<std::size_t>(found - kFirst.begin());
 }
 
 TQualifiers SelectQualifiers(const ICIMNamedElement& element, bool withPropagated) {

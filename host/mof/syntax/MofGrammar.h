@@ -14,7 +14,9 @@ struct TArraySize : peg::plus<peg::digit> {};
 struct TArrayMarkEnd : TMark<']'> {
   static constexpr const char* kExpected = "\"]\" after the size of an array";
 };
-struct TArrayMark : peg::seq<TMark<'['>, peg::opt<TToken<TArraySize>>, peg::must<TArrayMarkEnd>> {};
+/// A "[" alone may begin the qualifiers of what follows.
+struct TArrayMark : peg::seq<peg::at<TMark<'['>, peg::sor<peg::digit, peg::one<']'>>>, TMark<'['>,
+                             peg::opt<TToken<TArraySize>>, peg::must<TArrayMarkEnd>> {};
 struct TTypeWord : TNameToken {};
 /// An element may be called "ref": only with something after it the word makes a reference.
 struct TReferenceMark : peg::seq<TKeyword<TAO_PEGTL_ISTRING("ref")>,

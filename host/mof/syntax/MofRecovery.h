@@ -13,4 +13,7 @@ namespace NZELVYR20 {
 /// forgotten would turn all that follows inside out.
 std::size_t FindNextDeclaration(std::string_view text, std::size_t start, std::size_t error);
 
+/// Whether anything in the text looks like the beginning of a declaration.
+bool HoldsDeclaration(std::string_view text);
+
 }  // namespace NZELVYR20

@@ -10,7 +10,7 @@ namespace peg = tao::pegtl;
 // Between the tokens
 
 struct TBlanks : peg::plus<peg::one<' ', '\n', '\r', '\t', '\v', '\f'>> {};
-struct TLineComment : peg::seq<peg::string<'/', '/'>, peg::star<peg::not_one<'\n'>>> {};
+struct TLineComment : peg::seq<peg::string<'/', '/'>, peg::star<peg::not_one<'\r', '\n'>>> {};
 struct TBlockComment : peg::seq<peg::string<'/', '*'>, peg::until<peg::string<'*', '/'>>> {};
 struct TOpenComment : peg::string<'/', '*'> {};
 struct TGap : peg::star<peg::sor<TBlanks, TLineComment, TBlockComment, TOpenComment>> {};

@@ -69,6 +69,9 @@ std::string Join(const TWords& words, const char* separator) {
   return text;
 }
 
+/// Readers ask each class for these, whatever its superclass has.
+constexpr std::size_t kKindsOfClasses = 2;
+
 /// What says which kind of element it is comes first, the rest as it came.
 std::size_t Rank(const ICIMQualifier& qualifier) {
   constexpr std::array<const char*, 5> kFirst = {"association", "indication", "abstract", "key",
@@ -84,7 +87,9 @@ TQualifiers SelectQualifiers(const ICIMNamedElement& element, bool withPropagate
         element.EnumerateQualifiers(callback, {});
       });
   if (!withPropagated) {
-    const auto isPropagated = [](const auto& qualifier) { return qualifier->GetPropagated({}); };
+    const auto isPropagated = [](const auto& qualifier) {
+      return qualifier->GetPropagated({}) && Rank(*qualifier) >= kKindsOfClasses;
+    };
     qualifiers.erase(std::remove_if(qualifiers.begin(), qualifiers.end(), isPropagated),
                      qualifiers.end());
   }

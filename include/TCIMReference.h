@@ -62,11 +62,12 @@ class VYR_EXPORT TCIMReference {
   boost::shared_ptr<ICIMElement> GetCIMElement(bool wantsClass) const;
 
   /// Reads a path such as CIM_Disk.DeviceID="sda",SystemName="box", in any letter case and order
-  /// of keys; what ToString() writes for an instance of a class reads back. The class is looked up
-  /// in `nameSpace`, the keys take the spelling and types of their declarations; a class's other
-  /// properties are refused, and keys may be missing. Throws std::invalid_argument with a message
-  /// that names what is wrong and the column; passes on status 15 of an unknown class, while one
-  /// inside a reference key is named by such a message.
+  /// of keys; what ToString() writes for an instance of a class reads back. A namespace before the
+  /// class, as in root/cimv2:CIM_Disk or //host:5988/root/cimv2:CIM_Disk, is skipped. The class is
+  /// looked up in `nameSpace`, the keys take the spelling and types of their declarations; a
+  /// class's other properties are refused, and keys may be missing. Throws std::invalid_argument
+  /// with a message that names what is wrong and the column; passes on status 15 of an unknown
+  /// class, while one inside a reference key is named by such a message.
   static TCIMReference Parse(const std::string& text,
                              const boost::shared_ptr<ICIMNamespace>& nameSpace);
 

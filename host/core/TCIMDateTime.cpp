@@ -42,7 +42,7 @@ constexpr TField kStampFields[kFieldCount] = {{"year", 0, 9999, 0, 4},
                                               {"microsecond", 0, 999999, 15, 6},
                                               {"offset", 0, 999, 22, 3}};
 
-// An interval has no year and month: its first eight digits are days. The fields behind them stand
+// An interval has no year and month: its first eight digits are days. The fields after them stand
 // where a stamp has them.
 constexpr TField kIntervalFields[] = {{"day", 0, 99999999, 0, 8},        {"hour", 0, 23, 8, 2},
                                       {"minute", 0, 59, 10, 2},          {"second", 0, 59, 12, 2},
@@ -189,7 +189,7 @@ void TCIMDateTime::SetTimeStamp(int year, unsigned month, unsigned day, unsigned
 bool TCIMDateTime::IsInterval() const noexcept { return isInterval_; }
 
 std::string TCIMDateTime::ToUIString() const {
-  // A whole second among the microseconds has no place behind the point.
+  // A whole second among the microseconds has no place after the point.
   const std::int64_t seconds = seconds_ + microseconds_ / kMicrosecondsPerSecond;
   const std::int64_t microseconds = microseconds_ % kMicrosecondsPerSecond;
   std::string clock = ClockText(hours_, minutes_, seconds);

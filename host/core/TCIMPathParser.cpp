@@ -1,5 +1,6 @@
 #include "TCIMPathParser.h"
 
+#include <algorithm>
 #include <cstring>
 #include <set>
 #include <stdexcept>
@@ -77,6 +78,8 @@ TCIMPathParser::TCIMPathParser(TLocatedText source,
     : source_(std::move(source)), nameSpace_(nameSpace), depth_(depth) {}
 
 TCIMReference TCIMPathParser::Parse() {
+  SkipSpace();
+  SkipNamespace();
   const TToken name = ReadName("a class name");
   const bool hasKeys = Accept('.');
   if (!hasKeys && position_ != source_.text.size()) {
@@ -87,6 +90,23 @@ TCIMReference TCIMPathParser::Parse() {
   path.SetClass(cimClass);
   if (hasKeys) ParseKeys(cimClass, path);
   return path;
+}
+
+// Paths of other repositories begin with where these are: a namespace and ":", and before it "//",
+// a host and "/", and before that the name of a protocol and ":".
+void TCIMPathParser::SkipNamespace() {
+  const std::string& text = source_.text;
+  std::size_t host = position_;
+  while (host < text.size() && IsNamePart(text[host])) ++host;
+  if (host > position_ && text.compare(host, 1, ":") == 0) ++host;
+  const bool hasHost = text.compare(host, 2, "//") == 0;
+  const std::size_t start = hasHost ? std::min(text.find('/', host + 2), text.size()) : position_;
+  const std::size_t colon = text.find(':', start);
+  if (colon < text.find_first_of(".=\"", start)) {
+    position_ = colon + 1;
+  } else if (hasHost) {
+    Fail(GetColumn(), "expected a namespace and \":\" after the host");
+  }
 }
 
 boost::shared_ptr<ICIMClass> TCIMPathParser::FindClass(const TToken& name) const {

@@ -47,6 +47,7 @@ class TCIMPathParser {
   static TKey FindKey(const boost::shared_ptr<ICIMClass>& cimClass, const TToken& name);
 
   void SkipSpace();
+  void SkipNamespace();
   bool Accept(char character);
   TToken ReadName(const char* what);
   TToken ReadValueToken();

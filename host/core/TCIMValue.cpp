@@ -19,8 +19,6 @@ constexpr TType::ECIMType kUnsignedLong =
 constexpr TType::ECIMType kSignedLong =
     sizeof(long) == sizeof(std::int64_t) ? TType::kSInt64 : TType::kSInt32;
 
-[[noreturn]] void ThrowTypeMismatch() { throw TVYRException(TVYRStatusCode::kTypeMismatch); }
-
 }  // namespace
 
 // Every constructor starts from the typed null, which owns nothing: where an allocation fails, the
@@ -123,11 +121,11 @@ TCIMValue TCIMValue::NullReference(const boost::shared_ptr<ICIMClass>& reference
 }
 
 TCIMValue TCIMValue::Array(TCIMType elementType, std::vector<TCIMValue> elements) {
-  if (elementType == TCIMType::kNone || elementType.IsArray()) ThrowTypeMismatch();
   const bool areTyped =
+      elementType != TCIMType::kNone && !elementType.IsArray() &&
       std::all_of(elements.begin(), elements.end(),
                   [elementType](const TCIMValue& element) { return element.type_ == elementType; });
-  if (!areTyped) ThrowTypeMismatch();
+  if (!areTyped) throw TVYRException(TVYRStatusCode::kTypeMismatch);
   TCIMValue value(TCIMType::ArrayOf(elementType));
   value.content_.elements = new std::vector<TCIMValue>(std::move(elements));
   value.SetNotNull();
@@ -214,95 +212,6 @@ bool TCIMValue::IsReference() const noexcept { return type_ == TCIMType::kRefere
 boost::shared_ptr<ICIMClass> TCIMValue::GetReferencedClass() const {
   if (!IsReference() || !OwnsContent()) return {};
   return content_.reference->referencedClass;
-}
-
-void TCIMValue::Expect(TCIMType type) const {
-  if (type_ != type || isNull_) ThrowTypeMismatch();
-}
-
-void TCIMValue::ExpectArray() const {
-  if (!IsArray() || isNull_) ThrowTypeMismatch();
-}
-
-std::uint64_t TCIMValue::ReadUnsigned(TCIMType type) const {
-  Expect(type);
-  return content_.unsignedInteger;
-}
-
-std::int64_t TCIMValue::ReadSigned(TCIMType type) const {
-  Expect(type);
-  return content_.signedInteger;
-}
-
-TCIMValue::operator bool() const { return ReadUnsigned(TCIMType::kBoolean) != 0; }
-
-TCIMValue::operator unsigned char() const {
-  return static_cast<unsigned char>(ReadUnsigned(TCIMType::kUInt8));
-}
-
-TCIMValue::operator signed char() const {
-  return static_cast<signed char>(ReadSigned(TCIMType::kSInt8));
-}
-
-TCIMValue::operator unsigned short() const {
-  return static_cast<unsigned short>(ReadUnsigned(TCIMType::kUInt16));
-}
-
-TCIMValue::operator short() const { return static_cast<short>(ReadSigned(TCIMType::kSInt16)); }
-
-TCIMValue::operator unsigned int() const {
-  return static_cast<unsigned int>(ReadUnsigned(TCIMType::kUInt32));
-}
-
-TCIMValue::operator int() const { return static_cast<int>(ReadSigned(TCIMType::kSInt32)); }
-
-TCIMValue::operator unsigned long() const {
-  return static_cast<unsigned long>(ReadUnsigned(kUnsignedLong));
-}
-
-TCIMValue::operator long() const { return static_cast<long>(ReadSigned(kSignedLong)); }
-
-TCIMValue::operator unsigned long long() const { return ReadUnsigned(TCIMType::kUInt64); }
-
-TCIMValue::operator long long() const { return ReadSigned(TCIMType::kSInt64); }
-
-TCIMValue::operator float() const {
-  Expect(TCIMType::kReal32);
-  return content_.real32;
-}
-
-TCIMValue::operator double() const {
-  Expect(TCIMType::kReal64);
-  return content_.real64;
-}
-
-TCIMValue::operator char16_t() const {
-  return static_cast<char16_t>(ReadUnsigned(TCIMType::kChar16));
-}
-
-TCIMValue::operator std::string() const {
-  Expect(TCIMType::kString);
-  return *content_.text;
-}
-
-TCIMValue::operator TCIMDateTime() const {
-  Expect(TCIMType::kDateTime);
-  return *content_.dateTime;
-}
-
-TCIMValue::operator TCIMReference() const {
-  if (!IsReference() || !OwnsContent()) ThrowTypeMismatch();
-  return content_.reference->path;
-}
-
-TCIMValue::operator std::vector<TCIMValue>&() {
-  ExpectArray();
-  return *content_.elements;
-}
-
-TCIMValue::operator const std::vector<TCIMValue>&() const {
-  ExpectArray();
-  return *content_.elements;
 }
 
 }  // namespace NZELVYR20

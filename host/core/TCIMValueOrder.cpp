@@ -17,7 +17,7 @@ int Order(const TContent& left, const TContent& right) {
   return right < left ? 1 : 0;
 }
 
-// All NaNs are one value, behind every number: else < would not order a sorted container.
+// All NaNs are one value, after every number: else < would not order a sorted container.
 int OrderReals(double left, double right) {
   if (std::isnan(left) || std::isnan(right)) return Order(std::isnan(left), std::isnan(right));
   return Order(left, right);

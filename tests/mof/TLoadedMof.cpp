@@ -1,13 +1,6 @@
 #include "TLoadedMof.h"
 
-#include <sstream>
-
-#include "ICIMInstance.h"
-#include "ICIMProperty.h"
-#include "ICIMPropertyDecl.h"
-#include "ICIMQualifier.h"
 #include "PluginNamespace.h"
-#include "TCIMReference.h"
 #include "TRootObject.h"
 #include "TVYRException.h"
 
@@ -63,40 +56,12 @@ std::string TLoadedMof::TakeMessages() {
   return all;
 }
 
-boost::shared_ptr<ICIMClass> TLoadedMof::Class(const std::string& name) const {
-  return namespace_->GetClass(name, {});
-}
-
 bool TLoadedMof::Has(const std::string& className) const {
   try {
-    return Class(className) != nullptr;
+    return namespace_->GetClass(className, {}) != nullptr;
   } catch (const TVYRException&) {
     return false;
   }
-}
-
-bool TLoadedMof::HasInstance(const std::string& path) const {
-  return namespace_->GetInstance(TCIMReference::Parse(path, namespace_), {}) != nullptr;
-}
-
-std::string TLoadedMof::Show(const std::string& path, const std::string& properties) const {
-  const auto instance = namespace_->GetInstance(TCIMReference::Parse(path, namespace_), {});
-  if (!instance) return "no instance " + path;
-  std::istringstream names(properties);
-  std::string shown;
-  for (std::string name; names >> name; shown += '|') {
-    const TCIMValue& value = instance->GetProperty(name, {})->GetValue({});
-    shown += value.IsNull() ? "<null>" : value.ToString(10);
-  }
-  return shown;
-}
-
-std::string TLoadedMof::Qualifier(const std::string& className, const std::string& property,
-                                  const std::string& qualifier) const {
-  bool isFound = false;
-  const auto found =
-      Class(className)->GetPropertyDecl(property, {})->GetQualifier(qualifier, isFound, {});
-  return isFound ? found->GetValue({}).ToString(10) : "-";
 }
 
 }  // namespace NZELVYR20

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "ICIMClass.h"
 #include "ICIMNamespace.h"
 #include "TMofLoader.h"
 
@@ -28,15 +27,7 @@ class TLoadedMof {
   std::string TakeMessages();
   TMofSummary GetSummary() const { return loader_.GetSummary(); }
 
-  const boost::shared_ptr<ICIMNamespace>& Get() const { return namespace_; }
-  boost::shared_ptr<ICIMClass> Class(const std::string& name) const;
   bool Has(const std::string& className) const;
-  /// The properties of the instance, named between blanks, each with a "|" behind it.
-  std::string Show(const std::string& path, const std::string& properties) const;
-  bool HasInstance(const std::string& path) const;
-  /// The text of a qualifier of a property, "-" where there is none.
-  std::string Qualifier(const std::string& className, const std::string& property,
-                        const std::string& qualifier) const;
 
  private:
   boost::shared_ptr<ICIMNamespace> namespace_;

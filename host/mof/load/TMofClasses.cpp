@@ -83,13 +83,13 @@ void TMofClasses::Enter(const TProgress& onProgress) {
                                   [this](std::size_t index) { return GetNeeds(entries_[index]); });
   std::size_t done = 0;
   for (const std::size_t index : order) {
-    EnterBehindSuperClasses(entries_[index]);
+    EnterAfterSuperClasses(entries_[index]);
     onProgress(++done, order.size());
   }
 }
 
 /// In a circle of references the order may put a class before its superclass.
-void TMofClasses::EnterBehindSuperClasses(TEntry& entry) {
+void TMofClasses::EnterAfterSuperClasses(TEntry& entry) {
   std::vector<TEntry*> chain;
   for (TEntry* next = &entry; next != nullptr && next->state == EState::kPending;) {
     if (std::find(chain.begin(), chain.end(), next) != chain.end()) break;

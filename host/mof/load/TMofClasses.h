@@ -20,7 +20,7 @@ namespace NZELVYR20 {
 /// The classes that a class cannot do without: its superclass, and those to which it refers.
 std::vector<TMofName> GetNeededClasses(const TMofClass& cimClass);
 
-/// Enters the classes of one batch, each behind those that it needs and whole or not at all.
+/// Enters the classes of one batch, each after those that it needs and whole or not at all.
 /// Associations may refer to each other in a circle: what is referred to is then allocated before
 /// it is its turn.
 class TMofClasses {
@@ -48,7 +48,7 @@ class TMofClasses {
   TEntry* FindEntry(const std::string& name);
   const TEntry* FindEntry(const std::string& name) const;
 
-  void EnterBehindSuperClasses(TEntry& entry);
+  void EnterAfterSuperClasses(TEntry& entry);
   void EnterOne(TEntry& entry);
   void Declare(TEntry& entry);
   void Allocate(TEntry& entry);

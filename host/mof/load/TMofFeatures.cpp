@@ -17,7 +17,7 @@ boost::shared_ptr<ICIMPropertyDecl> FindProperty(const ICIMClass& cimClass,
 }
 
 bool IsOverride(const std::vector<TMofQualifier>& qualifiers) {
-  return TMofQualifiers::Has(qualifiers, "Override");
+  return TMofQualifiers::Has(qualifiers, "override");
 }
 
 }  // namespace

@@ -27,6 +27,16 @@ std::optional<fs::path> FindIn(const std::vector<fs::path>& folders, const fs::p
 
 std::system_error GetSystemError() { return {errno, std::generic_category()}; }
 
+/// Looked at before it is opened: to open a pipe is to wait for whoever writes, and a device may
+/// do anything.
+void RequireFile(const fs::path& path) {
+  const fs::file_status status = fs::status(path);
+  if (fs::is_directory(status))
+    throw std::system_error(std::make_error_code(std::errc::is_a_directory));
+  if (fs::exists(status) && !fs::is_regular_file(status))
+    throw std::invalid_argument("This is a pipe, a device or a socket, not a file");
+}
+
 using TFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
 std::string ReadAtMost(std::FILE* file, std::size_t limit) {
@@ -43,6 +53,10 @@ std::string ReadAtMost(std::FILE* file, std::size_t limit) {
 }
 
 }  // namespace
+
+TMofFiles::TMofFiles(const TMofOptions& options) : options_(options) {
+  for (const std::string& folder : options.searchPath) Permit(folder);
+}
 
 std::optional<fs::path> TMofFiles::FindIncluded(const std::string& name,
                                                 const fs::path& folder) const {
@@ -81,14 +95,27 @@ std::vector<fs::path> TMofFiles::List(const fs::path& folder) {
   return files;
 }
 
+void TMofFiles::Permit(const fs::path& folder) {
+  std::error_code ignored;
+  permitted_.insert(fs::weakly_canonical(folder.empty() ? "." : folder, ignored));
+}
+
+bool TMofFiles::IsPermitted(const fs::path& file) const {
+  std::error_code ignored;
+  const fs::path place = fs::weakly_canonical(file, ignored);
+  return std::any_of(permitted_.begin(), permitted_.end(), [&place](const fs::path& folder) {
+    return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end()).first ==
+           folder.end();
+  });
+}
+
 bool TMofFiles::IsNew(const fs::path& file) {
   std::error_code ignored;
   return seen_.insert(fs::weakly_canonical(file, ignored)).second;
 }
 
 std::string TMofFiles::Read(const fs::path& file) const {
-  if (std::error_code ignored; fs::is_directory(file, ignored))
-    throw std::system_error(std::make_error_code(std::errc::is_a_directory));
+  RequireFile(file);
   const TFile stream(std::fopen(file.c_str(), "rb"), &std::fclose);
   if (!stream) throw GetSystemError();
   std::string bytes = ReadAtMost(stream.get(), options_.largestFile);

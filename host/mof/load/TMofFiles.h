@@ -13,7 +13,7 @@ namespace NZELVYR20 {
 /// The files of a load: where they are, what is in them, and which were read already.
 class TMofFiles {
  public:
-  explicit TMofFiles(const TMofOptions& options) : options_(options) {}
+  explicit TMofFiles(const TMofOptions& options);
 
   /// An included file: beside the one that includes it, else in the search path. `name` may have
   /// either kind of slash.
@@ -26,11 +26,16 @@ class TMofFiles {
   /// The *.mof files directly in a folder, in order of their names. Throws std::system_error.
   static std::vector<std::filesystem::path> List(const std::filesystem::path& folder);
 
+  /// Files may be included from this folder and from those below, as from the search path.
+  void Permit(const std::filesystem::path& folder);
+  /// Whether the file, behind all links, stands in such a folder.
+  bool IsPermitted(const std::filesystem::path& file) const;
+
   /// Whether this is the first time that somebody asks for the file, by whatever path.
   bool IsNew(const std::filesystem::path& file);
 
-  /// The bytes of a file. Throws std::system_error, or std::length_error where there are more than
-  /// the options allow.
+  /// The bytes of a file. Throws std::system_error, std::invalid_argument for what is neither a
+  /// file nor a folder, or std::length_error where there are more bytes than the options allow.
   std::string Read(const std::filesystem::path& file) const;
 
  private:
@@ -38,6 +43,7 @@ class TMofFiles {
 
   const TMofOptions& options_;
   std::set<std::filesystem::path> seen_;
+  std::set<std::filesystem::path> permitted_;
   std::optional<std::vector<std::filesystem::path>> searchFolders_;
 };
 

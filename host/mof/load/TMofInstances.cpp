@@ -138,14 +138,15 @@ void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
 
 void TMofInstances::AddOrReport(const TDraft& draft) {
   const TCIMReference path = draft.instance->GetReference({});
-  if (namespace_->GetInstance(path, {})) {
+  const bool isReplacing = namespace_->GetInstance(path, {}) != nullptr;
+  if (isReplacing) {
     diagnostics_.Note(draft.syntax->className.place,
                       "takes the place of the instance " + path.ToString());
   }
   draft.instance->AddToNamespace({});
   // A refused instance is only logged, so that the one way to know is to ask for it.
   if (namespace_->GetInstance(path, {}) == draft.instance) {
-    ++summary_.instances.declared;
+    ++(isReplacing ? summary_.instances.replaced : summary_.instances.declared);
     return;
   }
   try {

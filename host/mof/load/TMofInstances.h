@@ -17,7 +17,7 @@
 
 namespace NZELVYR20 {
 
-/// Enters the instances of one batch, each behind those to which it refers, by alias or by path.
+/// Enters the instances of one batch, each after those to which it refers, by alias or by path.
 class TMofInstances {
  public:
   using TProgress = std::function<void(std::size_t done, std::size_t all)>;

@@ -1,9 +1,9 @@
 #include "TMofQualifiers.h"
 
 #include <algorithm>
-#include <boost/algorithm/string/predicate.hpp>
 #include <utility>
 
+#include "FoldName.h"
 #include "ICIMQualifier.h"
 #include "ListElements.h"
 #include "TMofFault.h"
@@ -27,21 +27,21 @@ constexpr TWord<D::EScope> kScopes[] = {
     {"method", D::kMethod},         {"parameter", D::kParameter}, {"any", D::kAny},
 };
 constexpr TWord<D::EFlavor> kSetFlavors[] = {
-    {"EnableOverride", D::kOverridable},
-    {"ToSubclass", D::kToSubclass},
-    {"Translatable", D::kTranslatable},
+    {"enableoverride", D::kOverridable},
+    {"tosubclass", D::kToSubclass},
+    {"translatable", D::kTranslatable},
 };
 constexpr TWord<D::EFlavor> kUnsetFlavors[] = {
-    {"DisableOverride", D::kOverridable},
-    {"Restricted", D::kToSubclass},
+    {"disableoverride", D::kOverridable},
+    {"restricted", D::kToSubclass},
 };
 
-/// The bit for a word; none for one that stands for nothing here.
+/// The bit for a word, in any letter case; none for one that stands for nothing here.
 template <class TBit, std::size_t kCount>
 TBit FindBit(const TWord<TBit> (&words)[kCount], const std::string& text) {
-  const auto* const found = std::find_if(std::begin(words), std::end(words), [&](const auto& word) {
-    return boost::algorithm::iequals(word.word, text);
-  });
+  const auto* const found =
+      std::find_if(std::begin(words), std::end(words),
+                   [folded = FoldName(text)](const auto& word) { return folded == word.word; });
   return found == std::end(words) ? TBit{} : found->bit;
 }
 
@@ -114,7 +114,7 @@ TMofQualifiers::TMofQualifiers(boost::shared_ptr<ICIMNamespace> nameSpace,
 
 bool TMofQualifiers::Has(const std::vector<TMofQualifier>& qualifiers, const std::string& name) {
   return std::any_of(qualifiers.begin(), qualifiers.end(), [&name](const TMofQualifier& qualifier) {
-    return boost::algorithm::iequals(qualifier.name.text, name);
+    return FoldName(qualifier.name.text) == name;
   });
 }
 

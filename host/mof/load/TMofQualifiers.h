@@ -24,14 +24,14 @@ class TMofQualifiers {
   /// Enters declarations. What the namespace has already stays as it is.
   void Declare(const std::vector<TMofQualifierDeclaration>& declarations);
 
-  /// Attaches qualifiers to an element that is not entered yet, behind those that `overridden`
+  /// Attaches qualifiers to an element that is not entered yet, after those that `overridden`
   /// passes down, where there is one. What nobody declared is a warning, and is declared on the
   /// spot in the type of its value. A value that may not replace an inherited one is a note.
   /// Throws TMofFault for a value that does not suit the declaration.
   void Attach(ICIMNamedElement& element, const std::vector<TMofQualifier>& qualifiers,
               const ICIMNamedElement* overridden);
 
-  /// Whether a qualifier of that name, in any letter case, stands among them.
+  /// Whether a qualifier of that name, which is given folded, stands among them.
   static bool Has(const std::vector<TMofQualifier>& qualifiers, const std::string& name);
 
   /// Forgets the places of declarations, before their sources go.

@@ -6,8 +6,7 @@
 #include <type_traits>
 #include <utility>
 
-#include <boost/algorithm/string/predicate.hpp>
-
+#include "FoldName.h"
 #include "MofUnicode.h"
 #include "TMofParser.h"
 
@@ -16,9 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool IsInclude(const TMofPragma& pragma) {
-  return boost::algorithm::iequals(pragma.name.text, "include");
-}
+bool IsInclude(const TMofPragma& pragma) { return FoldName(pragma.name.text) == "include"; }
 
 }  // namespace
 
@@ -27,7 +24,9 @@ TMofReader::TMofReader(const TMofOptions& options, TMofDiagnostics& diagnostics,
 
 void TMofReader::ReadFileOrFolder(const fs::path& path) {
   std::error_code ignored;
-  if (!fs::is_directory(path, ignored)) return ReadNamed(path);
+  const bool isFolder = fs::is_directory(path, ignored);
+  files_.Permit(isFolder ? path : path.parent_path());
+  if (!isFolder) return ReadNamed(path);
   try {
     const std::vector<fs::path> files = TMofFiles::List(path);
     if (files.empty()) diagnostics_.FileError(path.string(), "The folder has no *.mof file");
@@ -75,7 +74,7 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenFile(const fs::path& path,
     why = "The file is empty";
   } catch (const std::system_error& error) {
     why = error.code().message();
-  } catch (const std::length_error& error) {
+  } catch (const std::logic_error& error) {  // too long, or no file
     why = error.what();
   }
   Fail(path.string(), place, why);
@@ -126,6 +125,11 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenIncluded(const TMofPragma& 
   if (!path) {
     diagnostics_.Error(name.place, "there is no file " + name.text +
                                        ", neither beside this one nor in the search path");
+    return std::nullopt;
+  }
+  if (!files_.IsPermitted(*path)) {
+    Fail(path->string(), name.place,
+         "it is neither in or below a folder that was named, nor in the search path");
     return std::nullopt;
   }
   const auto isSame = [&path](const TOpenFile& file) {

@@ -23,7 +23,7 @@ class TMofReader {
  public:
   using TFileRead = std::function<void(std::size_t files)>;
 
-  /// `onFile` is told behind each file how many there were. The options and the diagnostics
+  /// `onFile` is told after each file how many there were. The options and the diagnostics
   /// outlive the reader.
   TMofReader(const TMofOptions& options, TMofDiagnostics& diagnostics, TFileRead onFile);
 

@@ -10,8 +10,9 @@ std::string Count(std::size_t count, const char* what) {
 }
 
 std::string Describe(const char* what, const TMofSummary::TCounts& counts) {
-  if (counts.declared + counts.skipped + counts.refused == 0) return {};
+  if (counts.declared + counts.replaced + counts.skipped + counts.refused == 0) return {};
   std::string text = std::string("; ") + what + ": " + std::to_string(counts.declared) + " entered";
+  if (counts.replaced > 0) text += ", " + std::to_string(counts.replaced) + " replaced";
   if (counts.skipped > 0) text += ", " + std::to_string(counts.skipped) + " skipped";
   if (counts.refused > 0) text += ", " + std::to_string(counts.refused) + " refused";
   return text;

@@ -11,6 +11,7 @@ struct TMofSummary {
   /// Of one kind of declaration.
   struct TCounts {
     std::size_t declared = 0;  ///< entered into the namespace
+    std::size_t replaced = 0;  ///< entered in the place of another one
     std::size_t skipped = 0;   ///< there already, or wrong as it stands in the text
     std::size_t refused = 0;   ///< by the repository
   };

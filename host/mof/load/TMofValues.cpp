@@ -110,12 +110,6 @@ TCIMValue MakeDateTime(const TMofLiteral& literal, T type) {
   }
 }
 
-/// Behind the namespace that a path of another repository may begin with.
-std::string GetLocalPath(const std::string& path) {
-  const std::size_t colon = path.find(':');
-  return colon < path.find_first_of(".=\"") ? path.substr(colon + 1) : path;
-}
-
 }  // namespace
 
 std::string GetTypeText(T type) {
@@ -183,7 +177,7 @@ TCIMReference TMofValues::MakePath(const TMofLiteral& literal) const {
   if (literal.kind == TMofLiteral::kAlias && aliases_) return aliases_(literal);
   Expect(literal, TMofLiteral::kText, T::kReference);
   try {
-    return TCIMReference::Parse(GetLocalPath(literal.text), namespace_);
+    return TCIMReference::Parse(literal.text, namespace_);
   } catch (const std::invalid_argument& error) {
     throw TMofFault(literal.place, "object path " + literal.text + ": " + error.what());
   } catch (const TVYRException& error) {

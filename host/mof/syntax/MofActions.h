@@ -34,6 +34,8 @@ template <class TRule>
 struct TAction : peg::nothing<TRule> {};
 
 template <>
+struct TAction<TGap> : TGive<&TMofBuilder::PassGap> {};
+template <>
 struct TAction<TOpenComment> : TRefuse<&TMofBuilder::RefuseOpenComment> {};
 template <>
 struct TAction<TName> : TGive<&TMofBuilder::ReadName> {};
@@ -47,6 +49,8 @@ template <>
 struct TAction<TUnknownEscape> : TGive<&TMofBuilder::AddUnknownEscape> {};
 template <>
 struct TAction<TOpenText> : TRefuse<&TMofBuilder::RefuseOpenText> {};
+template <>
+struct TAction<TClosedText> : TGive<&TMofBuilder::EndPiece> {};
 template <>
 struct TAction<TText> : TGive<&TMofBuilder::EndText> {};
 template <>

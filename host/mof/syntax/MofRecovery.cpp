@@ -9,13 +9,20 @@ namespace {
 
 namespace peg = tao::pegtl;
 
-/// How a line begins that is taken for a declaration, whatever surrounds it.
-struct TDeclarationLine
-    : peg::sor<peg::one<'#'>,
+/// How declarations begin, and little else does.
+struct TDeclarationBeginning
+    : peg::sor<peg::seq<peg::one<'#'>, peg::star<peg::blank>, TAO_PEGTL_ISTRING("pragma")>,
                peg::seq<peg::sor<TAO_PEGTL_ISTRING("class"), TAO_PEGTL_ISTRING("qualifier"),
                                  peg::seq<TAO_PEGTL_ISTRING("instance"), peg::plus<peg::blank>,
                                           TAO_PEGTL_ISTRING("of")>>,
                         peg::plus<peg::blank>, peg::identifier_first>> {};
+
+template <class TRule>
+bool Matches(std::string_view text) {
+  peg::memory_input<peg::tracking_mode::lazy, peg::eol::lf_crlf, const char*> input(
+      text.data(), text.size(), "");
+  return peg::parse<TRule>(input);
+}
 
 class TScanner {
  public:
@@ -24,13 +31,15 @@ class TScanner {
 
   std::size_t Find() {
     while (!isFound_ && at_ < text_.size()) {
-      at_ = std::min(text_.find_first_of("\"/{};\n", at_), text_.size());
+      at_ = std::min(text_.find_first_of("\"/{};\r\n", at_), text_.size());
       if (at_ < text_.size()) Pass(text_[at_]);
     }
     return at_;
   }
 
  private:
+  static bool EndsLine(char byte) { return byte == '\n' || byte == '\r'; }
+
   void Pass(char mark) {
     if (mark == '"') return PassString();
     if (mark == '/') return PassComment();
@@ -38,20 +47,20 @@ class TScanner {
     if (mark == '{') ++depth_;
     if (mark == '}' && depth_ > 0) --depth_;
     if (mark == ';') isFound_ = depth_ == 0 && at_ > error_;
-    if (mark == '\n') isFound_ = at_ >= error_ && BeginsDeclaration();
+    if (EndsLine(mark)) isFound_ = at_ >= error_ && IsAtDeclaration();
   }
 
   void PassString() {
     ++at_;
-    while (at_ < text_.size() && text_[at_] != '"' && text_[at_] != '\n')
-      at_ += text_[at_] == '\\' && at_ + 1 < text_.size() && text_[at_ + 1] != '\n' ? 2 : 1;
+    while (at_ < text_.size() && text_[at_] != '"' && !EndsLine(text_[at_]))
+      at_ += text_[at_] == '\\' && at_ + 1 < text_.size() && !EndsLine(text_[at_ + 1]) ? 2 : 1;
     if (at_ < text_.size() && text_[at_] == '"') ++at_;
   }
 
   void PassComment() {
     const std::string_view opening = text_.substr(at_, 2);
     if (opening == "//") {
-      at_ = std::min(text_.find('\n', at_), text_.size());
+      at_ = std::min(text_.find_first_of("\r\n", at_), text_.size());
     } else if (opening == "/*") {
       PassBlockComment();
     } else {
@@ -68,11 +77,10 @@ class TScanner {
     if (!isFound_) at_ = ends ? text_.find("*/", at_ + 2) + 2 : at_ + 2;
   }
 
-  bool BeginsDeclaration() const {
+  /// Whatever surrounds it, except for qualifiers, which members have as well.
+  bool IsAtDeclaration() const {
     if (depth_ == 0 && at_ < text_.size() && text_[at_] == '[') return true;
-    peg::memory_input<peg::tracking_mode::lazy, peg::eol::lf_crlf, const char*> line(
-        text_.data() + at_, text_.size() - at_, "");
-    return peg::parse<TDeclarationLine>(line);
+    return Matches<TDeclarationBeginning>(text_.substr(at_));
   }
 
   std::string_view text_;
@@ -87,6 +95,11 @@ class TScanner {
 
 std::size_t FindNextDeclaration(std::string_view text, std::size_t start, std::size_t error) {
   return TScanner(text, start, error).Find();
+}
+
+bool HoldsDeclaration(std::string_view text) {
+  using TRest = peg::sor<peg::plus<peg::identifier_other>, peg::any>;
+  return Matches<peg::until<TDeclarationBeginning, TRest>>(text);
 }
 
 }  // namespace NZELVYR20

@@ -27,7 +27,7 @@ struct TMofLiteral {
   EKind kind = kNull;
   TMofPlace place;
   /// kText: with escapes resolved and neighbouring strings joined, in UTF-8; kAlias: the name
-  /// behind the "$"; kReal: the digits, with "." and "e" where they stand there.
+  /// after the "$"; kReal: the digits, with "." and "e" where they stand there.
   std::string text;
   std::uint64_t number = 0;  ///< kInteger: without sign; kCharacter: the code; kBoolean: 0 or 1
   bool isNegative = false;   ///< kInteger

@@ -1,12 +1,12 @@
 #include "TMofBuilder.h"
 
 #include <algorithm>
-#include <boost/algorithm/string/predicate.hpp>
 #include <charconv>
 #include <iterator>
 #include <string>
 #include <utility>
 
+#include "FoldName.h"
 #include "TMofSyntaxError.h"
 
 namespace NZELVYR20 {
@@ -35,9 +35,7 @@ constexpr std::string_view kFlavors[] = {"disableoverride", "enableoverride", "r
 
 template <class TWords>
 bool Holds(const TWords& words, const std::string& word) {
-  return std::any_of(std::begin(words), std::end(words), [&word](std::string_view one) {
-    return boost::algorithm::iequals(one, word);
-  });
+  return std::find(std::begin(words), std::end(words), FoldName(word)) != std::end(words);
 }
 
 /// Words that nobody knows are said and left out.
@@ -103,7 +101,7 @@ void TMofBuilder::EndType() {
   if (type_.type == TType::kReference) return;
   const auto* const found = std::find_if(
       std::begin(kDataTypes), std::end(kDataTypes),
-      [this](const TDataType& one) { return boost::algorithm::iequals(one.word, typeWord_.text); });
+      [word = FoldName(typeWord_.text)](const TDataType& one) { return one.word == word; });
   if (found == std::end(kDataTypes))
     Refuse(typeWord_.place, "unknown type " + QuoteMof(typeWord_.text));
   type_.type = found->type;
@@ -197,7 +195,7 @@ void TMofBuilder::EndInstance() { declarations_.emplace_back(std::move(instance_
 void TMofBuilder::ReadBodyBrace(std::string_view brace) { bodyEnd_ = GetPlace(brace); }
 
 void TMofBuilder::MissSemicolon() {
-  GetDiagnostics().Note(bodyEnd_, "there is no \";\" behind this \"}\"");
+  GetDiagnostics().Note(bodyEnd_, "there is no \";\" after this \"}\"");
 }
 
 // Declarations of qualifiers

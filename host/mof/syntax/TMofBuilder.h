@@ -17,6 +17,8 @@ class TMofBuilder : public TMofLiteralBuilder {
 
   /// Begins a declaration anew, whatever has been read of another one.
   void Reset();
+  /// Whether no declaration was read.
+  bool IsEmpty() const { return declarations_.empty(); }
   std::vector<TMofDeclaration> TakeDeclarations() { return std::move(declarations_); }
 
   void EndScalar();

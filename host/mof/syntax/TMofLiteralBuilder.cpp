@@ -38,6 +38,10 @@ char ResolveEscape(char letter) {
   }
 }
 
+bool HasLineEnd(std::string_view text) {
+  return text.find_first_of("\r\n") != std::string_view::npos;
+}
+
 /// Of "x41": 0x41.
 std::uint32_t ResolveHexEscape(std::string_view escape) {
   std::uint32_t code = 0;
@@ -51,7 +55,23 @@ TMofPlace TMofLiteralBuilder::GetPlace(const char* where) const {
   return {&source_, static_cast<std::size_t>(where - source_.GetText().data())};
 }
 
+/// A mark is missing where it should stand, which may be lines before what stands there instead;
+/// and after a text of several lines a quote may be missing on the first of them.
+TMofSyntaxError TMofLiteralBuilder::MakeExpectation(const char* expected,
+                                                    std::string_view rest) const {
+  TMofSyntaxError error{rest.data(),
+                        std::string("expected ") + expected + ", found " + DescribeMof(rest)};
+  if (gap_.data() == nullptr || gap_.data() + gap_.size() != rest.data()) return error;
+  if (piece_.data() + piece_.size() == gap_.data() && HasLineEnd(piece_)) {
+    const std::size_t line = source_.Locate(GetPlace(piece_).offset).line;
+    error.text += "; the text before it began on line " + std::to_string(line);
+  }
+  if (*expected == '"' && HasLineEnd(gap_)) error.where = gap_.data();
+  return error;
+}
+
 void TMofLiteralBuilder::ForgetLiteral() {
+  gap_ = piece_ = {};
   text_.clear();
   highSurrogate_ = 0;
 }

@@ -6,6 +6,7 @@
 
 #include "MofSyntax.h"
 #include "TMofDiagnostics.h"
+#include "TMofSyntaxError.h"
 
 namespace NZELVYR20 {
 
@@ -15,6 +16,10 @@ class TMofLiteralBuilder {
  public:
   TMofLiteralBuilder(const TMofSource& source, TMofDiagnostics& diagnostics)
       : source_(source), diagnostics_(diagnostics) {}
+
+  void PassGap(std::string_view gap) { gap_ = gap; }
+  /// What is wrong where something else was expected than stands there: `rest`, to the text's end.
+  TMofSyntaxError MakeExpectation(const char* expected, std::string_view rest) const;
 
   [[noreturn]] static void RefuseOpenComment(std::string_view opening);
   void ReadName(std::string_view name);
@@ -26,6 +31,7 @@ class TMofLiteralBuilder {
   void AddUnknownEscape(std::string_view escape);
   [[noreturn]] static void RefuseOpenText(std::string_view opening);
 
+  void EndPiece(std::string_view quoted) { piece_ = quoted; }
   void EndText(std::string_view text);
   void ReadDecimal(std::string_view digits);
   void ReadHexadecimal(std::string_view digits);
@@ -60,6 +66,8 @@ class TMofLiteralBuilder {
 
   const TMofSource& source_;
   TMofDiagnostics& diagnostics_;
+  std::string_view gap_;    ///< after the last token
+  std::string_view piece_;  ///< the last that stood in quotes, with these
   TMofName name_;
   TMofLiteral literal_;
   std::string text_;

@@ -21,11 +21,9 @@ constexpr std::size_t kMostErrors = 1000;
 /// Says what a rule expected that has to match and does not.
 template <class TRule>
 struct TControl : peg::normal<TRule> {
-  template <class TAnyInput, class... TStates>
-  [[noreturn]] static void raise(const TAnyInput& input, TStates&&...) {
-    const std::string_view rest(input.current(), input.size());
-    throw TMofSyntaxError{input.current(), std::string("expected ") + TRule::kExpected +
-                                               ", found " + DescribeMof(rest)};
+  template <class TAnyInput>
+  [[noreturn]] static void raise(const TAnyInput& input, const TMofBuilder& builder) {
+    throw builder.MakeExpectation(TRule::kExpected, {input.current(), input.size()});
   }
 };
 
@@ -62,12 +60,19 @@ class TReading {
   }
 
   void Recover(const TMofSyntaxError& error) {
+    if (errorCount_ == 0 && builder_.IsEmpty() && !HoldsDeclaration(text_)) return RefuseAll();
     const auto where = static_cast<std::size_t>(error.where - text_.data());
     at_ = error.isAtTheEnd ? text_.size() : FindNextDeclaration(text_, at_, where);
     diagnostics_.Error({&source_, where}, error.text);
     if (++errorCount_ < kMostErrors || at_ == text_.size()) return;
     diagnostics_.Error({&source_, at_}, "the rest is not read: too much is wrong");
     at_ = text_.size();
+  }
+
+  /// Nothing of a file is shown that somebody took for MOF, or wants to see.
+  void RefuseAll() {
+    at_ = text_.size();
+    diagnostics_.FileError(source_.GetName(), "this is no MOF: nothing in it begins a declaration");
   }
 
   const TMofSource& source_;

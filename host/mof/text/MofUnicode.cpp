@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "TMofSource.h"
+
 namespace NZELVYR20 {
 namespace {
 
@@ -25,6 +27,12 @@ bool StartsWith(std::string_view text, std::string_view start) {
   throw std::invalid_argument(what + " at byte " + std::to_string(byte + 1));
 }
 
+[[noreturn]] void RefuseUtf8(const std::string& what, const std::string& bytes, std::size_t byte) {
+  const TMofPosition position = TMofSource({}, bytes.substr(0, byte)).Locate(byte);
+  throw std::invalid_argument(what + " at line " + std::to_string(position.line) + ", column " +
+                              std::to_string(position.column));
+}
+
 /// Of the bytes of UTF-8 only NUL and those outside of ASCII need a look.
 bool NeedsLook(char byte) {
   return byte == '\0' || (static_cast<unsigned char>(byte) & 0x80U) != 0;
@@ -34,9 +42,9 @@ void CheckUtf8(const std::string& bytes) {
   auto at = std::find_if(bytes.begin(), bytes.end(), NeedsLook);
   while (at != bytes.end()) {
     const auto byte = static_cast<std::size_t>(at - bytes.begin());
-    if (*at == '\0') Refuse("not a text: there is a NUL", byte);
+    if (*at == '\0') RefuseUtf8("not a text: there is a NUL", bytes, byte);
     if (!utf::is_valid_codepoint(TUtf8::decode(at, bytes.end())))
-      Refuse("not UTF-8: there is no character", byte);
+      RefuseUtf8("not UTF-8: there is no character", bytes, byte);
     at = std::find_if(at, bytes.end(), NeedsLook);
   }
 }

@@ -7,7 +7,7 @@
 namespace NZELVYR20 {
 
 /// The bytes of a file as UTF-8 without a mark: UTF-8 with or without one, or UTF-16 with one.
-/// Throws std::invalid_argument, naming what is wrong and the byte, where they are neither; a NUL
+/// Throws std::invalid_argument, naming what is wrong and where, if they are neither; a NUL
 /// character is wrong in any case.
 std::string DecodeMofText(const std::string& bytes);
 

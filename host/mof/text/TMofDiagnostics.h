@@ -9,7 +9,7 @@
 
 namespace NZELVYR20 {
 
-/// Thrown behind the first error of a strict load, which has then been reported.
+/// Thrown after the first error of a strict load, which has then been reported.
 class TMofStrictStop {};
 
 /// Where everything that is found in MOF is said: "name:line:column: error: text", below it the
@@ -21,7 +21,7 @@ class TMofStrictStop {};
 /// and an error throws TMofStrictStop.
 class TMofDiagnostics {
  public:
-  /// Receives each message, several lines with ends between them but none behind the last.
+  /// Receives each message, several lines with ends between them but none after the last.
   using TSink = std::function<void(const std::string& message)>;
 
   TMofDiagnostics(const TMofOptions& options, TSink sink);

@@ -12,9 +12,11 @@ bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC
 
 TMofSource::TMofSource(std::string name, std::string text)
     : name_(std::move(name)), text_(std::move(text)), lineStarts_{0} {
-  for (std::size_t end = text_.find('\n'); end != std::string::npos;
-       end = text_.find('\n', end + 1))
+  for (std::size_t end = text_.find_first_of("\r\n"); end != std::string::npos;
+       end = text_.find_first_of("\r\n", end + 1)) {
+    if (text_.compare(end, 2, "\r\n") == 0) ++end;
     lineStarts_.push_back(end + 1);
+  }
 }
 
 TMofPosition TMofSource::Locate(std::size_t offset) const {
@@ -30,9 +32,7 @@ TMofPosition TMofSource::Locate(std::size_t offset) const {
 std::string TMofSource::GetLine(std::size_t offset) const {
   const std::size_t line = Locate(offset).line - 1;
   const std::size_t start = lineStarts_[line];
-  std::size_t end = std::min(text_.find('\n', start), text_.size());
-  if (end > start && text_[end - 1] == '\r') --end;
-  return text_.substr(start, end - start);
+  return text_.substr(start, text_.find_first_of("\r\n", start) - start);
 }
 
 }  // namespace NZELVYR20

@@ -23,7 +23,7 @@ class TMofSource {
   const std::string& GetName() const { return name_; }
   const std::string& GetText() const { return text_; }
 
-  /// The position of a byte; one behind the end is that of the end.
+  /// The position of a byte; one after the end is that of the end.
   TMofPosition Locate(std::size_t offset) const;
   /// The line in which a byte stands, without its end.
   std::string GetLine(std::size_t offset) const;

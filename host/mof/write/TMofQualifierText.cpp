@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "FoldName.h"
 #include "ICIMQualifier.h"
 #include "ListElements.h"
 #include "TMofValueText.h"
@@ -68,15 +69,16 @@ std::string Join(const TWords& words, const char* separator) {
   return text;
 }
 
+/// Readers ask each class for these, whatever its superclass has.
+constexpr std::size_t kKindsOfClasses = 2;
+
 /// What says which kind of element it is comes first, the rest as it came.
 std::size_t Rank(const ICIMQualifier& qualifier) {
   constexpr std::array<const char*, 5> kFirst = {"association", "indication", "abstract", "key",
                                                  "override"};
-  std::string name = qualifier.GetName({});
-  for (char& letter : name) {
-    if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-  }
-  return static_cast<std::size_t>(std::find(kFirst.begin(), kFirst.end(), name) - kFirst.begin());
+  const auto* const found =
+      std::find(kFirst.begin(), kFirst.end(), FoldName(qualifier.GetName({})));
+  return static_cast<std::size_t>(found - kFirst.begin());
 }
 
 TQualifiers SelectQualifiers(const ICIMNamedElement& element, bool withPropagated) {
@@ -85,7 +87,9 @@ TQualifiers SelectQualifiers(const ICIMNamedElement& element, bool withPropagate
         element.EnumerateQualifiers(callback, {});
       });
   if (!withPropagated) {
-    const auto isPropagated = [](const auto& qualifier) { return qualifier->GetPropagated({}); };
+    const auto isPropagated = [](const auto& qualifier) {
+      return qualifier->GetPropagated({}) && Rank(*qualifier) >= kKindsOfClasses;
+    };
     qualifiers.erase(std::remove_if(qualifiers.begin(), qualifiers.end(), isPropagated),
                      qualifiers.end());
   }

@@ -19,7 +19,8 @@ class TMofQualifierText {
 
   /// Appends the element's qualifiers in brackets, one on a line, those first that say what kind of
   /// element it is; nothing where there are none. `withPropagated` says whether copies that the
-  /// element inherited are among them.
+  /// element inherited are among them; what makes a class an association or an indication always
+  /// is.
   ///
   /// A value stands there as it is, also where its type is not that of the declaration; it reads
   /// back with the declared type, if at all. A flavor is named where it differs from that of the

@@ -11,7 +11,7 @@ namespace NZELVYR20 {
 ///
 /// Texts and characters keep what is printable and escape the rest; in a text, a byte that is no
 /// UTF-8 becomes the character of its number, and NUL, which MOF forbids there, U+FFFD. A text in
-/// several pieces ends each but the last behind a blank or a line's end. Reals read back to the
+/// several pieces ends each but the last after a blank or a line's end. Reals read back to the
 /// same value. Infinity and "not a number" have no literal: NULL stands for them, with a comment
 /// that says so.
 class TMofValueText {

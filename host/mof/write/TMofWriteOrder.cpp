@@ -12,7 +12,7 @@
 namespace NZELVYR20 {
 namespace {
 
-/// The elements, each behind those that `getNeeded` names for it.
+/// The elements, each after those that `getNeeded` names for it.
 template <class TElement, class TGetNeeded>
 std::vector<boost::shared_ptr<TElement>> Arrange(
     const std::vector<boost::shared_ptr<TElement>>& elements, const TGetNeeded& getNeeded) {
@@ -36,7 +36,7 @@ std::vector<boost::shared_ptr<TElement>> Arrange(
 
 using TNeededClasses = std::vector<const ICIMClass*>;
 
-/// A namespace's classes, each before its subclasses and behind the whole tree of its elder
+/// A namespace's classes, each before its subclasses and after the whole tree of its elder
 /// sibling.
 class TTree {
  public:

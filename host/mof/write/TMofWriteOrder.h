@@ -17,13 +17,13 @@ class TMofWriteOrder {
 
   TMofWriteOrder() = delete;
 
-  /// Every class, behind its superclass and behind the siblings that were added before it, so that
-  /// these keep their order; and behind the classes to which its references point, unless a class
+  /// Every class, after its superclass and after the siblings that were added before it, so that
+  /// these keep their order; and after the classes to which its references point, unless a class
   /// needs itself that way.
   static TClassList ListClasses(ICIMNamespace& nameSpace);
 
   /// The instances of these classes: those without references, class by class, then the others,
-  /// each behind those to which it refers, unless it refers to itself that way.
+  /// each after those to which it refers, unless it refers to itself that way.
   static TInstanceList ListInstances(const TClassList& classes);
 };
 

@@ -30,8 +30,8 @@ class TMofWriter {
   /// there as object paths.
   static std::string WriteInstance(const boost::shared_ptr<ICIMInstance>& instance);
 
-  /// Everything: qualifier declarations, then classes behind those that they need, then instances
-  /// behind those to which they refer.
+  /// Everything: qualifier declarations, then classes after those that they need, then instances
+  /// after those to which they refer.
   static std::string WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace);
 };
 

@@ -1,18 +1,91 @@
 #include "TAssociationCommands.h"
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "FoldName.h"
+#include "ICIMPropertyDecl.h"
 #include "ListElements.h"
 #include "TClassTree.h"
+#include "TCommandError.h"
+#include "TInstanceReader.h"
 #include "TPrinter.h"
+#include "TSuggestion.h"
+#include "TVYRException.h"
 
 namespace NZELVYR20 {
 namespace {
 
-using TInstanceList = std::vector<boost::shared_ptr<ICIMInstance>>;
+using TInstancePtr = boost::shared_ptr<ICIMInstance>;
+using TInstanceList = std::vector<TInstancePtr>;
+
+/// A reference of an association instance, and where it leads.
+struct TEnd {
+  std::string role;
+  TInstancePtr instance;
+};
+
+/// Without those that lead nowhere.
+std::vector<TEnd> ListEnds(ICIMInstance& association) {
+  std::vector<TEnd> ends;
+  for (const auto& property : TInstanceReader::ListProperties(association)) {
+    const TCIMValue value = property->GetValue({});
+    if (!value.IsReference() || value.IsNull()) continue;
+    try {
+      const auto element = static_cast<TCIMReference>(value).GetCIMElement(false);
+      ends.push_back(
+          {TInstanceReader::NameOf(*property), boost::dynamic_pointer_cast<ICIMInstance>(element)});
+    } catch (const TVYRException& error) {
+      if (error.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
+    }
+  }
+  return ends;
+}
+
+bool HasRole(const TEnd& end, const std::string& role) {
+  return role.empty() || FoldName(end.role) == FoldName(role);
+}
+
+TInstanceList ListAssociations(ICIMInstance& source, const std::string& className) {
+  return ListElements<ICIMInstance>([&](const TCIMInstanceCallback& callback) {
+    source.EnumerateAssociationInstances(callback, className, "", {});
+  });
+}
+
+/// The ends of one association instance that are seen from `source` at the role: all but the one at
+/// which it stands itself, once for each of these.
+TInstanceList ListFarEnds(ICIMInstance& association, const TInstancePtr& source,
+                          const TTraversal& traversal) {
+  const std::vector<TEnd> ends = ListEnds(association);
+  TInstanceList found;
+  for (const TEnd& own : ends) {
+    if (own.instance != source || !HasRole(own, traversal.role)) continue;
+    for (const TEnd& far : ends) {
+      if (&far != &own && HasRole(far, traversal.resultRole)) found.push_back(far.instance);
+    }
+  }
+  return found;
+}
+
+bool StandsAt(const TInstancePtr& source, ICIMInstance& association, const std::string& role) {
+  const std::vector<TEnd> ends = ListEnds(association);
+  return std::any_of(ends.begin(), ends.end(),
+                     [&](const TEnd& end) { return end.instance == source && HasRole(end, role); });
+}
+
+void AddReferenceNames(ICIMClass& association, std::set<std::string>& names) {
+  for (const auto& declaration :
+       ListElements<ICIMPropertyDecl>([&association](const TCIMPropertyDeclCallback& callback) {
+         association.EnumeratePropertyDecls(callback, {});
+       })) {
+    if (declaration->GetType({}) == TCIMValue::TCIMType::kReference) {
+      names.insert(declaration->GetName({}));
+    }
+  }
+}
 
 std::string UniquePaths(const TInstanceList& instances) {
   std::set<std::string> seen;
@@ -25,55 +98,62 @@ std::string UniquePaths(const TInstanceList& instances) {
   return text;
 }
 
-std::vector<std::string> TopClassNames(ICIMNamespace& nameSpace) {
-  std::vector<std::string> names;
-  for (const auto& cimClass : TClassTree::GetTopClasses(nameSpace)) {
-    names.push_back(cimClass->GetName({}));
-  }
-  return names;
-}
-
 }  // namespace
 
 TAssociationCommands::TAssociationCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(nameSpace), finder_(std::move(nameSpace)) {}
 
-/// The repository takes an unknown result class for an empty answer; the user is told instead.
-std::string TAssociationCommands::ResolveClass(const std::string& className) const {
-  return className.empty() ? className : finder_.FindClass(className)->GetName({});
+std::string TAssociationCommands::ResolveAssociation(const std::string& className) const {
+  return className.empty() ? className : finder_.FindAssociation(className)->GetName({});
 }
 
-void TAssociationCommands::CheckRole(const std::string& role) const {
-  if (!role.empty()) {
-    finder_.CheckPropertyName(role);
+void TAssociationCommands::CheckRole(const std::string& role, const std::string& className) const {
+  if (role.empty()) return;
+  std::set<std::string> known;
+  for (const auto& cimClass :
+       TClassTree::Flatten(className.empty() ? TClassTree::GetTopClasses(*namespace_)
+                                             : TClassList{finder_.FindClass(className)})) {
+    if (cimClass->IsAssociation({})) AddReferenceNames(*cimClass, known);
+  }
+  const bool isKnown = std::any_of(known.begin(), known.end(), [&role](const std::string& name) {
+    return FoldName(name) == FoldName(role);
+  });
+  if (!isKnown) {
+    throw TCommandError((className.empty() ? "no association has a reference "
+                                           : "association " + className + " has no reference ") +
+                        role + TSuggestion::For(role, {known.begin(), known.end()}));
   }
 }
 
 std::string TAssociationCommands::Associators(const TTraversal& traversal) const {
-  const std::string assocClass = ResolveClass(traversal.assocClass);
-  const std::string resultClass = ResolveClass(traversal.resultClass);
-  CheckRole(traversal.role);
-  CheckRole(traversal.resultRole);
+  const std::string assocClass = ResolveAssociation(traversal.assocClass);
+  CheckRole(traversal.role, assocClass);
+  CheckRole(traversal.resultRole, assocClass);
+  const auto resultClass = traversal.resultClass.empty() ? boost::shared_ptr<ICIMClass>()
+                                                         : finder_.FindClass(traversal.resultClass);
   const auto source = finder_.FindInstance(traversal.path);
-  const std::vector<std::string> resultClasses =
-      resultClass.empty() ? TopClassNames(*namespace_) : std::vector<std::string>{resultClass};
 
-  return UniquePaths(ListElements<ICIMInstance>([&](const TCIMInstanceCallback& callback) {
-    for (const auto& name : resultClasses) {
-      source->EnumerateAssociatedInstances(callback, assocClass, name, traversal.role,
-                                           traversal.resultRole, {});
+  TInstanceList results;
+  for (const auto& association : ListAssociations(*source, assocClass)) {
+    for (const auto& instance : ListFarEnds(*association, source, traversal)) {
+      if (!resultClass || instance->GetClass({})->IsSubclassOf(resultClass, {})) {
+        results.push_back(instance);
+      }
     }
-  }));
+  }
+  return UniquePaths(results);
 }
 
 std::string TAssociationCommands::References(const TTraversal& traversal) const {
-  const std::string resultClass = ResolveClass(traversal.resultClass);
-  CheckRole(traversal.role);
+  const std::string resultClass = ResolveAssociation(traversal.resultClass);
+  CheckRole(traversal.role, resultClass);
   const auto source = finder_.FindInstance(traversal.path);
 
-  return UniquePaths(ListElements<ICIMInstance>([&](const TCIMInstanceCallback& callback) {
-    source->EnumerateAssociationInstances(callback, resultClass, traversal.role, {});
-  }));
+  TInstanceList results;
+  for (const auto& association : ListAssociations(*source, resultClass)) {
+    if (StandsAt(source, *association, traversal.role)) results.push_back(association);
+  }
+  return UniquePaths(results);
 }
 
 }  // namespace NZELVYR20

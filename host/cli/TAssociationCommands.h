@@ -18,21 +18,22 @@ struct TTraversal {
 };
 
 /// The commands that follow associations. Each returns paths, one per line, each once and in order
-/// of first appearance; what the user names and the namespace lacks is a TCommandError.
+/// of first appearance; what the user names and the namespace lacks is a TCommandError. A role is
+/// the end at which an instance stands; the repository takes roles without a look at where they
+/// lead, and finds one end at most, so it is asked for all associations of the instance.
 class TAssociationCommands {
  public:
   explicit TAssociationCommands(boost::shared_ptr<ICIMNamespace> nameSpace);
 
-  /// The instances at the far ends. The repository's query requires a result class; without one
-  /// it is asked for every class directly below the root.
+  /// The instances at the other ends, of which an association may have several.
   std::string Associators(const TTraversal& traversal) const;
 
   /// The association instances themselves.
   std::string References(const TTraversal& traversal) const;
 
  private:
-  std::string ResolveClass(const std::string& className) const;
-  void CheckRole(const std::string& role) const;
+  std::string ResolveAssociation(const std::string& className) const;
+  void CheckRole(const std::string& role, const std::string& className) const;
 
   boost::shared_ptr<ICIMNamespace> namespace_;
   TElementFinder finder_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "TClassDescription.h"
 #include "TElementFinder.h"
@@ -12,14 +13,43 @@
 namespace NZELVYR20 {
 namespace {
 
-/// What stands below a class; `margin` is what stands before each of its lines.
-std::string Branches(ICIMClass& cimClass, const std::string& margin) {
-  const TClassList subClasses = TClassTree::GetSubClasses(cimClass);
+/// Of a deeper class only so many levels are drawn: else a chain's drawing grew with the square of
+/// its length.
+constexpr std::size_t kDrawnLevels = 32;
+
+/// Siblings, of which those before `next` have been drawn.
+struct TLevel {
+  TClassList classes;
+  std::size_t next = 0;
+
+  bool IsDone() const { return next == classes.size(); }
+};
+
+/// What stands before the class that was taken from the last of the levels.
+std::string Margin(const std::vector<TLevel>& levels) {
+  const std::size_t last = levels.size() - 1;
+  const std::size_t first = last > kDrawnLevels ? last - kDrawnLevels : 0;
+  std::string margin = first > 0 ? "… " : "";
+  for (std::size_t level = first; level < last; ++level) {
+    margin += levels[level].IsDone() ? "    " : "│   ";
+  }
+  return margin + (levels[last].IsDone() ? "└── " : "├── ");
+}
+
+/// What stands below a class. The way down lies on the heap: hierarchies may be deeper than the
+/// stack.
+std::string Branches(ICIMClass& top) {
   std::string text;
-  for (std::size_t index = 0; index < subClasses.size(); ++index) {
-    const bool isLast = index + 1 == subClasses.size();
-    text += margin + (isLast ? "└── " : "├── ") + TPrinter::ClassText(*subClasses[index]) + "\n" +
-            Branches(*subClasses[index], margin + (isLast ? "    " : "│   "));
+  std::vector<TLevel> levels{{TClassTree::GetSubClasses(top)}};
+  while (!levels.empty()) {
+    TLevel& level = levels.back();
+    if (level.IsDone()) {
+      levels.pop_back();
+      continue;
+    }
+    const auto cimClass = level.classes[level.next++];
+    text += Margin(levels) + TPrinter::ClassText(*cimClass) + "\n";
+    levels.push_back({TClassTree::GetSubClasses(*cimClass)});
   }
   return text;
 }
@@ -50,7 +80,7 @@ std::string TClassCommands::List(const std::string& className) const {
 std::string TClassCommands::Tree(const std::string& className) const {
   std::string text;
   for (const auto& cimClass : FindStart(className)) {
-    text += TPrinter::ClassText(*cimClass) + "\n" + Branches(*cimClass, "");
+    text += TPrinter::ClassText(*cimClass) + "\n" + Branches(*cimClass);
   }
   return text;
 }

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "TInstanceCommands.h"
 #include "TMofArguments.h"
 #include "TMofCommands.h"
+#include "TSuggestion.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -24,10 +26,6 @@ constexpr auto kFooter =
     "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n\n"
     "Options may also follow the command.\n"
     "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line.";
-
-constexpr auto kResultClassNote =
-    "The repository answers this query for one result class at a time. Without --result-class\n"
-    "every class directly below the root is asked for, in turn. Each result is printed once.";
 
 /// What follows the name of a command.
 struct TArguments {
@@ -61,6 +59,8 @@ class TParser {
   CLI::App* FindNamedCommand() const;
   ENeeds GetNeeds() const;
   TInvocation Print(const std::string& text) const;
+  std::vector<std::string> ListOptions() const;
+  std::string Suggest(const std::string& surplus) const;
   std::string DescribeError(const CLI::ParseError& error) const;
   std::string HelpCommand() const;
 
@@ -187,9 +187,8 @@ void TParser::AddAssociationCommands() {
       ->type_name("CLASS");
   associators
       ->add_option("--result-role", arguments_.traversal.resultRole,
-                   "The property that is the results' end; --role then has no effect")
+                   "The property of the association that is the results' end")
       ->type_name("PROPERTY");
-  associators->footer(kResultClassNote);
 
   CLI::App* references =
       AddCommand("references", "List the association instances that refer to one",
@@ -241,6 +240,28 @@ CLI::App* TParser::FindNamedCommand() const {
   return commands.empty() ? nullptr : commands.front();
 }
 
+std::vector<std::string> TParser::ListOptions() const {
+  std::vector<std::string> names;
+  for (const CLI::App* app : std::initializer_list<const CLI::App*>{&app_, FindNamedCommand()}) {
+    if (app == nullptr) continue;
+    for (const CLI::Option* option : app->get_options()) {
+      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    }
+  }
+  return names;
+}
+
+/// What may have been meant by an argument for which there is no use.
+std::string TParser::Suggest(const std::string& surplus) const {
+  if (surplus.rfind('-', 0) == 0) {
+    return TSuggestion::For(surplus.substr(0, surplus.find('=')), ListOptions());
+  }
+  if (FindNamedCommand()) return "";
+  std::vector<std::string> names;
+  for (const CLI::App* command : app_.get_subcommands({})) names.push_back(command->get_name());
+  return TSuggestion::For(surplus, names);
+}
+
 /// A surplus argument is the likeliest mistake, whatever else is wrong; the parser's own words
 /// come last in that case, and list all of them.
 std::string TParser::DescribeError(const CLI::ParseError& error) const {
@@ -253,7 +274,7 @@ std::string TParser::DescribeError(const CLI::ParseError& error) const {
   const std::string kind = first->rfind('-', 0) == 0 ? "unknown option "
                            : FindNamedCommand()      ? "unexpected argument "
                                                      : "unknown command ";
-  return kind + *first;
+  return kind + *first + Suggest(*first);
 }
 
 std::string TParser::HelpCommand() const {

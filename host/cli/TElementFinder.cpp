@@ -1,36 +1,79 @@
 #include "TElementFinder.h"
 
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
-#include "TCommandError.h"
+#include "TClassTree.h"
+#include "TInstanceReader.h"
 #include "TScopedSilence.h"
-#include "TVYRException.h"
+#include "TSuggestion.h"
+#include "TText.h"
 
 namespace NZELVYR20 {
 namespace {
 
-TCommandError ClassError(const std::string& name, const TVYRException& error) {
-  if (error.GetStatusCode() == TVYRStatusCode::kNotFound) {
-    return TCommandError("no class " + name);
+std::vector<std::string> ListClassNames(ICIMNamespace& nameSpace) {
+  std::vector<std::string> names;
+  for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(nameSpace))) {
+    names.push_back(cimClass->GetName({}));
   }
-  return TCommandError("class " + name + ": " + error.what());
+  return names;
 }
 
-/// The part of an object path before its keys.
-std::string ClassPart(const std::string& path) { return path.substr(0, path.find('.')); }
+/// What stands between a path's namespace, if there is one, and its keys.
+std::string ClassPart(const std::string& path) {
+  const std::string front = path.substr(0, path.find('='));
+  const std::string name = front.substr(front.rfind(':') + 1);
+  return name.substr(0, name.find('.'));
+}
+
+/// A key that the path has keeps its place when it gets another value.
+bool Lacks(TCIMReference path, const std::string& key) {
+  const std::string given = path.ToString();
+  path.AddKeyValue(key, {});
+  return path.ToString().size() > given.size() && path.ToString().rfind(given, 0) == 0;
+}
+
+/// "2 keys: Name, SystemName".
+std::string KeysText(const std::vector<std::string>& keys) {
+  return TText::Count(keys.size(), "key") + ": " + TText::Join(keys, ", ");
+}
 
 TCommandError InstanceError(const TCIMReference& path) {
-  const bool hasKeys = path.GetPath() != path.GetClassName();
+  std::vector<std::string> missing;
+  for (const std::string& key : TInstanceReader::ListKeyNames(*path.GetClass())) {
+    if (Lacks(path, key)) missing.push_back(key);
+  }
   return TCommandError("no instance " + path.ToString() +
-                       (hasKeys ? "" : ": a path to an instance needs its keys"));
+                       (missing.empty() ? "" : ": the path lacks " + KeysText(missing)));
 }
 
 }  // namespace
 
 TElementFinder::TElementFinder(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(std::move(nameSpace)) {}
+
+TCommandError TElementFinder::ClassError(const std::string& name,
+                                         const TVYRException& error) const {
+  if (error.GetStatusCode() == TVYRStatusCode::kNotFound) {
+    return TCommandError("no class " + name + TSuggestion::For(name, ListClassNames(*namespace_)));
+  }
+  return TCommandError("class " + name + ": " + error.what());
+}
+
+/// Whoever mistook a path may have mistaken its keys.
+std::string TElementFinder::KeysNote(const std::string& path) const {
+  try {
+    const auto cimClass = namespace_->GetClass(ClassPart(path), {});
+    const std::set<std::string> keys = TInstanceReader::ListKeyNames(*cimClass);
+    return " (" + cimClass->GetName({}) + " has " + KeysText({keys.begin(), keys.end()}) + ")";
+  } catch (const TVYRException&) {
+    return "";
+  }
+}
 
 boost::shared_ptr<ICIMClass> TElementFinder::FindClass(const std::string& name) const {
   if (name.empty()) {
@@ -44,12 +87,20 @@ boost::shared_ptr<ICIMClass> TElementFinder::FindClass(const std::string& name) 
   }
 }
 
+boost::shared_ptr<ICIMClass> TElementFinder::FindAssociation(const std::string& name) const {
+  auto cimClass = FindClass(name);
+  if (!cimClass->IsAssociation({})) {
+    throw TCommandError("class " + cimClass->GetName({}) + " is no association");
+  }
+  return cimClass;
+}
+
 TCIMReference TElementFinder::ParsePath(const std::string& path) const {
   const TScopedSilence silence;
   try {
-    return TCIMReference::Parse(path, namespace_);
+    return TCIMReference::Parse(TText::RestorePath(path), namespace_);
   } catch (const std::invalid_argument& error) {
-    throw TCommandError("object path " + path + ": " + error.what());
+    throw TCommandError("object path " + path + ": " + error.what() + KeysNote(path));
   } catch (const TVYRException& error) {
     throw ClassError(ClassPart(path), error);
   }
@@ -62,17 +113,6 @@ boost::shared_ptr<ICIMInstance> TElementFinder::FindInstance(const std::string& 
     throw InstanceError(reference);
   }
   return instance;
-}
-
-void TElementFinder::CheckPropertyName(const std::string& name) const {
-  const TScopedSilence silence;
-  try {
-    namespace_->GetClass("", {})->GetPropertyDecl(name, {});
-  } catch (const TVYRException& error) {
-    if (error.GetStatusCode() != TVYRStatusCode::kNotFound) {
-      throw TCommandError("property " + name + ": " + error.what());
-    }
-  }
 }
 
 }  // namespace NZELVYR20

@@ -7,6 +7,8 @@
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
 #include "TCIMReference.h"
+#include "TCommandError.h"
+#include "TVYRException.h"
 
 namespace NZELVYR20 {
 
@@ -18,12 +20,15 @@ class TElementFinder {
 
   boost::shared_ptr<ICIMClass> FindClass(const std::string& name) const;
 
+  /// One that associates others.
+  boost::shared_ptr<ICIMClass> FindAssociation(const std::string& name) const;
+
+  /// By an object path in any form that lists print.
   boost::shared_ptr<ICIMInstance> FindInstance(const std::string& path) const;
 
-  /// Finds nothing: makes sure that `name` can be a property's, where one is used as a filter.
-  void CheckPropertyName(const std::string& name) const;
-
  private:
+  TCommandError ClassError(const std::string& name, const TVYRException& error) const;
+  std::string KeysNote(const std::string& path) const;
   TCIMReference ParsePath(const std::string& path) const;
 
   boost::shared_ptr<ICIMNamespace> namespace_;

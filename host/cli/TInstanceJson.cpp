@@ -8,6 +8,7 @@
 #include "TCIMDateTime.h"
 #include "TInstanceReader.h"
 #include "TPrinter.h"
+#include "TText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -20,8 +21,13 @@ constexpr std::size_t kIndent = 2;
 constexpr std::size_t kPropertyMargin = 2 * kIndent;
 constexpr std::size_t kItemMargin = 3 * kIndent;
 
+/// Where there is anything that a terminal would obey, nothing but ASCII.
 std::string ScalarText(const TJson& scalar) {
-  return scalar.dump(-1, ' ', false, TJson::error_handler_t::replace);
+  const auto dump = [&scalar](bool isAscii) {
+    return scalar.dump(-1, ' ', isAscii, TJson::error_handler_t::replace);
+  };
+  const std::string text = dump(false);
+  return TText::IsVisible(text) ? text : dump(true);
 }
 
 /// An object or a list, by its brackets. The library is asked for scalars alone: it needs memory to
@@ -113,7 +119,7 @@ std::string TInstanceJson::Write(ICIMInstance& instance) {
   }
   return ListText("{}",
                   {MemberText("class", ScalarText(cimClass->GetName({}))),
-                   MemberText("path", ScalarText(instance.GetReference({}).ToString())),
+                   MemberText("path", ScalarText(TPrinter::PathText(instance))),
                    MemberText("properties", ListText("{}", properties, kIndent))},
                   0) +
          "\n";

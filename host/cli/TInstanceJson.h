@@ -13,8 +13,8 @@ class TInstanceJson {
   TInstanceJson() = delete;
 
   /// An object with "class", "path" and "properties", indented. Integers of 64 bits stay exact;
-  /// date-times stand in the CIM text form, references as paths; text that is no UTF-8 has its bad
-  /// bytes replaced.
+  /// date-times stand in the CIM text form, references as paths; the instance's own path is the one
+  /// that lists print. Text that is no UTF-8 has its bad bytes replaced.
   static std::string Write(ICIMInstance& instance);
 };
 

@@ -49,7 +49,7 @@ void AddLimits(CLI::App& app, TMofOptions& options) {
 void TMofArguments::AddTo(CLI::App& app, THostOptions& options) {
   app.option_defaults()->group("MOF options");
   AddList(app, "--mof", options.mofFiles,
-          "Load a file, or the *.mof files of a folder, behind the machine's data", "PATH");
+          "Load a file, or the *.mof files of a folder, after the machine's data", "PATH");
   AddList(app, "--include", options.mofOptions.searchPath,
           "Search a folder for included files and CLASS.mof of missing classes", "DIR");
   app.add_flag("--empty", options.isEmpty, "Start without a schema and without the machine's data");

@@ -10,14 +10,12 @@ namespace NZELVYR20 {
 
 std::string TPrinter::PropertyText(const ICIMProperty& property) {
   if (property.IsArray({}) && !property.GetValue({}).IsNull()) {
-    return TText::OneLine("{" + TText::Join(property.ToStringVector(), ", ") + "}");
+    return "{" + TText::Join(property.ToStringVector(), ", ") + "}";
   }
-  return TText::OneLine(property.ToString());
+  return property.ToString();
 }
 
-std::string TPrinter::ValueText(const TCIMValue& value) {
-  return TText::OneLine(value.ToString(10));
-}
+std::string TPrinter::ValueText(const TCIMValue& value) { return value.ToString(10); }
 
 std::string TPrinter::TypeText(const TCIMValue& value) {
   const auto referencedClass = value.GetReferencedClass();

@@ -10,7 +10,7 @@
 
 namespace NZELVYR20 {
 
-/// How the elements of the repository are written. Every text is a single line.
+/// How the elements of the repository are written.
 class TPrinter {
  public:
   TPrinter() = delete;
@@ -26,7 +26,7 @@ class TPrinter {
   static std::string TypeText(const TCIMValue& value);
   static std::string TypeText(TCIMValue::TCIMType type);
 
-  /// The object path, as the commands accept it.
+  /// The object path in one line, as the commands accept it.
   static std::string PathText(const ICIMInstance& instance);
 
   /// "abstract", "association" or both; empty for any other class.

@@ -14,7 +14,9 @@
 #include "TMofInput.h"
 #include "TRepository.h"
 #include "TRootObject.h"
+#include "TScopedLogger.h"
 #include "TStandardStreams.h"
+#include "TText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -58,6 +60,9 @@ int Execute(const TInvocation& invocation, const TMemoryWatch& watch) {
   if (invocation.options.logLevel) {
     TRootObject::SetLogThreshold(*invocation.options.logLevel);
   }
+  const TScopedLogger visibly([](ICoreLogger& earlier, int level, const std::string& message) {
+    earlier.Log(level, TText::OneLine(message));
+  });
   TRepository repository(invocation.options);
   if (NeedsMachine(invocation)) {
     repository.Collect();

@@ -1,10 +1,7 @@
 #include "TProgressLine.h"
 
-#include <boost/make_shared.hpp>
 #include <string>
-#include <utility>
 
-#include "TRootObject.h"
 #include "TStandardStreams.h"
 
 namespace NZELVYR20 {
@@ -13,36 +10,19 @@ namespace {
 constexpr std::chrono::milliseconds kPatience(300);
 constexpr std::chrono::milliseconds kPause(100);
 
-class TClearingLogger : public ICoreLogger {
- public:
-  TClearingLogger(TProgressLine& line, boost::shared_ptr<ICoreLogger> logger)
-      : line_(line), logger_(std::move(logger)) {}
-
-  void Log(int level, const std::string& message) override {
-    line_.Clear();
-    logger_->Log(level, message);
-  }
-
- private:
-  TProgressLine& line_;
-  boost::shared_ptr<ICoreLogger> logger_;
-};
-
 }  // namespace
 
 TProgressLine::TProgressLine()
-    : isTerminal_(TStandardStreams::IsErrorTerminal()),
-      next_(TClock::now() + kPatience),
-      earlierLogger_(TRootObject::GetCoreLogger()) {
+    : isTerminal_(TStandardStreams::IsErrorTerminal()), next_(TClock::now() + kPatience) {
   if (isTerminal_) {
-    TRootObject::SetCoreLogger(boost::make_shared<TClearingLogger>(*this, earlierLogger_));
+    logger_.emplace([this](ICoreLogger& earlier, int level, const std::string& message) {
+      Clear();
+      earlier.Log(level, message);
+    });
   }
 }
 
-TProgressLine::~TProgressLine() {
-  Clear();
-  TRootObject::SetCoreLogger(earlierLogger_);
-}
+TProgressLine::~TProgressLine() { Clear(); }
 
 void TProgressLine::Show(const std::string& text) {
   const TClock::time_point now = TClock::now();

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
 #include <chrono>
+#include <optional>
 #include <string>
 
-#include "ICoreLogger.h"
+#include "TScopedLogger.h"
 
 namespace NZELVYR20 {
 
@@ -30,7 +30,7 @@ class TProgressLine {
   const bool isTerminal_;
   bool isShown_ = false;
   TClock::time_point next_;
-  boost::shared_ptr<ICoreLogger> earlierLogger_;
+  std::optional<TScopedLogger> logger_;
 };
 
 }  // namespace NZELVYR20

@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "TText.h"
+
 namespace NZELVYR20 {
 namespace {
 
@@ -27,7 +29,10 @@ std::string Line(const std::vector<std::string>& cells, const std::vector<std::s
 
 TTable::TTable(std::size_t indent) : indent_(indent) {}
 
-void TTable::AddRow(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+void TTable::AddRow(std::vector<std::string> cells) {
+  for (std::string& cell : cells) cell = TText::OneLine(cell);
+  rows_.push_back(std::move(cells));
+}
 
 std::vector<std::size_t> TTable::MeasureColumns() const {
   std::vector<std::size_t> widths;

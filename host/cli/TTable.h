@@ -7,7 +7,8 @@
 namespace NZELVYR20 {
 
 /// Rows of cells, laid out in columns that are as wide as their widest cell. The last cell of a
-/// row takes no part in that: it runs on as far as it needs.
+/// row takes no part in that: it runs on as far as it needs. Each row stays one line, whatever is
+/// in its cells.
 class TTable {
  public:
   /// `indent` blanks stand before every row.

@@ -1,6 +1,11 @@
 #include "TText.h"
 
+#include <algorithm>
+#include <boost/locale/utf.hpp>
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,36 +13,93 @@
 namespace NZELVYR20 {
 namespace {
 
-bool IsControl(unsigned char character) { return character < 0x20 || character == 0x7f; }
+using TUtf8 = boost::locale::utf::utf_traits<char>;
 
-std::string Escape(unsigned char character) {
-  static const std::string kDigits = "0123456789abcdef";
-  switch (character) {
+struct TRange {
+  std::uint32_t first;
+  std::uint32_t last;
+};
+
+/// What a terminal obeys: both ranges of control characters, line separators, and what turns the
+/// direction of writing.
+constexpr TRange kObeyed[] = {{0, 0x1F},        {0x7F, 0x9F},     {0x61C, 0x61C},
+                              {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+
+bool IsShown(std::uint32_t code) {
+  return boost::locale::utf::is_valid_codepoint(code) &&
+         std::none_of(std::begin(kObeyed), std::end(kObeyed), [code](const TRange& range) {
+           return range.first <= code && code <= range.last;
+         });
+}
+
+std::string Escape(unsigned char byte) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  switch (byte) {
     case '\n':
       return "\\n";
     case '\t':
       return "\\t";
     default:
-      return std::string("\\x") + kDigits[character / 16] + kDigits[character % 16];
+      return {'\\', 'x', kDigits[byte / 16], kDigits[byte % 16]};
   }
 }
 
 /// The control characters in `kept` stay.
-std::string EscapeControls(const std::string& text, std::string_view kept) {
+std::string EscapeObeyed(const std::string& text, std::string_view kept) {
   std::string escaped;
-  for (const char character : text) {
-    const auto byte = static_cast<unsigned char>(character);
-    const bool stays = !IsControl(byte) || kept.find(character) != std::string_view::npos;
-    escaped += stays ? std::string(1, character) : Escape(byte);
+  const char* const end = text.data() + text.size();
+  for (const char* next = text.data(); next != end;) {
+    const char* const start = next;
+    const std::uint32_t code = TUtf8::decode(next, end);
+    // Of broken UTF-8 one byte is taken at a time: the next may be a character.
+    if (!boost::locale::utf::is_valid_codepoint(code)) next = start + 1;
+    if (IsShown(code) || kept.find(*start) != std::string_view::npos) {
+      escaped.append(start, next);
+    } else {
+      for (const char* byte = start; byte != next; ++byte) {
+        escaped += Escape(static_cast<unsigned char>(*byte));
+      }
+    }
   }
   return escaped;
 }
 
+/// Adds what an escape at the beginning of `text` stands for; returns how long it is. One that only
+/// paths know stays.
+std::size_t AppendRestored(std::string& restored, std::string_view text) {
+  const std::string_view escape = text.substr(0, 2);
+  const std::string_view digits = text.substr(escape.size(), 2);
+  unsigned char byte = 0;
+  if (escape == "\\n" || escape == "\\t") {
+    restored += escape[1] == 'n' ? '\n' : '\t';
+  } else if (escape == "\\x" && digits.size() == 2 &&
+             std::from_chars(digits.begin(), digits.end(), byte, 16).ptr == digits.end()) {
+    restored += static_cast<char>(byte);
+    return escape.size() + digits.size();
+  } else {
+    restored += escape;
+  }
+  return escape.size();
+}
+
 }  // namespace
 
-std::string TText::OneLine(const std::string& text) { return EscapeControls(text, ""); }
+std::string TText::OneLine(const std::string& text) { return EscapeObeyed(text, ""); }
 
-std::string TText::Printable(const std::string& text) { return EscapeControls(text, "\n\t"); }
+std::string TText::Printable(const std::string& text) { return EscapeObeyed(text, "\n\t"); }
+
+bool TText::IsVisible(const std::string& text) { return OneLine(text) == text; }
+
+std::string TText::RestorePath(const std::string& path) {
+  std::string restored;
+  for (std::size_t next = 0; next < path.size();) {
+    const std::size_t escape = std::min(path.find('\\', next), path.size());
+    restored.append(path, next, escape - next);
+    next = escape;
+    if (next < path.size()) next += AppendRestored(restored, std::string_view(path).substr(next));
+  }
+  return restored;
+}
 
 std::vector<std::string> TText::Wrap(const std::string& text, std::size_t width) {
   std::vector<std::string> lines;

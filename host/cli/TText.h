@@ -11,13 +11,19 @@ class TText {
  public:
   TText() = delete;
 
-  /// The text with control characters written as \n, \t or \xNN: whatever a machine's files or a
-  /// user's arguments contain, it stays one line and drives no terminal.
+  /// The text with what a terminal would obey instead of showing it made visible: control
+  /// characters, marks and overrides of the direction, and bytes that are no UTF-8 become \n, \t or
+  /// \xNN for each byte. Whatever a machine's files or a user's arguments contain stays one line.
   static std::string OneLine(const std::string& text);
   /// The same, but line ends and tabs stay what they are.
   static std::string Printable(const std::string& text);
+  /// Whether the text is shown as it is.
+  static bool IsVisible(const std::string& text);
+  /// An object path as it was before OneLine(). In a path a back-slash stands before a quote or a
+  /// back-slash only, so that the two cannot be taken for each other.
+  static std::string RestorePath(const std::string& path);
 
-  /// The text in lines of at most `width` bytes, broken behind blanks and commas. A longer stretch
+  /// The text in lines of at most `width` bytes, broken after blanks and commas. A longer stretch
   /// without either stays whole.
   static std::vector<std::string> Wrap(const std::string& text, std::size_t width);
 

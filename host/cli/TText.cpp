@@ -92,11 +92,12 @@ bool TText::IsVisible(const std::string& text) { return OneLine(text) == text; }
 
 std::string TText::RestorePath(const std::string& path) {
   std::string restored;
-  for (std::size_t next = 0; next < path.size();) {
-    const std::size_t escape = std::min(path.find('\\', next), path.size());
-    restored.append(path, next, escape - next);
-    next = escape;
-    if (next < path.size()) next += AppendRestored(restored, std::string_view(path).substr(next));
+  std::string_view rest = path;
+  while (!rest.empty()) {
+    const std::size_t plain = std::min(rest.find('\\'), rest.size());
+    restored += rest.substr(0, plain);
+    rest.remove_prefix(plain);
+    rest.remove_prefix(AppendRestored(restored, rest));
   }
   return restored;
 }

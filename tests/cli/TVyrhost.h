@@ -7,7 +7,7 @@
 
 namespace NZELVYR20 {
 
-/// What the program left behind.
+/// What came of a run.
 struct TOutcome {
   int status = -1;  ///< its exit status; negative where it did not run to its end
   std::string output;

@@ -23,6 +23,10 @@ const char* const kOneBad =
     "Qualifier Key : boolean = false, Scope(property);\nclass MY_Bad {\n  nothing\tat all;\n};\n"
     "class MY_Good { [Key] string Id; };\n";
 
+const char* const kOdd =
+    "class MY_Odd { [Key] string Id; };\n[Association] class MY_Of { [Key] MY_Odd ref Odd; };\n"
+    "instance of MY_Of { Odd = \"MY_Odd.Id=\\\"\033[31m\u0085\\\"\"; };\n";
+
 /// A text with "..." in front is a part of what is expected.
 void Expect(const std::string& expected, const std::string& actual) {
   const bool isPart = expected.rfind("...", 0) == 0;
@@ -49,7 +53,6 @@ TEST_F(VyrhostMof, WhatIsLoadedIsThere) {
       {{"instances", "MY_Rack", "--mof", rack_}, 0, kRackPath, ""},
       {{"associators", kBox, "--assoc-class", "MY_Holds", "--mof", folder}, 0, kRackPath, ""},
       {{"classes", "CIM_PhysicalFrame", "--mof", rack_}, 0, "...MY_Rack", ""},
-      {{"classes", "--empty"}, 0, "", ""},
       {{"classes", "--empty", "--mof", bad_}, 1, "MY_Good\n", place},
       {{"classes", "MY_Good", "--mof", bad_}, 1, "MY_Good\n", "...  nothing\tat all;\n"},
       {{"classes", "--mof", bad_, "--strict"}, 1, "", "...\nvyrhost: error: --strict: stopped"},
@@ -57,8 +60,14 @@ TEST_F(VyrhostMof, WhatIsLoadedIsThere) {
       {{"--empty", "--max-file-size", "5000"}, 2, "", "...--max-file-size"},
       {{"mof", "MY_Rack", "--mof", rack_}, 0, "...class MY_Rack : CIM_PhysicalFrame", ""},
       {{"mof", "--empty"}, 0, "", ""},
+      {{"instances", "MY_Odd", "--empty", "--log-level", "0", "--mof", vyrhost_.Write("odd", kOdd)},
+       1,
+       "",
+       "...vyr[0] Inmem: Reference MY_Odd.id=\"\\x1b[31m\\xc2\\x85\" doesn't"},
       {{"mof", "MY_Rack"}, 1, "", "vyrhost: error: no class MY_Rack\n"},
       {{"--help"}, 0, "...\nMOF options:\n  --mof PATH ", ""},
+      {{"associators", "--help", "--plugin", "/nowhere"}, 0, "...--result-class CLASS", ""},
+      {{"--version"}, 0, "...vyrhost ", ""},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(::testing::PrintToString(row.arguments));

@@ -9,7 +9,7 @@ test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest local
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
-  cppcheck)
+  cppcheck python3)
 docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
 abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)

@@ -6,7 +6,7 @@ find_path(GOOGLETEST_SOURCE_DIR googletest/include/gtest/gtest.h PATHS /usr/src/
 if(GOOGLETEST_SOURCE_DIR)
   set(INSTALL_GTEST OFF)
   add_subdirectory(${GOOGLETEST_SOURCE_DIR} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
-  # After the build's own options, which would make it the costliest source of all.
+  # It need not be fast, and is the costliest source of all.
   foreach(target IN ITEMS gtest gtest_main)
     target_compile_options(${target} PRIVATE -O1)
   endforeach()

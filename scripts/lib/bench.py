@@ -53,10 +53,11 @@ BARS = {
     "links/associators": ("sqlite", 3),
 }
 
-# The plug-in's figure at the larger size is at most this many times that at the smaller.
-GROWTH_BARS = {"links/references": ("1000", "1000000", 3),
-               "links/associators": ("1000", "1000000", 3),
-               "hubs/refresh": ("4000", "64000", 3)}
+# How much dearer each becomes from the smaller size to the larger: at most this many times as much as
+# the contender, whose growth is that of the machine's caches; without one, at most that many times.
+GROWTH_BARS = {"links/references": ("1000", "1000000", "adjacency", 1),
+               "links/associators": ("1000", "1000000", "adjacency", 1),
+               "hubs/refresh": ("4000", "64000", None, 3)}
 
 Name = collections.namedtuple("Name", "work size contender")
 
@@ -169,9 +170,9 @@ class Table:
         works = list(WORKS)
         for work, size in sorted(listed, key=lambda row: (works.index(row[0]), len(row[1]), row[1])):
             self.rows.append(self.make_row(work, size))
-        for work, (small, large, limit) in GROWTH_BARS.items():
+        for work, (small, large, floor, limit) in GROWTH_BARS.items():
             if (work, large) in listed:
-                self.rows.append(self.make_growth_row(work, small, large, limit))
+                self.rows.append(self.make_growth_row(work, small, large, floor, limit))
 
     def median(self, work, size, contender):
         samples = self.run.samples.get(Name(work, size, contender))
@@ -204,12 +205,22 @@ class Table:
         return cells + self.judge(work, size, self.median(work, size, "plug-in"), against, limit,
                                   COLUMNS[floor])
 
-    def make_growth_row(self, work, small, large, limit):
-        before, after = self.median(work, small, "plug-in"), self.median(work, large, "plug-in")
-        grown = "not measured" if None in (before, after) else as_multiple(after / before)
+    def growth(self, work, small, large, contender):
+        before, after = self.median(work, small, contender), self.median(work, large, contender)
+        return None if None in (before, after) else after / before
+
+    def make_growth_row(self, work, small, large, floor, limit):
         size = f"{with_commas(large)} against {with_commas(small)}"
-        return [f"{WORKS[work]}: growth", size, grown, "–", "–", "–",
-                *self.judge(work, size, after, before, limit, with_commas(small))]
+        ours = self.growth(work, small, large, "plug-in")
+        cells = dict.fromkeys(COLUMNS, "–") | {"plug-in": as_multiple(ours) if ours else "not measured"}
+        against, whose = 1, with_commas(small)
+        if floor:
+            column, label = SHARED_COLUMN[floor]
+            against, whose = self.growth(work, small, large, floor), f"{label}'s growth"
+            if ours and against:
+                cells[column] = f"{label} {as_multiple(against)}: {as_multiple(ours / against)}"
+        return [f"{WORKS[work]}: growth", size, *cells.values(),
+                *self.judge(work, size, ours, against, limit, whose)]
 
     def judge(self, work, size, figure, against, limit, whose):
         ratio = None if None in (figure, against) else figure / against

@@ -3,9 +3,10 @@
 usage: tidy.py [--all] BUILD=FOLDER,... [BUILD=FOLDER,...] [--files FILE...]
 
 Most of clang-tidy's time goes into the headers of the libraries, so sources that are compiled with
-the same options are looked at several at a time, as one text that includes them. A group that does
-not compile, and one with findings, changes nothing in what is reported: each finding names its own
-file. A source's state is its text, that of every header it may include, its compiler's options and
+the same options are looked at several at a time, as one text that includes them. Where that has
+findings, or does not compile, those to which they belong are looked at again, each by itself: a few
+checks see more where they see the functions that are called, and would tell one thing today and
+another tomorrow. A source's state is its text, that of every header it may include, its compiler's options and
 the list of checks; build/lint/clean.json keeps the state in which each was clean.
 """
 
@@ -143,15 +144,30 @@ def run(number, group):
     return result.returncode == 0, result.stdout + errors
 
 
+def suspects(group, output):
+    """The sources of the group to which the findings belong; all where it does not compile."""
+    if "clang-diagnostic-error" in output:
+        return group
+    found = []
+    for path in re.findall(r"^(/\S+?):\d+:\d+: error: ", output, re.M):
+        path = os.path.relpath(path, ROOT)
+        stem = os.path.splitext(path)[0]
+        found += ([source for source in group if os.path.splitext(source.path)[0] == stem]
+                  or [source for source in group if path in source.files])[:1]
+    return list(dict.fromkeys(found)) or group
+
+
 def check(number, group):
-    """The sources of the group that are clean. One that does not compile is looked at singly."""
+    """The sources of the group that are clean. What counts is what is found in one by itself."""
     clean, output = run(number, group)
     if clean:
         return group
-    if len(group) > 1 and "clang-diagnostic-error" in output:
-        return [source for source in group if check(f"{number}-{source.state[:8]}", [source])]
-    print(output, end="", flush=True)
-    return []
+    if len(group) == 1:
+        print(output, end="", flush=True)
+        return []
+    suspected = suspects(group, output)
+    return [source for source in group
+            if source not in suspected or check(f"{number}-{source.state[:8]}", [source])]
 
 
 def main():

@@ -40,6 +40,7 @@ std::string ComponentPath(const std::string& className, const std::string& group
   return className + ".GroupComponent=" + Quoted(group) + ",PartComponent=" + Quoted(part);
 }
 
+const std::string kHoldsPort = ComponentPath("CIM_SystemDevice", kBox, kPort);
 const std::string kHoldsSocket = ComponentPath("CIM_SystemDevice", kBox, kSocket);
 const std::string kHoldsCore = ComponentPath("CIM_ConcreteComponent", kSocket, kCore);
 

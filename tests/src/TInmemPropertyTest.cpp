@@ -10,6 +10,7 @@ namespace NZELVYR20 {
 namespace {
 
 using TType = TCIMValue::TCIMType;
+using TConstDecl = boost::shared_ptr<const ICIMPropertyDecl>;
 
 TCIMValue Texts(const std::vector<TCIMValue>& texts) {
   return TCIMValue::Array(TType::kString, texts);

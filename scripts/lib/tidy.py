@@ -13,6 +13,7 @@ list of checks; build/lint/clean.json keeps the state in which each was clean.
 """
 
 import argparse
+import glob
 import hashlib
 import json
 import os
@@ -30,11 +31,12 @@ GROUP_SIZE = 12
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
 # What a file introduces at the left margin. Sources stay apart where one gives a name of the other's
 # to something of its own.
-INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b)(?:[^\n(={;]*?[\s*&])(\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
+INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b)(?:[^\n(={;]*?[\s*&])"
+                        r"(\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
 # In a group nothing tells that these are unused, so it is looked for here.
 UNMENTIONED = re.compile(
     r"^(?:using\s+(?:[\w:]+::)?(\w+)(?:;|\s*=)|namespace\s+(\w+)\s*=|"
-    r"(?:static\s+)?const(?:expr)?\s[^\n(={;]*?[\s*&](\w+)(?:\[\w*\])?\s*[({=\n])", re.M)
+    r"(?:static\s+)?const(?:expr)?\s[^\n(={;]*?[\s*&](k[A-Z]\w*)(?:\[\w*\])?\s*[({=\n])", re.M)
 
 
 def read(path):
@@ -123,7 +125,7 @@ def sources(build, folders, tree):
     found = {}
     for entry in json.loads(read(os.path.join(build, "compile_commands.json"))):
         path = os.path.relpath(entry["file"], ROOT)
-        if path.split("/")[0] in folders and path not in found:
+        if path.split("/")[0] in folders.split(",") and path not in found:
             found[path] = Source(entry, tree, checks)
     return list(found.values())
 
@@ -204,6 +206,8 @@ def main():
     tree = Tree()
     found = [source for build in arguments.builds
              for source in sources(*build.split("="), tree)]
+    for folder in glob.glob(os.path.join(WORK, "group*")):
+        shutil.rmtree(folder)
     chosen = [source for source in found
               if (source.files & set(arguments.files) if arguments.files
                   else arguments.all or known.get(source.path) != source.state)]

@@ -3,14 +3,17 @@
 usage: tidy.py [--all] BUILD=FOLDER,... [BUILD=FOLDER,...] [--files FILE...]
 
 Most of clang-tidy's time goes into the headers of the libraries, so sources that are compiled with
-the same options are looked at several at a time, as one text that includes them. Where that has
-findings, or does not compile, those to which they belong are looked at again, each by itself: a few
-checks see more where they see the functions that are called, and would tell one thing today and
-another tomorrow. A source's state is its text, that of every header it may include, its compiler's options and
-the list of checks; build/lint/clean.json keeps the state in which each was clean.
+options that agree are looked at several at a time, as one text that includes them. Where that has
+findings, those to which they belong are looked at again, each by itself: a few checks see more where
+they see the functions that are called, and would tell one thing today and another tomorrow. Where
+it does not compile, since two sources give one name to different things, each half is tried.
+
+A source's state is its text, that of every header it may include, its compiler's options and the
+list of checks; build/lint/clean.json keeps the state in which each was clean.
 """
 
 import argparse
+import glob
 import hashlib
 import json
 import os
@@ -26,12 +29,14 @@ FOLDERS = ["include", "src", "host", "tests", "fuzz", "soak", "bench"]
 WORK = os.path.join(ROOT, "build/lint")
 GROUP_SIZE = 12
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
-# What a source introduces at the left margin. Two that introduce the same name stay apart.
-INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b)(?:[^\n(={;]*?[\s*&])(\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
+# What a file introduces at the left margin. Sources stay apart where one gives a name of the other's
+# to something of its own.
+INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b)(?:[^\n(={;]*?[\s*&])"
+                        r"(\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
 # In a group nothing tells that these are unused, so it is looked for here.
 UNMENTIONED = re.compile(
     r"^(?:using\s+(?:[\w:]+::)?(\w+)(?:;|\s*=)|namespace\s+(\w+)\s*=|"
-    r"(?:static\s+)?const(?:expr)?\s[^\n(={;]*?[\s*&](\w+)(?:\[\w*\])?\s*[({=\n])", re.M)
+    r"(?:static\s+)?const(?:expr)?\s[^\n(={;]*?[\s*&](k[A-Z]\w*)(?:\[\w*\])?\s*[({=\n])", re.M)
 
 
 def read(path):
@@ -51,6 +56,7 @@ class Tree:
     def __init__(self):
         self.places = {}
         self.closures = {}
+        self.introduced = {}
         for folder in FOLDERS:
             for parent, _, names in os.walk(folder):
                 for name in names:
@@ -59,6 +65,11 @@ class Tree:
 
     def sources(self):
         return {path for paths in self.places.values() for path in paths if path.endswith(".cpp")}
+
+    def names(self, path):
+        if path not in self.introduced:
+            self.introduced[path] = set(INTRODUCED.findall(read(path)))
+        return self.introduced[path]
 
     def closure(self, path):
         if path not in self.closures:
@@ -79,14 +90,25 @@ class Source:
         words = shlex.split(entry["command"])
         self.options = [word for index, word in enumerate(words)
                         if word not in ("-c", "-o", entry["file"]) and words[index - 1] != "-o"]
+        self.macros = dict(word.partition("=")[::2] for word in self.options
+                           if word.startswith("-D"))
+        self.manner = [word for word in self.options if not word.startswith(("-D", "-I"))]
         self.checks = next(folder for folder in parents(self.path)
                            if os.path.exists(os.path.join(folder, ".clang-tidy")))
-        self.names = set(INTRODUCED.findall(self.text))
         self.files = tree.closure(self.path)
+        self.seen = set().union(*(tree.names(file) for file in self.files - {self.path}))
+        self.names = tree.names(self.path) - self.seen
         state = hashlib.sha256(repr((self.options, checks)).encode())
         for file in sorted(self.files):
             state.update(f"{file}\0{read(file)}\0".encode())
         self.state = state.hexdigest()
+
+    def goes_with(self, other):
+        return (self.manner == other.manner and self.checks == other.checks
+                and all(other.macros.get(name, value) == value
+                        for name, value in self.macros.items())
+                and not self.names & (other.names | other.seen)
+                and not other.names & self.seen)
 
     def unmentioned(self):
         for match in UNMENTIONED.finditer(self.text):
@@ -103,7 +125,7 @@ def sources(build, folders, tree):
     found = {}
     for entry in json.loads(read(os.path.join(build, "compile_commands.json"))):
         path = os.path.relpath(entry["file"], ROOT)
-        if path.split("/")[0] in folders and path not in found:
+        if path.split("/")[0] in folders.split(",") and path not in found:
             found[path] = Source(entry, tree, checks)
     return list(found.values())
 
@@ -112,9 +134,7 @@ def grouped(chosen):
     groups = []
     for source in chosen:
         for group in groups:
-            if (len(group) < GROUP_SIZE and group[0].options == source.options
-                    and group[0].checks == source.checks
-                    and not any(other.names & source.names for other in group)):
+            if len(group) < GROUP_SIZE and all(source.goes_with(other) for other in group):
                 group.append(source)
                 break
         else:
@@ -135,8 +155,10 @@ def run(number, group):
             for source in group:
                 file.write(f'#include "{ROOT}/{source.path}"  // NOLINT\n')
     with open(os.path.join(folder, "compile_commands.json"), "w", encoding="utf-8") as file:
+        options = dict.fromkeys(option for source in group for option in source.options
+                                if option.startswith(("-D", "-I")))
         json.dump([{"directory": folder, "file": path,
-                    "arguments": group[0].options + ["-c", path]}], file)
+                    "arguments": group[0].manner + list(options) + ["-c", path]}], file)
     result = subprocess.run(["clang-tidy", "-p", folder, "--quiet", path], check=False, text=True,
                             stdout=subprocess.PIPE, stderr=subprocess.PIPE)
     errors = "".join(line for line in result.stderr.splitlines(True)
@@ -145,9 +167,7 @@ def run(number, group):
 
 
 def suspects(group, output):
-    """The sources of the group to which the findings belong; all where it does not compile."""
-    if "clang-diagnostic-error" in output:
-        return group
+    """The sources of the group to which the findings belong."""
     found = []
     for path in re.findall(r"^(/\S+?):\d+:\d+: error: ", output, re.M):
         path = os.path.relpath(path, ROOT)
@@ -165,6 +185,9 @@ def check(number, group):
     if len(group) == 1:
         print(output, end="", flush=True)
         return []
+    if "clang-diagnostic-error" in output:
+        half = len(group) // 2
+        return check(f"{number}-1", group[:half]) + check(f"{number}-2", group[half:])
     suspected = suspects(group, output)
     return [source for source in group
             if source not in suspected or check(f"{number}-{source.state[:8]}", [source])]
@@ -183,6 +206,8 @@ def main():
     tree = Tree()
     found = [source for build in arguments.builds
              for source in sources(*build.split("="), tree)]
+    for folder in glob.glob(os.path.join(WORK, "group*")):
+        shutil.rmtree(folder)
     chosen = [source for source in found
               if (source.files & set(arguments.files) if arguments.files
                   else arguments.all or known.get(source.path) != source.state)]

@@ -17,7 +17,6 @@ namespace NZELVYR20 {
 namespace {
 
 using TSpace = boost::shared_ptr<ICIMNamespace>;
-using TType = TCIMValue::TCIMType;
 
 /// A namespace with what the text says, which holds no error where it `isRight`.
 TSpace Load(const std::string& text, bool isRight) {

@@ -5,8 +5,6 @@
 namespace NZELVYR20 {
 namespace {
 
-using TType = TCIMValue::TCIMType;
-
 /// What the random operations do not reach.
 using TInmemClassTest = TRepositoryTest;
 

@@ -16,6 +16,19 @@ TEST_F(TInmemClassTest, FindsEachAssociatedClassOnce) {
             TNames{"System"});
 }
 
+TEST_F(TInmemClassTest, FalseEndsTheWalkAmongSiblingsOnly) {
+  const TClass device = DefineClass("Device");
+  const TClass port = DefineClass("Port", device);
+  DefineClass("EtherPort", port), DefineClass("SerialPort", port), DefineClass("Disk", device);
+  TNames names;
+  const auto note = [&](const TClass& subClass) {
+    names.push_back(subClass->GetName({}));
+    return names.back() != "EtherPort";
+  };
+  device->EnumerateSubClasses(note, true, {});
+  EXPECT_EQ(names, (TNames{"Port", "EtherPort", "Disk"}));
+}
+
 TEST_F(TInmemClassTest, DoesLittleElse) {
   const TClass port = DefineClass("Port");
   const TClass other = NewClass("Other");

@@ -29,9 +29,9 @@ FOLDERS = ["include", "src", "host", "tests", "fuzz", "soak", "bench"]
 WORK = os.path.join(ROOT, "build/lint")
 GROUP_SIZE = 12
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
-# What a file introduces at the left margin. Sources stay apart where one gives a name of the other's
-# to something of its own.
-INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b)(?:[^\n(={;]*?[\s*&])"
+# What a file introduces at the left margin. Sources stay apart where each has a file of its own that
+# introduces the same name.
+INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b|(?:class|struct|enum)\s[\w ]+;)(?:[^\n(={;]*?[\s*&])"
                         r"(\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
 # In a group nothing tells that these are unused, so it is looked for here.
 UNMENTIONED = re.compile(
@@ -96,8 +96,7 @@ class Source:
         self.checks = next(folder for folder in parents(self.path)
                            if os.path.exists(os.path.join(folder, ".clang-tidy")))
         self.files = tree.closure(self.path)
-        self.seen = set().union(*(tree.names(file) for file in self.files - {self.path}))
-        self.names = tree.names(self.path) - self.seen
+        self.tree = tree
         state = hashlib.sha256(repr((self.options, checks)).encode())
         for file in sorted(self.files):
             state.update(f"{file}\0{read(file)}\0".encode())
@@ -107,8 +106,10 @@ class Source:
         return (self.manner == other.manner and self.checks == other.checks
                 and all(other.macros.get(name, value) == value
                         for name, value in self.macros.items())
-                and not self.names & (other.names | other.seen)
-                and not other.names & self.seen)
+                and not self.names_beside(other) & other.names_beside(self))
+
+    def names_beside(self, other):
+        return set().union(*(self.tree.names(file) for file in self.files - other.files))
 
     def unmentioned(self):
         for match in UNMENTIONED.finditer(self.text):

@@ -4,7 +4,7 @@ namespace NZELVYR20 {
 
 /// What can be made to fail: the operator new of this program, which what it loads shares, and, but
 /// for builds whose sanitizer owns them, the functions of C by which loader, threads and exceptions
-/// get their memory; and the logger of TFaultTest.
+/// get their memory; and the logger of the model test.
 class TFaults {
  public:
   /// kMemory: new and C alike, and from the n-th on every one.

@@ -16,7 +16,7 @@ namespace {
 using EKind = TFaults::EKind;
 
 const char* const kModel = R"(
-class MY_Rack { [Key] string TagOfTheRack; [Units("Watts")] uint16 Power = 42; uint32 Reset(); };
+class MY_Rack { [Key] string TagOfTheRack; [Units("Watts")] uint16 Power = 42; uint32 Reset(boolean Force); };
 class MY_RackOfTheHall : MY_Rack { [Values{"No power", "Power"}, ValueMap{"0", "1"}] uint8 State; };
 [Association] class MY_Beside { [Key] MY_Rack ref Left; [Key] MY_Rack ref Right; };
 instance of MY_Rack as $a { TagOfTheRack = "the first of the racks"; };

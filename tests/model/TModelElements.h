@@ -2,143 +2,17 @@
 
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/make_shared.hpp>
-#include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
-#include <cctype>
-#include <functional>
-#include <map>
-#include <optional>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "ICIMClass.h"
 #include "ICIMMethodDecl.h"
 #include "ICIMNamespace.h"
-#include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
-#include "ICoreLogger.h"
-#include "TCIMReference.h"
-#include "TRootObject.h"
-#include "TShown.h"
-#include "TVYRException.h"
+#include "TModelTable.h"
 
-/// @file
-/// The model: what the contract says about a namespace, as plain as can be, behind the very
-/// interfaces, so that one driver can speak to both sides. Who holds whom is what the contract
-/// says, too: what goes when is compared.
 namespace NZELVYR20 {
-
-using TAny = TCIMContext;  ///< the call context, which nobody reads
-using TText = const std::string&;
-using EFlavor = ICIMQualifierDecl::EFlavor;
-
-inline void LogModel(int level, TText text) { TRootObject::GetCoreLogger()->Log(level, text); }
-
-inline std::string Normalize(TText name) {
-  std::string folded;
-  for (const unsigned char c : name) {
-    const bool isAlpha = c == '_' || (c < 128 && isalpha(c) != 0);
-    if (!isAlpha && (folded.empty() || c > 127 || isdigit(c) == 0)) {
-      LogModel(0, "Inmem: CIM name '" + name + "' is invalid");
-      throw TVYRException(25);
-    }
-    folded += static_cast<char>(tolower(c));
-  }
-  return folded;
-}
-
-/// What compares by its name and is never assigned.
-template <class TInterface>
-struct TModelCompared : TInterface {
-  TModelCompared() = default;
-  TModelCompared(const TModelCompared&) : TInterface() {}
-
-  int Compare(TInterface& other) const {
-    const std::string own = Normalize(this->GetName({}));
-    return own.compare(Normalize(other.GetName({})));
-  }
-  bool operator==(TInterface& other) const override { return Compare(other) == 0; }
-  bool operator<(TInterface& other) const override { return Compare(other) < 0; }
-  TInterface& operator=(const TInterface&) override { return *this; }
-};
-
-template <class T>
-T Demand(const T& found) {
-  if (!found) throw TVYRException(15);
-  return found;
-}
-
-/// Runs the call; status 15 means that what it looked at does not count.
-template <class TCallback>
-bool Try(const TCallback& call) {
-  try {
-    return call();
-  } catch (const TVYRException& failure) {
-    if (failure.GetStatusCode() != 15) throw TVYRException(failure.GetStatusCode());
-    return false;
-  }
-}
-
-/// Shared elements in the order of their keys.
-template <class TKey, class T>
-struct TTable {
-  struct TEntry {
-    TPtr<T> element;
-    unsigned serial = 0;  ///< tells a walk what came after its start
-    TPtr<void> use = {};  ///< goes when the element is taken out
-  };
-  std::map<TKey, TEntry> entries = {};
-  unsigned serial = 0;
-
-  TTable() = default;
-  TTable(const TTable&) = default;
-  ~TTable() {
-    for (auto& entry : entries) entry.second.use.reset();
-  }
-  TPtr<T> FindKey(const TKey& key) const {
-    const auto found = entries.find(key);
-    return found == entries.end() ? TPtr<T>() : found->second.element;
-  }
-  TPtr<T> Find(TText name) const { return FindKey(Normalize(name)); }
-  bool Insert(const TKey& key, const TPtr<T>& element, const TPtr<void>& use = {}) {
-    return entries.insert({key, {element, ++serial, use}}).second;
-  }
-  /// What takes another's place is visited in its turn.
-  void Put(const TKey& key, TPtr<T> element, TPtr<void> use = {}) {
-    if (Insert(key, element, use)) return;
-    entries[key].element.swap(element);
-    entries[key].use.swap(use);
-  }
-  void Append(const TPtr<T>& element) { Insert(static_cast<TKey>(serial + 1), element); }
-  bool Erase(const TKey& key) { return !entries.extract(key).empty(); }
-  void Remove(TText name) {
-    if (!Erase(Normalize(name))) throw TVYRException(15);
-  }
-  void EraseFirst(const std::function<bool(const T&)>& matches) {
-    for (auto at = entries.begin(); at != entries.end(); ++at) {
-      if (matches(*at->second.element)) return void(entries.extract(at));
-    }
-  }
-  void Clear() { std::exchange(entries, {}); }
-
-  /// Visits what is there from the start of the walk until its turn.
-  template <class TCallback>
-  void Walk(bool stops, bool passes, const TCallback& call) const {
-    const unsigned last = serial;
-    for (auto at = entries.begin(); at != entries.end();) {
-      const TKey key = at->first;
-      const TEntry entry = at->second;
-      try {
-        if (entry.serial <= last && !call(entry.element) && stops) return;
-      } catch (...) {
-        if (passes) throw;
-      }
-      at = entries.upper_bound(key);
-    }
-  }
-};
 
 struct TModelClass;
 struct TModelQualifierDecl;

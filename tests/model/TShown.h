@@ -50,6 +50,14 @@ struct TShown {
     for (const TNumber number : gone) out << " gone #" << number;
   }
 
+  /// As if what has this number, and what came later, had not been seen.
+  void Forget(TNumber number) {
+    for (auto at = seen.begin(); at != seen.end();) {
+      at = at->second >= number ? seen.erase(at) : std::next(at);
+    }
+    next = number;
+  }
+
   template <class T>
   std::string Text(const TPtr<T>& element) {
     if (!element) return "none";
@@ -71,6 +79,7 @@ struct TShown {
   }
   static std::string ValueText(const TCIMValue& shown) {
     std::ostringstream text;
+    text.exceptions(std::ios::badbit);  // lack of memory must not pass for a shorter text
     text << shown.GetType() << (shown.IsNull() ? " null" : " ");
     text << (IsTime(shown) ? "now" : shown.ToString(10));
     return text.str();

@@ -14,10 +14,11 @@ namespace NZELVYR20 {
 /// One operation with all that it needs: numbers of registers, indices into the pools of names and
 /// values, a flag, the namespace; and how many of the steps that follow a callback does with what
 /// it is given, or with something else where their flags are odd. An operation ignores what it has
-/// no use for.
+/// no use for. A fault is the number, kind and consequence of what fails meanwhile.
 struct TStep {
-  int operation, a, b, name, value, flag, space, inner;
+  int operation, a, b, name, value, flag, space, inner, fault;
 };
+using TScript = std::vector<TStep>;
 using TPool = std::vector<std::string>;
 
 /// Thrown where a step names a register in which nothing stands, or asks for what a host must not.
@@ -40,17 +41,21 @@ struct TRegisters {
   TPtr<T> operator()(int at) const { return held[at & 7] ? held[at & 7] : throw TNothingThere(); }
 };
 
-/// One side: its namespaces, the registers and the step in hand.
-struct TWorld : TShown {
-  std::function<TPtr<ICIMNamespace>(bool)> allocate;  ///< a namespace, with redefinition or not
+struct TAllRegisters {
   TRegisters<ICIMNamespace> n = {};
   TRegisters<ICIMClass> c = {};
   TRegisters<ICIMQualifierDecl> q = {};
   TRegisters<ICIMPropertyDecl> d = {};
   TRegisters<ICIMMethodDecl> m = {};
   TRegisters<ICIMInstance> i = {};
+};
+
+/// One side: its namespaces, the registers and the step in hand.
+struct TWorld : TShown, TAllRegisters {
+  std::function<TPtr<ICIMNamespace>(bool)> allocate;  ///< a namespace, with redefinition or not
   TStep s = {};
   std::vector<TStep> inner = {};  ///< what callbacks do
+  bool isStarved = false;         ///< there are faults in the script
 
   TPtr<ICIMNamespace> N() const { return n(s.space); }
   TPtr<ICIMClass> C() const { return c(s.a); }
@@ -120,14 +125,18 @@ struct TWorld : TShown {
     call(m(s.a));
   }
   template <class TElement>
-  static void Attach(const TPtr<ICIMQualifier>& added, const TElement& element) {
-    // A time must not become part of a path.
-    const auto isNamed = [](const auto& one, const char* name) {
-      return boost::algorithm::iequals(one.GetName({}), name);
-    };
-    if (isNamed(*added, "Key") && isNamed(element, "DateTimeOfCollection")) return;
+  void Attach(const TPtr<ICIMQualifier>& added, const TElement& element) const {
+    const bool isKey = boost::algorithm::iequals(added->GetName({}), "Key");
+    if (isKey && MustNotBeKey(element.GetName({}))) return;
     Require(Lives(element));
     added->AddToClassOrProperty({});
+  }
+  /// A time must not become part of a path; nor, since who asks for the path of an instance without
+  /// one declares it, what must not be half done.
+  bool MustNotBeKey(const std::string& name) const {
+    const auto has = [&](const char* part) { return boost::algorithm::icontains(name, part); };
+    return has("DateTimeOfCollection") ||
+           (isStarved && (has("Duplex") || has("Description") || has("State") || has("Status")));
   }
   /// A class without a namespace must not be tied to itself: nobody would part it.
   static bool Lives(const ICIMClass& cimClass) { return cimClass.GetNamespace({}) != nullptr; }

@@ -1,0 +1,196 @@
+#pragma once
+
+#include <random>
+
+#include "Operations.h"
+
+namespace NZELVYR20 {
+
+/// Draws scripts: operations with whatever stands in the registers, and recipes for what they alone
+/// would meet too seldom.
+class TGenerator {
+ public:
+  explicit TGenerator(unsigned seed) : random_(seed), isStarved_(Draw(2) == 0) {}
+
+  TScript Make(std::size_t size) {
+    for (space_ = 0; space_ < 2; ++space_) MakeSpace();
+    const std::size_t setUp = script_.size();
+    std::vector<int> lots;
+    for (const TOperation& operation : kOperations) {
+      const int row = static_cast<int>(&operation - kOperations);
+      lots.insert(lots.end(), operation.weight, row);
+      if (Contains(operation.pattern, "conduct")) walks_.push_back(row);
+    }
+    while (script_.size() < size) {
+      space_ = Draw(4) == 0 ? 1 : 0;
+      const int recipe = Draw(60);
+      if (recipe == 0) DefineClass(Draw(8));
+      if (recipe > 0 && recipe < 4) PutInstance(Draw(8));
+      if (recipe == 4) Draw(2) == 0 ? WalkAndAct() : WalkAndRelink();
+      if (recipe == 5 && Draw(4) == 0) UseRoot(Draw(8));
+      if (recipe == 6 && Draw(6) == 0 && !isStarved_) ReplaceSpace();
+      const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
+      const int name = Draw(3) == 0 ? Draw(1000) : Draw(6);
+      if (recipe > 6)
+        Add(operation, Draw(8), Draw(8), name, Draw(3) == 0 ? 0 : Draw(512), Draw(32));
+      if (recipe > 6 && Draw(8) == 0) script_.back().inner = 1 + Draw(2);
+    }
+    if (isStarved_) AddFaults(setUp);
+    return script_;
+  }
+
+ private:
+  int Draw(unsigned below) { return static_cast<int>(random_() % below); }
+  void Add(int operation, int a, int b, int name, int value, int flag) {
+    script_.push_back({operation, a, b, name, value, flag, space_, 0, 0});
+  }
+
+  /// Nothing is given up before there is something.
+  void AddFaults(std::size_t setUp) {
+    for (std::size_t at = 0; at < script_.size(); ++at) {
+      if (Draw(2) != 0) continue;
+      const int n = 1 + Draw(Draw(4) == 0 ? 100 : 8);
+      script_[at].fault = 8 * n + 2 * Draw(4) + (at > setUp && Draw(2) == 0 ? 1 : 0);
+    }
+  }
+
+  void MakeSpace() {
+    Add(kSpace, 0, 0, 0, 0, 1 + Draw(2));
+    for (int q = 0; q < 8; ++q) {
+      Add(kDeclare, q, 0, q, 0, q < 4 && Draw(4) != 0 ? 3 : Draw(8));
+      Add(kAddDeclared, q, 0, 0, 0, 0);
+    }
+    if (Draw(2) == 0) Redefine();
+    for (int c = 0; c < 8; ++c) {
+      if (space_ == 0 || Draw(2) == 0) DefineClass(c);
+    }
+    for (int i = 0; i < 8; ++i) {
+      if (space_ == 0 || Draw(2) == 0) PutInstance(i);
+    }
+  }
+
+  /// Most of what there is stands in the first one.
+  void ReplaceSpace() {
+    space_ = Draw(4) == 0 ? 0 : 1;
+    Add(kSpace, 0, 0, 0, 0, 0);
+    if (space_ == 0 || Draw(2) == 0) MakeSpace();
+  }
+
+  void AddProperty(int c, int name, int value, bool isKey) {
+    Add(kProperty, c, 0, name, value, 0);
+    if (isKey) Add(kAttach, 0, 1, 0, 0, 0);
+    if (Draw(3) == 0) Add(kAttach, 0, 1, 0, Draw(kConstants), Draw(6) == 0 ? 1 : 4 + Draw(4));
+    Add(kAddProperty, c, 0, 0, 0, 0);
+  }
+
+  /// The last three registers are for associations.
+  void DefineClass(int c) {
+    const int super = Draw(4) == 0 ? Draw(c + 1) : 0;
+    const int name = Draw(4) == 0 ? Draw(15) : c;
+    Add(kClass, c, super, name, 0, c < 5 ? 1 : Draw(6));
+    if (Draw(6) == 0) Add(kAttach, c, 0, 0, 0, 3);
+    AddProperty(c, 0, 1, true);
+    if (c >= 5) {
+      Add(kAttach, c, 0, 0, 0, 2);
+      AddProperty(c, 1, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
+      AddProperty(c, 2, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
+    }
+    const int again = 7 + Draw(6);
+    for (int i = 0; i < Draw(3); ++i) AddProperty(c, again, 1 + Draw(3), false);
+    Add(kMethod, c, 0, Draw(4), 0, Draw(2));
+    if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
+    Add(kAddMethod, c, 0, 0, 0, 0);
+    Add(kAddClass, c, 0, 0, 0, 0);
+  }
+
+  /// Only a class that was made before its namesake was added can take its place. It has other
+  /// subclasses then and gets more.
+  void Redefine() {
+    const int name = 3 + Draw(2);
+    for (const int c : {1, 2}) {
+      Add(kClass, c, 0, Draw(3) == 0 ? 9 + 5 * (name - 3) : name, 0, Draw(2));
+      AddProperty(c, 0, 1, true);
+    }
+    for (int i = 0; i < 6; ++i) {
+      const int c = 1 + Draw(2);
+      Add(kAddClass, c, 0, 0, 0, 0);
+      Add(kClass, 3, c, 5 + Draw(5), 0, 1);
+      if (Draw(3) != 0) Add(kAddClass, 3, 0, 0, 0, 0);
+      Add(kSubClasses, c, Draw(2), 0, 0, 0);
+    }
+  }
+
+  /// The last three registers are for instances of associations.
+  void PutInstance(int i) {
+    if (i < 5) return AddInstance(i, Draw(5), 1 + Draw(2));
+    const int near = Draw(5);
+    PutAssociation(i, 5 + Draw(3), 1 + Draw(2), near);
+    Add(kReferences, 0, near, Sometimes(32), Sometimes(16), Draw(8));
+    Add(kAssociators, Draw(8), near, Sometimes(32), Sometimes(16), Sometimes(32));
+  }
+  void PutAssociation(int i, int c, int name, int near) {
+    const int far = Draw(5);
+    for (const int end : {near, far}) Add(kGetInstance, 0, end, 0, kReference + 32 * end, 0);
+    AddInstance(i, c, name);
+    Add(kSet, 0, i, 1, Reference(near), 0);
+    Add(kSet, 0, i, 2, Reference(far), 0);
+    Add(kAddInstance, 0, i, 0, 0, 0);
+  }
+  void AddInstance(int i, int c, int name) {
+    Add(kInstance, c, i, 0, 0, 0);
+    Add(kSet, 0, i, 0, name, 0);
+    Add(kAddInstance, 0, i, 0, 0, 0);
+  }
+  int Sometimes(unsigned below) { return Draw(3) == 0 ? Draw(below) : 0; }
+  int Reference(int i) { return kReference + (Draw(8) == 0 ? Draw(8) : 0) + 32 * i; }
+
+  /// A walk that takes out, puts in again or changes what it visits, or something else.
+  void WalkAndAct() {
+    static constexpr int kActs[] = {kDelete,      kAddInstance, kSet,    kRemoveClass,    kAddClass,
+                                    kAssociators, kAddProperty, kForget, kRemoveProperty, kSpace};
+    const int walk = walks_[Draw(static_cast<unsigned>(walks_.size()))];
+    const int b = Draw(8);
+    Walk(walk, b);
+    for (int act = 0; act < 2; ++act) {
+      Add(kActs[Draw(Draw(4) == 0 && !isStarved_ ? 10 : 9)], b, b, Draw(3), Reference(Draw(8)),
+          Draw(8));
+    }
+  }
+  void Walk(int walk, int b) {
+    Add(walk, Draw(8), b, Draw(2) * Draw(32), Draw(2) * Draw(512), Draw(4) == 0 ? Draw(8) : 0);
+    script_.back().inner = 1 + Draw(2);
+  }
+
+  /// A walk along several instances of one association, which lead elsewhere meanwhile.
+  void WalkAndRelink() {
+    const int near = Draw(5);
+    const int c = 5 + Draw(3);
+    for (const int i : {5, 6, 7}) {
+      PutAssociation(i, c, i < 7 ? i - 4 : 14, Draw(3) == 0 ? Draw(5) : near);
+    }
+    Walk(Draw(2) == 0 ? kReferences : kAssociators, near);
+    for (int act = 0; act < 2; ++act) {
+      const int acts[] = {kDelete, kAddInstance, kSet, kSet, kSet};
+      const int to = Draw(2) == 0 ? near : Draw(5);
+      Add(acts[Draw(5)], 0, 5 + Draw(3), 1 + Draw(2), Reference(to), Draw(8));
+    }
+  }
+
+  void UseRoot(int c) {
+    Add(kGetClass, c, 0, 10, 0, 0);
+    AddProperty(c, Draw(2) * Draw(20), 1 + Draw(2), Draw(2) == 0);
+    Add(kAttach, c, 0, 0, 0, Draw(4));
+    Add(kInstance, c, Draw(5), 0, 0, 0);
+    Add(kAddInstance, 0, script_.back().b, 0, 0, 0);
+    if (Draw(2) == 0) Add(kClass, c, 0, 10 + 2 * Draw(2), 0, 0);
+  }
+
+  std::mt19937 random_;
+  /// Whether there are faults. Namespaces stay then: where they are gone, an instance that is made
+  /// in vain can be the last that needs what declarations refer to.
+  const bool isStarved_;
+  int space_ = 0;
+  std::vector<int> walks_;
+  TScript script_;
+};
+}  // namespace NZELVYR20

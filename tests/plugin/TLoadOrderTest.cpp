@@ -2,28 +2,36 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
 namespace NZELVYR20 {
 namespace {
 
-const std::string kPlugin = INMEM_PLUGIN_PATH;
-const std::string kCore = VYRCORE_PATH;
-const std::string kUser = USE_REPOSITORY_PATH;  ///< its static namespaces last until it goes
-
 /// A whole life of a process that has none of the libraries to begin with; it has to end cleanly
 /// too, which the sanitizers and valgrind judge.
 struct TLoadOrder {
   const char* name;
-  std::vector<std::string> steps;
+  const char* steps;  ///< each a verb and one of the libraries core, plugin and user
 };
 
-class TLoadOrderTest : public ::testing::TestWithParam<TLoadOrder> {};
+class TLoadOrderTest : public ::testing::TestWithParam<TLoadOrder> {
+ protected:
+  static std::vector<std::string> GetWords(const char* steps) {
+    // The user's static namespaces last until it goes.
+    static const std::map<std::string, std::string> kFiles{
+        {"core", VYRCORE_PATH}, {"plugin", INMEM_PLUGIN_PATH}, {"user", USE_REPOSITORY_PATH}};
+    std::vector<std::string> words{LOAD_STEPS_PATH};
+    std::istringstream rest(steps);
+    for (std::string verb, file; rest >> verb >> file;) words.push_back(verb + kFiles.at(file));
+    return words;
+  }
+};
 
 TEST_P(TLoadOrderTest, ProcessRunsAndEndsCleanly) {
-  std::vector<std::string> words = GetParam().steps;
-  words.insert(words.begin(), LOAD_STEPS_PATH);
+  std::vector<std::string> words = GetWords(GetParam().steps);
   const auto run = [&] {
     std::vector<char*> arguments(words.size() + 1, nullptr);
     std::transform(words.begin(), words.end(), arguments.begin(),
@@ -37,32 +45,27 @@ TEST_P(TLoadOrderTest, ProcessRunsAndEndsCleanly) {
 INSTANTIATE_TEST_SUITE_P(
     Orders, TLoadOrderTest,
     ::testing::Values(
-        TLoadOrder{"CoreFirst", {"now:" + kCore, "now:" + kPlugin, "now:" + kUser, "use:" + kUser}},
-        TLoadOrder{"PluginFirst",
-                   {"now:" + kPlugin, "now:" + kUser, "use:" + kUser, "now:" + kCore}},
-        TLoadOrder{"LazyPluginFirst", {"lazy:" + kPlugin, "lazy:" + kUser, "use:" + kUser}},
-        TLoadOrder{"NamespacesOutliveThePlugin",
-                   {"now:" + kUser, "lazy:" + kPlugin, "use:" + kUser, "use:" + kUser}},
+        TLoadOrder{"CoreFirst", "now: core now: plugin now: user use: user"},
+        TLoadOrder{"PluginFirst", "now: plugin now: user use: user now: core"},
+        TLoadOrder{"LazyPluginFirst", "lazy: plugin lazy: user use: user"},
+        TLoadOrder{"NamespacesOutliveThePlugin", "now: user lazy: plugin use: user use: user"},
         TLoadOrder{"LoadedAgainInTheOtherMode",
-                   {"lazy:" + kPlugin, "now:" + kPlugin, "now:" + kUser, "use:" + kUser,
-                    "close:" + kPlugin, "use:" + kUser, "close:" + kPlugin}},
+                   "lazy: plugin now: plugin now: user use: user close: plugin use: user "
+                   "close: plugin"},
         TLoadOrder{"ClosedWhileNamespacesLive",
-                   {"now:" + kPlugin, "now:" + kUser, "use:" + kUser, "close:" + kPlugin,
-                    "use:" + kUser, "now:" + kPlugin, "use:" + kUser}},
+                   "now: plugin now: user use: user close: plugin use: user now: plugin use: user"},
         TLoadOrder{"EverythingClosed",
-                   {"now:" + kCore, "now:" + kPlugin, "now:" + kUser, "use:" + kUser,
-                    "close:" + kCore, "close:" + kPlugin, "close:" + kUser}},
+                   "now: core now: plugin now: user use: user close: core close: plugin "
+                   "close: user"},
         TLoadOrder{"UserLeavesAndComesBack",
-                   {"now:" + kPlugin, "now:" + kUser, "use:" + kUser, "close:" + kUser,
-                    "now:" + kUser, "use:" + kUser}},
-        TLoadOrder{"LoadedAndClosedUnused", {"now:" + kPlugin, "close:" + kPlugin}},
-        TLoadOrder{
-            "LoadedFromTwoThreads",
-            {"twice:now:" + kPlugin, "now:" + kUser, "use:" + kUser, "twice:close:" + kPlugin}},
+                   "now: plugin now: user use: user close: user now: user use: user"},
+        TLoadOrder{"LoadedAndClosedUnused", "now: plugin close: plugin"},
+        TLoadOrder{"LoadedFromTwoThreads",
+                   "twice:now: plugin now: user use: user twice:close: plugin"},
         TLoadOrder{"ANamespaceInEachThread",
-                   {"lazy:" + kPlugin, "now:" + kUser, "twice:use:" + kUser, "twice:use:" + kUser}},
+                   "lazy: plugin now: user twice:use: user twice:use: user"},
         TLoadOrder{"LoadedAndUsedFromTwoThreads",
-                   {"twice:lazy:" + kUser, "twice:lazy:" + kPlugin, "twice:use:" + kUser}}),
+                   "twice:lazy: user twice:lazy: plugin twice:use: user"}),
     [](const auto& order) { return order.param.name; });
 
 }  // namespace

@@ -71,12 +71,11 @@ bool DoTwice(const std::string& verb, const std::string& file) {
 
 bool DoStep(const std::string& step) {
   const std::string twice = "twice:";
-  if (step.compare(0, twice.size(), twice) != 0) {
-    const auto colon = step.find(':');
-    return Do(step.substr(0, colon), step.substr(colon + 1));
-  }
-  const auto colon = step.find(':', twice.size());
-  return DoTwice(step.substr(twice.size(), colon - twice.size()), step.substr(colon + 1));
+  const bool isTwice = step.compare(0, twice.size(), twice) == 0;
+  const std::string once = isTwice ? step.substr(twice.size()) : step;
+  const auto colon = once.find(':');
+  const std::string verb = once.substr(0, colon), file = once.substr(colon + 1);
+  return isTwice ? DoTwice(verb, file) : Do(verb, file);
 }
 
 }  // namespace

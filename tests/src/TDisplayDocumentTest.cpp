@@ -9,8 +9,6 @@
 namespace NZELVYR20 {
 namespace {
 
-using TType = TCIMValue::TCIMType;
-
 /// What stands between separators that are in no brackets, without blanks around it.
 TNames Split(const std::string& text, char separator) {
   TNames parts{""};
@@ -112,7 +110,8 @@ class TDisplayDocumentTest : public TRepositoryTest {
     const TTypeRow& row = GetTypes().at(isArray ? type.substr(0, type.size() - 2) : type);
     const TCIMValue shown = isArray ? ReadArray(row, value) : ReadScalar(row, value);
     const auto cimClass = DefineClass("Class" + std::to_string(rows++));
-    const auto declaration = NewPropertyDecl(cimClass, "Shown", TCIMValue::Null(shown.GetType()));
+    const auto declaration =
+        cimClass->AllocatePropertyDecl("Shown", TCIMValue::Null(shown.GetType()), {});
     for (const std::string& qualifier : Split(qualifiers, ',')) {
       const std::size_t end = std::min(qualifier.find_first_of("({"), qualifier.size());
       if (end == 0) continue;

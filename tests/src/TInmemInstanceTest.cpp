@@ -1,16 +1,12 @@
 #include "TInmemInstance.h"
 
-#include <map>
 #include <set>
 
-#include "TCIMDateTime.h"
 #include "TOSSpecific.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
 namespace {
-
-using TType = TCIMValue::TCIMType;
 
 /// What the random operations do not reach.
 class TInmemInstanceTest : public TRepositoryTest {
@@ -32,16 +28,13 @@ TEST_F(TInmemInstanceTest, ValidatesWhatItsFlagsAskFor) {
   for (const auto& row : rows) {
     TInmemInstance instance(link, row.flags);
     for (const auto& [name, value] : row.values) instance.SetPropertyValue(name, value, {});
-    EXPECT_EQ(Try([&] { instance.Validate({}); }).status, row.status) << row.flags;
+    EXPECT_EQ(StatusOf([&] { instance.Validate({}); }), row.status) << row.flags;
   }
 }
 
-TEST_F(TInmemInstanceTest, ComparesByClassAndCopiesNothing) {
+TEST_F(TInmemInstanceTest, CopiesNothing) {
   const auto a = NewInstance(port, {{"Id", "a"}});
   const auto b = NewInstance(port, {{"Id", "b"}});
-  const auto other = NewInstance(DefineClass("Card"), {{"Id", "a"}});
-  EXPECT_TRUE(*a == *b && !(*a == *other) && !(*a < *b) && !(*b < *a));
-  EXPECT_NE(*a < *other, *other < *a);
   *a = *b;
   a->ModifyInstance(b, {});
   EXPECT_EQ(a->GetProperty("Id", {})->ToString(), "a");
@@ -50,30 +43,23 @@ TEST_F(TInmemInstanceTest, ComparesByClassAndCopiesNothing) {
   EXPECT_EQ(parameters, (TCIMContext{{"Force", TCIMValue(true)}}));
 }
 
-TEST_F(TInmemInstanceTest, EachPropertyHasAnOwnerOfItsOwnWhileItIsHeld) {
+TEST_F(TInmemInstanceTest, AHeldPropertyHoldsItsInstanceAndIsTheSameToAll) {
   for (const char* name : {"Speed", "Slot"}) DeclareProperty(port, name, TCIMValue(1U));
-  auto instance = NewInstance(port, {{"Id", "a"}});
+  auto instance = NewInstance(port);
   std::set<boost::shared_ptr<ICIMProperty>> held;
-  std::map<boost::weak_ptr<ICIMProperty>, std::string> names;
-  const auto take = [&](const boost::shared_ptr<ICIMProperty>& property) {
-    held.insert(property);
-    names[property] = property->GetDeclaration({})->GetName({});
-    return true;
-  };
-  instance->EnumerateProperties(take, {});
-  for (const char* name : {"Slot", "Id", "Speed", "ID"}) take(instance->GetProperty(name, {}));
+  for (const char* name : {"Slot", "Id", "Speed", "ID"}) {
+    held.insert(instance->GetProperty(name, {}));
+  }
   EXPECT_EQ(held.size(), 3U);
-  EXPECT_EQ(names.size(), 3U);
   held.erase(instance->GetProperty("Slot", {}));  // in whatever order they go
-  EXPECT_EQ(names[instance->GetProperty("Id", {})], "Id");
-  const boost::weak_ptr<ICIMProperty> speed = instance->GetProperty("Speed", {});
-  boost::weak_ptr<ICIMInstance> watched = instance;
+  const boost::weak_ptr<ICIMProperty> id = instance->GetProperty("Id", {});
+  EXPECT_EQ(held.count(id.lock()), 1U);
+  const boost::weak_ptr<ICIMInstance> watched = instance;
   instance.reset();
-  EXPECT_EQ(names[speed.lock()], "Speed");  // who holds a property holds its instance
-  EXPECT_EQ(speed.lock()->GetValue({}), TCIMValue(1U));
+  EXPECT_EQ(id.lock()->GetDeclaration({})->GetName({}), "Id");
   held.clear();
-  EXPECT_TRUE(speed.expired() && watched.expired());
-  EXPECT_EQ(names.size(), 3U);
+  EXPECT_TRUE(id.expired());
+  EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(TInmemInstanceTest, IsStampedWithTheTimeOfItsMaking) {
@@ -85,64 +71,29 @@ TEST_F(TInmemInstanceTest, IsStampedWithTheTimeOfItsMaking) {
   EXPECT_FALSE(stamp.IsNull() || stamp < before || after < stamp) << stamp.ToString(10);
 }
 
-class TTraversalTest : public TInmemInstanceTest {
- protected:
-  using TIds = std::multiset<std::string>;  ///< association classes come in no certain order
-
-  TTraversalTest() {
-    const auto slot = DefineAssociation("Slot", {{"Board", card}, {"Left", port}, {"Right", port}});
-    PutInstance(slot, {{"Board", RefTo(c)}, {"Left", RefTo(l)}, {"Right", RefTo(r)}});
-  }
-
-  /// Answers false, which no walk heeds, or throws what it was given.
-  TCIMInstanceCallback Note(int status = 0) {
-    found.clear();
-    return [this, status](const TInstance& instance) {
-      found.insert(instance->GetProperty("Id", {})->ToString());
+TEST_F(TInmemInstanceTest, StepsOfAWalkPassOtherFailuresAndAnswerWhetherToGoOn) {
+  const auto card = DefineClass("Card");
+  const auto link = DefineAssociation("Link", {{"From", port}, {"To", port}});
+  DeclareProperty(link, "Id", "one");
+  const auto l = PutInstance(port, "l");
+  const auto from = boost::dynamic_pointer_cast<TInmemInstance>(l);
+  const auto one = boost::dynamic_pointer_cast<TInmemInstance>(
+      PutInstance(link, {{"From", RefTo(l)}, {"To", RefTo(PutInstance(port, "r"))}}));
+  for (const int status : {0, 7}) {
+    TNames found;
+    const TCIMInstanceCallback note = [&, status](const TInstance& instance) {
+      found.push_back(instance->GetProperty("Id", {})->ToString());
       if (status != 0) throw TVYRException(status);
       return false;
     };
-  }
-
-  TClass card = DefineClass("Card");
-  TInstance c = PutInstance(card, "c"), l = PutInstance(port, "l"), r = PutInstance(port, "r");
-  TIds found;
-};
-
-TEST_F(TTraversalTest, OfThreeEndsTheFirstFarOneCounts) {
-  const struct {
-    const char* role;
-    const char* resultRole;
-    int thrown;
-    TIds found;
-  } rows[] = {{"", "", 0, {"l"}},       {"left", "", 0, {"r"}},     {"", "Right", 0, {"r"}},
-              {"", "Board", 0, {}},     {"", "", 15, {"l", "r"}},   {"", "", 7, {"l"}},
-              {"", "Right", 15, {"r"}}, {"Right", "Left", 0, {"l"}}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(std::string(row.role) + "/" + row.resultRole);
-    c->EnumerateAssociatedInstances(Note(row.thrown), "", "Port", row.role, row.resultRole, {});
-    EXPECT_EQ(found, row.found);
-  }
-}
-
-TEST_F(TTraversalTest, StepsPassOtherFailuresAndAnswerWhetherToGoOn) {
-  const auto link = DefineAssociation("Link", {{"From", port}, {"To", port}});
-  DeclareProperty(link, "Id", "one");
-  const auto from = boost::dynamic_pointer_cast<TInmemInstance>(l);
-  const auto one = boost::dynamic_pointer_cast<TInmemInstance>(
-      PutInstance(link, {{"From", RefTo(l)}, {"To", RefTo(r)}}));
-  for (const int status : {0, 7}) {
-    const auto note = Note(status);
-    const TOutcome outcome = TOutcome::Quiet(status);
-    EXPECT_EQ(Try([&] { EXPECT_FALSE(from->ExamineCandidate(note, port, "", one)); }), outcome);
-    EXPECT_EQ(Try([&] { EXPECT_TRUE(from->ExamineCandidateClassInstance(note, one)); }), outcome);
-    EXPECT_EQ(
-        Try([&] { EXPECT_TRUE(from->ExamineCandidateClassInstanceWithRole(note, "From", one)); }),
-        outcome);
-    EXPECT_EQ(
-        Try([&] { EXPECT_TRUE(from->ExamineCandidateWithResultRole(note, port, "To", one)); }),
-        outcome);
-    EXPECT_EQ(found, (TIds{"one", "one", "r", "r"}));
+    const auto expect = [&](const auto& step, bool goesOn) {
+      EXPECT_EQ(Try([&] { EXPECT_EQ(step(), goesOn); }), Quiet(status));
+    };
+    expect([&] { return from->ExamineCandidate(note, port, "", one); }, false);
+    expect([&] { return from->ExamineCandidateClassInstance(note, one); }, true);
+    expect([&] { return from->ExamineCandidateClassInstanceWithRole(note, "From", one); }, true);
+    expect([&] { return from->ExamineCandidateWithResultRole(note, port, "To", one); }, true);
+    EXPECT_EQ(found, (TNames{"r", "one", "one", "r"}));
     EXPECT_TRUE(from->ExamineCandidate(note, card, "", one));
   }
 }

@@ -6,8 +6,7 @@
 
 namespace NZELVYR20 {
 
-void Qualify(const boost::shared_ptr<ICIMNamespace>& space, ICIMNamedElement& element,
-             const std::string& name) {
+void Qualify(const TSpace& space, ICIMNamedElement& element, const std::string& name) {
   auto declaration = space->GetQualifierDecl(name, {});
   if (!declaration) {
     declaration = space->AllocateQualifierDecl(name, true, ICIMQualifierDecl::kAny,
@@ -17,34 +16,37 @@ void Qualify(const boost::shared_ptr<ICIMNamespace>& space, ICIMNamedElement& el
   element.AllocateQualifier(declaration, true, {})->AddToClassOrProperty({});
 }
 
-boost::shared_ptr<ICIMClass> MakeClass(const boost::shared_ptr<ICIMNamespace>& space,
-                                       const std::string& name, const TCIMValue& key) {
-  auto made = space->AllocateClass(name, {}, {});
-  if (key.IsReference()) Qualify(space, *made, "Association");
-  const auto declaration = made->AllocatePropertyDecl("Id", key, {});
-  Qualify(space, *declaration, "Key");
+TPropertyDecl Declare(const TSpace& space, const TClass& cimClass, const std::string& name,
+                      const TCIMValue& value, std::initializer_list<const char*> flags) {
+  auto declaration = cimClass->AllocatePropertyDecl(name, value, {});
+  for (const char* flag : flags) Qualify(space, *declaration, flag);
   declaration->AddToClass({});
+  return declaration;
+}
+
+TClass MakeClass(const TSpace& space, const std::string& name, const TCIMValue& key,
+                 const TClass& superClass) {
+  auto made = space->AllocateClass(name, superClass, {});
+  if (key.IsReference()) Qualify(space, *made, "Association");
+  Declare(space, made, "Id", key, {"Key"});
   return made;
 }
 
-boost::shared_ptr<ICIMClass> AddClass(const boost::shared_ptr<ICIMNamespace>& space,
-                                      const std::string& name, const TCIMValue& key) {
-  auto added = MakeClass(space, name, key);
+TClass AddClass(const TSpace& space, const std::string& name, const TCIMValue& key,
+                const TClass& superClass) {
+  auto added = MakeClass(space, name, key, superClass);
   added->AddToNamespace({});
   return added;
 }
 
-boost::shared_ptr<ICIMInstance> AddInstance(const boost::shared_ptr<ICIMClass>& cimClass,
-                                            const TCIMValue& id) {
+TInstance AddInstance(const TClass& cimClass, const TCIMValue& id) {
   auto added = cimClass->AllocateInstance({});
   added->SetPropertyValue("Id", id, {});
   added->AddToNamespace({});
   return added;
 }
 
-boost::shared_ptr<ICIMInstance> AddNestedInstances(const boost::shared_ptr<ICIMNamespace>& space,
-                                                   const boost::shared_ptr<ICIMInstance>& leaf,
-                                                   unsigned depth) {
+TInstance AddNestedInstances(const TSpace& space, const TInstance& leaf, unsigned depth) {
   auto last = leaf;
   for (unsigned level = 1; level <= depth; ++level) {
     const auto key = TCIMValue::NullReference(last->GetClass({}));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <initializer_list>
 #include <string>
 
 #include "ICIMClass.h"
@@ -11,26 +12,31 @@
 
 namespace NZELVYR20 {
 
+using TSpace = boost::shared_ptr<ICIMNamespace>;
+using TClass = boost::shared_ptr<ICIMClass>;
+using TInstance = boost::shared_ptr<ICIMInstance>;
+using TPropertyDecl = boost::shared_ptr<ICIMPropertyDecl>;
+
 /// Attaches the qualifier, true, to the element of that namespace; declares it where it is missing.
-void Qualify(const boost::shared_ptr<ICIMNamespace>& space, ICIMNamedElement& element,
-             const std::string& name);
+void Qualify(const TSpace& space, ICIMNamedElement& element, const std::string& name);
+
+/// Declares a property with those qualifiers.
+TPropertyDecl Declare(const TSpace& space, const TClass& cimClass, const std::string& name,
+                      const TCIMValue& value, std::initializer_list<const char*> flags);
 
 /// A class whose key has that default, an association where that is a reference. Not added yet.
-boost::shared_ptr<ICIMClass> MakeClass(const boost::shared_ptr<ICIMNamespace>& space,
-                                       const std::string& name, const TCIMValue& key);
+TClass MakeClass(const TSpace& space, const std::string& name, const TCIMValue& key,
+                 const TClass& superClass = {});
 
 /// The same, added.
-boost::shared_ptr<ICIMClass> AddClass(const boost::shared_ptr<ICIMNamespace>& space,
-                                      const std::string& name, const TCIMValue& key);
+TClass AddClass(const TSpace& space, const std::string& name, const TCIMValue& key,
+                const TClass& superClass = {});
 
 /// Adds an instance with that key.
-boost::shared_ptr<ICIMInstance> AddInstance(const boost::shared_ptr<ICIMClass>& cimClass,
-                                            const TCIMValue& id);
+TInstance AddInstance(const TClass& cimClass, const TCIMValue& id);
 
 /// The class Link1, whose key is a reference to `leaf`, Link2, whose key is one to Link1, and so on
 /// up to `depth`, each with one instance; returns the last, so that its path nests that deep.
-boost::shared_ptr<ICIMInstance> AddNestedInstances(const boost::shared_ptr<ICIMNamespace>& space,
-                                                   const boost::shared_ptr<ICIMInstance>& leaf,
-                                                   unsigned depth);
+TInstance AddNestedInstances(const TSpace& space, const TInstance& leaf, unsigned depth);
 
 }  // namespace NZELVYR20

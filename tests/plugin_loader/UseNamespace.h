@@ -1,0 +1,14 @@
+#pragma once
+
+#include "SmallSchema.h"
+
+namespace NZELVYR20 {
+
+/// What UseNamespace tells where all is as it should be.
+extern const std::string kAllIsWell;
+
+/// Fills the namespace, which is empty, and tells what it finds along paths and references, what is
+/// caught by its type, and what comes back from a callback.
+std::string UseNamespace(const TSpace& space);
+
+}  // namespace NZELVYR20

@@ -48,9 +48,9 @@ class TGenerator {
   /// Nothing is given up before there is something.
   void AddFaults(std::size_t setUp) {
     for (std::size_t at = 0; at < script_.size(); ++at) {
-      if (Draw(4) != 0) continue;
-      const int n = 1 + Draw(Draw(4) == 0 ? 200 : 20);
-      script_[at].fault = 8 * n + 2 * Draw(4) + (at > setUp && Draw(4) == 0 ? 1 : 0);
+      if (Draw(2) != 0) continue;
+      const int n = 1 + Draw(Draw(4) == 0 ? 100 : 8);
+      script_[at].fault = 8 * n + 2 * Draw(4) + (at > setUp && Draw(2) == 0 ? 1 : 0);
     }
   }
 

@@ -74,7 +74,8 @@ bool DoStep(const std::string& step) {
   const bool isTwice = step.compare(0, twice.size(), twice) == 0;
   const std::string once = isTwice ? step.substr(twice.size()) : step;
   const auto colon = once.find(':');
-  const std::string verb = once.substr(0, colon), file = once.substr(colon + 1);
+  const std::string verb = once.substr(0, colon);
+  const std::string file = once.substr(colon + 1);
   return isTwice ? DoTwice(verb, file) : Do(verb, file);
 }
 

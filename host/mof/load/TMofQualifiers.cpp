@@ -185,10 +185,14 @@ TMofQualifiers::TDeclarationPtr TMofQualifiers::FindDeclaration(const TMofQualif
 void TMofQualifiers::Attach(ICIMNamedElement& element, const std::vector<TMofQualifier>& qualifiers,
                             const ICIMNamedElement* overridden) {
   if (overridden != nullptr) PassDown(element, *overridden);
-  std::map<std::string, const TMofQualifier*> attached;
+  std::vector<std::string> names;
+  names.reserve(qualifiers.size());
   for (const TMofQualifier& qualifier : qualifiers) {
-    const auto [first, isNew] = attached.emplace(FoldName(qualifier.name.text), &qualifier);
-    AttachOne(element, qualifier, isNew ? nullptr : first->second);
+    const std::string name = FoldName(qualifier.name.text);
+    const auto first = std::find(names.begin(), names.end(), name) - names.begin();
+    const bool isNew = first == static_cast<std::ptrdiff_t>(names.size());
+    AttachOne(element, qualifier, isNew ? nullptr : &qualifiers[static_cast<std::size_t>(first)]);
+    names.push_back(name);
   }
 }
 

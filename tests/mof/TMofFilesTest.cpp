@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <boost/algorithm/string/replace.hpp>
 
 #include "Cases.h"
 #include "TLoadedMof.h"
+#include "TSampleTree.h"
 
 namespace NZELVYR20 {
 
@@ -24,6 +26,25 @@ TEST(TMofFilesTest, EachIsReadOrIsOneError) {
            " read, " + std::to_string(summary.classes.declared) + " classes, " +
            std::to_string(summary.instances.declared) + " instances";
   });
+}
+
+/// What would make a reader wait is not opened, however it is met.
+TEST(TMofFilesTest, PipesAndDevicesAreOneError) {
+  const TSampleTree tree;
+  const std::string& folder = tree.GetRoot();
+  ASSERT_EQ(::mkfifo((folder + "/pipe.mof").c_str(), 0600), 0);
+  tree.Write("/in/start.mof", "#pragma include (\"../pipe.mof\")");
+  TMofOptions options;
+  options.searchPath = {folder};
+  for (const std::string& path :
+       {folder, folder + "/pipe.mof", folder + "/in", std::string("/dev/zero")}) {
+    TLoadedMof mof("", options);
+    const std::string messages = mof.LoadFile(path).TakeMessages();
+    EXPECT_NE(messages.find("This is a pipe, a device or a socket"), std::string::npos) << messages;
+    EXPECT_EQ(mof.GetSummary().errors, 1U);
+  }
+  TLoadedMof mof("class A : pipe { };", options);
+  EXPECT_EQ(mof.GetSummary().errors, 2U) << mof.TakeMessages();
 }
 
 }  // namespace NZELVYR20

@@ -24,13 +24,14 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
 TEST(TMofLoaderTest, RefusalsAreCountedByTheirReason) {
   const TLoadedMof mof(
       "class B { };\nclass C { };\nclass D : B { };\ninstance of D { };"
-      "class E { [Key] string Id; }; instance of E { };");
+      "class E { [Key] string Id; }; instance of E { Id = \"1\"; };\n"
+      "instance of E { Id = \"1\"; }; instance of E { };");
   EXPECT_EQ(mof.GetSummary().ToString(),
-            "2 files; qualifiers: 9 entered; classes: 1 entered, 3 refused; instances: 0 entered, "
-            "1 skipped, 1 refused; 5 errors, 0 warnings, 0 notes"
-            "\nrefused: A key property has no value.: instance of E"
+            "2 files; qualifiers: 9 entered; classes: 1 entered, 1 skipped, 2 refused; instances: "
+            "1 entered, 1 replaced, 1 skipped, 1 refused; 3 errors, 0 warnings, 1 note"
             "\nrefused: The class has no key property.: B, C"
-            "\nrefused: it needs the class B, which was refused: D");
+            "\nrefused: the key Id has no value: instance of E"
+            "\nleft out with B: 2 declarations that need it");
 }
 
 TEST(TMofLoaderTest, AStrictLoadStopsAtItsFirstFault) {

@@ -10,15 +10,6 @@
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
-namespace {
-
-/// Another class of the batch, which the repository refused, is missing.
-class TMissesRefused : public TMofFault {
- public:
-  using TMofFault::TMofFault;
-};
-
-}  // namespace
 
 std::vector<TMofName> GetNeededClasses(const TMofClass& cimClass) {
   std::vector<TMofName> names;
@@ -32,14 +23,17 @@ std::vector<TMofName> GetNeededClasses(const TMofClass& cimClass) {
 }
 
 TMofClasses::TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-                         TMofSummary& summary, TMofQualifiers& qualifiers,
+                         TMofSummary& summary, TMofQualifiers& qualifiers, TMofLeftOut& leftOut,
                          const std::vector<TMofClass>& classes)
     : namespace_(std::move(nameSpace)),
       diagnostics_(diagnostics),
       summary_(summary),
       qualifiers_(qualifiers),
-      features_(namespace_, diagnostics, qualifiers,
-                [this](const TMofName& name) { return FindReferencedClass(name); }) {
+      leftOut_(leftOut),
+      features_(
+          namespace_, diagnostics, qualifiers,
+          [this](const TMofName& name) { return FindReferencedClass(name); },
+          [this](const std::string& name) { return IsKnown(name); }) {
   entries_.reserve(classes.size());
   for (const TMofClass& cimClass : classes) AddEntry(cimClass);
 }
@@ -50,6 +44,10 @@ void TMofClasses::AddEntry(const TMofClass& cimClass) {
     ++summary_.classes.skipped;
     return diagnostics_.Note(name.place,
                              "the class " + name.text + " is there already, and stays as it is");
+  }
+  if (cimClass.isUnreadable) {
+    ++summary_.classes.skipped;
+    return leftOut_.Add(FoldName(name.text), name.text);
   }
   if (!byName_.emplace(FoldName(name.text), entries_.size()).second) {
     ++summary_.classes.skipped;
@@ -100,28 +98,36 @@ void TMofClasses::EnterAfterSuperClasses(TEntry& entry) {
 }
 
 void TMofClasses::EnterOne(TEntry& entry) {
+  const std::string key = FoldName(entry.syntax->name.text);
+  try {
+    EnterOrReport(entry);
+  } catch (const TMofNeed& need) {
+    ++summary_.classes.skipped;
+    leftOut_.Count(key, need);
+  }
+  if (entry.state == EState::kEntered) return;
+  entry.state = EState::kLeftOut;
+  leftOut_.Add(key, entry.syntax->name.text);
+}
+
+void TMofClasses::EnterOrReport(TEntry& entry) {
   const TMofName& name = entry.syntax->name;
   try {
     Declare(entry);
     entry.state = EState::kEntered;
     ++summary_.classes.declared;
-  } catch (const TMissesRefused& fault) {
-    Refuse(entry, fault.GetPlace(), fault.what());
   } catch (const TMofFault& fault) {
-    entry.state = EState::kWrong;
     ++summary_.classes.skipped;
     diagnostics_.Error(fault.GetPlace(), "class " + name.text + ": " + fault.what());
   } catch (const TVYRException& refusal) {
-    Refuse(entry, name.place, refusal.what());
+    Refuse(name, refusal.what());
   }
 }
 
-void TMofClasses::Refuse(TEntry& entry, const TMofPlace& place, const std::string& why) {
-  const std::string& name = entry.syntax->name.text;
-  entry.state = EState::kRefused;
+void TMofClasses::Refuse(const TMofName& name, const std::string& why) {
   ++summary_.classes.refused;
-  summary_.refusals.push_back({name, why});
-  diagnostics_.Error(place, "class " + name + " is refused: " + why);
+  summary_.refusals.push_back({name.text, why});
+  diagnostics_.Error(name.place, "class " + name.text + " is refused: " + why);
 }
 
 void TMofClasses::Declare(TEntry& entry) {
@@ -161,13 +167,16 @@ boost::shared_ptr<ICIMClass> TMofClasses::FindReferencedClass(const TMofName& na
 boost::shared_ptr<ICIMClass> TMofClasses::FindClass(const TMofName& name,
                                                     const TEntry* entry) const {
   if (entry != nullptr && entry->state == EState::kEntered) return entry->cimClass;
-  if (entry != nullptr && entry->state == EState::kRefused)
-    throw TMissesRefused(name.place, "it needs the class " + name.text + ", which was refused");
-  if (entry != nullptr)
-    throw TMofFault(name.place, "it needs the class " + name.text + ", which was left out");
   if (auto cimClass = FindOrNothing([&] { return namespace_->GetClass(name.text, {}); }))
     return cimClass;
+  leftOut_.Require(FoldName(name.text));
+  leftOut_.Add(FoldName(name.text), name.text);
   throw TMofFault(name.place, "there is no class " + name.text);
+}
+
+bool TMofClasses::IsKnown(const std::string& name) const {
+  return FindEntry(name) != nullptr || leftOut_.Has(FoldName(name)) ||
+         FindOrNothing([&] { return namespace_->GetClass(name, {}); });
 }
 
 }  // namespace NZELVYR20

@@ -12,6 +12,7 @@
 #include "MofSyntax.h"
 #include "TMofDiagnostics.h"
 #include "TMofFeatures.h"
+#include "TMofLeftOut.h"
 #include "TMofQualifiers.h"
 #include "TMofSummary.h"
 
@@ -29,13 +30,13 @@ class TMofClasses {
 
   /// The classes outlive this object, as do the others.
   TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-              TMofSummary& summary, TMofQualifiers& qualifiers,
+              TMofSummary& summary, TMofQualifiers& qualifiers, TMofLeftOut& leftOut,
               const std::vector<TMofClass>& classes);
 
   void Enter(const TProgress& onProgress);
 
  private:
-  enum class EState { kPending, kEntered, kWrong, kRefused };
+  enum class EState { kPending, kEntered, kLeftOut };
 
   struct TEntry {
     const TMofClass* syntax;
@@ -50,17 +51,20 @@ class TMofClasses {
 
   void EnterAfterSuperClasses(TEntry& entry);
   void EnterOne(TEntry& entry);
+  void EnterOrReport(TEntry& entry);
   void Declare(TEntry& entry);
   void Allocate(TEntry& entry);
   boost::shared_ptr<ICIMClass> FindSuperClass(const TMofClass& cimClass);
   boost::shared_ptr<ICIMClass> FindReferencedClass(const TMofName& name);
   boost::shared_ptr<ICIMClass> FindClass(const TMofName& name, const TEntry* entry) const;
-  void Refuse(TEntry& entry, const TMofPlace& place, const std::string& why);
+  void Refuse(const TMofName& name, const std::string& why);
+  bool IsKnown(const std::string& name) const;
 
   boost::shared_ptr<ICIMNamespace> namespace_;
   TMofDiagnostics& diagnostics_;
   TMofSummary& summary_;
   TMofQualifiers& qualifiers_;
+  TMofLeftOut& leftOut_;
   TMofFeatures features_;
   std::vector<TEntry> entries_;
   std::unordered_map<std::string, std::size_t> byName_;  ///< folded

@@ -4,9 +4,12 @@
 #include <utility>
 
 #include "FindOrNothing.h"
+#include "FoldName.h"
 #include "ICIMMethodDecl.h"
 #include "ICIMParameterDecl.h"
 #include "ICIMPropertyDecl.h"
+#include "TMofFault.h"
+#include "TVYRException.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -20,14 +23,29 @@ bool IsOverride(const std::vector<TMofQualifier>& qualifiers) {
   return TMofQualifiers::Has(qualifiers, "override");
 }
 
+/// What stands there for a class that is not known.
+constexpr const char* kAnyClass = "object";
+
+/// Adds a declaration whose name must be new where it goes.
+template <class TAdd>
+void AddNew(const TMofName& name, const TAdd& add) {
+  try {
+    add();
+  } catch (const TVYRException& refusal) {
+    if (refusal.GetStatusCode() != TVYRStatusCode::kAlreadyDefined) throw;
+    throw TMofFault(name.place, name.text + " is declared twice");
+  }
+}
+
 }  // namespace
 
 TMofFeatures::TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-                           TMofQualifiers& qualifiers, TFindClass findClass)
+                           TMofQualifiers& qualifiers, TFindClass findClass, TIsKnown isKnown)
     : diagnostics_(diagnostics),
       qualifiers_(qualifiers),
       values_(std::move(nameSpace)),
-      findClass_(std::move(findClass)) {}
+      findClass_(std::move(findClass)),
+      isKnown_(std::move(isKnown)) {}
 
 void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
   const std::string& name = property.name.text;
@@ -37,25 +55,45 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
     NoteIfNothingOverridden(property.name, overridden.get());
   }
 
+  CheckType(property.type);
+  if (property.type.type == TCIMValue::TCIMType::kReference && !cimClass.IsAssociation({})) {
+    throw TMofFault(property.type.place,
+                    "only an association may have a reference such as " + name);
+  }
   const auto declaration = cimClass.AllocatePropertyDecl(name, MakeDefault(property), {});
   // Qualifiers first: Override decides how the class takes the declaration.
   qualifiers_.Attach(*declaration, property.qualifiers, overridden.get());
   declaration->AddToClass({});
   const auto kept = FindProperty(cimClass, name);
-  if (kept && kept != declaration) ReportLeftOut(cimClass, property.name, *kept);
+  if (kept && kept != declaration) ReportLeftOut(cimClass, property, *kept);
 }
 
-void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofName& name,
+void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& property,
                                  const ICIMPropertyDecl& kept) {
+  const TMofName& name = property.name;
   const auto owner = kept.GetClass({});
   if (owner.get() == &cimClass) {
     return diagnostics_.Note(name.place,
                              "the property " + name.text + " is named twice; the first one stays");
   }
-  diagnostics_.Warning(name.place, "the property " + name.text +
-                                       " is left out: that of the superclass " +
-                                       (owner ? owner->GetName({}) : std::string()) +
-                                       " has another type, or is not overridden");
+  const std::string inherited =
+      "that of the superclass " + (owner ? owner->GetName({}) : std::string());
+  const std::string type = GetTypeText(kept.GetType({}));
+  diagnostics_.Warning(name.place, "the property " + name.text + " is left out: " +
+                                       (type == GetTypeText(property.type.type)
+                                            ? "without Override " + inherited + " stays"
+                                            : inherited + " has the type " + type));
+}
+
+void TMofFeatures::NoteOnce(bool& isNoted, const TMofPlace& place, const char* text) {
+  if (!isNoted) diagnostics_.Note(place, text);
+  isNoted = true;
+}
+
+/// Says what the repository will not keep of the type.
+void TMofFeatures::CheckType(const TMofType& type) {
+  if (type.arraySize)
+    NoteOnce(isSizeNoted_, type.place, "an array's size is not kept; said once only");
 }
 
 void TMofFeatures::NoteIfNothingOverridden(const TMofName& name, const void* overridden) {
@@ -85,11 +123,12 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
     NoteIfNothingOverridden(method.name, overridden.get());
   }
 
+  CheckResultOrParameter(method.type);
   const auto declaration = cimClass.AllocateMethodDecl(method.name.text, method.type.type, {});
   qualifiers_.Attach(*declaration, method.qualifiers, overridden.get());
   for (const TMofParameter& parameter : method.parameters)
     DeclareParameter(*declaration, parameter, overridden.get());
-  declaration->AddToClass({});
+  AddNew(method.name, [&declaration] { declaration->AddToClass({}); });
 }
 
 void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
@@ -99,9 +138,20 @@ void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter&
   if (overridden != nullptr)
     inherited = FindOrNothing([&] { return overridden->GetParameterDecl(name, {}); });
 
+  CheckResultOrParameter(parameter.type);
   const auto declaration = method.AllocateParameterDecl(name, parameter.type.type, {});
   qualifiers_.Attach(*declaration, parameter.qualifiers, inherited.get());
-  declaration->AddToMethod({});
+  AddNew(parameter.name, [&declaration] { declaration->AddToMethod({}); });
+}
+
+void TMofFeatures::CheckResultOrParameter(const TMofType& type) {
+  CheckType(type);
+  if (type.type.GetElementType() != TCIMValue::TCIMType::kReference) return;
+  const TMofName& name = type.referencedClass;
+  if (FoldName(name.text) == kAnyClass) return;
+  if (!isKnown_(name.text))
+    return diagnostics_.Warning(name.place, "there is no class " + name.text);
+  NoteOnce(isClassNoted_, name.place, "the class of a parameter is not kept; said once only");
 }
 
 }  // namespace NZELVYR20

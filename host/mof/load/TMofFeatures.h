@@ -18,8 +18,11 @@ class TMofFeatures {
   /// Finds the class to which a reference points; throws TMofFault where there is none.
   using TFindClass = std::function<boost::shared_ptr<ICIMClass>(const TMofName& name)>;
 
+  /// Whether a class of that name is there or was to be.
+  using TIsKnown = std::function<bool(const std::string& name)>;
+
   TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-               TMofQualifiers& qualifiers, TFindClass findClass);
+               TMofQualifiers& qualifiers, TFindClass findClass, TIsKnown isKnown);
 
   /// A property that the class leaves out without a status is a warning, or a note where it only
   /// stands twice. Throws TMofFault, and passes on the status with which the class refuses it.
@@ -32,12 +35,19 @@ class TMofFeatures {
   void DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
                         const ICIMMethodDecl* overridden);
   void NoteIfNothingOverridden(const TMofName& name, const void* overridden);
-  void ReportLeftOut(const ICIMClass& cimClass, const TMofName& name, const ICIMPropertyDecl& kept);
+  void ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& property,
+                     const ICIMPropertyDecl& kept);
+  void CheckType(const TMofType& type);
+  void CheckResultOrParameter(const TMofType& type);
+  void NoteOnce(bool& isNoted, const TMofPlace& place, const char* text);
 
   TMofDiagnostics& diagnostics_;
   TMofQualifiers& qualifiers_;
   TMofValues values_;
   TFindClass findClass_;
+  TIsKnown isKnown_;
+  bool isSizeNoted_ = false;
+  bool isClassNoted_ = false;
 };
 
 }  // namespace NZELVYR20

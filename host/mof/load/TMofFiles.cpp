@@ -95,24 +95,23 @@ std::vector<fs::path> TMofFiles::List(const fs::path& folder) {
   return files;
 }
 
-void TMofFiles::Permit(const fs::path& folder) {
+fs::path TMofFiles::Resolve(const fs::path& path) {
   std::error_code ignored;
-  permitted_.insert(fs::weakly_canonical(folder.empty() ? "." : folder, ignored));
+  return fs::weakly_canonical(path.empty() ? "." : path, ignored);
 }
 
-bool TMofFiles::IsPermitted(const fs::path& file) const {
-  std::error_code ignored;
-  const fs::path place = fs::weakly_canonical(file, ignored);
-  return std::any_of(permitted_.begin(), permitted_.end(), [&place](const fs::path& folder) {
-    return std::mismatch(folder.begin(), folder.end(), place.begin(), place.end()).first ==
-           folder.end();
+void TMofFiles::Permit(const fs::path& folder) {
+  permitted_.insert((Resolve(folder) / "").string());
+}
+
+bool TMofFiles::IsPermitted(const fs::path& resolved) const {
+  const std::string& file = resolved.native();
+  return std::any_of(permitted_.begin(), permitted_.end(), [&file](const std::string& folder) {
+    return file.compare(0, folder.size(), folder) == 0;
   });
 }
 
-bool TMofFiles::IsNew(const fs::path& file) {
-  std::error_code ignored;
-  return seen_.insert(fs::weakly_canonical(file, ignored)).second;
-}
+bool TMofFiles::IsNew(const fs::path& resolved) { return seen_.insert(resolved).second; }
 
 std::string TMofFiles::Read(const fs::path& file) const {
   RequireFile(file);

@@ -26,13 +26,15 @@ class TMofFiles {
   /// The *.mof files directly in a folder, in order of their names. Throws std::system_error.
   static std::vector<std::filesystem::path> List(const std::filesystem::path& folder);
 
+  /// The path without links, by which files are known below.
+  static std::filesystem::path Resolve(const std::filesystem::path& path);
+
   /// Files may be included from this folder and from those below, as from the search path.
   void Permit(const std::filesystem::path& folder);
-  /// Whether the file, behind all links, stands in such a folder.
-  bool IsPermitted(const std::filesystem::path& file) const;
+  bool IsPermitted(const std::filesystem::path& resolved) const;
 
-  /// Whether this is the first time that somebody asks for the file, by whatever path.
-  bool IsNew(const std::filesystem::path& file);
+  /// Whether this is the first time that somebody asks for the file.
+  bool IsNew(const std::filesystem::path& resolved);
 
   /// The bytes of a file. Throws std::system_error, std::invalid_argument for what is neither a
   /// file nor a folder, or std::length_error where there are more bytes than the options allow.
@@ -43,7 +45,7 @@ class TMofFiles {
 
   const TMofOptions& options_;
   std::set<std::filesystem::path> seen_;
-  std::set<std::filesystem::path> permitted_;
+  std::set<std::string> permitted_;  ///< each with a slash at its end
   std::optional<std::vector<std::filesystem::path>> searchFolders_;
 };
 

@@ -1,23 +1,32 @@
 #include "TMofInstances.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "FindOrNothing.h"
 #include "FoldName.h"
 #include "ICIMClass.h"
+#include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
 #include "OrderByNeeds.h"
 #include "TMofFault.h"
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
+namespace {
+
+/// No class and no path begins so.
+std::string AliasKey(const std::string& alias) { return '$' + FoldName(alias); }
+
+}  // namespace
 
 TMofInstances::TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace,
                              TMofDiagnostics& diagnostics, TMofSummary& summary,
-                             const std::vector<TMofInstance>& instances)
+                             TMofLeftOut& leftOut, const std::vector<TMofInstance>& instances)
     : namespace_(std::move(nameSpace)),
       diagnostics_(diagnostics),
       summary_(summary),
+      leftOut_(leftOut),
       values_(namespace_, [this](const TMofLiteral& alias) { return GetAliasPath(alias); }) {
   drafts_.reserve(instances.size());
   for (const TMofInstance& instance : instances) {
@@ -73,8 +82,8 @@ std::vector<std::size_t> TMofInstances::GetAliasNeeds(std::size_t index) const {
 
 std::vector<std::size_t> TMofInstances::GetPathNeeds(std::size_t index) const {
   std::vector<std::size_t> needs;
-  for (const std::string& path : drafts_[index].referredPaths) {
-    const auto found = byPath_.find(path);
+  for (const TReferred& referred : drafts_[index].referred) {
+    const auto found = byPath_.find(referred.path);
     if (found != byPath_.end()) needs.push_back(found->second);
   }
   return needs;
@@ -86,8 +95,9 @@ TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
     throw TMofFault(alias.place, "no instance has the alias $" + alias.text);
   const TDraft& draft = drafts_[found->second];
   if (!draft.instance) {
-    throw TMofFault(alias.place, "the instance with the alias $" + alias.text +
-                                     " was left out, or refers to this one in turn");
+    leftOut_.Require(AliasKey(alias.text));
+    throw TMofFault(alias.place,
+                    "the instance with the alias $" + alias.text + " refers to this one in turn");
   }
   return draft.instance->GetReference({});
 }
@@ -98,18 +108,25 @@ void TMofInstances::FillOrReport(TDraft& draft) {
     if (draft.syntax->hasQualifiers)
       diagnostics_.Note(className.place, "qualifiers of instances are not kept");
     Fill(draft);
+  } catch (const TMofNeed& need) {
+    LeaveOut(draft, need);
   } catch (const TMofFault& fault) {
     ++summary_.instances.skipped;
+    NoteLeftOut(draft);
     diagnostics_.Error(fault.GetPlace(), "instance of " + className.text + ": " + fault.what());
   } catch (const TVYRException& refusal) {
-    Refuse(draft, refusal.what());
+    Refuse(draft, className.place, refusal.what());
   }
 }
 
-void TMofInstances::Fill(TDraft& draft) const {
+void TMofInstances::Fill(TDraft& draft) {
   const TMofName& className = draft.syntax->className;
   const auto cimClass = FindOrNothing([&] { return namespace_->GetClass(className.text, {}); });
-  if (!cimClass) throw TMofFault(className.place, "there is no class " + className.text);
+  if (!cimClass) {
+    leftOut_.Require(FoldName(className.text));
+    leftOut_.Add(FoldName(className.text), className.text);
+    throw TMofFault(className.place, "there is no class " + className.text);
+  }
   const auto instance = cimClass->AllocateInstance({});
   for (const TMofAssignment& assignment : draft.syntax->assignments)
     Assign(draft, *instance, assignment);
@@ -117,7 +134,7 @@ void TMofInstances::Fill(TDraft& draft) const {
 }
 
 void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
-                           const TMofAssignment& assignment) const {
+                           const TMofAssignment& assignment) {
   const TMofName& name = assignment.property;
   // The class is asked: an instance answers for some properties that nobody declared.
   const auto declaration =
@@ -127,9 +144,19 @@ void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
   if (value.IsReference() && value.IsNull()) {
     value = TCIMValue::NullReference(declaration->GetDefaultValue({}).GetReferencedClass());
   } else if (value.IsReference()) {
-    draft.referredPaths.push_back(static_cast<TCIMReference>(value).GetPath());
+    draft.referred.push_back({static_cast<TCIMReference>(value).GetPath(), &assignment});
   }
+  const auto isSame = [folded = FoldName(name.text)](const TMofAssignment& one) {
+    return FoldName(one.property.text) == folded;
+  };
+  const auto& assignments = draft.syntax->assignments;
+  const bool isFirst =
+      &*std::find_if(assignments.begin(), assignments.end(), isSame) == &assignment;
   try {
+    if (!isFirst && !(instance.GetProperty(name.text, {})->GetValue({}) == value)) {
+      diagnostics_.Warning(name.place,
+                           "the property " + name.text + " has a value already; this one counts");
+    }
     instance.SetPropertyValue(name.text, value, {});
   } catch (const TVYRException& refusal) {
     throw TMofFault(assignment.value.place, "property " + name.text + ": " + refusal.what());
@@ -137,6 +164,15 @@ void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
 }
 
 void TMofInstances::AddOrReport(const TDraft& draft) {
+  try {
+    for (const TReferred& referred : draft.referred) leftOut_.Require(referred.path);
+    AddOne(draft);
+  } catch (const TMofNeed& need) {
+    LeaveOut(draft, need);
+  }
+}
+
+void TMofInstances::AddOne(const TDraft& draft) {
   const TCIMReference path = draft.instance->GetReference({});
   const bool isReplacing = namespace_->GetInstance(path, {}) != nullptr;
   if (isReplacing) {
@@ -151,17 +187,54 @@ void TMofInstances::AddOrReport(const TDraft& draft) {
   }
   try {
     draft.instance->Validate({});
-    Refuse(draft, "it cannot be found by its path");
+    ExplainRefusal(draft, "it cannot be found by its path");
   } catch (const TVYRException& refusal) {
-    Refuse(draft, refusal.what());
+    ExplainRefusal(draft, refusal.what());
   }
 }
 
-void TMofInstances::Refuse(const TDraft& draft, const std::string& why) {
-  const TMofName& className = draft.syntax->className;
+/// The repository says which rule is broken; the text shows by what.
+void TMofInstances::ExplainRefusal(const TDraft& draft, const std::string& why) {
+  for (const auto& [path, assignment] : draft.referred) {
+    const std::string& name = assignment->property.text;
+    const TCIMValue& value = draft.instance->GetProperty(name, {})->GetValue({});
+    if (value.IsNull()) continue;
+    const auto referred = static_cast<TCIMReference>(value);
+    if (!namespace_->GetInstance(referred, {})) {
+      return Refuse(draft, assignment->value.place,
+                    "property " + name + ": there is no instance " + referred.ToString());
+    }
+  }
+  std::string unset;
+  draft.instance->GetClass({})->EnumerateKeyNames(
+      [&](const std::string* name) {
+        if (draft.instance->GetProperty(*name, {})->GetValue({}).IsNull()) unset = *name;
+        return unset.empty();
+      },
+      {});
+  Refuse(draft, draft.syntax->className.place,
+         unset.empty() ? why : "the key " + unset + " has no value");
+}
+
+void TMofInstances::Refuse(const TDraft& draft, const TMofPlace& place, const std::string& why) {
+  const std::string name = "instance of " + draft.syntax->className.text;
   ++summary_.instances.refused;
-  summary_.refusals.push_back({"instance of " + className.text, why});
-  diagnostics_.Error(className.place, "instance of " + className.text + " is refused: " + why);
+  summary_.refusals.push_back({name, why});
+  NoteLeftOut(draft);
+  diagnostics_.Error(place, name + " is refused: " + why);
+}
+
+void TMofInstances::NoteLeftOut(const TDraft& draft) {
+  const std::string name = "the instance of " + draft.syntax->className.text;
+  if (draft.syntax->alias) leftOut_.Add(AliasKey(draft.syntax->alias->text), name);
+  if (draft.instance) leftOut_.Add(draft.instance->GetReference({}).GetPath(), name);
+}
+
+void TMofInstances::LeaveOut(const TDraft& draft, const TMofNeed& need) {
+  ++summary_.instances.skipped;
+  const auto& alias = draft.syntax->alias;
+  leftOut_.Count(alias ? AliasKey(alias->text) : std::string(), need);
+  if (draft.instance) leftOut_.Add(draft.instance->GetReference({}).GetPath(), need.root);
 }
 
 }  // namespace NZELVYR20

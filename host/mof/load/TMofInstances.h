@@ -12,6 +12,7 @@
 #include "MofSyntax.h"
 #include "TCIMReference.h"
 #include "TMofDiagnostics.h"
+#include "TMofLeftOut.h"
 #include "TMofSummary.h"
 #include "TMofValues.h"
 
@@ -24,15 +25,21 @@ class TMofInstances {
 
   /// The instances outlive this object, as do the others.
   TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-                TMofSummary& summary, const std::vector<TMofInstance>& instances);
+                TMofSummary& summary, TMofLeftOut& leftOut,
+                const std::vector<TMofInstance>& instances);
 
   void Enter(const TProgress& onProgress);
 
  private:
+  /// What a property refers to.
+  struct TReferred {
+    std::string path;
+    const TMofAssignment* assignment;
+  };
   struct TDraft {
     const TMofInstance* syntax;
     boost::shared_ptr<ICIMInstance> instance;  ///< empty before it is filled, or where it is wrong
-    std::vector<std::string> referredPaths;
+    std::vector<TReferred> referred;
   };
 
   void FillAll();
@@ -43,14 +50,19 @@ class TMofInstances {
   TCIMReference GetAliasPath(const TMofLiteral& alias) const;
 
   void FillOrReport(TDraft& draft);
-  void Fill(TDraft& draft) const;
-  void Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment) const;
+  void Fill(TDraft& draft);
+  void Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment);
   void AddOrReport(const TDraft& draft);
-  void Refuse(const TDraft& draft, const std::string& why);
+  void AddOne(const TDraft& draft);
+  void Refuse(const TDraft& draft, const TMofPlace& place, const std::string& why);
+  void ExplainRefusal(const TDraft& draft, const std::string& why);
+  void LeaveOut(const TDraft& draft, const TMofNeed& need);
+  void NoteLeftOut(const TDraft& draft);
 
   boost::shared_ptr<ICIMNamespace> namespace_;
   TMofDiagnostics& diagnostics_;
   TMofSummary& summary_;
+  TMofLeftOut& leftOut_;
   TMofValues values_;
   std::vector<TDraft> drafts_;
   std::unordered_map<std::string, std::size_t> byAlias_;  ///< folded

@@ -7,6 +7,7 @@
 #include "FoldName.h"
 #include "TMofClasses.h"
 #include "TMofInstances.h"
+#include "TMofLeftOut.h"
 #include "TMofQualifiers.h"
 #include "TMofReader.h"
 
@@ -87,9 +88,10 @@ void TMofLoader::TImpl::EnterBatch() {
   ReadMissingClasses();
   const TMofBatch& batch = reader_.GetBatch();
   qualifiers_.Declare(batch.qualifiers);
-  TMofClasses(namespace_, diagnostics_, summary_, qualifiers_, batch.classes)
+  TMofLeftOut leftOut(summary_);
+  TMofClasses(namespace_, diagnostics_, summary_, qualifiers_, leftOut, batch.classes)
       .Enter([this](std::size_t done, std::size_t all) { progress_("classes", done, all); });
-  TMofInstances(namespace_, diagnostics_, summary_, batch.instances)
+  TMofInstances(namespace_, diagnostics_, summary_, leftOut, batch.instances)
       .Enter([this](std::size_t done, std::size_t all) { progress_("instances", done, all); });
 }
 

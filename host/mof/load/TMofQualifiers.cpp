@@ -1,6 +1,7 @@
 #include "TMofQualifiers.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "FoldName.h"
@@ -60,12 +61,14 @@ D::EFlavor ApplyFlavors(D::EFlavor flavor, const std::vector<TMofName>& words) {
 /// What MOF leaves unsaid.
 constexpr D::EFlavor kDefaultFlavor = D::kOverridable | D::kToSubclass;
 
+constexpr std::uint64_t kLargestSigned = std::numeric_limits<std::int64_t>::max();
+
 T GetLiteralType(const TMofLiteral& literal) {
   switch (literal.kind) {
     case TMofLiteral::kBoolean:
       return T::kBoolean;
     case TMofLiteral::kInteger:
-      return literal.isNegative ? T::kSInt64 : T::kUInt64;
+      return literal.number > kLargestSigned && !literal.isNegative ? T::kUInt64 : T::kSInt64;
     case TMofLiteral::kReal:
       return T::kReal64;
     case TMofLiteral::kCharacter:
@@ -161,6 +164,7 @@ TMofQualifiers::TDeclarationPtr TMofQualifiers::DeclareUndeclared(const TMofQual
   TDeclarationPtr added =
       namespace_->AllocateQualifierDecl(name, TCIMValue::Null(type), D::kAny, kDefaultFlavor, {});
   added->AddToNamespace({});
+  guessed_.insert(added);
   ++summary_.qualifiers.declared;
   return added;
 }
@@ -181,14 +185,39 @@ TMofQualifiers::TDeclarationPtr TMofQualifiers::FindDeclaration(const TMofQualif
 void TMofQualifiers::Attach(ICIMNamedElement& element, const std::vector<TMofQualifier>& qualifiers,
                             const ICIMNamedElement* overridden) {
   if (overridden != nullptr) PassDown(element, *overridden);
-  for (const TMofQualifier& qualifier : qualifiers) AttachOne(element, qualifier);
+  std::vector<std::string> names;
+  names.reserve(qualifiers.size());
+  for (const TMofQualifier& qualifier : qualifiers) {
+    const std::string name = FoldName(qualifier.name.text);
+    const auto first = std::find(names.begin(), names.end(), name) - names.begin();
+    const bool isNew = first == static_cast<std::ptrdiff_t>(names.size());
+    AttachOne(element, qualifier, isNew ? nullptr : &qualifiers[static_cast<std::size_t>(first)]);
+    names.push_back(name);
+  }
 }
 
-void TMofQualifiers::AttachOne(ICIMNamedElement& element, const TMofQualifier& qualifier) {
+void TMofQualifiers::AttachOne(ICIMNamedElement& element, const TMofQualifier& qualifier,
+                               const TMofQualifier* before) {
+  const std::string& name = qualifier.name.text;
   const TDeclarationPtr declaration = FindDeclaration(qualifier);
+  const T type = declaration->GetType({});
+  try {
+    const TCIMValue value = MakeValue(values_, qualifier, type);
+    if (before == nullptr) return AttachValue(element, qualifier, declaration, value);
+    if (MakeValue(values_, *before, type) == value) return;
+    diagnostics_.Warning(qualifier.name.place,
+                         "the qualifier " + name + " has a value already, which stays");
+  } catch (const TMofFault& fault) {
+    if (guessed_.count(declaration) == 0) throw;
+    diagnostics_.Warning(fault.GetPlace(),
+                         "the qualifier " + name + " is left out: " + fault.what());
+  }
+}
+
+void TMofQualifiers::AttachValue(ICIMNamedElement& element, const TMofQualifier& qualifier,
+                                 const TDeclarationPtr& declaration, const TCIMValue& value) {
   const auto attached = element.AllocateQualifier(
-      declaration, MakeValue(values_, qualifier, declaration->GetType({})),
-      ApplyFlavors(declaration->GetFlavor({}), qualifier.flavors), {});
+      declaration, value, ApplyFlavors(declaration->GetFlavor({}), qualifier.flavors), {});
   try {
     attached->AddToClassOrProperty({});
   } catch (const TVYRException& refusal) {

@@ -37,13 +37,13 @@ void TMofReader::ReadFileOrFolder(const fs::path& path) {
 }
 
 void TMofReader::ReadNamed(const fs::path& path) {
-  if (!files_.IsNew(path)) return;
+  if (!files_.IsNew(TMofFiles::Resolve(path))) return;
   if (std::optional<TOpenFile> file = OpenFile(path, {})) ReadWithIncludes(std::move(*file));
 }
 
 bool TMofReader::ReadClass(const std::string& className) {
   const std::optional<fs::path> path = files_.FindClass(className);
-  if (!path || !files_.IsNew(*path)) return false;
+  if (!path || !files_.IsNew(TMofFiles::Resolve(*path))) return false;
   std::optional<TOpenFile> file = OpenFile(*path, {});
   if (file) ReadWithIncludes(std::move(*file));
   return file.has_value();
@@ -127,7 +127,8 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenIncluded(const TMofPragma& 
                                        ", neither beside this one nor in the search path");
     return std::nullopt;
   }
-  if (!files_.IsPermitted(*path)) {
+  const fs::path resolved = TMofFiles::Resolve(*path);
+  if (!files_.IsPermitted(resolved)) {
     Fail(path->string(), name.place,
          "it is neither in or below a folder that was named, nor in the search path");
     return std::nullopt;
@@ -145,7 +146,7 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenIncluded(const TMofPragma& 
                                        " files include each other");
     return std::nullopt;
   }
-  if (!files_.IsNew(*path)) {
+  if (!files_.IsNew(resolved)) {
     diagnostics_.Note(name.place, "the file " + path->string() + " was read already");
     return std::nullopt;
   }

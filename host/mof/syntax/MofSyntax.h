@@ -79,6 +79,7 @@ struct TMofClass {
   std::optional<TMofName> superClass;
   std::vector<TMofQualifier> qualifiers;
   std::vector<std::variant<TMofProperty, TMofMethod>> features;  ///< in order of declaration
+  bool isUnreadable = false;  ///< something in it is wrong, of which an error was said
 };
 
 /// One line of an instance.

@@ -32,6 +32,8 @@ constexpr std::string_view kScopes[] = {"any",       "association", "class",    
                                         "reference", "schema"};
 constexpr std::string_view kFlavors[] = {"disableoverride", "enableoverride", "restricted",
                                          "tosubclass", "translatable"};
+constexpr std::pair<std::string_view, std::string_view> kContradictions[] = {
+    {"disableoverride", "enableoverride"}, {"restricted", "tosubclass"}};
 
 template <class TWords>
 bool Holds(const TWords& words, const std::string& word) {
@@ -44,6 +46,22 @@ void Add(const TWords& known, const char* kind, TMofName word, TMofDiagnostics& 
          std::vector<TMofName>& words) {
   if (Holds(known, word.text)) return words.push_back(std::move(word));
   diagnostics.Warning(word.place, "unknown " + std::string(kind) + " " + QuoteMof(word.text));
+}
+
+void AddFlavor(TMofName word, TMofDiagnostics& diagnostics, std::vector<TMofName>& words) {
+  const std::string folded = FoldName(word.text);
+  for (const TMofName& before : words) {
+    const std::string other = FoldName(before.text);
+    const auto contradicts = [&](const auto& pair) {
+      return (folded == pair.first && other == pair.second) ||
+             (folded == pair.second && other == pair.first);
+    };
+    if (std::any_of(std::begin(kContradictions), std::end(kContradictions), contradicts)) {
+      diagnostics.Warning(word.place, "the flavor " + word.text + " contradicts " + before.text +
+                                          "; the later one counts");
+    }
+  }
+  Add(kFlavors, "flavor", std::move(word), diagnostics, words);
 }
 
 [[noreturn]] void Refuse(const TMofPlace& place, std::string text) {
@@ -60,6 +78,14 @@ void TMofBuilder::Reset() {
   instance_ = {};
   qualifierDeclaration_ = {};
   pragma_ = {};
+}
+
+void TMofBuilder::KeepUnreadableClass() {
+  if (class_.name.text.empty()) return;
+  TMofClass unreadable;
+  unreadable.name = std::exchange(class_.name, {});
+  unreadable.isUnreadable = true;
+  declarations_.emplace_back(std::move(unreadable));
 }
 
 std::vector<TMofQualifier> TMofBuilder::TakeQualifiers() { return std::exchange(qualifiers_, {}); }
@@ -137,7 +163,7 @@ void TMofBuilder::ReadQualifierName() { qualifiers_.push_back({TakeName(), {}, {
 void TMofBuilder::EndQualifierValue() { qualifiers_.back().value = TakeValue(); }
 
 void TMofBuilder::ReadFlavor() {
-  Add(kFlavors, "flavor", TakeName(), GetDiagnostics(), qualifiers_.back().flavors);
+  AddFlavor(TakeName(), GetDiagnostics(), qualifiers_.back().flavors);
 }
 
 // Classes
@@ -172,7 +198,7 @@ void TMofBuilder::EndParameter() {
 }
 
 void TMofBuilder::EndMethod() { class_.features.emplace_back(std::move(method_)); }
-void TMofBuilder::EndClass() { declarations_.emplace_back(std::move(class_)); }
+void TMofBuilder::EndClass() { declarations_.emplace_back(std::exchange(class_, {})); }
 
 // Instances
 
@@ -207,7 +233,7 @@ void TMofBuilder::ReadDeclaredScope() {
 }
 
 void TMofBuilder::ReadDeclaredFlavor() {
-  Add(kFlavors, "flavor", TakeName(), GetDiagnostics(), qualifierDeclaration_.flavors);
+  AddFlavor(TakeName(), GetDiagnostics(), qualifierDeclaration_.flavors);
 }
 
 void TMofBuilder::EndQualifierDeclaration() {

@@ -17,6 +17,8 @@ class TMofBuilder : public TMofLiteralBuilder {
 
   /// Begins a declaration anew, whatever has been read of another one.
   void Reset();
+  /// Keeps the name of a class that cannot be read on.
+  void KeepUnreadableClass();
   /// Whether no declaration was read.
   bool IsEmpty() const { return declarations_.empty(); }
   std::vector<TMofDeclaration> TakeDeclarations() { return std::move(declarations_); }

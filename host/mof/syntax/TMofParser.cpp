@@ -63,6 +63,7 @@ class TReading {
     if (errorCount_ == 0 && builder_.IsEmpty() && !HoldsDeclaration(text_)) return RefuseAll();
     const auto where = static_cast<std::size_t>(error.where - text_.data());
     at_ = error.isAtTheEnd ? text_.size() : FindNextDeclaration(text_, at_, where);
+    builder_.KeepUnreadableClass();
     diagnostics_.Error({&source_, where}, error.text);
     if (++errorCount_ < kMostErrors || at_ == text_.size()) return;
     diagnostics_.Error({&source_, at_}, "the rest is not read: too much is wrong");

@@ -90,7 +90,7 @@ std::string ValueText(const TCIMValue& value) {
 
 std::string DisplayText(const ICIMProperty& property) {
   if (property.GetValue({}).IsNull() || !property.IsArray({})) {
-    return ScalarText(property.ToString());
+    return ScalarText(TPrinter::ScalarText(property));
   }
   TItems texts;
   for (const std::string& text : property.ToStringVector()) texts.push_back(ScalarText(text));

@@ -4,15 +4,36 @@
 #include <string>
 #include <vector>
 
+#include "ICIMPropertyDecl.h"
+#include "ICIMQualifier.h"
 #include "TText.h"
 
 namespace NZELVYR20 {
+namespace {
+
+boost::shared_ptr<ICIMQualifier> Find(const ICIMPropertyDecl& declaration,
+                                      const std::string& name) {
+  bool isFound = false;
+  return declaration.GetQualifier(name, isFound, {});
+}
+
+}  // namespace
 
 std::string TPrinter::PropertyText(const ICIMProperty& property) {
   if (property.IsArray({}) && !property.GetValue({}).IsNull()) {
     return "{" + TText::Join(property.ToStringVector(), ", ") + "}";
   }
-  return property.ToString();
+  return ScalarText(property);
+}
+
+std::string TPrinter::ScalarText(const ICIMProperty& property) {
+  std::string text = property.ToString();
+  const auto declaration = property.GetDeclaration({});
+  if (property.GetValue({}).IsNull() || Find(*declaration, "Values")) return text;
+  const auto units = Find(*declaration, "Units");
+  if (units && units->GetValue({}).ToString(10) == "MegaHertz") return text + " MHz";
+  const auto base = Find(*declaration, "Base");
+  return !units && base && base->GetValue({}).ToString(10) == "16" ? "0x" + text : text;
 }
 
 std::string TPrinter::ValueText(const TCIMValue& value) { return value.ToString(10); }

@@ -18,6 +18,9 @@ class TPrinter {
   /// The value of an instance's property as people read it: with the texts, units and scaling that
   /// its declaration asks for.
   static std::string PropertyText(const ICIMProperty& property);
+  /// The same for one that is no array, which may have several lines: with units that the
+  /// repository's own display does not know, and the mark of a hexadecimal number.
+  static std::string ScalarText(const ICIMProperty& property);
 
   /// A value as it is stored.
   static std::string ValueText(const TCIMValue& value);

@@ -55,10 +55,10 @@ TInstanceDraft TCollection::DraftElement(const std::string& className,
 }
 
 std::optional<TCIMReference> TCollection::Add(TInstanceDraft draft) {
-  TCIMReference path = draft.GetPath();
-  if (draft.AddToNamespace()) return path;
-  Note(path.ToString(), "The namespace did not take the instance");
-  return std::nullopt;
+  std::optional<TCIMReference> path = draft.AddToNamespace();
+  for (const TInstanceDraft::TSlip& slip : draft.GetSlips()) Note(slip.property, slip.value);
+  if (!path) Note(draft.GetClassName(), "The namespace did not take the instance");
+  return path;
 }
 
 std::optional<TCIMReference> TCollection::AddPart(TInstanceDraft draft,

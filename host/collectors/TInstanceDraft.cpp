@@ -1,20 +1,59 @@
 #include "TInstanceDraft.h"
 
+#include <sstream>
+
 #include "ICIMClass.h"
+#include "ICIMPropertyDecl.h"
+#include "TVYRException.h"
 
 namespace NZELVYR20 {
+namespace {
+
+std::string NameType(TCIMValue::TCIMType type) {
+  std::ostringstream text;
+  text << type;
+  return text.str();
+}
+
+std::string NamePropertyType(const ICIMClass& cimClass, const std::string& name) {
+  try {
+    return NameType(cimClass.GetPropertyDecl(name, {})->GetType({}));
+  } catch (const TVYRException&) {
+    return "not declared";
+  }
+}
+
+TInstanceDraft::TSlip DescribeSlip(const ICIMClass& cimClass, const std::string& name,
+                                   const TCIMValue& value) {
+  return {cimClass.GetName({}) + '.' + name + " (" + NamePropertyType(cimClass, name) + ')',
+          "the value is " + NameType(value.GetType()) + ' ' + value.ToString(10)};
+}
+
+}  // namespace
 
 TInstanceDraft::TInstanceDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace,
                                const std::string& className)
-    : namespace_(nameSpace), instance_(nameSpace->GetClass(className, {})->AllocateInstance({})) {}
+    : className_(className),
+      namespace_(nameSpace),
+      instance_(nameSpace->GetClass(className, {})->AllocateInstance({})) {}
 
 TInstanceDraft& TInstanceDraft::Set(const std::string& name, const TCIMValue& value) {
-  instance_->SetPropertyValue(name, value, {});
+  try {
+    instance_->SetPropertyValue(name, value, {});
+  } catch (const TVYRException&) {
+    slips_.push_back(DescribeSlip(*instance_->GetClass({}), name, value));
+  }
   return *this;
 }
 
 TInstanceDraft& TInstanceDraft::SetText(const std::string& name, const std::string& text) {
   return text.empty() ? *this : Set(name, TCIMValue(text));
+}
+
+TInstanceDraft& TInstanceDraft::SetTexts(const std::string& name,
+                                         const std::vector<std::string>& texts) {
+  return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kString,
+                                    std::vector<TCIMValue>(texts.begin(), texts.end())));
 }
 
 TInstanceDraft& TInstanceDraft::SetCode(const std::string& name, unsigned code) {
@@ -29,12 +68,12 @@ TInstanceDraft& TInstanceDraft::SetCodes(const std::string& name,
   return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kUInt16, std::move(elements)));
 }
 
-TCIMReference TInstanceDraft::GetPath() const { return instance_->GetReference({}); }
-
-bool TInstanceDraft::AddToNamespace() {
+std::optional<TCIMReference> TInstanceDraft::AddToNamespace() {
   instance_->AddToNamespace({});
   // A refused instance is only logged, so that the one way to know is to ask for it.
-  return namespace_->GetInstance(GetPath(), {}) == instance_;
+  TCIMReference path = instance_->GetReference({});
+  if (namespace_->GetInstance(path, {}) != instance_) return std::nullopt;
+  return path;
 }
 
 }  // namespace NZELVYR20

@@ -15,9 +15,16 @@ namespace NZELVYR20 {
 /// value is not known.
 class TInstanceDraft {
  public:
+  /// A value that did not fit its property.
+  struct TSlip {
+    std::string property;  ///< such as "CIM_NetworkPort.PortNumber (uint16)"
+    std::string value;     ///< such as "the value is sint32 5"
+  };
+
   TInstanceDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::string& className);
 
-  /// The value has to be of the property's very type; status 14 otherwise.
+  /// The value has to be of the property's very type. Otherwise, as where there is no such
+  /// property, the slip is kept and the property stays null.
   TInstanceDraft& Set(const std::string& name, const TCIMValue& value);
 
   template <class TContent>
@@ -28,19 +35,23 @@ class TInstanceDraft {
   /// An empty text counts as not known.
   TInstanceDraft& SetText(const std::string& name, const std::string& text);
 
+  TInstanceDraft& SetTexts(const std::string& name, const std::vector<std::string>& texts);
+
   /// One of the standard's numbered meanings.
   TInstanceDraft& SetCode(const std::string& name, unsigned code);
   TInstanceDraft& SetCodes(const std::string& name, const std::vector<unsigned>& codes);
 
-  /// The path by the keys that are set now.
-  TCIMReference GetPath() const;
+  const std::string& GetClassName() const { return className_; }
+  const std::vector<TSlip>& GetSlips() const { return slips_; }
 
-  /// False when the namespace did not take the instance.
-  bool AddToNamespace();
+  /// The instance's path; nothing where a key is null or the namespace did not take it.
+  std::optional<TCIMReference> AddToNamespace();
 
  private:
+  std::string className_;
   boost::shared_ptr<ICIMNamespace> namespace_;
   boost::shared_ptr<ICIMInstance> instance_;
+  std::vector<TSlip> slips_;
 };
 
 }  // namespace NZELVYR20

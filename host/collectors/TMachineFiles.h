@@ -4,23 +4,27 @@
 #include <string>
 #include <vector>
 
+#include "TDescriptor.h"
+#include "TRootFolder.h"
+
 namespace NZELVYR20 {
 
-/// The files of one machine, below a root folder. Paths are absolute as on the machine itself.
-/// Nothing here throws or waits; a path that cannot be read gives no value, and a reason.
+/// The files of one machine, below a root folder. Paths are absolute as on the machine itself, and
+/// links lead to where they would lead there: never out of the root. Nothing but regular files and
+/// folders is opened, so that nothing waits; nothing throws for what is found. A path that cannot
+/// be read gives no value, and a reason.
 class TMachineFiles {
  public:
-  explicit TMachineFiles(std::string root);
+  explicit TMachineFiles(const std::string& root,
+                         TRootFolder::EFollow follow = TRootFolder::kByKernel);
 
   /// Whether this is the running machine, which can be asked by system calls, too.
-  bool IsLive() const;
-
-  /// The path as this process has to open it.
-  std::string Locate(const std::string& path) const;
+  bool IsLive() const { return isLive_; }
 
   /// The content of a regular file of at most 16 MiB.
   std::optional<std::string> Read(const std::string& path, std::string& why) const;
-  /// The same, trimmed, for the many files of /sys that may well be absent; empty then.
+  /// The same, trimmed, for the many files of /sys that may well be absent; empty then, and for
+  /// more than such a file can hold.
   std::string ReadValue(const std::string& path) const;
 
   /// The names in a folder, ascending; "." and ".." are left out.
@@ -30,11 +34,18 @@ class TMachineFiles {
 
   bool IsFolder(const std::string& path) const;
 
+  /// The place itself, whatever is there: for questions that need no more, not for reading.
+  TDescriptor Find(const std::string& path) const;
+
   /// The last component of what a symbolic link points to; empty for anything else.
   std::string ReadLinkName(const std::string& path) const;
 
  private:
-  std::string root_;  ///< without "/" at the end: empty on the running machine
+  std::optional<std::string> Read(const std::string& path, std::size_t maximum,
+                                  std::string& why) const;
+
+  bool isLive_;
+  TRootFolder root_;
 };
 
 }  // namespace NZELVYR20

@@ -7,6 +7,8 @@
 #include <stdexcept>
 
 #include "ICIMProperty.h"
+#include "ICIMPropertyDecl.h"
+#include "ICIMQualifier.h"
 #include "ICoreLogger.h"
 #include "PluginNamespace.h"
 #include "TMachineCollector.h"
@@ -70,6 +72,21 @@ std::string THostNamespace::Show(const std::string& path, const std::string& pro
     const std::string text = property->ToString();
     shown += text.empty() && property->GetValue({}).IsNull() ? "<null>" : text;
   }
+  return shown;
+}
+
+std::string THostNamespace::ShowAll(const std::string& path) const {
+  std::string shown;
+  Find(path)->EnumerateProperties(
+      [&shown](const boost::shared_ptr<ICIMProperty>& property) {
+        const auto declaration = property->GetDeclaration({});
+        bool isKey = false;
+        declaration->GetQualifier("Key", isKey, {});
+        if (!isKey && !property->GetValue({}).IsNull())
+          shown += declaration->GetName({}) + '=' + property->ToString() + '|';
+        return true;
+      },
+      {});
   return shown;
 }
 

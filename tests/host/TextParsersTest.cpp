@@ -42,7 +42,9 @@ TEST(TextParsers, Fields) {
 /// For each: number, vendor, model and stepping; package, core, MHz and bits; family.
 std::string SummarizeProcessors(const std::string& text) {
   std::string summary;
-  for (const TLogicalProcessor& processor : ParseProcessors(text)) {
+  auto [processors, shared] = ParseProcessors(text);
+  if (processors.empty()) processors.push_back(shared);
+  for (const TLogicalProcessor& processor : processors) {
     summary += '#' + std::to_string(processor.index) + ' ' + processor.vendor + ',' +
                processor.modelName + ',' + processor.stepping + ' ' + Show(processor.package) +
                ' ' + Show(processor.core) + ' ' + Show(processor.megaHertz) + ' ' +
@@ -65,16 +67,31 @@ TEST(TextParsers, Processors) {
         "Features\t: swp half\nCPU architecture: 7\nCPU revision\t: 4\n\nHardware\t: Board\n",
         "#0 ,ARMv7 rev 4 (v7l),4 - - - 32 =256\n#1 ,ARMv7 rev 4 (v7l),4 - - - 32 =256\n"},
        {"ARM of 64 bits", "processor: 0\nCPU architecture: AArch64\n", "#0 ,, - - - 64 =257\n"},
-       {"ARM, no record", "Processor : v6\nCPU architecture: 6TEJ\n", "#0 ,v6, - - - 32 =1\n"},
-       {"POWER", "processor : 8\ncpu : P9, x\nclock : 3800.0MHz\n", "#8 ,P9, x, - - 3800 - =1\n"},
-       {"RISC-V", "processor\t: 3\nisa\t\t: rv64imafdc\n", "#3 ,, - - - 64 =2\n"},
+       {"ARM, no record", "Processor : v6\nCPU architecture: 6TEJ\n", "#0 ,v6, - - - 32 =280\n"},
+       {"ARM, by numbers: the known part says more than the name",
+        "processor : 0\nmodel name : v8\nCPU implementer : 0x41\nCPU part : 0xd08\n\n"
+        "processor : 1\nmodel name : v8\nCPU implementer : 0x48\nCPU part : 0xfff\n",
+        "#0 ARM,Cortex-A72, - - - - =1\n#1 HiSilicon,v8, - - - - =1\n"},
+       {"POWER", "processor : 8\ncpu : POWER9\nclock : 3800.0MHz\n",
+        "#8 ,POWER9, - - 3800 - =32\n"},
+       {"RISC-V", "processor\t: 3\nisa\t\t: rv64imafdc\n", "#3 ,, - - - 64 =1\n"},
+       {"LoongArch", "processor : 1\npackage : 0\ncore : 1\nModel Name : L5\nCPU MHz : 2500.00\n",
+        "#1 ,L5, 0 1 2500 - =1\n"},
+       {"s390x: a line, and later a record, for each",
+        "vendor_id : IBM/S390\n# processors : 2\nprocessor 0: version = FF,  machine = 2964\n"
+        "processor 1: version = FF,  machine = 2964\n\ncpu number : 1\nphysical id : 2\n"
+        "core id : 3\ncpu MHz dynamic : 5000\n",
+        "#0 IBM/S390,machine type 2964, - - - - =200\n"
+        "#1 IBM/S390,machine type 2964, 2 3 5000 - =200\n"},
+       {"no list", "cpu : UltraSparc T2\nncpus active : 4\n", "#0 ,UltraSparc T2, - - - - =84\n"},
        {"CR LF, cut off inside a name",
         "processor : 0\r\nmodel name : A\r\n\r\nprocessor : 1\r\nstepping : 2\r\nmodel na",
         "#0 ,A, - - - - =1\n#1 ,,2 - - - - =2\n"},
        {"numbers that do not fit",
         "processor : 5\nphysical id : 4294967296\ncore id : -1\ncpu MHz : 99999999999\n",
         "#5 ,, - - - - =2\n"},
-       {"an index that does not fit", "processor : 4294967296\nstepping : 2\n", ""}});
+       {"an index that does not fit", "processor : 4294967296\nstepping : 2\n",
+        "#0 ,,2 - - - - =2\n"}});
 }
 
 TEST(TextParsers, Caches) {
@@ -82,8 +99,17 @@ TEST(TextParsers, Caches) {
   EXPECT_EQ(17U, ParseCacheSize("17"));
   for (const char* text : {"K", "", "4X", "-4K", "18014398509481984K"})
     EXPECT_FALSE(ParseCacheSize(text)) << text;
-  EXPECT_EQ(2U, ParseFirstOfList("2-3,8\n"));
-  EXPECT_EQ(1, ParseAssociativity("12"));
+  EXPECT_EQ((std::vector<std::uint32_t>{2, 3, 8}), ParseList("2-3,8\n"));
+  EXPECT_EQ(65536U, ParseList("0-65535").size());
+  for (const char* text : {"", "3-2", "1,x", "0-4294967295", "0-65535,7"})
+    EXPECT_TRUE(ParseList(text).empty()) << text;
+  const std::pair<const char*, int> ways[] = {
+      {"0", 5},   {"1", 2},  {"2", 3},   {"4", 4},   {"8", 6},   {"12", 8}, {"16", 7},
+      {"20", 13}, {"24", 9}, {"32", 10}, {"48", 11}, {"64", 12}, {"3", 1},  {"", 0}};
+  for (const auto& [text, code] : ways) EXPECT_EQ(code, ParseAssociativity(text)) << text;
+  const std::pair<const char*, int> levels[] = {{"", 0}, {"1", 3}, {"2", 4}, {"3", 5}, {"4", 1}};
+  for (const auto& [text, code] : levels) EXPECT_EQ(code, ParseCacheLevel(text)) << text;
+  EXPECT_EQ(2, ParseCacheType("Instruction"));
 }
 
 TEST(TextParsers, Releases) {
@@ -119,9 +145,20 @@ TEST(TextParsers, TimesAndFirmware) {
   EXPECT_EQ("20240229235959.000000+000", ToTimeStamp(1709251199).value().ToCIMString());
   EXPECT_EQ("99991231235959.000000+000", ToTimeStamp(253402300799).value().ToCIMString());
   EXPECT_FALSE(ToTimeStamp(253402300800)) << "one second too late";
-  EXPECT_EQ(0, ParseChassisType("2\n")) << "firmware's number for unknown";
-  EXPECT_EQ(1, ParseChassisType("31")) << "not in the standard's list";
-  EXPECT_FALSE(ParseChassisType("0"));
+  const auto summarize = [](const std::string& text) {
+    const auto form = ParseChassisForm(text);
+    return form ? std::to_string(form->type) + ' ' + form->other : "-";
+  };
+  Check(summarize, {{"not said", "0", "-"},
+                    {"other", "1", "1 Other than the forms that firmware knows"},
+                    {"firmware's number for unknown", "2\n", "0 "},
+                    {"both number alike", "3", "3 "},
+                    {"a rack", "23", "1 Rack Mount Chassis"},
+                    {"several systems", "25", "1 Multi-system Chassis"},
+                    {"a blade", "28", "1 Blade"},
+                    {"its enclosure", "29", "28 "},
+                    {"the last", "36", "36 "},
+                    {"not in the standard's list", "37", "1 Firmware's number 37"}});
 }
 
 TEST(TextParsers, Ports) {
@@ -146,6 +183,23 @@ TEST(TextParsers, BlockDevices) {
   EXPECT_EQ(512U, ParseExtentSize("8", "0").value().blockSize);
   EXPECT_FALSE(ParseExtentSize("36028797018963968", "512")) << "too large in bytes";
   EXPECT_EQ("/dev/cciss/c0d0", GetDeviceFile("cciss!c0d0"));
+  EXPECT_EQ("1023 bytes", DescribeSize(1023));
+  EXPECT_EQ("1.0 KiB (1024 bytes)", DescribeSize(1024));
+  EXPECT_EQ("465.7 GiB (500107862016 bytes)", DescribeSize(500107862016));
+  EXPECT_EQ("15.9 EiB (18446744073709551615 bytes)", DescribeSize(18446744073709551615U));
+  EXPECT_EQ("Optical drive", FindMediaDrive("sr10", ""));
+  EXPECT_EQ("Floppy drive", FindMediaDrive("fd0", ""));
+  EXPECT_EQ("", FindMediaDrive("sda", "0"));
+  EXPECT_EQ("", FindMediaDrive("sram", ""));
+  EXPECT_EQ("Encrypted volume", ParseMapperKind("CRYPT-LUKS2-0-x"));
+  const auto summarize = [](const std::string& state) {
+    const TArrayState array = ParseArrayState(state, state == "broken" ? "2" : "0", "3", "idle");
+    return std::to_string(array.operationalStatus) + ' ' + std::to_string(array.healthState) + ' ' +
+           array.description;
+  };
+  Check(summarize, {{"whole", "active", "2 5 active"},
+                    {"stopped", "inactive", "10 0 inactive"},
+                    {"lost", "broken", "6 25 broken; 2 of 3 disks missing"}});
 }
 
 TEST(TextParsers, Mounts) {
@@ -176,23 +230,21 @@ TEST(TextParsers, SelectedFileSystems) {
       selected += facts.mount.mountPoint + (facts.mayHang ? "? " : " ");
     return selected;
   };
-  Check(select,
-        {{"the kernel's own data is left out",
-          "proc /proc proc rw 0 0\n/dev/sda1 / ext4 rw 0 0\nudev /dev devtmpfs rw 0 0\n"
-          "tmpfs /sys/fs/cgroup tmpfs ro 0 0\ntmpfs /system tmpfs rw 0 0\n",
-          "/ /system "},
-         {"the later of two at one place hides the earlier",
-          "/dev/sda1 /a ext4 rw 0 0\nproc /a proc rw 0 0\ntmpfs /b tmpfs rw 0 0\n"
-          "overlay /b overlay rw 0 0\n",
-          "/b "},
-         {"a device counts once, memory each time",
-          "/dev/a / ext4 rw 0 0\n/dev/a /x ext4 rw 0 0\nm /y tmpfs rw 0 0\nm /z tmpfs rw 0 0\n",
-          "/ /y /z "},
-         {"nothing waits for another computer or for a process",
-          "srv:/e /net nfs4 rw 0 0\n/dev/sdb1 /net/disk ext4 rw 0 0\n"
-          "/dev/sdc1 /nether ext4 rw 0 0\n/dev/sdd1 /win fuseblk rw 0 0\n"
-          "x /tool fuse.tool rw 0 0\ntmpfs /tool/tmp tmpfs rw 0 0\n",
-          "/net? /net/disk? /nether /win? /tool/tmp? "}});
+  Check(select, {{"the kernel's own data is left out",
+                  "proc /proc proc rw 0 0\n/dev/sda1 / ext4 rw 0 0\nudev /dev devtmpfs rw 0 0\n"
+                  "tmpfs /sys/fs/cgroup tmpfs ro 0 0\ntmpfs /system tmpfs rw 0 0\n",
+                  "/ /system "},
+                 {"the later of two at one place hides the earlier",
+                  "/dev/sda1 /a ext4 rw 0 0\nproc /a proc rw 0 0\ntmpfs /b tmpfs rw 0 0\n"
+                  "overlay /b overlay rw 0 0\n",
+                  "/b "},
+                 {"a device counts at each place",
+                  "/dev/a / btrfs rw 0 0\n/dev/a /x btrfs rw 0 0\n", "/ /x "},
+                 {"nothing waits for another computer or for a process",
+                  "srv:/e /net nfs4 rw 0 0\n/dev/sdb1 /net/disk ext4 rw 0 0\n"
+                  "/dev/sdc1 /nether ext4 rw 0 0\n/dev/sdd1 /win fuseblk rw 0 0\n"
+                  "x /tool fuse.tool rw 0 0\ntmpfs /tool/tmp tmpfs rw 0 0\n",
+                  "/net? /net/disk? /nether /win? /tool/tmp? "}});
   types.clear();
   Check(select, {{"the source decides", "p /p proc rw 0 0\nt/h /h zfs rw 0 0\n", "/h "}});
 }

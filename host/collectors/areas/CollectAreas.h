@@ -3,6 +3,7 @@
 #include <map>
 #include <string>
 
+#include "BlockDeviceText.h"
 #include "TCIMReference.h"
 #include "TCollection.h"
 
@@ -10,6 +11,9 @@ namespace NZELVYR20 {
 
 /// The storage extents by their names in /sys/block, such as "sda1".
 using TExtents = std::map<std::string, TCIMReference>;
+
+/// Sets the size of a disk, a part of one, or memory: in blocks, and in bytes for people.
+void SetSize(TInstanceDraft& draft, const TExtentSize& size);
 
 // One function for each area of the machine: it reads, parses and adds. The computer system comes
 // first, because all else belongs to it.

@@ -7,6 +7,8 @@ namespace {
 
 const char* const kDevicesFolder = "/sys/block";
 
+constexpr std::uint16_t kOther = 1;  ///< in all of the standard's lists here
+
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
@@ -22,8 +24,11 @@ class TBlockDevices {
  private:
   void AddDrive(const std::string& name, const std::optional<TExtentSize>& size);
   void AddPartition(const std::string& disk, const std::string& name, std::uint64_t blockSize);
-  void AddExtent(const std::string& className, const std::string& name, const std::string& folder,
-                 const TExtentSize& size);
+  TInstanceDraft DraftExtent(const std::string& className, const std::string& name,
+                             const std::string& folder,
+                             const std::optional<TExtentSize>& size) const;
+  void SetArray(TInstanceDraft& draft, const std::string& folder) const;
+  void AddExtent(TInstanceDraft draft, const std::string& name);
   void LinkPartition(const std::string& disk, const std::string& name, const std::string& folder,
                      const TExtentSize& size);
 
@@ -41,14 +46,17 @@ std::string GetVendorName(const std::string& vendor) {
 
 void TBlockDevices::AddDevice(const std::string& name) {
   const std::string folder = GetFolder(name);
+  // One of several paths to a disk that has a name of its own.
+  if (files_.ReadValue(folder + "hidden") == "1") return;
   const std::string blockSize = files_.ReadValue(folder + "queue/logical_block_size");
   const std::optional<TExtentSize> size =
       ParseExtentSize(files_.ReadValue(folder + "size"), blockSize);
   const bool isDrive = files_.IsFolder(folder + "device");
   // Memory that poses as a disk, and loop devices and the like that nothing is attached to.
-  const bool isUnused = !isDrive && (!size || name.rfind("ram", 0) == 0);
+  const bool isArray = files_.IsFolder(folder + "md");
+  const bool isUnused = !isDrive && !isArray && (!size || name.rfind("ram", 0) == 0);
   if (isUnused) return;
-  if (size) AddExtent("CIM_LogicalDisk", name, folder, *size);
+  if (size || isArray) AddExtent(DraftExtent("CIM_LogicalDisk", name, folder, size), name);
   if (isDrive) AddDrive(name, size);
   if (!size) return;
   for (const std::string& part : files_.List(folder)) {
@@ -60,6 +68,8 @@ void TBlockDevices::AddDevice(const std::string& name) {
 void TBlockDevices::AddDrive(const std::string& name, const std::optional<TExtentSize>& size) {
   const std::string folder = GetFolder(name);
   const std::string model = files_.ReadValue(folder + "device/model");
+  const std::string vendor = GetVendorName(files_.ReadValue(folder + "device/vendor"));
+  const std::string media = FindMediaDrive(name, files_.ReadValue(folder + "device/type"));
   const bool isRemovable = files_.ReadValue(folder + "removable") == "1";
   std::vector<unsigned> capabilities = {3};
   if (files_.ReadValue(folder + "ro") == "0") capabilities.push_back(4);
@@ -68,11 +78,17 @@ void TBlockDevices::AddDrive(const std::string& name, const std::optional<TExten
   TInstanceDraft draft = collection_.DraftDevice("CIM_DiskDrive", name);
   draft.Set("Name", GetDeviceFile(name))
       .Set("ElementName", model.empty() ? name : model)
-      .SetText("Description", GetVendorName(files_.ReadValue(folder + "device/vendor")))
-      .SetCode("DiskType", ParseDiskType(files_.ReadValue(folder + "queue/rotational")))
+      .SetText("Description",
+               media.empty() || vendor.empty() ? media + vendor : media + ", " + vendor)
+      .SetCode("DiskType", media.empty()
+                               ? ParseDiskType(files_.ReadValue(folder + "queue/rotational"))
+                               : kOther)
       .SetCodes("Capabilities", capabilities);
-  if (const auto state = ParseDriveState(files_.ReadValue(folder + "device/state")))
-    draft.SetCodes("OperationalStatus", {*state});
+  const std::string state = files_.ReadValue(folder + "device/state");
+  if (const auto code = ParseDriveState(state)) {
+    draft.SetCodes("OperationalStatus", {*code});
+    if (*code == kOther) draft.SetTexts("StatusDescriptions", {state});
+  }
   if (size) {
     draft.Set("DefaultBlockSize", size->blockSize)
         .Set("MaxMediaSize", size->blocks * size->blockSize / 1024);
@@ -92,19 +108,37 @@ void TBlockDevices::AddPartition(const std::string& disk, const std::string& nam
   const std::optional<TExtentSize> size =
       ParseExtentSize(files_.ReadValue(folder + "size"), std::to_string(blockSize));
   if (!size) return;
-  AddExtent("CIM_DiskPartition", name, folder, *size);
+  AddExtent(DraftExtent("CIM_DiskPartition", name, folder, size), name);
   LinkPartition(disk, name, folder, *size);
 }
 
-void TBlockDevices::AddExtent(const std::string& className, const std::string& name,
-                              const std::string& folder, const TExtentSize& size) {
+TInstanceDraft TBlockDevices::DraftExtent(const std::string& className, const std::string& name,
+                                          const std::string& folder,
+                                          const std::optional<TExtentSize>& size) const {
   const std::string readOnly = files_.ReadValue(folder + "ro");
+  const std::string mapped = files_.ReadValue(folder + "dm/name");
   TInstanceDraft draft = collection_.DraftDevice(className, name);
   draft.Set("Name", GetDeviceFile(name))
-      .Set("ElementName", name)
-      .Set("BlockSize", size.blockSize)
-      .Set("NumberOfBlocks", size.blocks);
+      .Set("ElementName", mapped.empty() ? name : mapped)
+      .SetText("Description", ParseMapperKind(files_.ReadValue(folder + "dm/uuid")));
+  if (size) SetSize(draft, *size);
   if (!readOnly.empty()) draft.SetCode("Access", readOnly == "0" ? 3 : 1);
+  if (files_.IsFolder(folder + "md")) SetArray(draft, folder + "md/");
+  return draft;
+}
+
+void TBlockDevices::SetArray(TInstanceDraft& draft, const std::string& folder) const {
+  const TArrayState state = ParseArrayState(
+      files_.ReadValue(folder + "array_state"), files_.ReadValue(folder + "degraded"),
+      files_.ReadValue(folder + "raid_disks"), files_.ReadValue(folder + "sync_action"));
+  draft.Set("Description", "Array of disks")
+      .SetText("ErrorMethodology", files_.ReadValue(folder + "level"))
+      .SetCodes("OperationalStatus", {state.operationalStatus})
+      .SetTexts("StatusDescriptions", {state.description})
+      .SetCode("HealthState", state.healthState);
+}
+
+void TBlockDevices::AddExtent(TInstanceDraft draft, const std::string& name) {
   if (const auto path = collection_.AddPart(std::move(draft), "CIM_SystemDevice"))
     extents_.emplace(name, *path);
 }
@@ -137,6 +171,12 @@ void TBlockDevices::AddLayers(const std::string& name) {
 }
 
 }  // namespace
+
+void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
+  draft.Set("BlockSize", size.blockSize).Set("NumberOfBlocks", size.blocks);
+  if (const auto bytes = Multiply(size.blocks, size.blockSize))
+    draft.Set("Caption", DescribeSize(*bytes));
+}
 
 TExtents CollectBlockDevices(TCollection& collection) {
   const std::vector<std::string> names = collection.List(kDevicesFolder);

@@ -63,8 +63,11 @@ void CollectChassis(TCollection& collection) {
     draft.SetText("Manufacturer", ReadFirmware(collection, "sys_vendor"))
         .SetText("Version", ReadFirmware(collection, "product_version"))
         .SetText("SKU", ReadFirmware(collection, "product_sku"))
-        .SetText("SerialNumber", ReadFirmware(collection, "product_serial"))
-        .Set("ChassisPackageType", ParseChassisType(ReadFirmware(collection, "chassis_type")));
+        .SetText("SerialNumber", ReadFirmware(collection, "product_serial"));
+    if (const auto form = ParseChassisForm(ReadFirmware(collection, "chassis_type"))) {
+      draft.SetCode("ChassisPackageType", form->type)
+          .SetText("ChassisTypeDescription", form->other);
+    }
     return AddChassis(collection, std::move(draft), ReadFirmware(collection, "product_name"));
   }
   // Machines without firmware tables mostly describe themselves by a device tree.

@@ -21,9 +21,9 @@ std::optional<std::uint16_t> GetPersistence(TFileSystemFacts::EKind kind) {
 
 /// Whether something is mounted there as this process sees it: else the question would be about
 /// the file system on which a saved tree lies. Kernels before 5.8 do not tell.
-bool IsMountPoint(const std::string& path) {
+bool IsMountPoint(const TDescriptor& place) {
   struct statx status = {};
-  return statx(AT_FDCWD, path.c_str(), AT_NO_AUTOMOUNT, STATX_TYPE, &status) == 0 &&
+  return statx(place.Get(), "", AT_EMPTY_PATH | AT_NO_AUTOMOUNT, STATX_TYPE, &status) == 0 &&
          (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
@@ -65,18 +65,20 @@ void TFileSystems::Add(const TFileSystemFacts& facts) {
 }
 
 void TFileSystems::SetSizes(TInstanceDraft& draft, const TFileSystemFacts& facts) {
-  const std::string path = collection_.GetFiles().Locate(facts.mount.mountPoint);
   if (facts.mayHang) {
     ++slow_;
     return;
   }
-  if (!collection_.GetFiles().IsLive() && !IsMountPoint(path)) {
+  const TDescriptor place = collection_.GetFiles().Find(facts.mount.mountPoint);
+  if (!collection_.GetFiles().IsLive() && !IsMountPoint(place)) {
     ++saved_;
     return;
   }
   struct statvfs64 status = {};
-  if (statvfs64(path.c_str(), &status) != 0)
-    return collection_.Note("statvfs " + path, std::generic_category().message(errno));
+  if (!place.IsOpen() || fstatvfs64(place.Get(), &status) != 0) {
+    collection_.Note("statvfs " + facts.mount.mountPoint, std::generic_category().message(errno));
+    return;
+  }
   const std::uint64_t unit = status.f_frsize;
   draft.Set("BlockSize", unit)
       .Set("FileSystemSize", Multiply(status.f_blocks, unit))

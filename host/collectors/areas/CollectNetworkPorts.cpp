@@ -20,8 +20,7 @@ TLinkKind FindLinkKind(const TMachineFiles& files, const std::string& folder) {
 void SetAddresses(TInstanceDraft& draft, const TMachineFiles& files, const std::string& folder) {
   const std::string address = ParseHardwareAddress(files.ReadValue(folder + "address"));
   if (address.empty()) return;
-  draft.Set("NetworkAddresses",
-            TCIMValue::Array(TCIMValue::TCIMType::kString, {TCIMValue(address)}));
+  draft.SetTexts("NetworkAddresses", {address});
   // 0: as its maker gave it. Otherwise it was drawn by lot, taken from another port or set.
   if (files.ReadValue(folder + "addr_assign_type") == "0") draft.Set("PermanentAddress", address);
 }
@@ -36,6 +35,7 @@ void AddPort(TCollection& collection, const std::string& name) {
       link.technology == kEthernet ? "CIM_EthernetPort" : "CIM_NetworkPort", name);
   draft.Set("Name", name)
       .Set("ElementName", name)
+      .SetText("Description", ParseDeviceType(files.ReadValue(folder + "uevent")))
       .SetCode("PortType", 0)
       .SetCode("LinkTechnology", link.technology)
       .SetText("OtherLinkTechnology", link.other)

@@ -15,9 +15,9 @@ std::optional<std::uint16_t> ReadWord(const TMachineFiles& files, const std::str
 /// The leading byte of the class: what the device is, without how it is driven.
 std::optional<std::uint8_t> ReadClassCode(const TMachineFiles& files, const std::string& path) {
   constexpr unsigned kBits = 24;
-  constexpr unsigned kBitsBehind = 16;
+  constexpr unsigned kBitsAfter = 16;
   const std::optional<std::uint64_t> number = ParsePciNumber(files.ReadValue(path), kBits);
-  return number ? std::make_optional(static_cast<std::uint8_t>(*number >> kBitsBehind))
+  return number ? std::make_optional(static_cast<std::uint8_t>(*number >> kBitsAfter))
                 : std::nullopt;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 #include <set>
 #include <vector>
@@ -8,6 +9,8 @@
 
 namespace NZELVYR20 {
 namespace {
+
+constexpr std::uint16_t kOther = 1;  ///< in all of the standard's lists here
 
 const char* const kProcessorsFolder = "/sys/devices/system/cpu/";
 
@@ -44,48 +47,76 @@ std::map<std::uint32_t, TPackage> GroupByPackage(const TMachineFiles& files,
   return packages;
 }
 
-std::set<std::uint32_t> FindCores(const TPackage& package) {
-  std::set<std::uint32_t> cores;
-  for (const TLogicalProcessor& processor : package) cores.insert(*processor.core);
-  return cores;
+/// A name for each core. Logical processors of one core say the same about their siblings; where
+/// nothing is said, they have the core's number. Boards count cores anew in each cluster, so that
+/// the number alone names only the first of them.
+std::vector<std::string> NameCores(const TMachineFiles& files, std::uint32_t number,
+                                   const TPackage& package) {
+  std::set<std::string> known;
+  std::vector<std::string> names;
+  for (const TLogicalProcessor& processor : package) {
+    std::string name = GetPackageId(number) + "/core" + std::to_string(*processor.core);
+    const std::string siblings =
+        files.ReadValue(GetFolder(processor) + "topology/thread_siblings_list");
+    if (!known.insert(siblings.empty() ? "of " + name : siblings).second) continue;
+    if (!known.insert(name).second) name += "/cpu" + std::to_string(processor.index);
+    names.push_back(name);
+  }
+  return names;
 }
 
+/// Of the fastest: a package may have cores of several kinds.
 std::optional<std::uint32_t> FindMaximumMegaHertz(const TMachineFiles& files,
-                                                  const TLogicalProcessor& processor) {
-  const std::optional<std::uint32_t> kiloHertz = ParseNumber<std::uint32_t>(
-      files.ReadValue(GetFolder(processor) + "cpufreq/cpuinfo_max_freq"));
-  if (!kiloHertz) return std::nullopt;
-  return *kiloHertz / 1000;
+                                                  const TPackage& package) {
+  std::optional<std::uint32_t> maximum;
+  for (const TLogicalProcessor& processor : package) {
+    const std::optional<std::uint32_t> kiloHertz = ParseNumber<std::uint32_t>(
+        files.ReadValue(GetFolder(processor) + "cpufreq/cpuinfo_max_freq"));
+    if (kiloHertz) maximum = std::max(maximum.value_or(0), *kiloHertz / 1000);
+  }
+  return maximum;
+}
+
+/// The name of the model, or of each where there are several.
+std::string JoinModelNames(const TPackage& package) {
+  std::set<std::string> known;
+  std::string names;
+  for (const TLogicalProcessor& processor : package) {
+    if (processor.modelName.empty() || !known.insert(processor.modelName).second) continue;
+    names += (names.empty() ? "" : " + ") + processor.modelName;
+  }
+  return names;
 }
 
 TInstanceDraft DraftProcessor(const TCollection& collection, std::uint32_t number,
-                              const TPackage& package) {
+                              const TPackage& package, std::size_t coreCount) {
   const TLogicalProcessor& first = package.front();
+  const std::string model = JoinModelNames(package);
   const std::uint16_t family = FindProcessorFamily(first);
   TInstanceDraft draft = collection.DraftDevice("CIM_Processor", GetPackageId(number));
   draft.Set("Role", "Central Processor")
-      .SetText("Name", first.modelName)
-      .SetText("ElementName", first.modelName)
+      .SetText("Name", model)
+      .SetText("ElementName", model)
       .SetText("Description", first.vendor)
       .SetText("Stepping", first.stepping)
       .SetCode("Family", family)
       .Set("CurrentClockSpeed", first.megaHertz)
-      .Set("MaxClockSpeed", FindMaximumMegaHertz(collection.GetFiles(), first))
+      .Set("MaxClockSpeed", FindMaximumMegaHertz(collection.GetFiles(), package))
       .Set("DataWidth", first.addressBits)
       .Set("AddressWidth", first.addressBits)
       .SetCode("CPUStatus", 1)
       .SetCode("EnabledState", 2)
-      .SetCode("NumberOfEnabledCores", static_cast<unsigned>(FindCores(package).size()));
-  if (family == 1) draft.SetText("OtherFamilyDescription", first.modelName);
+      .SetCode("NumberOfEnabledCores", static_cast<unsigned>(coreCount));
+  if (family == kOther)
+    draft.SetText("OtherFamilyDescription", first.isa.empty() ? model : "RISC-V " + first.isa);
   return draft;
 }
 
-void AddCores(TCollection& collection, const TCIMReference& processor, std::uint32_t number,
-              const TPackage& package) {
-  for (const std::uint32_t core : FindCores(package)) {
-    const std::string id = GetPackageId(number) + "/core" + std::to_string(core);
+void AddCores(TCollection& collection, const TCIMReference& processor,
+              const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
     TInstanceDraft draft = collection.Draft("CIM_ProcessorCore");
-    draft.Set("InstanceID", id).Set("ElementName", id);
+    draft.Set("InstanceID", name).Set("ElementName", name);
     draft.SetCode("CoreEnabledState", 2).SetCode("EnabledState", 2);
     if (const std::optional<TCIMReference> path = collection.Add(std::move(draft)))
       collection.Add(collection.DraftComponent("CIM_ConcreteComponent", processor, *path));
@@ -96,14 +127,19 @@ TInstanceDraft DraftCacheLink(const TCollection& collection, const TCIMReference
                               const TCIMReference& processor, const std::string& folder) {
   const TMachineFiles& files = collection.GetFiles();
   const std::string level = files.ReadValue(folder + "level");
+  const std::string type = files.ReadValue(folder + "type");
+  const std::string ways = files.ReadValue(folder + "ways_of_associativity");
   const std::uint16_t levelCode = ParseCacheLevel(level);
+  const std::uint16_t typeCode = ParseCacheType(type);
+  const std::uint16_t waysCode = ParseAssociativity(ways);
   TInstanceDraft draft = collection.DraftDependency("CIM_AssociatedCacheMemory", cache, processor);
   draft.SetCode("Level", levelCode)
-      .SetCode("CacheType", ParseCacheType(files.ReadValue(folder + "type")))
-      .SetCode("Associativity",
-               ParseAssociativity(files.ReadValue(folder + "ways_of_associativity")))
+      .SetCode("CacheType", typeCode)
+      .SetCode("Associativity", waysCode)
       .Set("LineSize", ParseNumber<std::uint32_t>(files.ReadValue(folder + "coherency_line_size")));
-  if (levelCode == 1) draft.Set("OtherLevelDescription", "Level " + level);
+  if (levelCode == kOther) draft.Set("OtherLevelDescription", "Level " + level);
+  if (typeCode == kOther) draft.Set("OtherCacheTypeDescription", type);
+  if (waysCode == kOther) draft.Set("OtherAssociativityDescription", ways + "-way");
   return draft;
 }
 
@@ -113,7 +149,7 @@ void AddCache(TCollection& collection, const TCIMReference& processor, const std
       ParseCacheSize(collection.GetFiles().ReadValue(folder + "size"));
   TInstanceDraft draft = collection.DraftDevice("CIM_Memory", id);
   draft.Set("ElementName", id).Set("Purpose", "Processor cache").Set("Volatile", true);
-  if (size) draft.Set("BlockSize", std::uint64_t{1}).Set("NumberOfBlocks", *size);
+  if (size) SetSize(draft, {1, *size});
   if (const std::optional<TCIMReference> cache =
           collection.AddPart(std::move(draft), "CIM_SystemDevice"))
     collection.Add(DraftCacheLink(collection, *cache, processor, folder));
@@ -130,27 +166,51 @@ void AddCaches(TCollection& collection, const TCIMReference& processor, const TP
       const std::string folder = caches + name + '/';
       const std::string level = files.ReadValue(folder + "level");
       if (level.empty()) continue;
-      const std::uint32_t first =
-          ParseFirstOfList(files.ReadValue(folder + "shared_cpu_list")).value_or(logical.index);
-      const std::string id =
-          "cpu" + std::to_string(first) + "/L" + level + ' ' + files.ReadValue(folder + "type");
+      const std::vector<std::uint32_t> sharers =
+          ParseList(files.ReadValue(folder + "shared_cpu_list"));
+      const std::string id = "cpu" +
+                             std::to_string(sharers.empty() ? logical.index : sharers.front()) +
+                             "/L" + level + ' ' + files.ReadValue(folder + "type");
       if (known.insert(id).second) AddCache(collection, processor, id, folder);
     }
   }
 }
 
+/// Some kernels do not list their processors one by one in cpuinfo; then those that are online
+/// are shown, all alike.
+std::vector<TLogicalProcessor> FindProcessors(TCollection& collection) {
+  const std::string path = "/proc/cpuinfo";
+  const std::string text = collection.Read(path);
+  auto [processors, shared] = ParseProcessors(text);
+  const std::vector<std::uint32_t> online =
+      ParseList(collection.GetFiles().ReadValue(kProcessorsFolder + std::string("online")));
+  const bool isKnown = !(shared.modelName.empty() && shared.vendor.empty());
+  if (processors.empty()) {
+    for (const std::uint32_t index : online) processors.emplace_back(shared).index = index;
+  }
+  if (processors.empty() && isKnown) {
+    processors.push_back(shared);
+    collection.Note(path, "It does not list the processors one by one; one is shown");
+  }
+  if (processors.empty() && !text.empty())
+    collection.Note(path, "It lists no processor in a form that is known");
+  if (!online.empty() && processors.size() != online.size()) {
+    collection.Note(path, "Of " + std::to_string(online.size()) + " processors that are online, " +
+                              std::to_string(processors.size()) + " are listed");
+  }
+  return processors;
+}
+
 }  // namespace
 
 void CollectProcessors(TCollection& collection) {
-  const std::string text = collection.Read("/proc/cpuinfo");
-  const std::vector<TLogicalProcessor> processors = ParseProcessors(text);
-  if (!text.empty() && processors.empty())
-    collection.Note("/proc/cpuinfo", "It lists no processor in a form that is known");
-  for (const auto& [number, package] : GroupByPackage(collection.GetFiles(), processors)) {
-    const std::optional<TCIMReference> processor =
-        collection.AddPart(DraftProcessor(collection, number, package), "CIM_SystemDevice");
+  for (const auto& [number, package] :
+       GroupByPackage(collection.GetFiles(), FindProcessors(collection))) {
+    const std::vector<std::string> cores = NameCores(collection.GetFiles(), number, package);
+    const std::optional<TCIMReference> processor = collection.AddPart(
+        DraftProcessor(collection, number, package, cores.size()), "CIM_SystemDevice");
     if (!processor) continue;
-    AddCores(collection, *processor, number, package);
+    AddCores(collection, *processor, cores);
     AddCaches(collection, *processor, package);
   }
 }

@@ -1,6 +1,8 @@
 #include "BlockDeviceText.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "TextFields.h"
 
@@ -21,6 +23,21 @@ std::optional<TExtentSize> ParseExtentSize(std::string_view sectors, std::string
   return size;
 }
 
+std::string DescribeSize(std::uint64_t bytes) {
+  constexpr std::array<std::string_view, 6> kPrefixes = {"Ki", "Mi", "Gi", "Ti", "Pi", "Ei"};
+  std::string plain = std::to_string(bytes) + " bytes";
+  std::size_t prefix = 0;
+  std::uint64_t unit = 1024;
+  while (bytes / unit >= 1024) {
+    unit *= 1024;
+    ++prefix;
+  }
+  if (bytes < unit) return plain;
+  const std::uint64_t tenths = bytes / (unit / 1024) * 10 / 1024;
+  return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10) + ' ' +
+         std::string(kPrefixes[prefix]) + "B (" + plain + ')';
+}
+
 std::uint16_t ParseDiskType(std::string_view rotational) {
   if (rotational == "1") return 2;
   return rotational == "0" ? 3 : 0;
@@ -30,6 +47,44 @@ std::optional<std::uint16_t> ParseDriveState(std::string_view state) {
   if (state.empty()) return std::nullopt;
   if (state == "running" || state == "live") return 2;
   return state == "offline" || state == "dead" ? 6 : 1;
+}
+
+std::string FindMediaDrive(std::string_view name, std::string_view scsiType) {
+  constexpr std::string_view kOptical = "5";
+  const auto isNumbered = [name](std::string_view prefix) {
+    return name.substr(0, prefix.size()) == prefix && ParseUnsigned(name.substr(prefix.size()));
+  };
+  if (scsiType == kOptical || isNumbered("sr") || isNumbered("scd")) return "Optical drive";
+  return isNumbered("fd") ? "Floppy drive" : std::string();
+}
+
+std::string ParseMapperKind(std::string_view uuid) {
+  using TRow = std::pair<std::string_view, const char*>;
+  static constexpr std::array<TRow, 5> kKinds = {{{"LVM", "Logical volume"},
+                                                  {"CRYPT", "Encrypted volume"},
+                                                  {"mpath", "Disk with several paths"},
+                                                  {"part", "Partition"},
+                                                  {"DMRAID", "Array of disks"}}};
+  for (const auto& [prefix, kind] : kKinds)
+    if (uuid.substr(0, prefix.size()) == prefix) return kind;
+  return {};
+}
+
+TArrayState ParseArrayState(std::string_view state, std::string_view degraded,
+                            std::string_view members, std::string_view action) {
+  constexpr std::uint16_t kOK = 2;
+  constexpr std::uint16_t kDegraded = 3;
+  constexpr std::uint16_t kFailed = 6;
+  constexpr std::uint16_t kStopped = 10;
+  const std::uint64_t missing = ParseUnsigned(degraded).value_or(0);
+  const bool isIdle = action.empty() || action == "idle" || action == "none";
+  std::string text(state);
+  if (missing > 0)
+    text += "; " + std::to_string(missing) + " of " + std::string(members) + " disks missing";
+  if (!isIdle) text += "; " + std::string(action);
+  if (state == "broken") return {kFailed, 25, text};
+  if (state == "inactive" || state == "clear") return {kStopped, 0, text};
+  return missing > 0 ? TArrayState{kDegraded, 10, text} : TArrayState{kOK, 5, text};
 }
 
 std::string GetDeviceFile(const std::string& name) {

@@ -17,8 +17,29 @@ struct TExtentSize {
 /// missing; nothing where the size is not known, is 0 or does not fit.
 std::optional<TExtentSize> ParseExtentSize(std::string_view sectors, std::string_view blockSize);
 
+/// Such as "465.8 GiB (500107862016 bytes)".
+std::string DescribeSize(std::uint64_t bytes);
+
 /// The standard's DiskType for the file "rotational".
 std::uint16_t ParseDiskType(std::string_view rotational);
+
+/// What a drive for media that are no hard disks is, such as "Optical drive"; empty for all else.
+/// By its name in /sys/block and the SCSI type in "device/type".
+std::string FindMediaDrive(std::string_view name, std::string_view scsiType);
+
+/// What the device mapper made, by the file "dm/uuid", such as "Logical volume".
+std::string ParseMapperKind(std::string_view uuid);
+
+/// How an array of disks does, in the standard's numbers and in words.
+struct TArrayState {
+  std::uint16_t operationalStatus = 0;
+  std::uint16_t healthState = 0;
+  std::string description;
+};
+
+/// From the files "array_state", "degraded", "raid_disks" and "sync_action" in "md".
+TArrayState ParseArrayState(std::string_view state, std::string_view degraded,
+                            std::string_view members, std::string_view action);
 
 /// The standard's OperationalStatus for the file "device/state"; nothing where there is none.
 std::optional<std::uint16_t> ParseDriveState(std::string_view state);

@@ -52,7 +52,7 @@ std::optional<TFileSystemFacts::EKind> FindKind(const TMount& mount,
     return std::nullopt;
   for (const TTypeRow& row : kKnownTypes)
     if (row.type == mount.type) return row.kind;
-  // The part behind the dot is the program's own; the kernel's list has "fuse" and "fuseblk".
+  // The part after the dot is the program's own; the kernel's list has "fuse" and "fuseblk".
   const std::string type = mount.type.substr(0, mount.type.find('.'));
   const bool isDevice = typesWithoutDevice.empty() ? mount.source.rfind('/', 0) == 0
                                                    : typesWithoutDevice.count(type) == 0;
@@ -116,15 +116,12 @@ std::set<std::string> ParseTypesWithoutDevice(std::string_view text) {
 std::vector<TFileSystemFacts> SelectFileSystems(const std::vector<TMount>& mounts,
                                                 const std::set<std::string>& typesWithoutDevice) {
   std::vector<TFileSystemFacts> selected;
-  std::set<std::string> devices;
   std::vector<std::string> slowPlaces;
   for (const TMount& mount : DropHidden(mounts)) {
     const std::optional<TFileSystemFacts::EKind> kind = FindKind(mount, typesWithoutDevice);
     if (kind == TFileSystemFacts::kRemote || IsServedByProcess(mount.type))
       slowPlaces.push_back(mount.mountPoint);
-    if (!kind || (*kind == TFileSystemFacts::kOnDevice && !devices.insert(mount.source).second))
-      continue;
-    selected.push_back({mount, *kind});
+    if (kind) selected.push_back({mount, *kind});
   }
   for (TFileSystemFacts& facts : selected) {
     facts.mayHang = std::any_of(

@@ -37,8 +37,8 @@ struct TFileSystemFacts {
 /// - file systems that another computer serves;
 /// - nothing else that has no device, and nothing below /proc and /sys: those show, or hide, the
 ///   kernel's own data.
-/// Of mounts at the same place only the last is seen, and a device that is mounted in several
-/// places counts once, by its first.
+/// Of mounts at the same place only the last is seen. A device may show in several places, each
+/// with a part of it.
 std::vector<TFileSystemFacts> SelectFileSystems(const std::vector<TMount>& mounts,
                                                 const std::set<std::string>& typesWithoutDevice);
 

@@ -55,6 +55,14 @@ TLinkKind ParseLinkKind(std::string_view type) {
   return {};
 }
 
+std::string ParseDeviceType(std::string_view text) {
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> field = SplitField(line, '=');
+    if (field && field->name == "DEVTYPE") return std::string(field->value);
+  }
+  return {};
+}
+
 std::optional<std::uint64_t> ParsePortSpeed(std::string_view text) {
   // "-1" is no number here; older drivers write it as an unsigned number of 16 or 32 bits.
   const std::uint64_t megabits = ParseUnsigned(text).value_or(0);

@@ -16,6 +16,9 @@ struct TLinkKind {
 /// By the number in /sys/class/net/X/type.
 TLinkKind ParseLinkKind(std::string_view type);
 
+/// What the port is made of, such as "bond" or "vlan", by the file "uevent"; empty for most.
+std::string ParseDeviceType(std::string_view text);
+
 /// Bits per second from the megabits of /sys/class/net/X/speed; nothing where the driver does not
 /// know, which it says in several ways.
 std::optional<std::uint64_t> ParsePortSpeed(std::string_view text);

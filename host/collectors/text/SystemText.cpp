@@ -77,12 +77,19 @@ std::optional<TCIMDateTime> ToTimeStamp(std::uint64_t secondsSince1970) {
   return moment;
 }
 
-std::optional<std::uint16_t> ParseChassisType(std::string_view text) {
+std::optional<TChassisForm> ParseChassisForm(std::string_view text) {
+  constexpr std::uint16_t kLast = 36;
   const std::optional<std::uint16_t> type = ParseNumber<std::uint16_t>(text);
   if (!type || *type == 0) return std::nullopt;
-  // Firmware and the standard number the common forms alike, "unknown" apart.
-  if (*type == 2) return std::uint16_t{0};
-  return *type <= 24 && *type != 23 ? *type : std::uint16_t{1};
+  // Firmware and the standard number the forms alike, but for these.
+  if (*type == 1) return TChassisForm{1, "Other than the forms that firmware knows"};
+  if (*type == 2) return TChassisForm{0, {}};
+  if (*type == 23) return TChassisForm{1, "Rack Mount Chassis"};
+  if (*type == 25) return TChassisForm{1, "Multi-system Chassis"};
+  if (*type == 28) return TChassisForm{1, "Blade"};
+  if (*type == 29) return TChassisForm{28, {}};
+  if (*type > kLast) return TChassisForm{1, "Firmware's number " + std::to_string(*type)};
+  return TChassisForm{*type, {}};
 }
 
 std::string CleanFirmwareText(const std::string& text) {

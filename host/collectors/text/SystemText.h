@@ -37,8 +37,14 @@ std::optional<std::uint64_t> ParseUptime(std::string_view text);
 /// The moment in UTC; nothing after the year 9999.
 std::optional<TCIMDateTime> ToTimeStamp(std::uint64_t secondsSince1970);
 
-/// The standard's ChassisPackageType for the number that firmware gives to a chassis.
-std::optional<std::uint16_t> ParseChassisType(std::string_view text);
+/// The form of a chassis: the standard's ChassisPackageType, and words where that is 1 (other).
+struct TChassisForm {
+  std::uint16_t type = 0;
+  std::string other;
+};
+
+/// By the number that firmware gives to it; nothing where it gives none.
+std::optional<TChassisForm> ParseChassisForm(std::string_view text);
 
 /// The text, or nothing where firmware only filled in a placeholder.
 std::string CleanFirmwareText(const std::string& text);

@@ -49,8 +49,9 @@ void CheckValue(const TMofValue& value) {
 
 void CheckType(const TMofType& type) {
   CheckPlace(type.place);
-  if (type.type.GetElementType() == TCIMValue::TCIMType::kReference)
+  if (type.type.GetElementType() == TCIMValue::TCIMType::kReference) {
     CheckName(type.referencedClass);
+  }
 }
 
 void CheckQualifiers(const std::vector<TMofQualifier>& qualifiers) {
@@ -95,8 +96,9 @@ void Check(const TMofClass& declared) {
   CheckName(declared.name);
   if (declared.superClass) CheckName(*declared.superClass);
   CheckQualifiers(declared.qualifiers);
-  for (const auto& feature : declared.features)
+  for (const auto& feature : declared.features) {
     std::visit([](const auto& one) { CheckFeature(one); }, feature);
+  }
 }
 
 void Check(const TMofInstance& instance) {
@@ -115,8 +117,9 @@ void Parse(const std::string& text) {
     DecodeMofText(message);
   });
   const std::vector<TMofDeclaration> declarations = TMofParser(diagnostics).Parse(source);
-  for (const TMofDeclaration& declaration : declarations)
+  for (const TMofDeclaration& declaration : declarations) {
     std::visit([](const auto& one) { Check(one); }, declaration);
+  }
 }
 
 /// An input must not lead to files of the machine.

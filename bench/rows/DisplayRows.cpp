@@ -54,8 +54,9 @@ void RegisterShow(const char* work, std::size_t size, const char* contender,
                                [=](benchmark::State& state) {
                                  auto& display = GetModel<TDisplay>(size);
                                  std::string text;
-                                 for (auto _ : state)
+                                 for (auto _ : state) {
                                    benchmark::DoNotOptimize(text = (display.*show)());
+                                 }
                                  Require(state, text, std::string(expected));
                                });
 }

@@ -23,9 +23,7 @@ void AskInTurns(benchmark::State& state, std::size_t size, TQuery query) {
   auto& linked = GetModel<TLinked<TLinks>>(size);
   std::size_t asked = 0;
   std::size_t found = 0;
-  for (auto _ : state) {
-    found += (linked.links.*query)(linked.turns[asked++ % linked.turns.size()]);
-  }
+  for (auto _ : state) found += (linked.links.*query)(linked.turns[asked++ % linked.turns.size()]);
   Require(state, found, asked * TLinkRows::kDegree);
 }
 

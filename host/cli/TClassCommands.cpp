@@ -60,9 +60,7 @@ TClassCommands::TClassCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(std::move(nameSpace)) {}
 
 TClassList TClassCommands::FindStart(const std::string& className) const {
-  if (className.empty()) {
-    return TClassTree::GetTopClasses(*namespace_);
-  }
+  if (className.empty()) return TClassTree::GetTopClasses(*namespace_);
   return {TElementFinder(namespace_).FindClass(className)};
 }
 

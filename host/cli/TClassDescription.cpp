@@ -49,9 +49,7 @@ void AddText(const std::string& text, std::size_t indent, TTable& table) {
 }
 
 void AddQualifiers(const ICIMNamedElement& element, std::size_t indent, TTable& table) {
-  for (const auto& text : QualifierTexts(element)) {
-    AddText(text, indent, table);
-  }
+  for (const auto& text : QualifierTexts(element)) AddText(text, indent, table);
 }
 
 std::string Section(const std::string& title, const TTable& table) {
@@ -81,9 +79,7 @@ void AddMethod(ICIMMethodDecl& method, TTable& table) {
   table.AddRow({method.GetName({}) + (parameters.empty() ? "()" : "(...)"),
                 TPrinter::TypeText(method.GetReturnType({})), NameOf(method.GetClass({}))});
   AddQualifiers(method, kDetailIndent, table);
-  for (const auto& parameter : parameters) {
-    AddText(ParameterText(*parameter), kDetailIndent, table);
-  }
+  for (const auto& parameter : parameters) AddText(ParameterText(*parameter), kDetailIndent, table);
 }
 
 }  // namespace

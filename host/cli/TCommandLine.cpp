@@ -268,9 +268,7 @@ std::string TParser::DescribeError(const CLI::ParseError& error) const {
   const std::vector<std::string> surplus = app_.remaining(true);
   const auto first = std::find_if(surplus.begin(), surplus.end(),
                                   [](const std::string& argument) { return argument != "--"; });
-  if (first == surplus.end()) {
-    return error.what();
-  }
+  if (first == surplus.end()) return error.what();
   const std::string kind = first->rfind('-', 0) == 0 ? "unknown option "
                            : FindNamedCommand()      ? "unexpected argument "
                                                      : "unknown command ";

@@ -76,9 +76,7 @@ std::string TElementFinder::KeysNote(const std::string& path) const {
 }
 
 boost::shared_ptr<ICIMClass> TElementFinder::FindClass(const std::string& name) const {
-  if (name.empty()) {
-    throw TCommandError("an empty text names no class");
-  }
+  if (name.empty()) throw TCommandError("an empty text names no class");
   const TScopedSilence silence;
   try {
     return namespace_->GetClass(name, {});
@@ -109,9 +107,7 @@ TCIMReference TElementFinder::ParsePath(const std::string& path) const {
 boost::shared_ptr<ICIMInstance> TElementFinder::FindInstance(const std::string& path) const {
   const TCIMReference reference = ParsePath(path);
   auto instance = namespace_->GetInstance(reference, {});
-  if (!instance) {
-    throw InstanceError(reference);
-  }
+  if (!instance) throw InstanceError(reference);
   return instance;
 }
 

@@ -40,24 +40,16 @@ std::string Summary(ICIMInstance& instance) {
 
 std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
   std::vector<std::string> parts;
-  for (const auto& instance : instances) {
-    parts.push_back(Summary(*instance));
-  }
+  for (const auto& instance : instances) parts.push_back(Summary(*instance));
   return cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")\n" +
          TText::Join(parts, "\n");
 }
 
 std::string Marks(const ICIMProperty& property, bool isKey) {
   std::vector<std::string> marks;
-  if (isKey) {
-    marks.emplace_back("key");
-  }
-  if (property.IsDefaultValue({})) {
-    marks.emplace_back("default");
-  }
-  if (property.GetValue({}).IsNull()) {
-    marks.emplace_back("null");
-  }
+  if (isKey) marks.emplace_back("key");
+  if (property.IsDefaultValue({})) marks.emplace_back("default");
+  if (property.GetValue({}).IsNull()) marks.emplace_back("null");
   return TText::Join(marks, ",");
 }
 
@@ -70,9 +62,7 @@ std::string TInstanceCommands::Overview() const {
   std::vector<std::string> sections;
   for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
     const TInstanceList instances = ListInstances(*cimClass, false);
-    if (!instances.empty()) {
-      sections.push_back(Section(*cimClass, instances));
-    }
+    if (!instances.empty()) sections.push_back(Section(*cimClass, instances));
   }
   return TText::Join(sections, "\n");
 }

@@ -11,9 +11,7 @@ TMofCommands::TMofCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(std::move(nameSpace)) {}
 
 std::string TMofCommands::Write(const std::string& className, bool isInherited) const {
-  if (className.empty()) {
-    return TMofWriter::WriteNamespace(namespace_);
-  }
+  if (className.empty()) return TMofWriter::WriteNamespace(namespace_);
   return TMofWriter::WriteClass(TElementFinder(namespace_).FindClass(className), isInherited);
 }
 

@@ -19,18 +19,14 @@ const std::string kSchema = "schema/vyr.mof";
 
 std::string FindSchema() {
   const auto file = TProgramFolder::Find({kSchema, "../share/vyr/" + kSchema});
-  if (!file) {
-    throw TCommandError(kSchema + ": neither beside the program nor in ../share/vyr");
-  }
+  if (!file) throw TCommandError(kSchema + ": neither beside the program nor in ../share/vyr");
   return *file;
 }
 
 /// False when a strict load stopped.
 bool Load(TMofLoader& loader, const std::vector<std::string>& files) {
   try {
-    for (const std::string& file : files) {
-      loader.Read(file);
-    }
+    for (const std::string& file : files) loader.Read(file);
     loader.Enter();
     return true;
   } catch (const TMofStrictStop&) {
@@ -73,16 +69,12 @@ void TMofInput::LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
 
 bool TMofInput::LoadFiles(const boost::shared_ptr<ICIMNamespace>& nameSpace,
                           const THostOptions& options) {
-  if (options.mofFiles.empty()) {
-    return true;
-  }
+  if (options.mofFiles.empty()) return true;
   TMofOptions mofOptions = options.mofOptions;
   mofOptions.isQuiet = options.isQuiet;
   // The loader says, with their places, what the repository logs; only who asks gets both.
   std::optional<TScopedSilence> silence;
-  if (!options.logLevel) {
-    silence.emplace();
-  }
+  if (!options.logLevel) silence.emplace();
   TProgressLine line;
   TMofLoader loader(
       nameSpace, mofOptions,

@@ -56,12 +56,8 @@ std::string TPrinter::PathText(const ICIMInstance& instance) {
 
 std::string TPrinter::ClassMarks(const ICIMClass& cimClass) {
   std::vector<std::string> marks;
-  if (cimClass.IsAbstract({})) {
-    marks.emplace_back("abstract");
-  }
-  if (cimClass.IsAssociation({})) {
-    marks.emplace_back("association");
-  }
+  if (cimClass.IsAbstract({})) marks.emplace_back("abstract");
+  if (cimClass.IsAssociation({})) marks.emplace_back("association");
   return TText::Join(marks, ", ");
 }
 

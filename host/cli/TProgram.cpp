@@ -30,12 +30,8 @@ void Report(const TCollectorNote& note) {
 }
 
 int Finish(const std::string& output, const std::vector<TCollectorNote>& notes) {
-  if (!TStandardStreams::WriteOutput(output)) {
-    return 1;
-  }
-  for (const auto& note : notes) {
-    Report(note);
-  }
+  if (!TStandardStreams::WriteOutput(output)) return 1;
+  for (const auto& note : notes) Report(note);
   return 0;
 }
 
@@ -54,19 +50,13 @@ std::string Render(const TInvocation& invocation, const boost::shared_ptr<ICIMNa
 }
 
 int Execute(const TInvocation& invocation, const TMemoryWatch& watch) {
-  if (invocation.needs == ENeeds::kNothing) {
-    return Finish(Render(invocation, {}, watch), {});
-  }
-  if (invocation.options.logLevel) {
-    TRootObject::SetLogThreshold(*invocation.options.logLevel);
-  }
+  if (invocation.needs == ENeeds::kNothing) return Finish(Render(invocation, {}, watch), {});
+  if (invocation.options.logLevel) TRootObject::SetLogThreshold(*invocation.options.logLevel);
   const TScopedLogger visibly([](ICoreLogger& earlier, int level, const std::string& message) {
     earlier.Log(level, TText::OneLine(message));
   });
   TRepository repository(invocation.options);
-  if (NeedsMachine(invocation)) {
-    repository.Collect();
-  }
+  if (NeedsMachine(invocation)) repository.Collect();
   const bool isWhole = TMofInput::LoadFiles(repository.GetNamespace(), invocation.options);
   const std::string output = Render(invocation, repository.GetNamespace(), watch);
   const int status = Finish(

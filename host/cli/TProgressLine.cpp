@@ -26,9 +26,7 @@ TProgressLine::~TProgressLine() { Clear(); }
 
 void TProgressLine::Show(const std::string& text) {
   const TClock::time_point now = TClock::now();
-  if (!isTerminal_ || now < next_) {
-    return;
-  }
+  if (!isTerminal_ || now < next_) return;
   TStandardStreams::RewriteErrorLine(text);
   isShown_ = true;
   next_ = now + kPause;

@@ -17,9 +17,7 @@ std::string Line(const std::vector<std::string>& cells, const std::vector<std::s
   std::string line(indent, ' ');
   for (std::size_t column = 0; column < cells.size(); ++column) {
     line += cells[column];
-    if (column + 1 < cells.size()) {
-      line.append(widths[column] - cells[column].size() + kGap, ' ');
-    }
+    if (column + 1 < cells.size()) line.append(widths[column] - cells[column].size() + kGap, ' ');
   }
   line.erase(line.find_last_not_of(' ') + 1);
   return line + "\n";
@@ -48,9 +46,7 @@ std::vector<std::size_t> TTable::MeasureColumns() const {
 std::string TTable::ToString() const {
   const std::vector<std::size_t> widths = MeasureColumns();
   std::string text;
-  for (const auto& row : rows_) {
-    text += Line(row, widths, indent_);
-  }
+  for (const auto& row : rows_) text += Line(row, widths, indent_);
   return text;
 }
 

@@ -107,26 +107,18 @@ std::vector<std::string> TText::Wrap(const std::string& text, std::size_t width)
   std::size_t start = 0;
   while (text.size() - start > width) {
     std::size_t last = text.find_last_of(" ,", start + width - 1);
-    if (last == std::string::npos || last <= start) {
-      last = text.find_first_of(" ,", start + width);
-    }
-    if (last == std::string::npos) {
-      break;
-    }
+    if (last == std::string::npos || last <= start) last = text.find_first_of(" ,", start + width);
+    if (last == std::string::npos) break;
     lines.push_back(text.substr(start, last + 1 - start));
     start = last + 1;
   }
-  if (start < text.size()) {
-    lines.push_back(text.substr(start));
-  }
+  if (start < text.size()) lines.push_back(text.substr(start));
   return lines;
 }
 
 std::string TText::Join(const std::vector<std::string>& parts, const std::string& separator) {
   std::string text;
-  for (const auto& part : parts) {
-    text += (text.empty() ? "" : separator) + part;
-  }
+  for (const auto& part : parts) text += (text.empty() ? "" : separator) + part;
   return text;
 }
 

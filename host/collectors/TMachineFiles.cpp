@@ -37,8 +37,9 @@ int ReadAll(const TDescriptor& file, std::size_t maximum, std::string& text) {
 std::string FindObstacle(const TDescriptor& place, mode_t kind, std::size_t maximum) {
   struct stat64 status = {};
   if (!place.IsOpen() || fstat64(place.Get(), &status) != 0) return DescribeError(errno);
-  if ((status.st_mode & S_IFMT) != kind)
+  if ((status.st_mode & S_IFMT) != kind) {
     return kind == S_IFDIR ? DescribeError(ENOTDIR) : "Not a regular file";
+  }
   const bool isTooLarge = kind == S_IFREG && static_cast<std::uint64_t>(status.st_size) > maximum;
   return isTooLarge ? DescribeError(EFBIG) : std::string();
 }

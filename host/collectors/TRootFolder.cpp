@@ -30,8 +30,9 @@ TDescriptor OpenByKernel(const TDescriptor& root, const std::string& path, int f
 void PushComponents(std::vector<std::string>& components, const std::string& path) {
   std::vector<std::string> names;
   std::istringstream text(path);
-  for (std::string name; std::getline(text, name, '/');)
+  for (std::string name; std::getline(text, name, '/');) {
     if (!name.empty() && name != ".") names.push_back(name);
+  }
   components.insert(components.end(), names.rbegin(), names.rend());
 }
 

@@ -36,8 +36,9 @@ void AppendCharacter(std::string& path, const TCIMValue& value) {
 void AppendReference(std::string& path, const TCIMValue& value, EPathForm form) {
   const auto inner = static_cast<TCIMReference>(value);
   const std::string text = form == EPathForm::kCanonical ? inner.GetPath() : inner.ToString();
-  if (text.size() > kLongestInnerPath)
+  if (text.size() > kLongestInnerPath) {
     throw std::length_error("object path: references are nested too deeply");
+  }
   AppendQuoted(path, text);
 }
 

@@ -173,8 +173,9 @@ void TCIMDateTime::SetTimeStamp(int year, unsigned month, unsigned day, unsigned
       year,    month,   day,          hours,
       minutes, seconds, microseconds, std::abs(static_cast<std::int64_t>(offsetMinutes))};
   const std::size_t wrong = FindWrongStampField(values);
-  if (wrong != kFieldCount)
+  if (wrong != kFieldCount) {
     throw std::invalid_argument(Complaint(kStampFields[wrong], values[wrong]));
+  }
   isInterval_ = false;
   year_ = year;
   month_ = static_cast<std::uint8_t>(month);

@@ -139,9 +139,7 @@ TCIMPathParser::TKey TCIMPathParser::FindKey(const boost::shared_ptr<ICIMClass>&
   const std::string& givenName = name.content.text;
   const auto declaration = FindPropertyDecl(cimClass, givenName);
   const std::string className = QuoteText(cimClass->GetName({}));
-  if (!declaration) {
-    Fail(name.column, "class " + className + " has no key " + QuoteText(givenName));
-  }
+  if (!declaration) Fail(name.column, "class " + className + " has no key " + QuoteText(givenName));
   const std::string declaredName = DeclaredKeyName(cimClass, givenName);
   if (declaredName.empty()) {
     Fail(name.column, "property " + QuoteText(givenName) + " of class " + className + " is no key");

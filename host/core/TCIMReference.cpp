@@ -91,9 +91,7 @@ boost::shared_ptr<ICIMElement> TCIMReference::GetCIMElement(bool wantsClass) con
   if (!class_) throw TVYRException(TVYRStatusCode::kNotFound);
   boost::shared_ptr<ICIMNamespace> nameSpace = namespace_.lock();
   if (!nameSpace) nameSpace = class_->GetNamespace({});
-  if (wantsClass) {
-    return nameSpace ? Found(nameSpace->GetClass(GetClassName(), {})) : Found(class_);
-  }
+  if (wantsClass) return nameSpace ? Found(nameSpace->GetClass(GetClassName(), {})) : Found(class_);
   if (!nameSpace) throw TVYRException(TVYRStatusCode::kNotFound);
   return Found(nameSpace->GetInstance(*this, {}));
 }

@@ -73,17 +73,17 @@ void TInmemClass::ReleaseLinks() {
 /// it is due: the host may change them when classes of its own are asked. What fails after that
 /// leaves what was done before it.
 void TInmemClass::AddToNamespace(TCIMContext) {
-  Validate(TCIMContext());
+  Validate({});
   const auto self = shared_from_this();
   TSubClasses::TSpare listing(self);
   std::vector<TAssociationClasses::TSpare> registrations;
   propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
-    if (declaration->GetDefaultValue(TCIMContext()).IsReference()) registrations.emplace_back(self);
+    if (declaration->GetDefaultValue({}).IsReference()) registrations.emplace_back(self);
   });
   namespace_.lock()->AddClass(self);
   superClass_.lock()->List(std::move(listing), *this);
   isInNamespace_ = true;
-  if (!IsAssociation(TCIMContext())) return;
+  if (!IsAssociation({})) return;
   ForEachRegistration([&](ICIMClass& target) {
     auto* const own = dynamic_cast<TInmemClass*>(&target);
     if (!own || registrations.empty()) return target.AddAssociationClass(self);
@@ -100,7 +100,7 @@ void TInmemClass::RemoveFromNamespace(TCIMContext) {
   namespace_.lock()->RemoveClass(self);
   if (const auto superClass = superClass_.lock()) superClass->RemoveChildClass(self);
   isInNamespace_ = false;
-  if (!IsAssociation(TCIMContext())) return;
+  if (!IsAssociation({})) return;
   ForEachRegistration([&](ICIMClass& target) { target.RemoveAssociationClass(self); });
 }
 
@@ -128,7 +128,7 @@ bool TInmemClass::IsReferenceSkipped(const TInmemPropertyDecl& reference,
     }
     const auto other = declaration->GetReferencedClass();
     if (!other) continue;
-    if (other == target ? isPassed : target->IsSubclassOf(other, TCIMContext())) return true;
+    if (other == target ? isPassed : target->IsSubclassOf(other, {})) return true;
   }
   return false;
 }
@@ -154,11 +154,9 @@ TCIMValue TInmemClass::InvokeMethod(const std::string&, TCIMContext&, TCIMContex
   return TCIMValue();
 }
 
-bool TInmemClass::operator==(ICIMClass& other) const {
-  return name_ == other.GetName(TCIMContext());
-}
+bool TInmemClass::operator==(ICIMClass& other) const { return name_ == other.GetName({}); }
 
-bool TInmemClass::operator<(ICIMClass& other) const { return name_ < other.GetName(TCIMContext()); }
+bool TInmemClass::operator<(ICIMClass& other) const { return name_ < other.GetName({}); }
 
 void TInmemClass::AddChildClass(boost::shared_ptr<ICIMClass> subClass) {
   const auto added = InMemory<TInmemClass>(subClass);
@@ -211,7 +209,7 @@ void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
   // An instance and its class hold each other. Without the namespace, which would part them in the
   // end, they would hold for ever.
   if (namespace_.expired()) return;
-  const std::string path = instance->GetReference(TCIMContext()).GetPath();
+  const std::string path = instance->GetReference({}).GetPath();
   // What was found holds for the references as they were.
   const bool holds = found.changes == referenceChanges_;
   if (holds) return instances_.Put(path, instance, found);
@@ -219,7 +217,7 @@ void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
 }
 
 void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
-  instances_.Erase(instance->GetReference(TCIMContext()).GetPath());
+  instances_.Erase(instance->GetReference({}).GetPath());
 }
 
 boost::shared_ptr<TInmemInstance> TInmemClass::GetInstance(const TCIMReference& path,

@@ -36,7 +36,7 @@ bool HasOverride(const TInterface& declaration) {
   if (const auto* const own = dynamic_cast<const TOwn*>(&declaration)) {
     return own->GetQualifiers().FindKey(QualifierKey::kOverride) != nullptr;
   }
-  return declaration.GetQualifier(kOverride, TCIMContext()) != nullptr;
+  return declaration.GetQualifier(kOverride, {}) != nullptr;
 }
 
 }  // namespace
@@ -52,9 +52,8 @@ void TInmemClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaratio
 boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
     const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
   const auto self = shared_from_this();
-  const std::string& name = declaration->GetName(TCIMContext());
-  if (declaration->GetType(TCIMContext()) == TCIMValue::TCIMType::kReference &&
-      !IsAssociation(TCIMContext())) {
+  const std::string& name = declaration->GetName({});
+  if (declaration->GetType({}) == TCIMValue::TCIMType::kReference && !IsAssociation({})) {
     LogValidationFailure("Inmem: Attempt to add reference property " + name +
                          " to non-association class " + name_);
     throw Failure::ReferenceOutsideAssociation();
@@ -85,27 +84,27 @@ bool TInmemClass::IsPropertyDeclAccepted(const ICIMPropertyDecl& declaration,
   } catch (const TVYRException& failure) {
     if (!Failure::IsNotFound(failure)) return false;
   }
-  return !existing || IsRedeclarable(declaration.GetName(TCIMContext()));
+  return !existing || IsRedeclarable(declaration.GetName({}));
 }
 
 bool TInmemClass::IsPropertyOverrideAccepted(const ICIMPropertyDecl& declaration,
                                              const std::string& key,
                                              const TPropertyDeclPointer& existing) const {
-  const std::string& name = declaration.GetName(TCIMContext());
+  const std::string& name = declaration.GetName({});
   if (!existing) {
     if (Contains(key, "porttype")) return true;
     LogOverrideFailure("property", name, name_, "property doesn't exist in base class");
     throw Failure::NotFound();  // and so it is added as if it did not override
   }
-  if (existing->GetType(TCIMContext()) != declaration.GetType(TCIMContext())) {
+  if (existing->GetType({}) != declaration.GetType({})) {
     LogOverrideFailure("property", name, name_, "different types");
     throw Failure::TypeMismatch();
   }
-  return !IsDeclaredHere(existing->GetClass(TCIMContext()));
+  return !IsDeclaredHere(existing->GetClass({}));
 }
 
 void TInmemClass::RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
-  const std::string key = NormalizeName(declaration->GetName(TCIMContext()));
+  const std::string key = NormalizeName(declaration->GetName({}));
   if (!propertyDecls_.Erase(key)) throw Failure::NotFound();
   declaredProperties_.reset();
 }
@@ -141,7 +140,7 @@ TDeclaredPointer TInmemClass::GetDeclaredProperties() {
 
 void TInmemClass::AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
   const auto self = shared_from_this();
-  const std::string key = NormalizeName(declaration->GetName(TCIMContext()));
+  const std::string key = NormalizeName(declaration->GetName({}));
   const auto existing = methodDecls_.Find(key);
   CheckMethodDecl(*declaration, existing);
   const auto added = InMemory<TInmemMethodDecl>(declaration);
@@ -152,7 +151,7 @@ void TInmemClass::AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
 /// a property's, a method's refusal reaches the caller, and one of an override logs twice.
 void TInmemClass::CheckMethodDecl(const ICIMMethodDecl& declaration,
                                   const TMethodDeclPointer& existing) const {
-  const std::string& name = declaration.GetName(TCIMContext());
+  const std::string& name = declaration.GetName({});
   try {
     if (HasOverride<TInmemMethodDecl>(declaration)) {
       return CheckMethodOverride(declaration, existing);
@@ -172,23 +171,23 @@ void TInmemClass::CheckMethodDecl(const ICIMMethodDecl& declaration,
 
 void TInmemClass::CheckMethodOverride(const ICIMMethodDecl& declaration,
                                       const TMethodDeclPointer& existing) const {
-  const std::string& name = declaration.GetName(TCIMContext());
+  const std::string& name = declaration.GetName({});
   if (!existing) {
     LogOverrideFailure("method", name, name_, "method doesn't exist in base class");
     throw Failure::NotFound();  // and so it is added as if it did not override
   }
-  if (existing->GetReturnType(TCIMContext()) != declaration.GetReturnType(TCIMContext())) {
+  if (existing->GetReturnType({}) != declaration.GetReturnType({})) {
     LogOverrideFailure("method", name, name_, "different types");
     throw Failure::TypeMismatch();
   }
-  if (IsDeclaredHere(existing->GetClass(TCIMContext()))) {
+  if (IsDeclaredHere(existing->GetClass({}))) {
     LogOverrideFailure("method", name, name_, "original was defined in this class");
     throw Failure::AlreadyDefined();
   }
 }
 
 void TInmemClass::RemoveMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
-  const std::string key = NormalizeName(declaration->GetName(TCIMContext()));
+  const std::string key = NormalizeName(declaration->GetName({}));
   if (!methodDecls_.Erase(key)) throw Failure::NotFound();
 }
 

@@ -38,7 +38,7 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
   TPropertyDecls::TCursor cursor(propertyDecls_);
   try {
     while (const auto declaration = cursor.Next(IsKey)) {
-      if (!callback(&declaration->GetName(TCIMContext()))) return;
+      if (!callback(&declaration->GetName({}))) return;
     }
   } catch (const TVYRException& failure) {
     throw Failure::SameStatus(failure);
@@ -46,7 +46,7 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
 }
 
 void TInmemClass::Validate(TCIMContext) const {
-  if (IsAbstract(TCIMContext())) return;
+  if (IsAbstract({})) return;
   TPropertyDecls::TCursor cursor(propertyDecls_);
   if (cursor.Next(IsKey)) return;
   LogDefinitionFailure("Inmem: Class " + name_ + " has no keys");

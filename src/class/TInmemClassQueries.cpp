@@ -16,16 +16,16 @@ namespace {
 
 /// An empty filter class restricts nothing.
 bool PassesFilter(const ICIMClass& cimClass, const boost::shared_ptr<ICIMClass>& filterClass) {
-  return !filterClass || cimClass.IsSubclassOf(filterClass, TCIMContext());
+  return !filterClass || cimClass.IsSubclassOf(filterClass, {});
 }
 
 }  // namespace
 
 bool TInmemClass::IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMContext) const {
-  const std::string& name = other->GetName(TCIMContext());
+  const std::string& name = other->GetName({});
   if (name_ == name) return true;
   for (auto current = superClass_.lock(); current; current = current->superClass_.lock()) {
-    if (current->IsRootClass(TCIMContext())) return false;
+    if (current->IsRootClass({})) return false;
     if (current->name_ == name) return true;
   }
   return false;
@@ -99,14 +99,14 @@ boost::shared_ptr<ICIMClass> TInmemClass::FindFilterClass(const std::string& nam
   if (name.empty()) return {};
   const auto nameSpace = namespace_.lock();
   if (!nameSpace) throw Failure::NotFound();
-  return nameSpace->GetClass(name, TCIMContext());
+  return nameSpace->GetClass(name, {});
 }
 
 /// Whether the association's property of that name, if it has one, refers to this very class.
 bool TInmemClass::RefersTo(ICIMClass& association, const std::string& role) const {
   try {
-    const auto declaration = association.GetPropertyDecl(role, TCIMContext());
-    const TCIMValue& value = declaration->GetDefaultValue(TCIMContext());
+    const auto declaration = association.GetPropertyDecl(role, {});
+    const TCIMValue& value = declaration->GetDefaultValue({});
     return value.IsReference() && value.GetReferencedClass().get() == this;
   } catch (const TVYRException& failure) {
     if (!Failure::IsNotFound(failure)) throw;
@@ -128,7 +128,7 @@ void TInmemClass::EnumerateAssociationClasses(const TCIMClassCallback& callback,
       if (!callback(association)) return;
     }
     current = current->superClass_.lock();
-  } while (current && !current->IsRootClass(TCIMContext()));
+  } while (current && !current->IsRootClass({}));
 }
 
 void TInmemClass::EnumerateAssociatedClasses(const TCIMClassCallback& callback,

@@ -17,13 +17,9 @@ class TInmemDeclaration : public TInmemQualifiedElement<TInterface, TSelf> {
   /// The same, for look-ups in which each call counts.
   const std::string& GetGivenName() const { return name_; }
 
-  bool operator==(TInterface& other) const override {
-    return IsSameName(name_, other.GetName(TCIMContext()));
-  }
+  bool operator==(TInterface& other) const override { return IsSameName(name_, other.GetName({})); }
 
-  bool operator<(TInterface& other) const override {
-    return IsNameLess(name_, other.GetName(TCIMContext()));
-  }
+  bool operator<(TInterface& other) const override { return IsNameLess(name_, other.GetName({})); }
 
   using TInmemQualifiedElement<TInterface, TSelf>::operator=;
   TInmemDeclaration& operator=(const TInmemDeclaration&) { return *this; }

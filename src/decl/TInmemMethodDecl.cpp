@@ -16,7 +16,7 @@ TInmemMethodDecl::TInmemMethodDecl(const boost::shared_ptr<TInmemClass>& owner,
 TInmemMethodDecl::~TInmemMethodDecl() = default;
 
 void TInmemMethodDecl::AddParameterDecl(const boost::shared_ptr<TInmemParameterDecl>& parameter) {
-  const std::string& parameterName = parameter->GetName(TCIMContext());
+  const std::string& parameterName = parameter->GetName({});
   if (parameters_.Insert(NormalizeName(parameterName), parameter)) return;
   // It says "property", and hosts look for these very words.
   LogDefinitionFailure("Inmem: Attempt to add property " + parameterName + " to method " + name_ +
@@ -26,7 +26,7 @@ void TInmemMethodDecl::AddParameterDecl(const boost::shared_ptr<TInmemParameterD
 
 void TInmemMethodDecl::RemoveParameterDecl(
     const boost::shared_ptr<TInmemParameterDecl>& parameter) {
-  const std::string key = NormalizeName(parameter->GetName(TCIMContext()));
+  const std::string key = NormalizeName(parameter->GetName({}));
   if (!parameters_.Erase(key)) throw Failure::NotFound();
 }
 

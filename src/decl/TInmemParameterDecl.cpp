@@ -16,7 +16,7 @@ boost::shared_ptr<TInmemQualifier> TInmemParameterDecl::LookupQual(const std::st
 }
 
 void TInmemParameterDecl::RemoveQualifier(const boost::shared_ptr<ICIMQualifier>& qualifier) {
-  qualifiers_.Remove(qualifier->GetName(TCIMContext()));
+  qualifiers_.Remove(qualifier->GetName({}));
 }
 
 /// A miss is an empty pointer here, where the method's own look-up throws.

@@ -21,7 +21,7 @@ boost::shared_ptr<TInmemQualifier> TInmemPropertyDecl::LookupQualifier(
 }
 
 void TInmemPropertyDecl::RemoveQualifier(const boost::shared_ptr<ICIMQualifier>& qualifier) {
-  qualifiers_.Remove(qualifier->GetName(TCIMContext()));
+  qualifiers_.Remove(qualifier->GetName({}));
 }
 
 boost::shared_ptr<ICIMClass> TInmemPropertyDecl::GetReferencedClass() const {
@@ -55,7 +55,7 @@ boost::shared_ptr<ICIMQualifier> TInmemPropertyDecl::GetQualifier(const std::str
 void TInmemPropertyDecl::Validate(TCIMContext) {}
 
 void TInmemPropertyDecl::AddToClass(TCIMContext) {
-  Validate(TCIMContext());
+  Validate({});
   class_.lock()->AddPropertyDecl(shared_from_this());
 }
 

@@ -21,9 +21,7 @@ void PrefetchEnds(TInstanceEntry* const* first, TInstanceEntry* const* end) {
   }
   for (const auto* entry = first; entry != end; ++entry) {
     if (!(*entry)->references) continue;
-    for (const auto& link : (*entry)->references->links) {
-      __builtin_prefetch(&link.end->entry);
-    }
+    for (const auto& link : (*entry)->references->links) __builtin_prefetch(&link.end->entry);
   }
 }
 

@@ -93,7 +93,7 @@ void TInmemInstance::StampCollectionTime() {
   if (GetDeclared()->Find(kCollectionTimeKey) == CountProperties()) return;
   try {
     const TCIMValue now(TOSSpecific::GetLocalTime());
-    TInmemInstance::SetPropertyValue(kCollectionTime, now, TCIMContext());
+    TInmemInstance::SetPropertyValue(kCollectionTime, now, {});
   } catch (const TVYRException&) {
   }
 }
@@ -111,12 +111,11 @@ auto TInmemInstance::UseProperty(const std::string& name, TUse use) const {
 }
 
 bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
-  const bool isNull = UseProperty(*keyName, [](const ICIMProperty& property) {
-    return property.GetValue(TCIMContext()).IsNull();
-  });
+  const bool isNull = UseProperty(
+      *keyName, [](const ICIMProperty& property) { return property.GetValue({}).IsNull(); });
   if (!isNull) return true;
-  LogValidationFailure("Inmem: Instance " + class_->GetName(TCIMContext()) + ": key property " +
-                       *keyName + " is NULL");
+  LogValidationFailure("Inmem: Instance " + class_->GetName({}) + ": key property " + *keyName +
+                       " is NULL");
   throw Failure::NullKey();
 }
 
@@ -125,10 +124,10 @@ void TInmemInstance::Validate(TCIMContext) const { ValidateAndFind(); }
 TFoundReferences TInmemInstance::ValidateAndFind() const {
   if ((validationFlags_ & kValidateKeys) != 0) {
     class_->EnumerateKeyNames([this](const std::string* key) { return ValidateKeyNonNull(key); },
-                              TCIMContext());
+                              {});
   }
   if ((validationFlags_ & kValidateReferences) == 0) return {};
-  return class_->IsAssociation(TCIMContext()) ? ValidateReferences() : TFoundReferences();
+  return class_->IsAssociation({}) ? ValidateReferences() : TFoundReferences();
 }
 
 void TInmemInstance::AddToNamespace(TCIMContext) {
@@ -138,8 +137,7 @@ void TInmemInstance::AddToNamespace(TCIMContext) {
   } catch (const TVYRException&) {
     // One message for every cause, and no failure for the caller: collectors add what they have
     // and go on.
-    LogValidationFailure("Inmem: Instance " + class_->GetName(TCIMContext()) +
-                         ": invalid references");
+    LogValidationFailure("Inmem: Instance " + class_->GetName({}) + ": invalid references");
     return;
   }
   class_->AddInstance(shared_from_this(), found);
@@ -150,15 +148,15 @@ void TInmemInstance::Delete(TCIMContext) { class_->RemoveInstance(shared_from_th
 void TInmemInstance::ModifyInstance(boost::shared_ptr<ICIMInstance>, TCIMContext) {}
 
 TCIMReference TInmemInstance::GetReference(TCIMContext) const {
-  TCIMReference path({}, TCIMContext());
+  TCIMReference path({}, {});
   path.SetClass(class_);
-  class_->EnumerateKeyNames(TBuildPathCallback{&path, shared_from_this()}, TCIMContext());
+  class_->EnumerateKeyNames(TBuildPathCallback{&path, shared_from_this()}, {});
   return path;
 }
 
 void TInmemInstance::AddKeyTo(TCIMReference& path, const std::string& keyName) const {
   UseProperty(keyName, [&](const ICIMProperty& property) {
-    path.AddKeyValue(keyName, property.GetValue(TCIMContext()));
+    path.AddKeyValue(keyName, property.GetValue({}));
   });
 }
 
@@ -210,7 +208,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
                                       TCIMContext) {
   const std::size_t position = FindPosition(name);
   if (position != CountProperties()) {
-    properties_[position].SetValue(value, TCIMContext());
+    properties_[position].SetValue(value, {});
     return;
   }
   // Only this one of the derived names may be set in vain.
@@ -228,13 +226,9 @@ TCIMValue TInmemInstance::InvokeMethod(const std::string&, TCIMContext&, TCIMCon
   return TCIMValue();
 }
 
-bool TInmemInstance::operator==(ICIMInstance& other) const {
-  return other.GetClass(TCIMContext()) == class_;
-}
+bool TInmemInstance::operator==(ICIMInstance& other) const { return other.GetClass({}) == class_; }
 
-bool TInmemInstance::operator<(ICIMInstance& other) const {
-  return class_ < other.GetClass(TCIMContext());
-}
+bool TInmemInstance::operator<(ICIMInstance& other) const { return class_ < other.GetClass({}); }
 
 ICIMInstance& TInmemInstance::operator=(const ICIMInstance&) { return *this; }
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): it copies nothing

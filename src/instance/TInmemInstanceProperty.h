@@ -32,7 +32,7 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   /// implementation.
   TInmemClass* FindReferencedClass() const;
 
-  bool IsReference() const { return GetValue(TCIMContext()).IsReference(); }
+  bool IsReference() const { return GetValue({}).IsReference(); }
 
   using TInmemPropertyBase::operator=;
   TInmemInstanceProperty& operator=(const TInmemInstanceProperty&) { return *this; }

@@ -12,7 +12,7 @@
 namespace NZELVYR20 {
 
 boost::shared_ptr<TInmemNamespace> TInmemInstance::GetInmemNamespace() const {
-  return boost::static_pointer_cast<TInmemNamespace>(class_->GetNamespace(TCIMContext()));
+  return boost::static_pointer_cast<TInmemNamespace>(class_->GetNamespace({}));
 }
 
 std::optional<std::size_t> TInmemInstance::CountReferencesOf(const TIndexedInstance& instance) {
@@ -25,7 +25,7 @@ std::optional<std::size_t> TInmemInstance::CountReferences() const {
   for (const TInmemInstanceProperty& property : properties_) {
     const bool isReference = property.IsReference();
     count += isReference ? 1 : 0;
-    mayHave |= isReference || property.GetType(TCIMContext()) == TCIMValue::TCIMType::kReference;
+    mayHave |= isReference || property.GetType({}) == TCIMValue::TCIMType::kReference;
   }
   return mayHave ? std::optional(count) : std::nullopt;
 }
@@ -43,7 +43,7 @@ TFoundReferences TInmemInstance::ValidateReferences() const {
   found.changes = class_->GetReferenceChanges();
   TResolution resolution(GetInmemNamespace());
   for (const TInmemInstanceProperty& property : properties_) {
-    const TCIMValue& value = property.GetValue(TCIMContext());
+    const TCIMValue& value = property.GetValue({});
     if (!value.IsReference()) continue;
     const TCIMReference path(value);
     try {
@@ -102,7 +102,7 @@ bool TInmemInstance::FindReference(std::size_t from, TReference& reference) cons
   }
   for (std::size_t i = from; i < CountProperties(); ++i) {
     reference.position = i;
-    if (Take(properties_[i].GetValue(TCIMContext()), reference)) return true;
+    if (Take(properties_[i].GetValue({}), reference)) return true;
   }
   return false;
 }
@@ -113,7 +113,7 @@ bool TInmemInstance::FindReference(const std::string& role, TReference& referenc
   if (reference.position == CountProperties()) reference.derived = DeriveProperty(role);
   const ICIMProperty& property =
       reference.derived ? *reference.derived : properties_[reference.position];
-  return Take(property.GetValue(TCIMContext()), reference);
+  return Take(property.GetValue({}), reference);
 }
 
 bool TInmemInstance::Take(const TCIMValue& value, TReference& reference) {
@@ -144,7 +144,7 @@ boost::shared_ptr<ICIMInstance> TInmemInstance::Follow(const TReference& referen
 boost::shared_ptr<ICIMElement> TInmemInstance::Resolve(const TReference& reference) {
   const ICIMProperty& property =
       reference.derived ? *reference.derived : properties_[reference.position];
-  const TCIMReference path(property.GetValue(TCIMContext()));
+  const TCIMReference path(property.GetValue({}));
   const std::uint64_t changes = class_->GetReferenceChanges();
   TResolution resolution(GetInmemNamespace());
   auto element = resolution.Resolve(path);

@@ -27,7 +27,7 @@ bool Probe(bool missed, TStep step) {
 
 /// Whether what the class is referred to by may lead to a far end of the result class.
 bool IsFar(const ICIMClass* referencedClass, const boost::shared_ptr<ICIMClass>& resultClass) {
-  return referencedClass != nullptr && referencedClass->IsSubclassOf(resultClass, TCIMContext());
+  return referencedClass != nullptr && referencedClass->IsSubclassOf(resultClass, {});
 }
 
 }  // namespace
@@ -42,8 +42,7 @@ void TInmemInstance::EnumerateReferences(const TCIMInstanceCallback& callback,
                                          const std::string& resultClass, const std::string& role,
                                          EFollows follows) {
   class_->EnumerateAssociationClasses(
-      TReferencesCallback{shared_from_this(), callback, role, follows}, resultClass, role,
-      TCIMContext());
+      TReferencesCallback{shared_from_this(), callback, role, follows}, resultClass, role, {});
 }
 
 /// All candidates of both walks come from here.
@@ -119,8 +118,8 @@ void TInmemInstance::EnumerateAssociatedInstances(const TCIMInstanceCallback& ca
                                                   const std::string& resultRole, TCIMContext) {
   boost::shared_ptr<ICIMClass> result;
   const bool isKnown = Probe(false, [&] {
-    const auto nameSpace = class_->GetNamespace(TCIMContext());
-    if (nameSpace) result = nameSpace->GetClass(resultClass, TCIMContext());
+    const auto nameSpace = class_->GetNamespace({});
+    if (nameSpace) result = nameSpace->GetClass(resultClass, {});
     return nameSpace != nullptr;
   });
   if (!isKnown) return;

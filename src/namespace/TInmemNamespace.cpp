@@ -45,8 +45,7 @@ TInmemNamespace::~TInmemNamespace() {
 }
 
 void TInmemNamespace::Initialize() {
-  rootClass_ =
-      boost::static_pointer_cast<TInmemClass>(AllocateClass(kRootClassName, {}, TCIMContext()));
+  rootClass_ = boost::static_pointer_cast<TInmemClass>(AllocateClass(kRootClassName, {}, {}));
 }
 
 std::string TInmemNamespace::NormalizeName(const std::string& name) {
@@ -100,7 +99,7 @@ boost::shared_ptr<ICIMClass> TInmemNamespace::GetClass(const std::string& name, 
 }
 
 void TInmemNamespace::AddClass(const boost::shared_ptr<TInmemClass>& cimClass) {
-  const std::string& name = cimClass->GetName(TCIMContext());
+  const std::string& name = cimClass->GetName({});
   const std::string key = NormalizeName(name);
   if (classes_.Insert(key, cimClass)) return;
   if (!allowRedefinition_) FailAlreadyDefined("class", name);
@@ -121,7 +120,7 @@ void TInmemNamespace::ReplaceClass(const std::string& key,
 void TInmemNamespace::RemoveClass(const boost::shared_ptr<TInmemClass>&) {}
 
 void TInmemNamespace::AddQualifierDecl(const boost::shared_ptr<TInmemQualifierDecl>& declaration) {
-  const std::string& name = declaration->GetName(TCIMContext());
+  const std::string& name = declaration->GetName({});
   const std::string key = NormalizeName(name);
   if (qualifierDecls_.Insert(key, declaration)) return;
   if (!allowRedefinition_) FailAlreadyDefined("qualifier", name);

@@ -8,13 +8,13 @@ TInmemProperty::TInmemProperty(const boost::shared_ptr<const ICIMPropertyDecl>& 
 TInmemProperty::TInmemProperty(const boost::shared_ptr<const ICIMPropertyDecl>& declaration,
                                const TCIMValue& value)
     : TInmemProperty(declaration) {
-  TInmemProperty::SetValue(value, TCIMContext());
+  TInmemProperty::SetValue(value, {});
 }
 
 TInmemProperty::TInmemProperty(const boost::shared_ptr<const ICIMProperty>& other)
-    : TInmemProperty(other->GetDeclaration(TCIMContext())) {
-  const TCIMValue& value = other->GetValue(TCIMContext());
-  if (!value.IsNull()) TInmemProperty::SetValue(value, TCIMContext());
+    : TInmemProperty(other->GetDeclaration({})) {
+  const TCIMValue& value = other->GetValue({});
+  if (!value.IsNull()) TInmemProperty::SetValue(value, {});
 }
 
 TInmemProperty::~TInmemProperty() = default;

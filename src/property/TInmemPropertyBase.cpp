@@ -11,13 +11,13 @@ namespace NZELVYR20 {
 namespace {
 
 std::string GetName(const boost::shared_ptr<ICIMClass>& cimClass) {
-  return cimClass ? cimClass->GetName(TCIMContext()) : std::string();
+  return cimClass ? cimClass->GetName({}) : std::string();
 }
 
 /// A reference that knows no class refers to nothing that could be of the declared one.
 bool IsSubclass(const boost::shared_ptr<ICIMClass>& cimClass,
                 const boost::shared_ptr<ICIMClass>& declared) {
-  return cimClass && declared && cimClass->IsSubclassOf(declared, TCIMContext());
+  return cimClass && declared && cimClass->IsSubclassOf(declared, {});
 }
 
 std::string TypeText(TCIMValue::TCIMType type) {
@@ -30,15 +30,15 @@ std::string TypeText(TCIMValue::TCIMType type) {
 }  // namespace
 
 TCIMValue::TCIMType TInmemPropertyBase::GetType(TCIMContext) const {
-  return Declaration().GetType(TCIMContext());
+  return Declaration().GetType({});
 }
 
-bool TInmemPropertyBase::IsArray(TCIMContext) const { return Declaration().IsArray(TCIMContext()); }
+bool TInmemPropertyBase::IsArray(TCIMContext) const { return Declaration().IsArray({}); }
 
 bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return !hasValue_; }
 
 const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
-  return hasValue_ ? value_ : Declaration().GetDefaultValue(TCIMContext());
+  return hasValue_ ? value_ : Declaration().GetDefaultValue({});
 }
 
 void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
@@ -52,7 +52,7 @@ void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
 /// right type as well.
 void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) const {
   const ICIMPropertyDecl& declaration = Declaration();
-  const TCIMValue::TCIMType type = declaration.GetType(TCIMContext());
+  const TCIMValue::TCIMType type = declaration.GetType({});
   if (type != value.GetType()) {
     LogDefinitionFailure(operation + std::string(": decl is type ") + TypeText(type) +
                          " but value is type " + TypeText(value.GetType()));
@@ -60,7 +60,7 @@ void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) co
   }
   if (type != TCIMValue::TCIMType::kReference) return;
   const auto referenced = value.GetReferencedClass();
-  const auto declared = declaration.GetDefaultValue(TCIMContext()).GetReferencedClass();
+  const auto declared = declaration.GetDefaultValue({}).GetReferencedClass();
   if (IsSubclass(referenced, declared)) return;
   LogDefinitionFailure(operation + std::string(": decl references type ") + GetName(declared) +
                        " but value references " + GetName(referenced));
@@ -72,17 +72,16 @@ bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return !hasValue_; }
 
 bool TInmemPropertyBase::operator==(ICIMProperty& other) const {
   BOOST_ASSERT(hasValue_);
-  return other.GetDeclaration(TCIMContext()) == GetDeclaration(TCIMContext()) &&
-         value_ == other.GetValue(TCIMContext());
+  return other.GetDeclaration({}) == GetDeclaration({}) && value_ == other.GetValue({});
 }
 
 bool TInmemPropertyBase::operator<(ICIMProperty& other) const {
   BOOST_ASSERT(hasValue_);
-  const auto declaration = GetDeclaration(TCIMContext());
-  const auto otherDeclaration = other.GetDeclaration(TCIMContext());
+  const auto declaration = GetDeclaration({});
+  const auto otherDeclaration = other.GetDeclaration({});
   if (declaration < otherDeclaration) return true;
   if (otherDeclaration < declaration) return false;
-  return value_ < other.GetValue(TCIMContext());
+  return value_ < other.GetValue({});
 }
 
 ICIMProperty& TInmemPropertyBase::operator=(const ICIMProperty&) { return *this; }
@@ -90,7 +89,7 @@ TInmemPropertyBase& TInmemPropertyBase::operator=(const TInmemPropertyBase&) { r
 
 const TCIMValue& TInmemPropertyBase::GetPrevValue() const {
   const TCIMValue* const previous = FindPreviousValue();
-  return previous ? *previous : GetValue(TCIMContext());
+  return previous ? *previous : GetValue({});
 }
 
 void TInmemPropertyBase::SetPrevValue(const TCIMValue& value) {

@@ -115,13 +115,13 @@ bool IsTranslatable(const TCIMValue& value, int arrayBit) {
 /// Empty where the qualifier is absent, null or no string.
 std::string TInmemPropertyBase::FindText(const TDisplayQualifier& name) const {
   const auto qualifier = FindUsableQualifier(name, TType::kString);
-  return qualifier ? static_cast<std::string>(qualifier->GetValue(TCIMContext())) : std::string();
+  return qualifier ? static_cast<std::string>(qualifier->GetValue({})) : std::string();
 }
 
 /// Whether the qualifier is there with any value but null.
 bool TInmemPropertyBase::IsQualifierSet(const TDisplayQualifier& name) const {
   const auto qualifier = FindQualifier(name);
-  return qualifier && !qualifier->GetValue(TCIMContext()).IsNull();
+  return qualifier && !qualifier->GetValue({}).IsNull();
 }
 
 std::string TInmemPropertyBase::ToStringWithQualifiers(const TCIMValue& value) const {
@@ -170,8 +170,9 @@ std::string TInmemPropertyBase::RenderScaled(std::uint64_t number, const std::st
 }
 
 std::string TInmemPropertyBase::RenderUnit(const std::string& unit, int scale) const {
-  if (IsQualifierSet(DisplayQualifier::kAbbreviate))
+  if (IsQualifierSet(DisplayQualifier::kAbbreviate)) {
     return kShortPrefixes[scale] + Abbreviate(unit);
+  }
   std::string text = kLongPrefixes[scale] + unit;
   for (std::size_t i = 1; i < text.size(); ++i) {
     text[i] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[i])));
@@ -188,18 +189,17 @@ std::string TInmemPropertyBase::Render(const TCIMValue& value) const {
   return LookupInTable(value, table, otherText);
 }
 
-std::string TInmemPropertyBase::ToString() const { return Render(GetValue(TCIMContext())); }
+std::string TInmemPropertyBase::ToString() const { return Render(GetValue({})); }
 
 std::string TInmemPropertyBase::PrevValueToString() const { return Render(GetPrevValue()); }
 
 std::vector<std::string> TInmemPropertyBase::ToStringVector() const {
   std::vector<TValueMapEntry> table;
   std::string otherText;
-  if (!IsTranslatable(GetValue(TCIMContext()), TType::kArray) ||
-      !BuildValueMapEntryArray(table, otherText)) {
+  if (!IsTranslatable(GetValue({}), TType::kArray) || !BuildValueMapEntryArray(table, otherText)) {
     return ToStringVectorWithBase();
   }
-  TCIMValue array(GetValue(TCIMContext()));
+  TCIMValue array(GetValue({}));
   std::vector<std::string> texts;
   for (const TCIMValue& element : static_cast<std::vector<TCIMValue>&>(array)) {
     texts.push_back(LookupInTable(element, table, otherText));
@@ -208,14 +208,14 @@ std::vector<std::string> TInmemPropertyBase::ToStringVector() const {
 }
 
 std::vector<std::string> TInmemPropertyBase::ToStringVectorWithBase() const {
-  if (!IsArray(TCIMContext())) return {ToStringWithQualifiers(GetValue(TCIMContext()))};
-  TCIMValue array(GetValue(TCIMContext()));
+  if (!IsArray({})) return {ToStringWithQualifiers(GetValue({}))};
+  TCIMValue array(GetValue({}));
   std::vector<std::string> texts;
   const std::vector<TCIMValue>* elements = nullptr;
   if (!Swallow([&] { elements = &static_cast<std::vector<TCIMValue>&>(array); })) {
     // A null array has no elements to look at.
     if (const auto text = FindUsableQualifier(DisplayQualifier::kNullDisplay, TType::kString)) {
-      texts.push_back(static_cast<std::string>(text->GetValue(TCIMContext())));
+      texts.push_back(static_cast<std::string>(text->GetValue({})));
     }
     return texts;
   }

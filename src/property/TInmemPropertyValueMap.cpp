@@ -92,7 +92,7 @@ class TValueMapReader {
 
 /// In place: hosts offer the elements of values alone that may change.
 const std::vector<TCIMValue>& GetElements(const ICIMQualifier& qualifier) {
-  const TCIMValue& array = qualifier.GetValue(TCIMContext());
+  const TCIMValue& array = qualifier.GetValue({});
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): nothing is changed through it
   return static_cast<std::vector<TCIMValue>&>(const_cast<TCIMValue&>(array));
 }
@@ -121,12 +121,12 @@ std::uint64_t ToNumber(const TCIMValue& value) {
 /// A miss is ordinary, several for each rendered value, and so it does not throw on the way.
 boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
     const TDisplayQualifier& name) const {
-  const auto declaration = GetDeclaration(TCIMContext());
+  const auto declaration = GetDeclaration({});
   if (const auto own = boost::dynamic_pointer_cast<const TInmemPropertyDecl>(declaration)) {
     return own->GetQualifiers().FindKey(name.key);
   }
   try {
-    return declaration->GetQualifier(name.name, TCIMContext());
+    return declaration->GetQualifier(name.name, {});
   } catch (const TVYRException& failure) {
     if (!Failure::IsNotFound(failure)) throw Failure::SameStatus(failure);
     return {};
@@ -137,8 +137,8 @@ boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
 boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindUsableQualifier(
     const TDisplayQualifier& name, TCIMValue::TCIMType type) const {
   auto qualifier = FindQualifier(name);
-  const bool isUsable = qualifier && !qualifier->GetValue(TCIMContext()).IsNull() &&
-                        qualifier->GetType(TCIMContext()) == type;
+  const bool isUsable =
+      qualifier && !qualifier->GetValue({}).IsNull() && qualifier->GetType({}) == type;
   return isUsable ? qualifier : boost::shared_ptr<const ICIMQualifier>();
 }
 
@@ -178,8 +178,7 @@ std::string TInmemPropertyBase::LookupInTable(const TCIMValue& value,
 
 std::string TInmemPropertyBase::ToStringWithBase(const TCIMValue& value) const {
   const auto base = FindUsableQualifier(DisplayQualifier::kBase, TType::kUInt8);
-  return value.ToString(base ? static_cast<unsigned char>(base->GetValue(TCIMContext()))
-                             : kDecimal);
+  return value.ToString(base ? static_cast<unsigned char>(base->GetValue({})) : kDecimal);
 }
 
 }  // namespace NZELVYR20

@@ -20,15 +20,15 @@ TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>
 TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
                                  const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
                                  const TCIMValue& value)
-    : TInmemQualifier(owner, declaration, value, declaration->GetFlavor(TCIMContext())) {}
+    : TInmemQualifier(owner, declaration, value, declaration->GetFlavor({})) {}
 
 TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
                                  const boost::shared_ptr<const ICIMQualifier>& source)
     : owner_(owner),
-      declaration_(source->GetDeclaration(TCIMContext())),
-      value_(source->GetValue(TCIMContext())),
-      flavor_(source->GetFlavor(TCIMContext())),
-      propagated_(source->GetPropagated(TCIMContext())) {}
+      declaration_(source->GetDeclaration({})),
+      value_(source->GetValue({})),
+      flavor_(source->GetFlavor({})),
+      propagated_(source->GetPropagated({})) {}
 
 TInmemQualifier::~TInmemQualifier() = default;
 
@@ -50,16 +50,14 @@ boost::shared_ptr<TInmemQualifier> TInmemQualifier::CopyWithoutClasses() const {
 
 void TInmemQualifier::AddToClassOrProperty(TCIMContext) const {
   const auto self = boost::const_pointer_cast<TInmemQualifier>(shared_from_this());
-  GetClassOrProperty(TCIMContext())->AddQualifier(self, TCIMContext());
+  GetClassOrProperty({})->AddQualifier(self, {});
 }
 
 void TInmemQualifier::Validate(TCIMContext) {}
 
 void TInmemQualifier::RemoveFromClassOrProperty(TCIMContext) {}
 
-const std::string& TInmemQualifier::GetName(TCIMContext) const {
-  return declaration_->GetName(TCIMContext());
-}
+const std::string& TInmemQualifier::GetName(TCIMContext) const { return declaration_->GetName({}); }
 
 boost::shared_ptr<ICIMNamedElement> TInmemQualifier::GetClassOrProperty(TCIMContext) const {
   return boost::const_pointer_cast<ICIMNamedElement>(owner_.lock());
@@ -93,13 +91,11 @@ void TInmemQualifier::UnsetFlavor(ICIMQualifierDecl::EFlavor flavor, TCIMContext
 ICIMQualifierDecl::EFlavor TInmemQualifier::GetFlavor(TCIMContext) const { return flavor_; }
 
 bool TInmemQualifier::operator==(ICIMQualifier& other) const {
-  return IsSameName(GetName(TCIMContext()),
-                    other.GetDeclaration(TCIMContext())->GetName(TCIMContext()));
+  return IsSameName(GetName({}), other.GetDeclaration({})->GetName({}));
 }
 
 bool TInmemQualifier::operator<(ICIMQualifier& other) const {
-  return IsNameLess(GetName(TCIMContext()),
-                    other.GetDeclaration(TCIMContext())->GetName(TCIMContext()));
+  return IsNameLess(GetName({}), other.GetDeclaration({})->GetName({}));
 }
 
 bool TInmemQualifier::GetPropagated(TCIMContext) const { return propagated_; }

@@ -54,11 +54,11 @@ void TInmemQualifierDecl::UnsetFlavor(EFlavor flavor, TCIMContext) { flavor_ = f
 ICIMQualifierDecl::EFlavor TInmemQualifierDecl::GetFlavor(TCIMContext) const { return flavor_; }
 
 bool TInmemQualifierDecl::operator==(ICIMQualifierDecl& other) const {
-  return IsSameName(name_, other.GetName(TCIMContext()));
+  return IsSameName(name_, other.GetName({}));
 }
 
 bool TInmemQualifierDecl::operator<(ICIMQualifierDecl& other) const {
-  return IsNameLess(name_, other.GetName(TCIMContext()));
+  return IsNameLess(name_, other.GetName({}));
 }
 
 ICIMQualifierDecl& TInmemQualifierDecl::operator=(const ICIMQualifierDecl&) { return *this; }

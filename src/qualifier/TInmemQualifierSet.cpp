@@ -14,13 +14,13 @@ namespace NZELVYR20 {
 namespace {
 
 bool HasFlavor(const ICIMQualifier& qualifier, ICIMQualifierDecl::EFlavor flavor) {
-  return (qualifier.GetFlavor(TCIMContext()) & flavor) != 0;
+  return (qualifier.GetFlavor({}) & flavor) != 0;
 }
 
 }  // namespace
 
 void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) {
-  const std::string key = NormalizeName(qualifier->GetName(TCIMContext()));
+  const std::string key = NormalizeName(qualifier->GetName({}));
   const auto attached = qualifiers_.Find(key);
   if (attached && !HasFlavor(*attached, ICIMQualifierDecl::kOverridable)) {
     if (Conflicts(*attached, *qualifier)) throw Failure::QualifierConflict();
@@ -32,9 +32,8 @@ void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) 
 
 bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
                                    const ICIMQualifier& added) const {
-  if (added.GetValue(TCIMContext()) != attached.GetValue(TCIMContext())) return true;
-  return match_ == EMatch::kValueAndFlavor &&
-         added.GetFlavor(TCIMContext()) != attached.GetFlavor(TCIMContext());
+  if (added.GetValue({}) != attached.GetValue({})) return true;
+  return match_ == EMatch::kValueAndFlavor && added.GetFlavor({}) != attached.GetFlavor({});
 }
 
 void TInmemQualifierSet::Remove(const std::string& name) {
@@ -60,7 +59,7 @@ bool TInmemQualifierSet::IsFlagSet(std::string_view key) const {
 }
 
 bool TInmemQualifierSet::IsTrue(const TInmemQualifier& qualifier) {
-  const TCIMValue& value = qualifier.GetValue(TCIMContext());
+  const TCIMValue& value = qualifier.GetValue({});
   return !value.IsNull() && static_cast<bool>(value);
 }
 

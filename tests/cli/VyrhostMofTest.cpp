@@ -82,8 +82,9 @@ TEST_F(VyrhostMof, WhatIsLoadedIsThere) {
 
 TEST_F(VyrhostMof, PipesGetNoProgressAndASummaryOnlyWhereSomethingIsWrong) {
   std::string many = kOneBad;
-  for (int id = 0; id < 60000; ++id)
+  for (int id = 0; id < 60000; ++id) {
     many += "instance of MY_Good { Id = \"" + std::to_string(id) + "\"; };\n";
+  }
   const TOutcome lengthy = vyrhost_.Run({"--empty", "classes", "--mof", vyrhost_.Write("m", many)});
   EXPECT_EQ(lengthy.errors.find('\r'), std::string::npos);
   Expect("...\nMOF: 1 file", lengthy.errors);

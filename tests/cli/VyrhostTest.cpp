@@ -161,8 +161,9 @@ TEST_F(VyrhostTest, PathsAreListedOnePerLine) {
 TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
   vyrhost_.Write("sys/class/net/odd \"name\"\\=,\\x41\n\x1f\x85\u0085\u200F/type", "1\n");
   std::vector<std::string> paths;
-  for (const char* top : {"CIM_ManagedElement", "CIM_Component", "CIM_Dependency"})
+  for (const char* top : {"CIM_ManagedElement", "CIM_Component", "CIM_Dependency"}) {
     for (const auto& path : Lines(Run({"instances", top}).output)) paths.push_back(path);
+  }
   EXPECT_GE(paths.size(), 8U);
   for (const auto& path : paths) {
     const TOutcome outcome = Run({"show", path});
@@ -238,8 +239,9 @@ TEST_F(VyrhostTest, LooksForItsPartsBesideItselfAndNotInTheCurrentFolder) {
 
 TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
   std::string chain = "class MY_0 { [Key] string Id; };\n";
-  for (int i = 0; i < 3000; ++i)
+  for (int i = 0; i < 3000; ++i) {
     chain += "class MY_" + std::to_string(i + 1) + " : MY_" + std::to_string(i) + " {};\n";
+  }
   const std::string file = vyrhost_.Write("chain.mof", chain);
   rlimit earlier{};
   getrlimit(RLIMIT_STACK, &earlier);

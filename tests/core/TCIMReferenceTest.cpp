@@ -62,8 +62,9 @@ TEST_F(TCIMReferenceTest, RemakesTheTextAfterEveryChange) {
 
 TEST_F(TCIMReferenceTest, GivesDifferentKeysDifferentTexts) {
   TValues values = {TCIMValue(), true, 1, "NULL", "TRUE", "\",b=\"", "\\\",b=\\\"", "", "\"", "\\"};
-  for (const char* const text : {"a\"", "\"a", "\\\"", "\"\\", "\\\\", "=1", ".,"})
+  for (const char* const text : {"a\"", "\"a", "\\\"", "\"\\", "\\\\", "=1", ".,"}) {
     values.emplace_back(text);
+  }
   std::set<std::string> paths;
   for (const TCIMValue& first : values) {
     const TCIMReference inner = MakePath(all, {{"a", first}});

@@ -102,8 +102,9 @@ std::set<std::string> ListSet(const THostNamespace& host, const TTexts& paths) {
   std::set<std::string> names;
   for (const std::string& path : paths) {
     std::istringstream properties(host.ShowAll(path));
-    for (std::string property; std::getline(properties, property, '|');)
+    for (std::string property; std::getline(properties, property, '|');) {
       names.insert(path.substr(0, path.find('.')) + '.' + property.substr(0, property.find('=')));
+    }
   }
   return names;
 }
@@ -208,16 +209,18 @@ TEST_F(MachineCollector, LinksWhatBelongsTogether) {
       {Device("CIM_DiskPartition", "sda1"), "CIM_ResidesOnExtent", {"/dev/disk/by-uuid/1234"}},
       {Device("CIM_LogicalDisk", "dm-0"), "CIM_ResidesOnExtent", {"/dev/mapper/vault"}},
       {Device("CIM_DiskPartition", "sda2"), "CIM_BasedOn", {"sda", "vault"}}};
-  for (const auto& row : rows)
+  for (const auto& row : rows) {
     EXPECT_EQ(row.ends, ListEnds(*host_.Find(row.path), row.association)) << row.association;
+  }
 }
 
 TEST_F(MachineCollector, FillsAssociations) {
   EXPECT_EQ("FixedMedia=TRUE|", host_.ShowAll(host_.ListPaths("CIM_MediaPresent").at(0)));
   EXPECT_EQ("PrimaryOS=TRUE|", host_.ShowAll(host_.ListPaths("CIM_InstalledOS").at(0)));
   std::set<std::string> caches;
-  for (const std::string& path : host_.ListPaths("CIM_AssociatedCacheMemory"))
+  for (const std::string& path : host_.ListPaths("CIM_AssociatedCacheMemory")) {
     caches.insert(host_.ShowAll(path));
+  }
   EXPECT_EQ((std::set<std::string>{
                 "Associativity=12-way Set Associative|CacheType=Data|Level=Primary|LineSize=64 "
                 "Bytes|",
@@ -226,8 +229,9 @@ TEST_F(MachineCollector, FillsAssociations) {
                 "Associativity=Unknown|CacheType=Unified|Level=Tertiary|"}),
             caches);
   std::set<std::string> extents;
-  for (const std::string& path : host_.ListPaths("CIM_BasedOn"))
+  for (const std::string& path : host_.ListPaths("CIM_BasedOn")) {
     extents.insert(host_.Show(path, "Antecedent StartingAddress EndingAddress OrderIndex"));
+  }
   const std::string disk = Device("CIM_LogicalDisk", "sda");
   EXPECT_EQ((std::set<std::string>{Device("CIM_DiskPartition", "sda2") + "|<null>|<null>|<null>|",
                                    Device("CIM_LogicalDisk", "dm-0") + "|<null>|<null>|<null>|",
@@ -282,8 +286,9 @@ TEST(Files, StayBelowTheirRoot) {
                                                        {"device", "/dev/zero"},
                                                        {"slash", "/"},
                                                        {"tofifo", "fifo"}};
-  for (const auto& [name, target] : links)
+  for (const auto& [name, target] : links) {
     std::filesystem::create_symlink(target, tree.GetRoot() + "/root/" + name);
+  }
   const std::pair<const char*, const char*> rows[] = {
       {"/file", "inside"},
       {"/absolute", "inside"},
@@ -326,8 +331,9 @@ TEST(Collection, ASlipIsNoted) {
   collection.Add(collection.Draft("CIM_Chassis"));
   TRootObject::SetLogThreshold(3);
   TTexts notes;
-  for (const TCollectorNote& note : collection.GetNotes())
+  for (const TCollectorNote& note : collection.GetNotes()) {
     notes.push_back(note.what + ": " + note.why);
+  }
   EXPECT_EQ((TTexts{"CIM_NetworkPort.PortType (uint16): the value is sint32 5",
                     "CIM_NetworkPort.Nothing (not declared): the value is string y",
                     "CIM_Chassis: The namespace did not take the instance"}),
@@ -356,8 +362,9 @@ TEST(ThisMachine, IsCollected) {
       return value.IsNull() ? 0 : std::stoull(value.ToString(10));
     };
     const std::string root = path.substr(path.find(",Name=\"") + 7);
-    if (get("BlockSize") == 0 || statvfs64(root.substr(0, root.size() - 1).c_str(), &status) != 0)
+    if (get("BlockSize") == 0 || statvfs64(root.substr(0, root.size() - 1).c_str(), &status) != 0) {
       continue;
+    }
     EXPECT_EQ(status.f_frsize, get("BlockSize")) << path;
     EXPECT_EQ(status.f_blocks * status.f_frsize, get("FileSystemSize")) << path;
     EXPECT_EQ(status.f_namemax, get("MaxFileNameLength")) << path;

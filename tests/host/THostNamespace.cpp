@@ -82,8 +82,9 @@ std::string THostNamespace::ShowAll(const std::string& path) const {
         const auto declaration = property->GetDeclaration({});
         bool isKey = false;
         declaration->GetQualifier("Key", isKey, {});
-        if (!isKey && !property->GetValue({}).IsNull())
+        if (!isKey && !property->GetValue({}).IsNull()) {
           shown += declaration->GetName({}) + '=' + property->ToString() + '|';
+        }
         return true;
       },
       {});

@@ -32,8 +32,9 @@ void Check(TSummarize summarize, const std::vector<TRow>& rows) {
 
 TEST(TextParsers, Fields) {
   EXPECT_EQ(TNumber(18446744073709551615U), ParseUnsigned(" 18446744073709551615\r\n"));
-  for (const char* text : {"18446744073709551616", "-1", "+1", "1 2", "0x10", "", " "})
+  for (const char* text : {"18446744073709551616", "-1", "+1", "1 2", "0x10", "", " "}) {
     EXPECT_EQ(TNumber(), ParseUnsigned(text)) << text;
+  }
   EXPECT_FALSE(ParseNumber<std::uint16_t>("65536"));
   EXPECT_EQ(TNumber(), Add(18446744073709551615U, 1));
   EXPECT_EQ(TNumber(), Multiply(18446744073709551615U, 2));
@@ -97,12 +98,14 @@ TEST(TextParsers, Processors) {
 TEST(TextParsers, Caches) {
   EXPECT_EQ(49152U, ParseCacheSize("48K\n"));
   EXPECT_EQ(17U, ParseCacheSize("17"));
-  for (const char* text : {"K", "", "4X", "-4K", "18014398509481984K"})
+  for (const char* text : {"K", "", "4X", "-4K", "18014398509481984K"}) {
     EXPECT_FALSE(ParseCacheSize(text)) << text;
+  }
   EXPECT_EQ((std::vector<std::uint32_t>{2, 3, 8}), ParseList("2-3,8\n"));
   EXPECT_EQ(65536U, ParseList("0-65535").size());
-  for (const char* text : {"", "3-2", "1,x", "0-4294967295", "0-65535,7"})
+  for (const char* text : {"", "3-2", "1,x", "0-4294967295", "0-65535,7"}) {
     EXPECT_TRUE(ParseList(text).empty()) << text;
+  }
   const std::pair<const char*, int> ways[] = {
       {"0", 5},   {"1", 2},  {"2", 3},   {"4", 4},   {"8", 6},   {"12", 8}, {"16", 7},
       {"20", 13}, {"24", 9}, {"32", 10}, {"48", 11}, {"64", 12}, {"3", 1},  {"", 0}};
@@ -163,14 +166,16 @@ TEST(TextParsers, TimesAndFirmware) {
 
 TEST(TextParsers, Ports) {
   EXPECT_EQ(400000000000U, ParsePortSpeed("400000\n"));
-  for (const char* text : {"-1", "4294967295", "65535", "0", "", "18446744073709551615"})
+  for (const char* text : {"-1", "4294967295", "65535", "0", "", "18446744073709551615"}) {
     EXPECT_FALSE(ParsePortSpeed(text)) << text;
+  }
   EXPECT_EQ(0, ParseLinkKind("4711").technology);
   EXPECT_EQ(false, ParseFullDuplex("half"));
   EXPECT_EQ("80000048FE80000000000002C9030A1B",
             ParseHardwareAddress("80:00:00:48:fe:80:00:00:00:00:00:02:c9:03:0a:1b"));
-  for (const char* text : {"00:00:00:00:00:00", "02:fc:00:0a:0b:zz", "02:fc:0"})
+  for (const char* text : {"00:00:00:00:00:00", "02:fc:00:0a:0b:zz", "02:fc:0"}) {
     EXPECT_EQ("", ParseHardwareAddress(text)) << text;
+  }
   EXPECT_EQ(10, ParsePortState("down", "0x1002").operationalStatus);
   EXPECT_EQ(3, ParsePortState("down", "0x1002").enabledState);
   EXPECT_EQ(0, ParsePortState("unknown", "0x9").operationalStatus) << "loopback does not tell";
@@ -226,8 +231,9 @@ TEST(TextParsers, SelectedFileSystems) {
   const auto select = [&types](const std::string& mounts) {
     std::string selected;
     for (const TFileSystemFacts& facts :
-         SelectFileSystems(ParseMounts(mounts), ParseTypesWithoutDevice(types)))
+         SelectFileSystems(ParseMounts(mounts), ParseTypesWithoutDevice(types))) {
       selected += facts.mount.mountPoint + (facts.mayHang ? "? " : " ");
+    }
     return selected;
   };
   Check(select, {{"the kernel's own data is left out",

@@ -56,9 +56,7 @@ class TIndexCheck {
 
   void CheckEntry(const TInstanceEntry& entry) {
     std::size_t places = 0;
-    for (const TInstanceEntry& own : entry.instance->GetEntries()) {
-      places += &own == &entry ? 1 : 0;
-    }
+    for (const TInstanceEntry& own : entry.instance->GetEntries()) places += &own == &entry ? 1 : 0;
     Expect(places == 1, "an instance knows its place, once");
     Expect(table_.FindEntry(entry.path) == &entry, "an instance is found under its path");
     if (!index_.isStale_ && index_.countReferences_(*entry.instance)) {

@@ -155,8 +155,9 @@ class TComparison {
   /// What is not as it must be inside the plug-in, which the model cannot tell.
   void CheckIndexes() {
     const auto swallowed = std::exchange(swallowed_, {});
-    if (swallowed && *swallowed != plugin_.out.str())
+    if (swallowed && *swallowed != plugin_.out.str()) {
       plugin_.out << " but with a fault " << *swallowed;
+    }
     for (const auto& known : plugin_.classes) {
       const auto cimClass = known.lock();
       if (cimClass) plugin_.out << CheckIndex(static_cast<const TInmemClass&>(*cimClass));

@@ -31,8 +31,9 @@ class TGenerator {
       if (recipe == 6 && Draw(6) == 0 && !isStarved_) ReplaceSpace();
       const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
       const int name = Draw(3) == 0 ? Draw(1000) : Draw(6);
-      if (recipe > 6)
+      if (recipe > 6) {
         Add(operation, Draw(8), Draw(8), name, Draw(3) == 0 ? 0 : Draw(512), Draw(32));
+      }
       if (recipe > 6 && Draw(8) == 0) script_.back().inner = 1 + Draw(2);
     }
     if (isStarved_) AddFaults(setUp);

@@ -98,8 +98,9 @@ class TRandomText {
     const std::size_t star = std::min(text.find('*', open), close);
     const auto& choices = rules_.at(text.substr(open + 1, star - open - 1));
     std::string all = text.substr(0, open);
-    for (int count = star == close ? 1 : std::stoi(text.substr(star + 1)); count > 0; --count)
+    for (int count = star == close ? 1 : std::stoi(text.substr(star + 1)); count > 0; --count) {
       all += Expand(choices[random_() % choices.size()]);
+    }
     return all + Expand(text.substr(close + 1));
   }
 

@@ -48,9 +48,7 @@ TEST(TThreadEndTest, AThreadMayEndInACallbackAndTheNamespaceServesTheNext) {
   });
   for (const auto& [name, walk] : walks) {
     SCOPED_TRACE(name);
-    for (const auto end : {Exit, Cancel}) {
-      EXPECT_TRUE(EndsThread([&, &go = walk] { go({end}); }));
-    }
+    for (const auto end : {Exit, Cancel}) EXPECT_TRUE(EndsThread([&, &go = walk] { go({end}); }));
     int visited = 0;
     EXPECT_FALSE(EndsThread([&, &go = walk] { go({[&] { return ++visited > 0; }}); }));
     EXPECT_GT(visited, 0);

@@ -58,8 +58,9 @@ class TThreadsTest : public ::testing::Test {
 TEST_F(TThreadsTest, TwoNamespacesInTwoThreadsShareTheHostServices) {
   // Also the plug-in itself is loaded by whichever thread is first.
   const auto work = [] {
-    for (int round = 0; round < kRounds; ++round)
+    for (int round = 0; round < kRounds; ++round) {
       EXPECT_EQ(UseNewNamespace(), kAllIsWell + "inmem");
+    }
   };
   std::thread other(work);
   work();

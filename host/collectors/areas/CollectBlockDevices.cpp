@@ -60,8 +60,9 @@ void TBlockDevices::AddDevice(const std::string& name) {
   if (isDrive) AddDrive(name, size);
   if (!size) return;
   for (const std::string& part : files_.List(folder)) {
-    if (!files_.ReadValue(folder + part + "/partition").empty())
+    if (!files_.ReadValue(folder + part + "/partition").empty()) {
       AddPartition(name, part, size->blockSize);
+    }
   }
 }
 
@@ -139,8 +140,9 @@ void TBlockDevices::SetArray(TInstanceDraft& draft, const std::string& folder) c
 }
 
 void TBlockDevices::AddExtent(TInstanceDraft draft, const std::string& name) {
-  if (const auto path = collection_.AddPart(std::move(draft), "CIM_SystemDevice"))
+  if (const auto path = collection_.AddPart(std::move(draft), "CIM_SystemDevice")) {
     extents_.emplace(name, *path);
+  }
 }
 
 void TBlockDevices::LinkPartition(const std::string& disk, const std::string& name,
@@ -162,8 +164,9 @@ void TBlockDevices::AddLayers(const std::string& name) {
   if (upper == extents_.end()) return;
   for (const std::string& below : files_.List(GetFolder(name) + "slaves")) {
     const auto lower = extents_.find(below);
-    if (lower != extents_.end())
+    if (lower != extents_.end()) {
       collection_.Add(collection_.DraftDependency("CIM_BasedOn", lower->second, upper->second));
+    }
   }
   // File systems are mounted by the name that the device mapper gives.
   const std::string mapped = files_.ReadValue(GetFolder(name) + "dm/name");
@@ -174,8 +177,9 @@ void TBlockDevices::AddLayers(const std::string& name) {
 
 void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
   draft.Set("BlockSize", size.blockSize).Set("NumberOfBlocks", size.blocks);
-  if (const auto bytes = Multiply(size.blocks, size.blockSize))
+  if (const auto bytes = Multiply(size.blocks, size.blockSize)) {
     draft.Set("Caption", DescribeSize(*bytes));
+  }
 }
 
 TExtents CollectBlockDevices(TCollection& collection) {

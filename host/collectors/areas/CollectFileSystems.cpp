@@ -60,8 +60,9 @@ void TFileSystems::Add(const TFileSystemFacts& facts) {
   const std::optional<TCIMReference> path =
       collection_.AddPart(std::move(draft), "CIM_HostedFileSystem");
   const std::optional<TCIMReference> extent = FindExtent(facts.mount.source);
-  if (path && extent && facts.kind == TFileSystemFacts::kOnDevice)
+  if (path && extent && facts.kind == TFileSystemFacts::kOnDevice) {
     collection_.Add(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
+  }
 }
 
 void TFileSystems::SetSizes(TInstanceDraft& draft, const TFileSystemFacts& facts) {
@@ -84,8 +85,9 @@ void TFileSystems::SetSizes(TInstanceDraft& draft, const TFileSystemFacts& facts
       .Set("FileSystemSize", Multiply(status.f_blocks, unit))
       .Set("AvailableSpace", Multiply(status.f_bavail, unit))
       .Set("MaxFileNameLength", static_cast<std::uint32_t>(status.f_namemax));
-  if (status.f_files > 0 && status.f_ffree <= status.f_files)
+  if (status.f_files > 0 && status.f_ffree <= status.f_files) {
     draft.Set("NumberOfFiles", static_cast<std::uint64_t>(status.f_files - status.f_ffree));
+  }
 }
 
 std::optional<TCIMReference> TFileSystems::FindExtent(const std::string& source) const {
@@ -112,8 +114,9 @@ void CollectFileSystems(TCollection& collection, const TExtents& extents) {
   TFileSystems fileSystems(collection, extents);
   const std::set<std::string> types = ParseTypesWithoutDevice(collection.Read("/proc/filesystems"));
   for (const TFileSystemFacts& facts :
-       SelectFileSystems(ParseMounts(collection.Read("/proc/mounts")), types))
+       SelectFileSystems(ParseMounts(collection.Read("/proc/mounts")), types)) {
     fileSystems.Add(facts);
+  }
   fileSystems.NoteUnmeasured();
 }
 

@@ -12,8 +12,9 @@ constexpr std::uint16_t kWirelessLan = 11;
 
 TLinkKind FindLinkKind(const TMachineFiles& files, const std::string& folder) {
   // A wireless port says that it is an Ethernet, too.
-  if (files.IsFolder(folder + "wireless") || files.IsFolder(folder + "phy80211"))
+  if (files.IsFolder(folder + "wireless") || files.IsFolder(folder + "phy80211")) {
     return {kWirelessLan, {}};
+  }
   return ParseLinkKind(files.ReadValue(folder + "type"));
 }
 

@@ -90,8 +90,9 @@ void CollectOperatingSystem(TCollection& collection) {
            ParseNumber<std::uint32_t>(files.ReadValue("/proc/sys/kernel/pid_max")));
   SetMemory(draft, ParseMemory(collection.Read("/proc/meminfo")));
   SetTimes(collection, draft);
-  if (const std::optional<TCIMReference> path = collection.Add(std::move(draft)))
+  if (const std::optional<TCIMReference> path = collection.Add(std::move(draft))) {
     AddToComputer(collection, *path);
+  }
 }
 
 }  // namespace NZELVYR20

@@ -49,8 +49,9 @@ void AddDevice(TCollection& collection, const std::string& name, const TPciAddre
 void CollectPciDevices(TCollection& collection) {
   // Many machines have no PCI at all: that the folder is missing is not worth a note.
   for (const std::string& name : collection.GetFiles().List(kDevicesFolder)) {
-    if (const std::optional<TPciAddress> address = ParsePciAddress(name))
+    if (const std::optional<TPciAddress> address = ParsePciAddress(name)) {
       AddDevice(collection, name, *address);
+    }
   }
 }
 

@@ -107,8 +107,9 @@ TInstanceDraft DraftProcessor(const TCollection& collection, std::uint32_t numbe
       .SetCode("CPUStatus", 1)
       .SetCode("EnabledState", 2)
       .SetCode("NumberOfEnabledCores", static_cast<unsigned>(coreCount));
-  if (family == kOther)
+  if (family == kOther) {
     draft.SetText("OtherFamilyDescription", first.isa.empty() ? model : "RISC-V " + first.isa);
+  }
   return draft;
 }
 
@@ -118,8 +119,9 @@ void AddCores(TCollection& collection, const TCIMReference& processor,
     TInstanceDraft draft = collection.Draft("CIM_ProcessorCore");
     draft.Set("InstanceID", name).Set("ElementName", name);
     draft.SetCode("CoreEnabledState", 2).SetCode("EnabledState", 2);
-    if (const std::optional<TCIMReference> path = collection.Add(std::move(draft)))
+    if (const std::optional<TCIMReference> path = collection.Add(std::move(draft))) {
       collection.Add(collection.DraftComponent("CIM_ConcreteComponent", processor, *path));
+    }
   }
 }
 
@@ -151,8 +153,9 @@ void AddCache(TCollection& collection, const TCIMReference& processor, const std
   draft.Set("ElementName", id).Set("Purpose", "Processor cache").Set("Volatile", true);
   if (size) SetSize(draft, {1, *size});
   if (const std::optional<TCIMReference> cache =
-          collection.AddPart(std::move(draft), "CIM_SystemDevice"))
+          collection.AddPart(std::move(draft), "CIM_SystemDevice")) {
     collection.Add(DraftCacheLink(collection, *cache, processor, folder));
+  }
 }
 
 /// A cache that several logical processors share shows under each of them, and is named after the
@@ -192,8 +195,9 @@ std::vector<TLogicalProcessor> FindProcessors(TCollection& collection) {
     processors.push_back(shared);
     collection.Note(path, "It does not list the processors one by one; one is shown");
   }
-  if (processors.empty() && !text.empty())
+  if (processors.empty() && !text.empty()) {
     collection.Note(path, "It lists no processor in a form that is known");
+  }
   if (!online.empty() && processors.size() != online.size()) {
     collection.Note(path, "Of " + std::to_string(online.size()) + " processors that are online, " +
                               std::to_string(processors.size()) + " are listed");

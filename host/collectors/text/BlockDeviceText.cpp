@@ -65,8 +65,9 @@ std::string ParseMapperKind(std::string_view uuid) {
                                                   {"mpath", "Disk with several paths"},
                                                   {"part", "Partition"},
                                                   {"DMRAID", "Array of disks"}}};
-  for (const auto& [prefix, kind] : kKinds)
+  for (const auto& [prefix, kind] : kKinds) {
     if (uuid.substr(0, prefix.size()) == prefix) return kind;
+  }
   return {};
 }
 
@@ -79,8 +80,9 @@ TArrayState ParseArrayState(std::string_view state, std::string_view degraded,
   const std::uint64_t missing = ParseUnsigned(degraded).value_or(0);
   const bool isIdle = action.empty() || action == "idle" || action == "none";
   std::string text(state);
-  if (missing > 0)
+  if (missing > 0) {
     text += "; " + std::to_string(missing) + " of " + std::string(members) + " disks missing";
+  }
   if (!isIdle) text += "; " + std::string(action);
   if (state == "broken") return {kFailed, 25, text};
   if (state == "inactive" || state == "clear") return {kStopped, 0, text};

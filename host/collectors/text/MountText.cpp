@@ -48,10 +48,12 @@ bool IsWithin(const std::string& path, const std::string& folder) {
 
 std::optional<TFileSystemFacts::EKind> FindKind(const TMount& mount,
                                                 const std::set<std::string>& typesWithoutDevice) {
-  if (IsWithin(mount.mountPoint, "/proc") || IsWithin(mount.mountPoint, "/sys"))
+  if (IsWithin(mount.mountPoint, "/proc") || IsWithin(mount.mountPoint, "/sys")) {
     return std::nullopt;
-  for (const TTypeRow& row : kKnownTypes)
+  }
+  for (const TTypeRow& row : kKnownTypes) {
     if (row.type == mount.type) return row.kind;
+  }
   // The part after the dot is the program's own; the kernel's list has "fuse" and "fuseblk".
   const std::string type = mount.type.substr(0, mount.type.find('.'));
   const bool isDevice = typesWithoutDevice.empty() ? mount.source.rfind('/', 0) == 0
@@ -85,8 +87,9 @@ bool IsReadOnly(std::string_view options) {
 std::vector<TMount> DropHidden(const std::vector<TMount>& mounts) {
   std::vector<TMount> seen;
   std::set<std::string> places;
-  for (auto mount = mounts.rbegin(); mount != mounts.rend(); ++mount)
+  for (auto mount = mounts.rbegin(); mount != mounts.rend(); ++mount) {
     if (places.insert(mount->mountPoint).second) seen.push_back(*mount);
+  }
   std::reverse(seen.begin(), seen.end());
   return seen;
 }
@@ -119,8 +122,9 @@ std::vector<TFileSystemFacts> SelectFileSystems(const std::vector<TMount>& mount
   std::vector<std::string> slowPlaces;
   for (const TMount& mount : DropHidden(mounts)) {
     const std::optional<TFileSystemFacts::EKind> kind = FindKind(mount, typesWithoutDevice);
-    if (kind == TFileSystemFacts::kRemote || IsServedByProcess(mount.type))
+    if (kind == TFileSystemFacts::kRemote || IsServedByProcess(mount.type)) {
       slowPlaces.push_back(mount.mountPoint);
+    }
     if (kind) selected.push_back({mount, *kind});
   }
   for (TFileSystemFacts& facts : selected) {

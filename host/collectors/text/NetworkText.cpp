@@ -50,8 +50,9 @@ std::optional<std::uint64_t> ParseFlags(std::string_view text) {
 }  // namespace
 
 TLinkKind ParseLinkKind(std::string_view type) {
-  for (const TLinkRow& row : kLinks)
+  for (const TLinkRow& row : kLinks) {
     if (row.type == type) return {row.technology, std::string(row.other)};
+  }
   return {};
 }
 
@@ -90,8 +91,9 @@ std::string ParseHardwareAddress(std::string_view text) {
 
 TPortState ParsePortState(std::string_view operationalState, std::string_view flags) {
   TPortState state;
-  for (const TStateRow& row : kStates)
+  for (const TStateRow& row : kStates) {
     if (row.name == operationalState) state = row.whenUp;
+  }
   const std::optional<std::uint64_t> bits = ParseFlags(flags);
   if (!bits) {
     state.enabledState = 0;

@@ -53,8 +53,9 @@ bool IsOneOf(std::string_view name, std::initializer_list<std::string_view> name
 void SetName(TLogicalProcessor& processor, std::string_view name, std::string_view value) {
   if (IsOneOf(name, {"vendor_id", "vendor"})) processor.vendor = value;
   // "Processor" is the name on ARM before Linux 3.8, "cpu" on POWER.
-  if (IsOneOf(name, {"model name", "Model Name", "Processor", "cpu", "cpu model"}))
+  if (IsOneOf(name, {"model name", "Model Name", "Processor", "cpu", "cpu model"})) {
     processor.modelName = value;
+  }
   if (name == "uarch" && processor.modelName.empty()) processor.modelName = value;
   if (IsOneOf(name, {"stepping", "CPU revision"})) processor.stepping = value;
 }
@@ -63,11 +64,13 @@ void SetField(TLogicalProcessor& processor, const TField& field) {
   const std::string_view name = field.name;
   const std::string_view value = field.value;
   SetName(processor, name, value);
-  if (IsOneOf(name, {"physical id", "package"}))
+  if (IsOneOf(name, {"physical id", "package"})) {
     processor.package = ParseNumber<std::uint32_t>(value);
+  }
   if (IsOneOf(name, {"core id", "core"})) processor.core = ParseNumber<std::uint32_t>(value);
-  if (IsOneOf(name, {"cpu MHz", "CPU MHz", "cpu MHz dynamic", "clock"}))
+  if (IsOneOf(name, {"cpu MHz", "CPU MHz", "cpu MHz dynamic", "clock"})) {
     processor.megaHertz = ParseMegaHertz(value);
+  }
   if (name == "flags") processor.addressBits = FindAddressBitsByFlags(value);
   if (name == "isa") {
     processor.isa = value;
@@ -92,8 +95,9 @@ void SetNumberedFields(TLogicalProcessor& processor, std::string_view text) {
   for (std::optional<TField> head = SplitField(text, ','); !text.empty();
        head = SplitField(text, ',')) {
     const std::optional<TField> field = SplitField(head ? head->name : text, '=');
-    if (field && field->name == "machine")
+    if (field && field->name == "machine") {
       processor.modelName = "machine type " + std::string(field->value);
+    }
     text = head ? head->value : std::string_view();
   }
 }
@@ -138,8 +142,9 @@ TProcessorList ParseProcessors(std::string_view text) {
     const std::optional<std::uint32_t> index = ParseNumber<std::uint32_t>(*number);
     current = &list.shared;
     if (!index) continue;
-    if (places.emplace(*index, list.processors.size()).second)
+    if (places.emplace(*index, list.processors.size()).second) {
       list.processors.emplace_back().index = *index;
+    }
     current = &list.processors[places[*index]];
     SetNumberedFields(*current, field->value);
   }
@@ -193,8 +198,9 @@ std::uint16_t FindProcessorFamily(const TLogicalProcessor& processor) {
                                                            {"SPARC", 80},
                                                            {"PA8", 144},
                                                            {"Alpha", 48}}};
-  for (const auto& [word, code] : kFamilies)
+  for (const auto& [word, code] : kFamilies) {
     if (processor.modelName.find(word) != std::string::npos) return code;
+  }
   if (processor.vendor == "IBM/S390") return 200;
   if (processor.armArchitecture == 7U) return 256;
   if (processor.armArchitecture == 8U) return 257;
@@ -222,8 +228,9 @@ std::vector<std::uint32_t> ParseList(std::string_view text) {
     const auto last = range ? ParseNumber<std::uint32_t>(range->value) : first;
     if (!first || !last || *last < *first) return {};
     if (*last - *first >= kMaximumLength - numbers.size()) return {};
-    for (std::uint32_t number = *first; number - *first <= *last - *first; ++number)
+    for (std::uint32_t number = *first; number - *first <= *last - *first; ++number) {
       numbers.push_back(number);
+    }
   }
   return numbers;
 }

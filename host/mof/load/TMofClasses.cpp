@@ -16,8 +16,9 @@ std::vector<TMofName> GetNeededClasses(const TMofClass& cimClass) {
   if (cimClass.superClass) names.push_back(*cimClass.superClass);
   for (const auto& feature : cimClass.features) {
     const auto* const property = std::get_if<TMofProperty>(&feature);
-    if (property != nullptr && property->type.type == TCIMValue::TCIMType::kReference)
+    if (property != nullptr && property->type.type == TCIMValue::TCIMType::kReference) {
       names.push_back(property->type.referencedClass);
+    }
   }
   return names;
 }
@@ -70,8 +71,9 @@ TMofClasses::TEntry* TMofClasses::FindEntry(const std::string& name) {
 std::vector<std::size_t> TMofClasses::GetNeeds(const TEntry& entry) const {
   std::vector<std::size_t> needs;
   for (const TMofName& name : GetNeededClasses(*entry.syntax)) {
-    if (const TEntry* const need = FindEntry(name.text))
+    if (const TEntry* const need = FindEntry(name.text)) {
       needs.push_back(static_cast<std::size_t>(need - entries_.data()));
+    }
   }
   return needs;
 }
@@ -135,8 +137,9 @@ void TMofClasses::Declare(TEntry& entry) {
   ICIMClass& cimClass = *entry.cimClass;
   // Qualifiers first: a class takes references only once it is an association.
   qualifiers_.Attach(cimClass, entry.syntax->qualifiers, nullptr);
-  for (const auto& feature : entry.syntax->features)
+  for (const auto& feature : entry.syntax->features) {
     std::visit([&](const auto& declared) { features_.Declare(cimClass, declared); }, feature);
+  }
   cimClass.AddToNamespace({});
 }
 
@@ -167,8 +170,9 @@ boost::shared_ptr<ICIMClass> TMofClasses::FindReferencedClass(const TMofName& na
 boost::shared_ptr<ICIMClass> TMofClasses::FindClass(const TMofName& name,
                                                     const TEntry* entry) const {
   if (entry != nullptr && entry->state == EState::kEntered) return entry->cimClass;
-  if (auto cimClass = FindOrNothing([&] { return namespace_->GetClass(name.text, {}); }))
+  if (auto cimClass = FindOrNothing([&] { return namespace_->GetClass(name.text, {}); })) {
     return cimClass;
+  }
   leftOut_.Require(FoldName(name.text));
   leftOut_.Add(FoldName(name.text), name.text);
   throw TMofFault(name.place, "there is no class " + name.text);

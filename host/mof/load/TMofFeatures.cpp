@@ -92,13 +92,15 @@ void TMofFeatures::NoteOnce(bool& isNoted, const TMofPlace& place, const char* t
 
 /// Says what the repository will not keep of the type.
 void TMofFeatures::CheckType(const TMofType& type) {
-  if (type.arraySize)
+  if (type.arraySize) {
     NoteOnce(isSizeNoted_, type.place, "an array's size is not kept; said once only");
+  }
 }
 
 void TMofFeatures::NoteIfNothingOverridden(const TMofName& name, const void* overridden) {
-  if (overridden == nullptr)
+  if (overridden == nullptr) {
     diagnostics_.Note(name.place, name.text + " overrides nothing: no superclass has it");
+  }
 }
 
 TCIMValue TMofFeatures::MakeDefault(const TMofProperty& property) const {
@@ -126,8 +128,9 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
   CheckResultOrParameter(method.type);
   const auto declaration = cimClass.AllocateMethodDecl(method.name.text, method.type.type, {});
   qualifiers_.Attach(*declaration, method.qualifiers, overridden.get());
-  for (const TMofParameter& parameter : method.parameters)
+  for (const TMofParameter& parameter : method.parameters) {
     DeclareParameter(*declaration, parameter, overridden.get());
+  }
   AddNew(method.name, [&declaration] { declaration->AddToClass({}); });
 }
 
@@ -135,8 +138,9 @@ void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter&
                                     const ICIMMethodDecl* overridden) {
   const std::string& name = parameter.name.text;
   boost::shared_ptr<ICIMParameterDecl> inherited;
-  if (overridden != nullptr)
+  if (overridden != nullptr) {
     inherited = FindOrNothing([&] { return overridden->GetParameterDecl(name, {}); });
+  }
 
   CheckResultOrParameter(parameter.type);
   const auto declaration = method.AllocateParameterDecl(name, parameter.type.type, {});
@@ -149,8 +153,9 @@ void TMofFeatures::CheckResultOrParameter(const TMofType& type) {
   if (type.type.GetElementType() != TCIMValue::TCIMType::kReference) return;
   const TMofName& name = type.referencedClass;
   if (FoldName(name.text) == kAnyClass) return;
-  if (!isKnown_(name.text))
+  if (!isKnown_(name.text)) {
     return diagnostics_.Warning(name.place, "there is no class " + name.text);
+  }
   NoteOnce(isClassNoted_, name.place, "the class of a parameter is not kept; said once only");
 }
 

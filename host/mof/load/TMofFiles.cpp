@@ -20,8 +20,9 @@ bool IsFile(const fs::path& path) {
 }
 
 std::optional<fs::path> FindIn(const std::vector<fs::path>& folders, const fs::path& name) {
-  for (const fs::path& folder : folders)
+  for (const fs::path& folder : folders) {
     if (IsFile(folder / name)) return folder / name;
+  }
   return std::nullopt;
 }
 
@@ -31,10 +32,12 @@ std::system_error GetSystemError() { return {errno, std::generic_category()}; }
 /// do anything.
 void RequireFile(const fs::path& path) {
   const fs::file_status status = fs::status(path);
-  if (fs::is_directory(status))
+  if (fs::is_directory(status)) {
     throw std::system_error(std::make_error_code(std::errc::is_a_directory));
-  if (fs::exists(status) && !fs::is_regular_file(status))
+  }
+  if (fs::exists(status) && !fs::is_regular_file(status)) {
     throw std::invalid_argument("This is a pipe, a device or a socket, not a file");
+  }
 }
 
 using TFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
@@ -75,8 +78,9 @@ void TMofFiles::ListSearchFolders() {
     std::vector<fs::path> below;
     std::error_code ignored;
     for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end;
-         entry.increment(ignored))
+         entry.increment(ignored)) {
       if (entry->is_directory(ignored)) below.push_back(entry->path());
+    }
     std::sort(below.begin(), below.end());
     searchFolders_->insert(searchFolders_->end(), below.begin(), below.end());
   }
@@ -89,8 +93,9 @@ std::optional<fs::path> TMofFiles::FindClass(const std::string& className) {
 
 std::vector<fs::path> TMofFiles::List(const fs::path& folder) {
   std::vector<fs::path> files;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
     if (entry.path().extension() == ".mof" && IsFile(entry.path())) files.push_back(entry.path());
+  }
   std::sort(files.begin(), files.end());
   return files;
 }

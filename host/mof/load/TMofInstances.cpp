@@ -37,8 +37,9 @@ TMofInstances::TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace,
 
 void TMofInstances::RegisterAlias(std::size_t index) {
   const std::optional<TMofName>& alias = drafts_[index].syntax->alias;
-  if (alias && !byAlias_.emplace(FoldName(alias->text), index).second)
+  if (alias && !byAlias_.emplace(FoldName(alias->text), index).second) {
     diagnostics_.Error(alias->place, "the alias $" + alias->text + " stands for another instance");
+  }
 }
 
 void TMofInstances::Enter(const TProgress& onProgress) {
@@ -91,8 +92,9 @@ std::vector<std::size_t> TMofInstances::GetPathNeeds(std::size_t index) const {
 
 TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
   const auto found = byAlias_.find(FoldName(alias.text));
-  if (found == byAlias_.end())
+  if (found == byAlias_.end()) {
     throw TMofFault(alias.place, "no instance has the alias $" + alias.text);
+  }
   const TDraft& draft = drafts_[found->second];
   if (!draft.instance) {
     leftOut_.Require(AliasKey(alias.text));
@@ -105,8 +107,9 @@ TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
 void TMofInstances::FillOrReport(TDraft& draft) {
   const TMofName& className = draft.syntax->className;
   try {
-    if (draft.syntax->hasQualifiers)
+    if (draft.syntax->hasQualifiers) {
       diagnostics_.Note(className.place, "qualifiers of instances are not kept");
+    }
     Fill(draft);
   } catch (const TMofNeed& need) {
     LeaveOut(draft, need);
@@ -128,8 +131,9 @@ void TMofInstances::Fill(TDraft& draft) {
     throw TMofFault(className.place, "there is no class " + className.text);
   }
   const auto instance = cimClass->AllocateInstance({});
-  for (const TMofAssignment& assignment : draft.syntax->assignments)
+  for (const TMofAssignment& assignment : draft.syntax->assignments) {
     Assign(draft, *instance, assignment);
+  }
   draft.instance = instance;
 }
 

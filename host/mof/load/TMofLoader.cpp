@@ -60,18 +60,21 @@ void TMofLoader::TImpl::ReadMissingClasses() {
       ReadMissing(batch.instances[nextInstance++].className.text);
       continue;
     }
-    for (const TMofName& name : GetNeededClasses(batch.classes[nextClass++]))
+    for (const TMofName& name : GetNeededClasses(batch.classes[nextClass++])) {
       ReadMissing(name.text);
+    }
   }
 }
 
 void TMofLoader::TImpl::ReadMissing(const std::string& className) {
   const TMofBatch& batch = reader_.GetBatch();
-  while (learned_ < batch.classes.size())
+  while (learned_ < batch.classes.size()) {
     known_.insert(FoldName(batch.classes[learned_++].name.text));
+  }
   if (!known_.insert(FoldName(className)).second) return;
-  if (!FindOrNothing([&] { return namespace_->GetClass(className, {}); }))
+  if (!FindOrNothing([&] { return namespace_->GetClass(className, {}); })) {
     reader_.ReadClass(className);
+  }
 }
 
 void TMofLoader::TImpl::Enter() {

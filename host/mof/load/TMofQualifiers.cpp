@@ -53,8 +53,9 @@ D::EScope GetScope(const std::vector<TMofName>& words) {
 }
 
 D::EFlavor ApplyFlavors(D::EFlavor flavor, const std::vector<TMofName>& words) {
-  for (const TMofName& word : words)
+  for (const TMofName& word : words) {
     flavor = (flavor - FindBit(kUnsetFlavors, word.text)) | FindBit(kSetFlavors, word.text);
+  }
   return flavor;
 }
 

@@ -118,8 +118,9 @@ void TMofReader::ReadWithIncludes(TOpenFile file) {
 std::optional<TMofReader::TOpenFile> TMofReader::OpenIncluded(const TMofPragma& pragma,
                                                               const std::vector<TOpenFile>& open) {
   const TMofName& name = pragma.argument;
-  if (name.text.find('\\') != std::string::npos)
+  if (name.text.find('\\') != std::string::npos) {
     diagnostics_.Note(name.place, "the path has back-slashes; they are read as slashes");
+  }
   const std::optional<fs::path> path =
       files_.FindIncluded(name.text, open.back().path.parent_path());
   if (!path) {

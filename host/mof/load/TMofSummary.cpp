@@ -31,8 +31,9 @@ std::string TMofSummary::ToString() const {
     list += list.empty() ? "" : ", ";
     list += refusal.name;
   }
-  for (const auto& [why, list] : names)
+  for (const auto& [why, list] : names) {
     text.append("\nrefused: ").append(why).append(": ").append(list);
+  }
   for (const auto& [name, count] : dependents) {
     text += "\nleft out with " + name + ": " + Count(count, "declaration") +
             (count == 1 ? " that needs it" : " that need it");

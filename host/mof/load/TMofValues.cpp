@@ -54,8 +54,9 @@ template <class TNumber>
 TNumber MakeNegative(std::uint64_t magnitude) {
   // The smallest number has no positive counterpart.
   constexpr std::uint64_t kSmallest = std::uint64_t{1} << 63U;
-  if (magnitude == kSmallest)
+  if (magnitude == kSmallest) {
     return boost::numeric_cast<TNumber>(std::numeric_limits<std::int64_t>::min());
+  }
   return boost::numeric_cast<TNumber>(-boost::numeric_cast<std::int64_t>(magnitude));
 }
 
@@ -126,12 +127,14 @@ TCIMValue TMofValues::Make(const TMofValue& value, T type) const {
     if (value.isArray) throw TMofFault(value.place, "one value is expected, not an array");
     return MakeScalar(value.literals.front(), type);
   }
-  if (!value.isArray && value.literals.front().kind == TMofLiteral::kNull)
+  if (!value.isArray && value.literals.front().kind == TMofLiteral::kNull) {
     return TCIMValue::Null(type);
+  }
   std::vector<TCIMValue> elements;
   elements.reserve(value.literals.size());
-  for (const TMofLiteral& literal : value.literals)
+  for (const TMofLiteral& literal : value.literals) {
     elements.push_back(MakeScalar(literal, type.GetElementType()));
+  }
   return TCIMValue::Array(type.GetElementType(), std::move(elements));
 }
 

@@ -52,8 +52,9 @@ class TScanner {
 
   void PassString() {
     ++at_;
-    while (at_ < text_.size() && text_[at_] != '"' && !EndsLine(text_[at_]))
+    while (at_ < text_.size() && text_[at_] != '"' && !EndsLine(text_[at_])) {
       at_ += text_[at_] == '\\' && at_ + 1 < text_.size() && !EndsLine(text_[at_ + 1]) ? 2 : 1;
+    }
     if (at_ < text_.size() && text_[at_] == '"') ++at_;
   }
 

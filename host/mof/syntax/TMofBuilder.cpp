@@ -128,8 +128,9 @@ void TMofBuilder::EndType() {
   const auto* const found = std::find_if(
       std::begin(kDataTypes), std::end(kDataTypes),
       [word = FoldName(typeWord_.text)](const TDataType& one) { return one.word == word; });
-  if (found == std::end(kDataTypes))
+  if (found == std::end(kDataTypes)) {
     Refuse(typeWord_.place, "unknown type " + QuoteMof(typeWord_.text));
+  }
   type_.type = found->type;
 }
 
@@ -146,8 +147,9 @@ void TMofBuilder::RequireTypeOfValue() const {
 
 void TMofBuilder::ReadArraySize(std::string_view digits) {
   std::uint64_t size = 0;
-  if (std::from_chars(digits.data(), digits.data() + digits.size(), size).ec != std::errc())
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), size).ec != std::errc()) {
     Refuse(GetPlace(digits), QuoteMof(digits) + " does not fit into 64 bits");
+  }
   type_.arraySize = size;
 }
 

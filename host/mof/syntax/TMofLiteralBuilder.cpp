@@ -153,8 +153,9 @@ void TMofLiteralBuilder::ReadInteger(std::string_view digits, int base) {
   const auto result =
       std::from_chars(digits.data() + prefix, digits.data() + digits.size(), literal_.number, base);
   literal_.isNegative = digits.front() == '-' && literal_.number != 0;
-  if (result.ec != std::errc() || (literal_.isNegative && literal_.number > kLargestNegative))
+  if (result.ec != std::errc() || (literal_.isNegative && literal_.number > kLargestNegative)) {
     throw TMofSyntaxError{digits.data(), QuoteMof(digits) + " does not fit into 64 bits"};
+  }
 }
 
 void TMofLiteralBuilder::ReadDecimal(std::string_view digits) { ReadInteger(digits, 10); }
@@ -174,8 +175,9 @@ void TMofLiteralBuilder::RefuseNumber(std::string_view text) {
 
 void TMofLiteralBuilder::ReadCharacter(std::string_view character) {
   literal_.number = DecodeUtf8(character);
-  if (literal_.number > kLargestCharacter)
+  if (literal_.number > kLargestCharacter) {
     throw TMofSyntaxError{character.data(), "a char16 cannot hold this character"};
+  }
 }
 
 void TMofLiteralBuilder::ReadKnownEscape(std::string_view escape) {

@@ -43,8 +43,9 @@ void CheckUtf8(const std::string& bytes) {
   while (at != bytes.end()) {
     const auto byte = static_cast<std::size_t>(at - bytes.begin());
     if (*at == '\0') RefuseUtf8("not a text: there is a NUL", bytes, byte);
-    if (!utf::is_valid_codepoint(TUtf8::decode(at, bytes.end())))
+    if (!utf::is_valid_codepoint(TUtf8::decode(at, bytes.end()))) {
       RefuseUtf8("not UTF-8: there is no character", bytes, byte);
+    }
     at = std::find_if(at, bytes.end(), NeedsLook);
   }
 }

@@ -1,10 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
 #include <sys/statvfs.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <set>
 #include <sstream>
 
@@ -12,11 +10,8 @@
 #include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
-#include "TCollection.h"
 #include "THostNamespace.h"
 #include "TMachineCollector.h"
-#include "TMachineFiles.h"
-#include "TRootObject.h"
 #include "TSampleMachine.h"
 
 namespace NZELVYR20 {
@@ -265,80 +260,6 @@ TEST(PoorMachine, OddTrees) {
     const TTexts noted = THostNamespace(tree.GetRoot()).GetNoted();
     EXPECT_EQ(1, std::count(noted.begin(), noted.end(), note)) << path;
   }
-}
-
-TEST(Files, StayBelowTheirRoot) {
-  const TSampleTree tree;
-  tree.Write("/outside", "outside");
-  tree.Write("/root/file", "inside");
-  tree.Write("/root/folder/deep/", "");
-  ASSERT_EQ(0, mkfifo((tree.GetRoot() + "/root/fifo").c_str(), 0600));
-  tree.Write("/root/huge", "");
-  std::filesystem::resize_file(tree.GetRoot() + "/root/huge", std::uintmax_t{1} << 40);
-  const std::pair<const char*, std::string> links[] = {{"absolute", "/file"},
-                                                       {"relative", "folder/../file"},
-                                                       {"up", "../../../../file"},
-                                                       {"chain", "absolute"},
-                                                       {"folder/deep/far", "../../up"},
-                                                       {"place", "/folder"},
-                                                       {"out", tree.GetRoot() + "/outside"},
-                                                       {"loop", "loop"},
-                                                       {"device", "/dev/zero"},
-                                                       {"slash", "/"},
-                                                       {"tofifo", "fifo"}};
-  for (const auto& [name, target] : links) {
-    std::filesystem::create_symlink(target, tree.GetRoot() + "/root/" + name);
-  }
-  const std::pair<const char*, const char*> rows[] = {
-      {"/file", "inside"},
-      {"/absolute", "inside"},
-      {"/relative", "inside"},
-      {"/up", "inside"},
-      {"/chain", "inside"},
-      {"/place/deep/far", "inside"},
-      {"/slash/slash/./place/../file", "inside"},
-      {"/../outside", "No such file or directory"},
-      {"/out", "No such file or directory"},
-      {"/device", "No such file or directory"},
-      {"/loop", "Too many levels of symbolic links"},
-      {"/file/below", "Not a directory"},
-      {"/slash", "Not a regular file"},
-      {"/tofifo", "Not a regular file"},
-      {"/huge", "File too large"}};
-  for (const auto follow : {TRootFolder::kByKernel, TRootFolder::kByWalk}) {
-    const TMachineFiles files(tree.GetRoot() + "/root", follow);
-    std::string why;
-    for (const auto& [path, expected] : rows) {
-      EXPECT_EQ(expected, files.Read(path, why).value_or(why)) << path;
-      EXPECT_EQ(expected == std::string("inside") ? "inside" : "", files.ReadValue(path));
-    }
-    EXPECT_EQ((TTexts{"deep"}), files.List("/place"));
-    EXPECT_FALSE(files.List("/tofifo", why));
-    EXPECT_TRUE(files.IsFolder("/slash/../place") && !files.IsFolder("/chain"));
-    EXPECT_EQ("outside", files.ReadLinkName("/slash/out"));
-    EXPECT_EQ("", files.ReadLinkName("/file"));
-  }
-}
-
-TEST(Collection, ASlipIsNoted) {
-  const THostNamespace host("");
-  TRootObject::SetCoreLogger({});
-  TRootObject::SetLogThreshold(-1);  // the repository writes about each, too
-  TCollection collection("/", host.Get());
-  TInstanceDraft draft = collection.DraftDevice("CIM_NetworkPort", "x");
-  draft.Set("PortType", TCIMValue(5)).Set("Nothing", "y").Set("Name", "z");
-  EXPECT_TRUE(collection.Add(std::move(draft)));
-  collection.Add(collection.Draft("CIM_Chassis"));
-  TRootObject::SetLogThreshold(3);
-  TTexts notes;
-  for (const TCollectorNote& note : collection.GetNotes()) {
-    notes.push_back(note.what + ": " + note.why);
-  }
-  EXPECT_EQ((TTexts{"CIM_NetworkPort.PortType (uint16): the value is sint32 5",
-                    "CIM_NetworkPort.Nothing (not declared): the value is string y",
-                    "CIM_Chassis: The namespace did not take the instance"}),
-            notes);
-  EXPECT_EQ("Name=z|", host.ShowAll(host.ListPaths("CIM_NetworkPort").at(0)));
 }
 
 TEST(PoorMachine, AnIdentityFromTheDeviceTree) {

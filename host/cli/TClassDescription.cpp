@@ -12,6 +12,7 @@
 #include "TPrinter.h"
 #include "TTable.h"
 #include "TText.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -67,7 +68,7 @@ std::string DefaultText(const TCIMValue& value) {
 
 std::string ParameterText(const ICIMParameterDecl& parameter) {
   const std::string qualifiers = TText::Join(QualifierTexts(parameter), ", ");
-  return TPrinter::TypeText(parameter.GetType({})) + " " + parameter.GetName({}) +
+  return TypeText(parameter.GetType({})) + " " + parameter.GetName({}) +
          (qualifiers.empty() ? "" : ": " + qualifiers);
 }
 
@@ -77,7 +78,7 @@ void AddMethod(ICIMMethodDecl& method, TTable& table) {
         method.EnumerateParameterDecls(callback, {});
       });
   table.AddRow({method.GetName({}) + (parameters.empty() ? "()" : "(...)"),
-                TPrinter::TypeText(method.GetReturnType({})), NameOf(method.GetClass({}))});
+                TypeText(method.GetReturnType({})), NameOf(method.GetClass({}))});
   AddQualifiers(method, kDetailIndent, table);
   for (const auto& parameter : parameters) AddText(ParameterText(*parameter), kDetailIndent, table);
 }

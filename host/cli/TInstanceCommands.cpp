@@ -13,6 +13,7 @@
 #include "TPrinter.h"
 #include "TTable.h"
 #include "TText.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -86,8 +87,7 @@ std::string TInstanceCommands::Show(const std::string& path, EShow form) const {
   table.AddRow({"Property", "Type", "Marks", "Value"});
   for (const auto& property : TInstanceReader::ListProperties(*instance)) {
     const std::string name = TInstanceReader::NameOf(*property);
-    table.AddRow({name, TPrinter::TypeText(property->GetType({})),
-                  Marks(*property, keys.count(name) > 0),
+    table.AddRow({name, TypeText(property->GetType({})), Marks(*property, keys.count(name) > 0),
                   form == EShow::kRaw ? TPrinter::ValueText(property->GetValue({}))
                                       : TPrinter::PropertyText(*property)});
   }

@@ -9,6 +9,7 @@
 #include "TInstanceReader.h"
 #include "TPrinter.h"
 #include "TText.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -99,7 +100,7 @@ std::string DisplayText(const ICIMProperty& property) {
 
 std::string PropertyText(const ICIMProperty& property, bool isKey) {
   return ListText("{}",
-                  {MemberText("type", ScalarText(TPrinter::TypeText(property.GetType({})))),
+                  {MemberText("type", ScalarText(TypeText(property.GetType({})))),
                    MemberText("key", ScalarText(isKey)),
                    MemberText("default", ScalarText(property.IsDefaultValue({}))),
                    MemberText("value", ValueText(property.GetValue({}))),

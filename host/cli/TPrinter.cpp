@@ -1,12 +1,12 @@
 #include "TPrinter.h"
 
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
 #include "TText.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -40,14 +40,8 @@ std::string TPrinter::ValueText(const TCIMValue& value) { return value.ToString(
 
 std::string TPrinter::TypeText(const TCIMValue& value) {
   const auto referencedClass = value.GetReferencedClass();
-  return TypeText(value.GetType()) +
+  return NZELVYR20::TypeText(value.GetType()) +
          (referencedClass ? " to " + referencedClass->GetName({}) : std::string());
-}
-
-std::string TPrinter::TypeText(TCIMValue::TCIMType type) {
-  std::ostringstream text;
-  text << type;
-  return text.str();
 }
 
 std::string TPrinter::PathText(const ICIMInstance& instance) {

@@ -27,7 +27,6 @@ class TPrinter {
 
   /// The type of a value; for a reference with the class to which it points.
   static std::string TypeText(const TCIMValue& value);
-  static std::string TypeText(TCIMValue::TCIMType type);
 
   /// The object path in one line, as the commands accept it.
   static std::string PathText(const ICIMInstance& instance);

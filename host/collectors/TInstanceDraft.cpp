@@ -1,23 +1,16 @@
 #include "TInstanceDraft.h"
 
-#include <sstream>
-
 #include "ICIMClass.h"
 #include "ICIMPropertyDecl.h"
 #include "TVYRException.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
 
-std::string NameType(TCIMValue::TCIMType type) {
-  std::ostringstream text;
-  text << type;
-  return text.str();
-}
-
 std::string NamePropertyType(const ICIMClass& cimClass, const std::string& name) {
   try {
-    return NameType(cimClass.GetPropertyDecl(name, {})->GetType({}));
+    return TypeText(cimClass.GetPropertyDecl(name, {})->GetType({}));
   } catch (const TVYRException&) {
     return "not declared";
   }
@@ -26,7 +19,7 @@ std::string NamePropertyType(const ICIMClass& cimClass, const std::string& name)
 TInstanceDraft::TSlip DescribeSlip(const ICIMClass& cimClass, const std::string& name,
                                    const TCIMValue& value) {
   return {cimClass.GetName({}) + '.' + name + " (" + NamePropertyType(cimClass, name) + ')',
-          "the value is " + NameType(value.GetType()) + ' ' + value.ToString(10)};
+          "the value is " + TypeText(value.GetType()) + ' ' + value.ToString(10)};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <map>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "TFaults.h"
@@ -41,7 +42,8 @@ class TProgramFaultTest : public ::testing::Test {
   TProgramFaultTest() { std::ofstream(file_) << kModel; }
   ~TProgramFaultTest() override { std::remove(file_.c_str()); }
 
-  /// Runs the command with the n-th event of the kind failing; tells whether it came to that.
+  /// Runs the command with the n-th event of the kind failing; tells whether it came to that. In a
+  /// thread of its own, for which the plug-in has what threads have each for themselves to make.
   bool Run(const std::vector<std::string>& command, EKind kind, int n) {
     std::vector<std::string> words = {"vyrhost", "--empty", "--plugin", INMEM_PLUGIN_PATH,
                                       "--mof",   file_,     "--quiet"};
@@ -52,9 +54,12 @@ class TProgramFaultTest : public ::testing::Test {
     ::testing::internal::CaptureStdout();
     ::testing::internal::CaptureStderr();
     const long live = TFaults::CountLiveAllocations();
-    TFaults::Arm(kind, n);
-    run_.status = TProgram::Run(static_cast<int>(argv.size()), argv.data());
-    const bool isStruck = TFaults::Disarm();
+    bool isStruck = false;
+    std::thread([&] {
+      TFaults::Arm(kind, n);
+      run_.status = TProgram::Run(static_cast<int>(argv.size()), argv.data());
+      isStruck = TFaults::Disarm();
+    }).join();
     run_.leaked = TFaults::CountLiveAllocations() - live;
     run_.output = ::testing::internal::GetCapturedStdout();
     run_.errors = ::testing::internal::GetCapturedStderr();

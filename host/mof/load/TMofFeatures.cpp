@@ -10,6 +10,7 @@
 #include "ICIMPropertyDecl.h"
 #include "TMofFault.h"
 #include "TVYRException.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -78,9 +79,9 @@ void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& 
   }
   const std::string inherited =
       "that of the superclass " + (owner ? owner->GetName({}) : std::string());
-  const std::string type = GetTypeText(kept.GetType({}));
+  const std::string type = TypeText(kept.GetType({}));
   diagnostics_.Warning(name.place, "the property " + name.text + " is left out: " +
-                                       (type == GetTypeText(property.type.type)
+                                       (type == TypeText(property.type.type)
                                             ? "without Override " + inherited + " stays"
                                             : inherited + " has the type " + type));
 }

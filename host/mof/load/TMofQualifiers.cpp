@@ -9,6 +9,7 @@
 #include "ListElements.h"
 #include "TMofFault.h"
 #include "TVYRException.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -161,7 +162,7 @@ TMofQualifiers::TDeclarationPtr TMofQualifiers::DeclareUndeclared(const TMofQual
   const T type = GuessType(qualifier);
   diagnostics_.Warning(
       qualifier.name.place,
-      "the qualifier " + name + " is declared nowhere; it is taken for a " + GetTypeText(type));
+      "the qualifier " + name + " is declared nowhere; it is taken for a " + TypeText(type));
   TDeclarationPtr added =
       namespace_->AllocateQualifierDecl(name, TCIMValue::Null(type), D::kAny, kDefaultFlavor, {});
   added->AddToNamespace({});

@@ -3,7 +3,6 @@
 #include <boost/numeric/conversion/cast.hpp>
 #include <charconv>
 #include <limits>
-#include <sstream>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "TCIMDateTime.h"
 #include "TMofFault.h"
 #include "TVYRException.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -39,11 +39,11 @@ const char* GetKindText(const TMofLiteral& literal) {
 
 TMofFault WrongKind(const TMofLiteral& literal, T type) {
   return {literal.place,
-          std::string(GetKindText(literal)) + " is no value of the type " + GetTypeText(type)};
+          std::string(GetKindText(literal)) + " is no value of the type " + TypeText(type)};
 }
 
 TMofFault OutOfRange(const TMofLiteral& literal, T type) {
-  return {literal.place, "the number is out of the range of the type " + GetTypeText(type)};
+  return {literal.place, "the number is out of the range of the type " + TypeText(type)};
 }
 
 void Expect(const TMofLiteral& literal, TMofLiteral::EKind kind, T type) {
@@ -112,12 +112,6 @@ TCIMValue MakeDateTime(const TMofLiteral& literal, T type) {
 }
 
 }  // namespace
-
-std::string GetTypeText(T type) {
-  std::ostringstream text;
-  text << type;
-  return text.str();
-}
 
 TMofValues::TMofValues(boost::shared_ptr<ICIMNamespace> nameSpace, TAliases aliases)
     : namespace_(std::move(nameSpace)), aliases_(std::move(aliases)) {}

@@ -32,7 +32,4 @@ class TMofValues {
   TAliases aliases_;
 };
 
-/// The type as messages name it.
-std::string GetTypeText(TCIMValue::TCIMType type);
-
 }  // namespace NZELVYR20

@@ -2,7 +2,6 @@
 
 #include <boost/shared_ptr.hpp>
 #include <cstddef>
-#include <sstream>
 
 #include "ICIMMethodDecl.h"
 #include "ICIMParameterDecl.h"
@@ -10,6 +9,7 @@
 #include "ListElements.h"
 #include "TMofQualifierText.h"
 #include "TMofValueText.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -19,15 +19,14 @@ constexpr std::size_t kParameterMargin = 6;
 
 /// "uint16", or "CIM_Disk REF". A reference whose class nobody knows, such as a parameter's, is
 /// one to any object.
-std::string TypeText(const TCIMValue::TCIMType& type, const boost::shared_ptr<ICIMClass>& target) {
+std::string MemberTypeText(const TCIMValue::TCIMType& type,
+                           const boost::shared_ptr<ICIMClass>& target) {
   const TCIMValue::TCIMType element = type.GetElementType();
   if (element == TCIMValue::TCIMType::kReference) {
     return (target ? target->GetName({}) : "object") + " REF";
   }
   if (element == TCIMValue::TCIMType::kNone) return "void";
-  std::ostringstream text;
-  text << element;
-  return text.str();
+  return TypeText(element);
 }
 
 std::string ArrayText(const TCIMValue::TCIMType& type) { return type.IsArray() ? "[]" : ""; }
@@ -45,7 +44,7 @@ void AppendBeginning(std::string& text, const TDeclaration& declaration,
 void AppendProperty(std::string& text, const ICIMPropertyDecl& property) {
   const TCIMValue& value = property.GetDefaultValue({});
   const TCIMValue::TCIMType type = value.GetType();
-  const std::string head = "  " + TypeText(type, value.GetReferencedClass()) + ' ' +
+  const std::string head = "  " + MemberTypeText(type, value.GetReferencedClass()) + ' ' +
                            property.GetName({}) + ArrayText(type);
   if (value.IsNull()) {
     text += head + ';';
@@ -58,13 +57,13 @@ void AppendProperty(std::string& text, const ICIMPropertyDecl& property) {
 void AppendParameter(std::string& text, const ICIMParameterDecl& parameter) {
   const TCIMValue::TCIMType type = parameter.GetType({});
   TMofQualifierText::AppendList(text, parameter, true, kParameterMargin);
-  text += std::string(kParameterMargin, ' ') + TypeText(type, {}) + ' ' + parameter.GetName({}) +
-          ArrayText(type);
+  text += std::string(kParameterMargin, ' ') + MemberTypeText(type, {}) + ' ' +
+          parameter.GetName({}) + ArrayText(type);
 }
 
 void AppendMethod(std::string& text, ICIMMethodDecl& method) {
   const TCIMValue::TCIMType type = method.GetReturnType({});
-  text += "  " + TypeText(type, {}) + ArrayText(type) + ' ' + method.GetName({}) + '(';
+  text += "  " + MemberTypeText(type, {}) + ArrayText(type) + ' ' + method.GetName({}) + '(';
   const char* separator = "\n";
   for (const auto& parameter :
        ListElements<ICIMParameterDecl>([&method](TCIMParameterDeclCallback callback) {

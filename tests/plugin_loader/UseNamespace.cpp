@@ -11,9 +11,6 @@
 
 namespace NZELVYR20 {
 
-const std::string kAllIsWell =
-    "Link.id=\"Port.id=\\\"a\\\"\"\nan instance\nno class\n0\nThe element was not found.\nmine\n";
-
 std::string UseNamespace(const TSpace& space) {
   std::ostringstream seen;
   const auto port = AddClass(space, "Port", "");

@@ -16,6 +16,3 @@ endforeach()
 set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
 add_compile_options($<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=2>)
 add_link_options(LINKER:-z,relro LINKER:-z,now)
-
-# Whoever builds a package does not show in it.
-add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)

@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 
+#include "Cases.h"
 #include "ICIMClass.h"
 #include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
@@ -27,12 +28,6 @@ const char* const kChassis = "CIM_Chassis.CreationClassName=\"CIM_Chassis\",Tag=
 std::string Device(const std::string& className, const std::string& id) {
   return className + ".CreationClassName=\"" + className + "\",DeviceID=\"" + id +
          "\",SystemCreationClassName=\"CIM_ComputerSystem\",SystemName=\"box \\\"7\\\"\"";
-}
-
-std::string Element(const std::string& className, const std::string& name) {
-  return className + ".CreationClassName=\"" + className +
-         "\",CSCreationClassName=\"CIM_ComputerSystem\",CSName=\"box \\\"7\\\"\",Name=\"" + name +
-         '"';
 }
 
 /// The names of what the associations of a class link with the instance.
@@ -105,83 +100,14 @@ std::set<std::string> ListSet(const THostNamespace& host, const TTexts& paths) {
 }
 
 TEST_F(MachineCollector, FillsProperties) {
-  const std::pair<std::string, const char*> rows[] = {
-      {kSystem, "ElementName=box \"7\"|EnabledState=Enabled|NameFormat=Other|"},
-      {kChassis,
-       "ChassisPackageType=Other|ChassisTypeDescription=Rack Mount Chassis|ElementName=Box "
-       "3000|Manufacturer=Box Makers|Model=Box 3000|SKU=SKU7|"},
-      {Element("CIM_OperatingSystem", "Sample Linux 7"),
-       "Description=Sample version|ElementName=Sample Linux "
-       "7|EnabledState=Enabled|FreePhysicalMemory=4 Gigabytes|FreeSpaceInPagingFiles=1,024 "
-       "Megabytes|FreeVirtualMemory=5 Gigabytes|LastBootUpTime=2023-11-14 22:13:20 "
-       "+00:00|LocalDateTime=2023-11-14 22:14:50 "
-       "+00:00|MaxNumberOfProcesses=99|NumberOfProcesses=1|OSType=LINUX|SizeStoredInPagingFiles=2,"
-       "048 Megabytes|TotalVirtualMemorySize=10 Gigabytes|TotalVisibleMemorySize=8 "
-       "Gigabytes|Version=6.1.0-sample|"},
-      {Device("CIM_Processor", "socket1"),
-       "AddressWidth=64 Bits|CPUStatus=CPU Enabled|CurrentClockSpeed=2600|DataWidth=64 "
-       "Bits|Description=Maker|ElementName=Sample CPU + Slow "
-       "CPU|EnabledState=Enabled|Family=Other|MaxClockSpeed=1800|Name=Sample CPU + Slow "
-       "CPU|NumberOfEnabledCores=2|OtherFamilyDescription=Sample CPU + Slow CPU|Role=Central "
-       "Processor|Stepping=7|"},
-      {"CIM_ProcessorCore.InstanceID=\"socket1/core0/cpu3\"",
-       "CoreEnabledState=Core Enabled|ElementName=socket1/core0/cpu3|EnabledState=Enabled|"},
-      {Device("CIM_Memory", "cpu2/L3 Unified"),
-       "BlockSize=1 Bytes|Caption=16.0 MiB (16777216 bytes)|ElementName=cpu2/L3 "
-       "Unified|NumberOfBlocks=16777216|Purpose=Processor cache|Volatile=TRUE|"},
-      {Device("CIM_EthernetPort", "eth0"),
-       "ActiveMaximumTransmissionUnit=1500|ElementName=eth0|EnabledState=Enabled|FullDuplex=TRUE|"
-       "LinkTechnology=Ethernet|Name=eth0|NetworkAddresses={02FC000A0B0C}|OperationalStatus={2}|"
-       "PermanentAddress=02FC000A0B0C|PortType=Unknown|Speed=10 Gbps|"},
-      {Device("CIM_EthernetPort", "eth1"),
-       "ElementName=eth1|EnabledState=Enabled but "
-       "Offline|LinkTechnology=Ethernet|Name=eth1|NetworkAddresses={02FC000A0B0D}|"
-       "OperationalStatus={10}|PortType=Unknown|"},
-      {Device("CIM_NetworkPort", "lo"),
-       "Description=odd|ElementName=lo|EnabledState=Unknown|LinkTechnology=Other|Name=lo|"
-       "OperationalStatus={0}|OtherLinkTechnology=Loopback|PortType=Unknown|"},
-      {Device("CIM_PCIDevice", "0000:3b:1f.6"),
-       "BusNumber=3b|ClassCode=Network|DeviceNumber=1f|ElementName=0000:3b:1f.6|FunctionNumber=6|"
-       "PCIDeviceID=41|RevisionID=a|SubsystemID=a21|VendorID=1af4|"},
-      {Device("CIM_DiskDrive", "sda"),
-       "Capabilities={3,4}|DefaultBlockSize=4 Kilobytes|Description=ACME|DiskType=Solid State "
-       "Drive|ElementName=Disk 9|MaxMediaSize=4 "
-       "Megabytes|Name=/dev/sda|OperationalStatus={1}|StatusDescriptions={blocked}|"},
-      {Device("CIM_DiskDrive", "sdb"),
-       "Capabilities={3,4,7}|DiskType=Unknown|ElementName=sdb|Name=/dev/sdb|"},
-      {Device("CIM_DiskDrive", "sr0"),
-       "Capabilities={3}|Description=Optical drive, "
-       "ACME|DiskType=Other|ElementName=sr0|Name=/dev/sr0|"},
-      {Device("CIM_DiskPartition", "sda1"),
-       "Access=Readable|BlockSize=4 Kilobytes|Caption=2.0 MiB (2097152 "
-       "bytes)|ElementName=sda1|Name=/dev/sda1|NumberOfBlocks=512|"},
-      {Device("CIM_LogicalDisk", "dm-0"),
-       "Access=Read/Write Supported|BlockSize=512 Bytes|Caption=500.0 KiB (512000 "
-       "bytes)|Description=Logical "
-       "volume|ElementName=vault|Name=/dev/dm-0|NumberOfBlocks=1000|"},
-      {Device("CIM_LogicalDisk", "md0"),
-       "Description=Array of "
-       "disks|ElementName=md0|ErrorMethodology=raid1|HealthState=Degraded/Warning|Name=/dev/"
-       "md0|OperationalStatus={3}|StatusDescriptions={clean; 1 of 2 disks missing; recover}|"},
-      {Element("CIM_LocalFileSystem", "/"),
-       "ElementName=/dev/disk/by-uuid/"
-       "1234|EnabledState=Enabled|FileSystemType=ext4|PersistenceType=Persistent|ReadOnly=TRUE|"
-       "Root=/|"},
-      {Element("CIM_LocalFileSystem", "/run"),
-       "ElementName=tmpfs|EnabledState=Enabled|FileSystemType=tmpfs|PersistenceType=Temporary|"
-       "ReadOnly=FALSE|Root=/run|"},
-      {Element("CIM_LocalFileSystem", "/my files"),
-       "ElementName=/dev/mapper/"
-       "vault|EnabledState=Enabled|FileSystemType=ext4|PersistenceType=Persistent|ReadOnly=FALSE|"
-       "Root=/my files|"},
-      {Element("CIM_RemoteFileSystem", "/net"),
-       "ElementName=srv:/all|EnabledState=Enabled|FileSystemType=nfs4|ReadOnly=FALSE|Root=/net|"},
-  };
   TTexts paths;
-  for (const auto& [path, shown] : rows) {
-    EXPECT_EQ(shown, host_.ShowAll(path)) << path;
+  CheckCases("properties.txt", [&](const std::string& path) {
     paths.push_back(path);
-  }
+    std::string shown = host_.ShowAll(path);
+    shown.pop_back();
+    std::replace(shown.begin(), shown.end(), '|', '\n');
+    return shown;
+  });
   std::set<std::string> unseen = ListSet(host_, host_.ListPaths("CIM_ManagedElement"));
   for (const std::string& seen : ListSet(host_, paths)) unseen.erase(seen);
   EXPECT_EQ(std::set<std::string>(), unseen) << "set, and in no row";

@@ -75,8 +75,8 @@ class VYR_EXPORT ICIMInstance : public ICIMElement {
                                              const std::string& resultClass,
                                              const std::string& role, TCIMContext context) = 0;
 
-  /// The property of that name, the same object on every call. Whoever holds it holds the instance;
-  /// its pointers have an owner of their own, the same as long as anybody holds one. A name that
+  /// The property of that name, the same object as long as anybody holds it, with an owner of its
+  /// own. It outlasts its instance: it answers and is set as before. A name that
   /// the instance lacks is status 15, except that one which contains "speedDuplex", "Description"
   /// or a well-known status name ("HealthState" and its like) is declared on the class on the spot;
   /// the property returned is then a fresh one with the default value, which the instance does not

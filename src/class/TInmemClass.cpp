@@ -197,7 +197,7 @@ void TInmemClass::RemoveAssociationClass(boost::shared_ptr<ICIMClass> associatio
 }
 
 boost::shared_ptr<ICIMInstance> TInmemClass::AllocateInstance(TCIMContext) {
-  return boost::make_shared<TInmemInstance>(shared_from_this(), TInmemInstance::kValidateAll);
+  return TInmemInstance::Make(shared_from_this(), TInmemInstance::kValidateAll);
 }
 
 void TInmemClass::AddInstance(boost::shared_ptr<ICIMInstance> instance) {

@@ -9,7 +9,7 @@ namespace {
 
 /// Asks for an instance, and for the count of its holders in front of it.
 void Prefetch(const TIndexedInstance* instance) {
-  constexpr std::ptrdiff_t kCount = 48;
+  constexpr std::ptrdiff_t kCount = 64;
   __builtin_prefetch(reinterpret_cast<const char*>(instance) - kCount);
   __builtin_prefetch(instance);
 }
@@ -78,7 +78,7 @@ TInstanceTable::TPointer TReferrerWalk::Next() {
   if (!everything_ && !IsIndexed()) everything_.emplace(table_, last_, limit_);
   if (everything_) return everything_->Next();
   while (const TInstanceEntry* const entry = TakeCandidate()) {
-    if (!entry->instance || IsPassed(*entry)) continue;
+    if (!entry->instance || entry == last_ || (isMerged_ && IsPassed(*entry))) continue;
     last_ = entry;
     return entry->instance;
   }
@@ -106,8 +106,9 @@ TInstanceEntry* TReferrerWalk::TakeIncluded() {
   return entry;
 }
 
-/// Among entries that stay, paths are distinct; one that was taken out may bear that of a later
-/// one.
+/// To be asked of what was included since the walk began; what was collected comes in order by
+/// itself. Among entries that stay, paths are distinct; one that was taken out may bear that of a
+/// later one.
 bool TReferrerWalk::IsPassed(const TInstanceEntry& entry) const {
   return last_ != nullptr && !TReferrers::IsPathBefore(last_, &entry);
 }
@@ -116,6 +117,7 @@ void TReferrerWalk::Include(TInstanceEntry& entry) noexcept {
   if (everything_ || entry.serial > limit_ || IsPassed(entry)) return;
   try {
     included_.push_back(&entry);
+    isMerged_ = true;
     std::push_heap(included_.begin(), included_.end(), IsPathAfter);
   } catch (const std::bad_alloc&) {
     isReliable_ = false;

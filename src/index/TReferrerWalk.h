@@ -60,6 +60,7 @@ class TReferrerWalk : public TReferenceIndex::TListener {
   const TInstanceEntry* last_ = nullptr;       ///< that was handed out
   std::optional<std::size_t> firstReference_;  ///< of last_, before it lost one
   std::uint64_t losses_ = 0;                   ///< of the index, while all that it knew was settled
+  bool isMerged_ = false;  ///< something was included, be it for the second time
   bool isReliable_ = true;
   bool isSettled_ = false;
   std::optional<TInstanceTable::TCursor> everything_;

@@ -7,6 +7,7 @@
 #include "Enumerate.h"
 #include "Failures.h"
 #include "InMemory.h"
+#include "MakeInOneBlock.h"
 #include "NormalizedNames.h"
 #include "TCIMDateTime.h"
 #include "TInmemClass.h"
@@ -65,15 +66,44 @@ TInmemInstance::TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, i
     : TInstanceClass{cimClass},
       TIndexedInstance(cimClass->GetDeclaredProperties()),
       validationFlags_(validationFlags),
-      properties_(*this, CountProperties()) {
+      values_(CountProperties()) {
   StampCollectionTime();
 }
 
 TInmemInstance::~TInmemInstance() = default;
 
+boost::shared_ptr<TInmemInstance> TInmemInstance::Make(
+    const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags) {
+  const auto letGo = [](TInmemInstance* instance) { instance->LetGo(); };
+  return MakeInOneBlock<TInmemInstance>(letGo, cimClass, validationFlags);
+}
+
+void TInmemInstance::LetGo() noexcept {
+  isLetGo_ = true;
+  if (held_.IsEmpty()) this->~TInmemInstance();
+}
+
+void TInmemInstance::NoteLetGo(THeldProperty& property) noexcept {
+  held_.Remove(property);
+  if (isLetGo_ && held_.IsEmpty()) this->~TInmemInstance();
+}
+
 boost::shared_ptr<const ICIMPropertyDecl> TInmemInstance::GetDeclarationOf(
     std::size_t position) const {
   return GetDeclared()->GetEntries()[position].declaration;
+}
+
+const TCIMValue& TInmemInstance::GetValueAt(std::size_t position) const {
+  const TCIMValue* const own = FindOwnValue(position);
+  return own ? *own : GetDeclared()->GetEntries()[position].declaration->GetDefaultValue({});
+}
+
+/// What an index knows of the value that goes is forgotten before that, and the class to which it
+/// refers, may be gone.
+void TInmemInstance::KeepOwnValue(std::size_t position, const TCIMValue& value) {
+  const TCIMValue* const own = FindOwnValue(position);
+  if (value.IsReference() || (own && own->IsReference())) NoteReferenceChange(position);
+  values_.Set(position, value);
 }
 
 const TCIMValue* TInmemInstance::FindPreviousValue(std::size_t position) const {
@@ -98,21 +128,18 @@ void TInmemInstance::StampCollectionTime() {
   }
 }
 
-/// Calls `use` with the property of that name, without making a pointer to it for others. One that
-/// the instance lacks may be declared on the spot, or is status 15.
+/// Calls `use` with the value of the property of that name. A property that the instance lacks may
+/// be declared on the spot, or is status 15.
 template <class TUse>
-auto TInmemInstance::UseProperty(const std::string& name, TUse use) const {
+auto TInmemInstance::UseValue(const std::string& name, TUse use) const {
   const std::size_t position = FindPosition(name);
-  if (position != CountProperties()) {
-    return use(static_cast<const ICIMProperty&>(properties_[position]));
-  }
+  if (position != CountProperties()) return use(GetValueAt(position));
   const auto derived = DeriveProperty(name);
-  return use(static_cast<const ICIMProperty&>(*derived));
+  return use(derived->GetValue({}));
 }
 
 bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
-  const bool isNull = UseProperty(
-      *keyName, [](const ICIMProperty& property) { return property.GetValue({}).IsNull(); });
+  const bool isNull = UseValue(*keyName, [](const TCIMValue& value) { return value.IsNull(); });
   if (!isNull) return true;
   LogValidationFailure("Inmem: Instance " + class_->GetName({}) + ": key property " + *keyName +
                        " is NULL");
@@ -155,9 +182,7 @@ TCIMReference TInmemInstance::GetReference(TCIMContext) const {
 }
 
 void TInmemInstance::AddKeyTo(TCIMReference& path, const std::string& keyName) const {
-  UseProperty(keyName, [&](const ICIMProperty& property) {
-    path.AddKeyValue(keyName, property.GetValue({}));
-  });
+  UseValue(keyName, [&](const TCIMValue& value) { path.AddKeyValue(keyName, value); });
 }
 
 boost::shared_ptr<ICIMClass> TInmemInstance::GetClass(TCIMContext) const { return class_; }
@@ -169,13 +194,13 @@ std::size_t TInmemInstance::FindPosition(const std::string& name) const {
   return position;
 }
 
+/// Others may change the instance by a property that they got from one that they may not change.
 boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
-  TInmemInstanceProperty& property = properties_[position];
-  __builtin_prefetch(&property, 1);
-  auto self = shared_from_this();
-  if (!property.IsHeld()) return TPropertyHolder::Share(std::move(self), property, holders_);
-  const auto holds = [&](const TPropertyHolder& holder) { return holder.Holds(property); };
-  return std::find_if(holders_.begin(), holders_.end(), holds)->Share();
+  values_.Prefetch(position);
+  for (const THeldProperty& held : held_) {
+    if (held.GetPosition() == position) return held.Share();
+  }
+  return THeldProperty::Make(const_cast<TInmemInstance&>(*this), position);
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,
@@ -208,7 +233,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
                                       TCIMContext) {
   const std::size_t position = FindPosition(name);
   if (position != CountProperties()) {
-    properties_[position].SetValue(value, {});
+    TInmemInstanceProperty(*this, position).SetValue(value, {});
     return;
   }
   // Only this one of the derived names may be set in vain.

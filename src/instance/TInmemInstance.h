@@ -10,9 +10,9 @@
 
 #include "ICIMInstance.h"
 #include "ICIMPropertyDecl.h"
+#include "THeldProperty.h"
 #include "TIndexedInstance.h"
-#include "TInmemProperties.h"
-#include "TPropertyHolder.h"
+#include "TInmemValues.h"
 #include "TStanding.h"
 
 namespace NZELVYR20 {
@@ -28,8 +28,8 @@ struct TInstanceClass {
 };
 
 /// An instance of a TInmemClass: its class, which it holds, and one property for each declaration
-/// that the class had when the instance was made. It keeps those declarations alive for its
-/// properties.
+/// that the class had when the instance was made. It keeps those declarations alive, and the
+/// values; what hosts get for a property is made when they ask.
 ///
 /// TInmemInstance.cpp holds its life and properties, TInmemInstanceReferences.cpp its references,
 /// if it is one of an association, and where they lead, TInmemInstanceTraversal.cpp the walks along
@@ -44,6 +44,11 @@ class TInmemInstance : public ICIMInstance,
   static constexpr int kValidateReferences = 2;
   static constexpr int kValidateAll = kValidateKeys | kValidateReferences;
 
+  /// An instance for hosts. What the properties that are held then need of it stays when its last
+  /// pointer goes, until they go, too.
+  static boost::shared_ptr<TInmemInstance> Make(const boost::shared_ptr<TInmemClass>& cimClass,
+                                                int validationFlags);
+
   /// Of a TInmemClass; any other class is a programming error.
   TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags);
   TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags);
@@ -53,6 +58,10 @@ class TInmemInstance : public ICIMInstance,
   /// What the property at this position is declared by.
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclarationOf(std::size_t position) const;
 
+  /// The property's own value; empty where the default shows.
+  const TCIMValue* FindOwnValue(std::size_t position) const { return values_.Find(position); }
+  void KeepOwnValue(std::size_t position, const TCIMValue& value);
+
   /// The value that was recorded as the one before; empty where none was.
   const TCIMValue* FindPreviousValue(std::size_t position) const;
   void KeepPreviousValue(std::size_t position, const TCIMValue& value);
@@ -60,8 +69,9 @@ class TInmemInstance : public ICIMInstance,
   /// TCountReferences, for a TInmemInstance.
   static std::optional<std::size_t> CountReferencesOf(const TIndexedInstance& instance);
 
-  /// The reference in this position, or what was one, is about to be set.
-  void NoteReferenceChange(std::uint32_t position) noexcept;
+  /// Somebody holds this property of it, which nobody held; and the last one let it go.
+  void NoteHeld(THeldProperty& property) noexcept { held_.Add(property); }
+  void NoteLetGo(THeldProperty& property) noexcept;
 
   /// Adds the value of the key of that name to the path.
   void AddKeyTo(TCIMReference& path, const std::string& keyName) const;
@@ -141,6 +151,7 @@ class TInmemInstance : public ICIMInstance,
     boost::shared_ptr<ICIMProperty> derived;  ///< in place of a property of the instance
   };
 
+  void LetGo() noexcept;
   void StampCollectionTime();
   std::size_t CountProperties() const { return GetDeclared()->GetEntries().size(); }
   std::size_t FindPosition(const std::string& name) const;
@@ -148,8 +159,11 @@ class TInmemInstance : public ICIMInstance,
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& name) const;
   boost::shared_ptr<ICIMProperty> DeriveProperty(const std::string& declaredName,
                                                  const TCIMValue& defaultValue) const;
+  const TCIMValue& GetValueAt(std::size_t position) const;
+  TInmemClass* FindReferencedClass(std::size_t position) const;
+  void NoteReferenceChange(std::size_t position) noexcept;
   template <class TUse>
-  auto UseProperty(const std::string& name, TUse use) const;
+  auto UseValue(const std::string& name, TUse use) const;
   TFoundReferences ValidateAndFind() const;
   TFoundReferences ValidateReferences() const;
   boost::shared_ptr<TInmemNamespace> GetInmemNamespace() const;
@@ -165,6 +179,7 @@ class TInmemInstance : public ICIMInstance,
   void NoteIfSettled() noexcept;
   bool FindReference(std::size_t from, TReference& reference) const;
   bool FindReference(const std::string& role, TReference& reference) const;
+  const TCIMValue& GetValueOf(const TReference& reference) const;
   static bool Take(const TCIMValue& value, TReference& reference);
   bool LeadsTo(const TReference& reference, const TInmemInstance& origin);
   boost::shared_ptr<ICIMInstance> Follow(const TReference& reference);
@@ -174,9 +189,10 @@ class TInmemInstance : public ICIMInstance,
               const std::string& roleKey) const;
 
   const int validationFlags_;
-  const TInmemProperties properties_;                                 ///< one for each declaration
+  TInmemValues values_;                                               ///< one for each declaration
   std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
-  mutable TPropertyHolder::TList holders_;  ///< of the properties that somebody holds
+  bool isLetGo_ = false;
+  THeldProperty::TList held_;  ///< the properties that somebody holds
 };
 
 }  // namespace NZELVYR20

@@ -1,53 +1,41 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
 #include "TInmemPropertyBase.h"
 
 namespace NZELVYR20 {
 
-class TInmemClass;
 class TInmemInstance;
-class TPropertyHolder;
 
-/// A property that stands in its instance and lives as long as that. Whoever holds it does so by a
-/// TPropertyHolder, which holds the instance. Its declaration is the one that the instance keeps
-/// for its place.
+/// One property of an instance, which keeps the values: a way to them that costs nothing to make.
+/// It lives no longer than the instance; a THeldProperty is what others hold.
 class TInmemInstanceProperty : public TInmemPropertyBase {
  public:
-  /// Only TInmemProperties makes properties of instances.
-  explicit TInmemInstanceProperty(std::size_t position)
-      : position_(static_cast<std::uint32_t>(position)) {}
+  TInmemInstanceProperty(TInmemInstance& instance, std::size_t position)
+      : instance_(instance), position_(position) {}
   TInmemInstanceProperty(const TInmemInstanceProperty&) = delete;
   ~TInmemInstanceProperty() override = default;
 
-  std::uint32_t GetPosition() const { return position_; }
-
-  /// Whether there is a holder of it.
-  bool IsHeld() const { return isHeld_; }
+  std::size_t GetPosition() const { return position_; }
 
   boost::shared_ptr<const ICIMPropertyDecl> GetDeclaration(TCIMContext context) const override;
-  /// The class of the reference that is its own value; empty where there is none, or one of another
-  /// implementation.
-  TInmemClass* FindReferencedClass() const;
-
-  bool IsReference() const { return GetValue({}).IsReference(); }
 
   using TInmemPropertyBase::operator=;
   TInmemInstanceProperty& operator=(const TInmemInstanceProperty&) { return *this; }
 
  protected:
+  TInmemInstance& GetInstance() const { return instance_; }
+
   const ICIMPropertyDecl& Declaration() const override;
+  const TCIMValue* FindOwnValue() const override;
+  void KeepOwnValue(const TCIMValue& value) override;
   const TCIMValue* FindPreviousValue() const override;
   void KeepPreviousValue(const TCIMValue& value) override;
-  void NoteChange(const TCIMValue& value) override;
 
  private:
-  friend class TPropertyHolder;
-
-  bool isHeld_ = false;
-  const std::uint32_t position_;
+  TInmemInstance& instance_;
+  const std::size_t position_;
 };
 
 }  // namespace NZELVYR20

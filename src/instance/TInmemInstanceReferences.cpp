@@ -22,19 +22,28 @@ std::optional<std::size_t> TInmemInstance::CountReferencesOf(const TIndexedInsta
 std::optional<std::size_t> TInmemInstance::CountReferences() const {
   std::size_t count = 0;
   bool mayHave = false;
-  for (const TInmemInstanceProperty& property : properties_) {
-    const bool isReference = property.IsReference();
+  for (std::size_t i = 0; i < CountProperties(); ++i) {
+    const bool isReference = GetValueAt(i).IsReference();
     count += isReference ? 1 : 0;
-    mayHave |= isReference || property.GetType({}) == TCIMValue::TCIMType::kReference;
+    mayHave |= isReference || GetDeclarationOf(i)->GetType({}) == TCIMValue::TCIMType::kReference;
   }
   return mayHave ? std::optional(count) : std::nullopt;
 }
 
-void TInmemInstance::NoteReferenceChange(std::uint32_t position) noexcept {
+void TInmemInstance::NoteReferenceChange(std::size_t position) noexcept {
   class_->NoteReferenceChange();
   for (TInstanceEntry& entry : GetEntries()) {
-    if (entry.references) entry.references->index->Unsettle(entry, position);
+    if (entry.references)
+      entry.references->index->Unsettle(entry, static_cast<std::uint32_t>(position));
   }
+}
+
+/// The class of the reference that is the property's own value; empty where there is none, or one
+/// of another implementation.
+TInmemClass* TInmemInstance::FindReferencedClass(std::size_t position) const {
+  const TCIMValue* const own = FindOwnValue(position);
+  if (!own || !own->IsReference()) return nullptr;
+  return dynamic_cast<TInmemClass*>(own->GetReferencedClass().get());
 }
 
 /// Something must be there at each end. Where, matters for the index of references alone.
@@ -42,8 +51,8 @@ TFoundReferences TInmemInstance::ValidateReferences() const {
   TFoundReferences found;
   found.changes = class_->GetReferenceChanges();
   TResolution resolution(GetInmemNamespace());
-  for (const TInmemInstanceProperty& property : properties_) {
-    const TCIMValue& value = property.GetValue({});
+  for (std::size_t i = 0; i < CountProperties(); ++i) {
+    const TCIMValue& value = GetValueAt(i);
     if (!value.IsReference()) continue;
     const TCIMReference path(value);
     try {
@@ -54,9 +63,10 @@ TFoundReferences TInmemInstance::ValidateReferences() const {
       }
       throw Failure::SameStatus(failure);
     }
-    TInmemClass* const referencedClass = property.FindReferencedClass();
+    TInmemClass* const referencedClass = FindReferencedClass(i);
     if (!referencedClass || !resolution.GetStanding().IsCurrent()) continue;
-    found.references.push_back({property.GetPosition(), referencedClass, resolution.GetStanding()});
+    found.references.push_back(
+        {static_cast<std::uint32_t>(i), referencedClass, resolution.GetStanding()});
   }
   return found;
 }
@@ -102,7 +112,7 @@ bool TInmemInstance::FindReference(std::size_t from, TReference& reference) cons
   }
   for (std::size_t i = from; i < CountProperties(); ++i) {
     reference.position = i;
-    if (Take(properties_[i].GetValue({}), reference)) return true;
+    if (Take(GetValueAt(i), reference)) return true;
   }
   return false;
 }
@@ -111,9 +121,11 @@ bool TInmemInstance::FindReference(std::size_t from, TReference& reference) cons
 bool TInmemInstance::FindReference(const std::string& role, TReference& reference) const {
   reference.position = FindPosition(role);
   if (reference.position == CountProperties()) reference.derived = DeriveProperty(role);
-  const ICIMProperty& property =
-      reference.derived ? *reference.derived : properties_[reference.position];
-  return Take(property.GetValue({}), reference);
+  return Take(GetValueOf(reference), reference);
+}
+
+const TCIMValue& TInmemInstance::GetValueOf(const TReference& reference) const {
+  return reference.derived ? reference.derived->GetValue({}) : GetValueAt(reference.position);
 }
 
 bool TInmemInstance::Take(const TCIMValue& value, TReference& reference) {
@@ -142,9 +154,7 @@ boost::shared_ptr<ICIMInstance> TInmemInstance::Follow(const TReference& referen
 /// Asks the host. What it was given by the namespace it need not be asked for again (rule 3 of the
 /// index), unless a reference changed while it was asked.
 boost::shared_ptr<ICIMElement> TInmemInstance::Resolve(const TReference& reference) {
-  const ICIMProperty& property =
-      reference.derived ? *reference.derived : properties_[reference.position];
-  const TCIMReference path(property.GetValue({}));
+  const TCIMReference path(GetValueOf(reference));
   const std::uint64_t changes = class_->GetReferenceChanges();
   TResolution resolution(GetInmemNamespace());
   auto element = resolution.Resolve(path);
@@ -154,7 +164,7 @@ boost::shared_ptr<ICIMElement> TInmemInstance::Resolve(const TReference& referen
 }
 
 void TInmemInstance::Settle(std::uint32_t position, const TStanding& standing) {
-  TInmemClass* const referencedClass = properties_[position].FindReferencedClass();
+  TInmemClass* const referencedClass = FindReferencedClass(position);
   if (!referencedClass || !standing.IsCurrent()) return;
   try {
     for (TInstanceEntry& entry : GetEntries()) {

@@ -2,6 +2,7 @@
 
 #include <boost/weak_ptr.hpp>
 #include <memory>
+#include <optional>
 
 #include "TInmemPropertyBase.h"
 
@@ -29,11 +30,14 @@ class TInmemProperty : public TInmemPropertyBase {
 
  protected:
   const ICIMPropertyDecl& Declaration() const override { return *declaration_.lock(); }
+  const TCIMValue* FindOwnValue() const override { return value_ ? &*value_ : nullptr; }
+  void KeepOwnValue(const TCIMValue& value) override { value_ = value; }
   const TCIMValue* FindPreviousValue() const override { return previousValue_.get(); }
   void KeepPreviousValue(const TCIMValue& value) override;
 
  private:
   const boost::weak_ptr<const ICIMPropertyDecl> declaration_;
+  std::optional<TCIMValue> value_;
   std::unique_ptr<const TCIMValue> previousValue_;
 };
 

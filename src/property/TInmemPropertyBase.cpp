@@ -35,17 +35,16 @@ TCIMValue::TCIMType TInmemPropertyBase::GetType(TCIMContext) const {
 
 bool TInmemPropertyBase::IsArray(TCIMContext) const { return Declaration().IsArray({}); }
 
-bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return !hasValue_; }
+bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return !FindOwnValue(); }
 
 const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
-  return hasValue_ ? value_ : Declaration().GetDefaultValue({});
+  const TCIMValue* const own = FindOwnValue();
+  return own ? *own : Declaration().GetDefaultValue({});
 }
 
 void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
   Check(value, "Inmem: SetValue");
-  NoteChange(value);
-  value_ = value;
-  hasValue_ = true;
+  KeepOwnValue(value);
 }
 
 /// The type, and for a reference the class; array-ness is part of the type, and a null needs the
@@ -68,20 +67,22 @@ void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) co
 }
 
 /// The same test as IsDefaultValue: what has no value of its own has it from the declaration.
-bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return !hasValue_; }
+bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return !FindOwnValue(); }
 
 bool TInmemPropertyBase::operator==(ICIMProperty& other) const {
-  BOOST_ASSERT(hasValue_);
-  return other.GetDeclaration({}) == GetDeclaration({}) && value_ == other.GetValue({});
+  const TCIMValue* const own = FindOwnValue();
+  BOOST_ASSERT(own);
+  return other.GetDeclaration({}) == GetDeclaration({}) && *own == other.GetValue({});
 }
 
 bool TInmemPropertyBase::operator<(ICIMProperty& other) const {
-  BOOST_ASSERT(hasValue_);
+  const TCIMValue* const own = FindOwnValue();
+  BOOST_ASSERT(own);
   const auto declaration = GetDeclaration({});
   const auto otherDeclaration = other.GetDeclaration({});
   if (declaration < otherDeclaration) return true;
   if (otherDeclaration < declaration) return false;
-  return value_ < other.GetValue({});
+  return *own < other.GetValue({});
 }
 
 ICIMProperty& TInmemPropertyBase::operator=(const ICIMProperty&) { return *this; }

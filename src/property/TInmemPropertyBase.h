@@ -73,15 +73,15 @@ class TInmemPropertyBase : public ICIMProperty {
   /// The declaration, which something else holds.
   virtual const ICIMPropertyDecl& Declaration() const = 0;
 
+  /// Its own value; empty where the declaration's default shows.
+  virtual const TCIMValue* FindOwnValue() const = 0;
+
+  /// Keeps a value that passed the checks. Changes nothing where it throws.
+  virtual void KeepOwnValue(const TCIMValue& value) = 0;
+
   /// The value that was recorded as the one before; empty where none was.
   virtual const TCIMValue* FindPreviousValue() const = 0;
   virtual void KeepPreviousValue(const TCIMValue& value) = 0;
-
-  /// A value that passed the checks is about to be stored. Changes nothing where it throws.
-  virtual void NoteChange(const TCIMValue&) {}
-
-  /// Its own value; null where it has none.
-  const TCIMValue& GetOwnValue() const { return value_; }
 
  private:
   void Check(const TCIMValue& value, const char* operation) const;
@@ -97,9 +97,6 @@ class TInmemPropertyBase : public ICIMProperty {
   std::string RenderScaled(std::uint64_t number, const std::string& unit, int scale) const;
   std::string RenderUnit(const std::string& unit, int scale) const;
   int GetScaleLimit() const;
-
-  TCIMValue value_;        ///< its own, where it has one
-  bool hasValue_ = false;  ///< else the declaration's default shows
 };
 
 }  // namespace NZELVYR20

@@ -91,18 +91,17 @@ class TIndexCheck {
   }
 
   void CheckLink(const TReferences::TLink& link, const TInstanceEntry& entry) {
-    const auto& property =
-        static_cast<const TInmemInstance&>(*entry.instance).properties_[link.position];
-    Expect(
-        property.FindReferencedClass() == link.referencedClass && link.referencedClass != nullptr,
-        "a link knows the class of its own value");
+    const auto& instance = static_cast<const TInmemInstance&>(*entry.instance);
+    Expect(instance.FindReferencedClass(link.position) == link.referencedClass &&
+               link.referencedClass != nullptr,
+           "a link knows the class of its own value");
     const TInstanceEntry& end = link.end->entry;
     const auto isKnown = [&](const TLinkedEnd& known) { return &known == link.end; };
     Expect(std::any_of(end.asEnd.begin(), end.asEnd.end(), isKnown) && &link.end->index == &index_,
            "an entry knows the ends that it is");
     const auto& slots = link.end->referrers.GetSlots();
     Expect(link.slot < slots.size() && slots[link.slot] == &entry, "a link knows its slot");
-    const TCIMReference path(property.GetValue({}));
+    const TCIMReference path(instance.GetValueAt(link.position));
     const auto nameSpace = cimClass_.namespace_.lock();
     const auto endClass = nameSpace ? nameSpace->FindClass(path.GetClassName()) : nullptr;
     Expect(endClass && endClass->instances_.FindEntry(path.GetPath()) == &end,

@@ -65,9 +65,9 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
       boost::function<bool(const boost::shared_ptr<TInmemInstance>&, const TReferrerWalk&)>;
 
   /// EnumerateInstances of this class alone, but for instances that certainly do not refer to
-  /// `origin`, by the property of this role (empty: by any). `followsEnds` tells that the callback
+  /// `origin`, by the property of this role (empty: by any). `follows` tells whether the callback
   /// will look at what their references lead to.
-  void EnumerateReferrers(TInmemInstance& origin, const std::string& role, bool followsEnds,
+  void EnumerateReferrers(TInmemInstance& origin, const std::string& role, EFollows follows,
                           const TReferrerCallback& callback);
 
   /// How often a reference of one of its instances was set.

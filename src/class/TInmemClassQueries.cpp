@@ -86,10 +86,10 @@ void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool 
 }
 
 void TInmemClass::EnumerateReferrers(TInmemInstance& origin, const std::string& role,
-                                     bool followsEnds, const TReferrerCallback& callback) {
+                                     EFollows follows, const TReferrerCallback& callback) {
   const auto self = shared_from_this();
   const std::string roleKey = FoldName(role);
-  TReferrerWalk walk(instances_, origin, roleKey, followsEnds);
+  TReferrerWalk walk(instances_, origin, roleKey, follows);
   while (const auto referrer = boost::static_pointer_cast<TInmemInstance>(walk.Next())) {
     CallBack(kVisitsAllAndDiscards, [&] { return callback(referrer, walk); });
   }

@@ -20,11 +20,13 @@ struct TFrontAllocator {
   template <class TOther>
   TFrontAllocator(const TFrontAllocator<TOther>& other) noexcept : block(other.block) {}
 
+  // NOLINTBEGIN(readability-identifier-naming): names of the standard's
   TShared* allocate(std::size_t) noexcept {
     static_assert(sizeof(TShared) <= kSharedSize);
     return static_cast<TShared*>(block);
   }
   void deallocate(TShared*, std::size_t) noexcept { ::operator delete(block); }
+  // NOLINTEND(readability-identifier-naming)
 
   void* block;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <utility>
 
@@ -17,6 +18,12 @@ class TIndexedInstance {
   TIndexedInstance(const TIndexedInstance&) = delete;
   TIndexedInstance& operator=(const TIndexedInstance&) = delete;
 
+  /// What its pointers share stands in front of it; to be asked for ahead, as the instance is.
+  static const void* GetShared(const TIndexedInstance* instance) {
+    constexpr std::ptrdiff_t kShared = 64;
+    return reinterpret_cast<const char*>(instance) - kShared;
+  }
+
   /// The declarations that the instance was made with.
   const TDeclaredPointer& GetDeclared() const { return declared_; }
 
@@ -32,6 +39,9 @@ class TIndexedInstance {
   TEntries entries_;
   const TDeclaredPointer declared_;
 };
+
+/// Whether a walk goes from the association instances on to what else they refer to.
+enum class EFollows { kNothing, kFarEnds };
 
 /// How many of an instance's properties have references for values, be they own or defaults; empty
 /// where none has, nor may come to have one.

@@ -3,16 +3,11 @@
 #include <algorithm>
 #include <new>
 
+#include "TIndexedInstance.h"
+
 namespace NZELVYR20 {
 
 namespace {
-
-/// Asks for an instance, and for the count of its holders in front of it.
-void Prefetch(const TIndexedInstance* instance) {
-  constexpr std::ptrdiff_t kCount = 64;
-  __builtin_prefetch(reinterpret_cast<const char*>(instance) - kCount);
-  __builtin_prefetch(instance);
-}
 
 void PrefetchEnds(TInstanceEntry* const* first, TInstanceEntry* const* end) {
   for (const auto* entry = first; entry != end; ++entry) {
@@ -32,11 +27,11 @@ bool IsPathAfter(const TInstanceEntry* left, const TInstanceEntry* right) {
 }  // namespace
 
 TReferrerWalk::TReferrerWalk(TInstanceTable& table, TIndexedInstance& origin,
-                             const std::string& roleKey, bool followsEnds) noexcept
+                             const std::string& roleKey, EFollows follows) noexcept
     : table_(table),
       origin_(origin),
       roleKey_(roleKey),
-      followsEnds_(followsEnds),
+      follows_(follows),
       limit_(table.GetSerial()) {
   table_.BeginWalk(*this);
   try {
@@ -145,10 +140,12 @@ void TReferrerWalk::PrefetchCandidates() const {
   const auto* const end = first + std::min(kAhead, candidates_.size() - next_);
   for (const auto* entry = first; entry != end; ++entry) __builtin_prefetch(*entry);
   for (const auto* entry = first; entry != end; ++entry) {
-    Prefetch((*entry)->instance.get());
-    if (followsEnds_) __builtin_prefetch((*entry)->references.get());
+    const TIndexedInstance* const instance = (*entry)->instance.get();
+    __builtin_prefetch(instance);
+    __builtin_prefetch(TIndexedInstance::GetShared(instance));
+    if (follows_ == EFollows::kFarEnds) __builtin_prefetch((*entry)->references.get());
   }
-  if (followsEnds_) PrefetchEnds(first, end);
+  if (follows_ == EFollows::kFarEnds) PrefetchEnds(first, end);
 }
 
 }  // namespace NZELVYR20

@@ -20,9 +20,9 @@ namespace NZELVYR20 {
 /// changed, the walk looks at everything that is left.
 class TReferrerWalk : public TReferenceIndex::TListener {
  public:
-  /// A walk that `followsEnds` will look at what the references lead to.
+  /// What it does not follow it does not ask for ahead.
   TReferrerWalk(TInstanceTable& table, TIndexedInstance& origin, const std::string& roleKey,
-                bool followsEnds) noexcept;
+                EFollows follows) noexcept;
   ~TReferrerWalk();
 
   /// The next instance, held; empty at the end.
@@ -52,7 +52,7 @@ class TReferrerWalk : public TReferenceIndex::TListener {
   TInstanceTable& table_;
   TIndexedInstance& origin_;
   const std::string& roleKey_;
-  const bool followsEnds_;
+  const EFollows follows_;
   const std::uint64_t limit_;
   TReferenceIndex::TCandidates candidates_;
   std::size_t next_ = 0;

@@ -194,12 +194,12 @@ std::size_t TInmemInstance::FindPosition(const std::string& name) const {
   return position;
 }
 
-/// Others may change the instance by a property that they got from one that they may not change.
 boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
   values_.Prefetch(position);
   for (const THeldProperty& held : held_) {
     if (held.GetPosition() == position) return held.Share();
   }
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): who reads an instance gets what sets it
   return THeldProperty::Make(const_cast<TInmemInstance&>(*this), position);
 }
 

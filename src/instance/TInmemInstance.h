@@ -104,9 +104,6 @@ class TInmemInstance : public ICIMInstance,
   ICIMInstance& operator=(const ICIMInstance& other) override;
   TInmemInstance& operator=(const TInmemInstance& other);
 
-  /// Whether a walk goes from the association instances on to what else they refer to.
-  enum class EFollows { kNothing, kFarEnds };
-
   // The steps of the two walks, in the form of the enumerations that they serve. Each returns
   // whether its walk goes on.
 

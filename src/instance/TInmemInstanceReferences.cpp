@@ -23,9 +23,10 @@ std::optional<std::size_t> TInmemInstance::CountReferences() const {
   std::size_t count = 0;
   bool mayHave = false;
   for (std::size_t i = 0; i < CountProperties(); ++i) {
+    const auto& declaration = *GetDeclared()->GetEntries()[i].declaration;
     const bool isReference = GetValueAt(i).IsReference();
     count += isReference ? 1 : 0;
-    mayHave |= isReference || GetDeclarationOf(i)->GetType({}) == TCIMValue::TCIMType::kReference;
+    mayHave |= isReference || declaration.GetType({}) == TCIMValue::TCIMType::kReference;
   }
   return mayHave ? std::optional(count) : std::nullopt;
 }
@@ -33,8 +34,8 @@ std::optional<std::size_t> TInmemInstance::CountReferences() const {
 void TInmemInstance::NoteReferenceChange(std::size_t position) noexcept {
   class_->NoteReferenceChange();
   for (TInstanceEntry& entry : GetEntries()) {
-    if (entry.references)
-      entry.references->index->Unsettle(entry, static_cast<std::uint32_t>(position));
+    if (!entry.references) continue;
+    entry.references->index->Unsettle(entry, static_cast<std::uint32_t>(position));
   }
 }
 

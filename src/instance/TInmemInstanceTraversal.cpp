@@ -51,14 +51,13 @@ bool TInmemInstance::ExamineCandidateClass(const TCIMInstanceCallback& callback,
                                            const boost::shared_ptr<ICIMClass>& assocClass) {
   const TExamineInstanceCallback examine{shared_from_this(), callback};
   const TExamineInstanceWithRoleCallback examineWithRole{shared_from_this(), callback, role};
-  const bool followsEnds = follows == EFollows::kFarEnds;
   const auto take = [&](const boost::shared_ptr<TInmemInstance>& assocInstance,
                         const TReferrerWalk& walk) {
     if (!role.empty()) return examineWithRole(assocInstance);
     if (walk.IsCertain()) return ReportCandidateClassInstance(callback, assocInstance, walk);
     return examine(assocInstance);
   };
-  InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, followsEnds, take);
+  InMemory<TInmemClass>(assocClass)->EnumerateReferrers(*this, role, follows, take);
   return true;
 }
 

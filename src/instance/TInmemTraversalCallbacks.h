@@ -17,7 +17,7 @@ struct TReferencesCallback {
   boost::shared_ptr<TInmemInstance> instance;
   const TCIMInstanceCallback& callback;
   const std::string& role;
-  TInmemInstance::EFollows follows;
+  EFollows follows;
 
   bool operator()(const boost::shared_ptr<ICIMClass>& assocClass) const {
     return instance->ExamineCandidateClass(callback, role, follows, assocClass);

@@ -35,7 +35,7 @@ TCIMValue::TCIMType TInmemPropertyBase::GetType(TCIMContext) const {
 
 bool TInmemPropertyBase::IsArray(TCIMContext) const { return Declaration().IsArray({}); }
 
-bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return !FindOwnValue(); }
+bool TInmemPropertyBase::IsDefaultValue(TCIMContext) const { return FindOwnValue() == nullptr; }
 
 const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
   const TCIMValue* const own = FindOwnValue();
@@ -67,7 +67,7 @@ void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) co
 }
 
 /// The same test as IsDefaultValue: what has no value of its own has it from the declaration.
-bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return !FindOwnValue(); }
+bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return FindOwnValue() == nullptr; }
 
 bool TInmemPropertyBase::operator==(ICIMProperty& other) const {
   const TCIMValue* const own = FindOwnValue();

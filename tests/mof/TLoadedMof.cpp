@@ -1,6 +1,7 @@
 #include "TLoadedMof.h"
 
 #include "PluginNamespace.h"
+#include "TMofWriter.h"
 #include "TRootObject.h"
 #include "TVYRException.h"
 
@@ -55,6 +56,8 @@ std::string TLoadedMof::TakeMessages() {
   messages_.clear();
   return all;
 }
+
+std::string TLoadedMof::Write() const { return TMofWriter::WriteNamespace(namespace_); }
 
 bool TLoadedMof::Has(const std::string& className) const {
   try {

@@ -27,6 +27,7 @@ class TLoadedMof {
   std::string TakeMessages();
   TMofSummary GetSummary() const { return loader_.GetSummary(); }
 
+  std::string Write() const;
   bool Has(const std::string& className) const;
 
  private:

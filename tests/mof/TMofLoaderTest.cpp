@@ -7,7 +7,8 @@
 
 namespace NZELVYR20 {
 
-/// What is wrong is named with its place, and left out; what is right beside it is entered.
+/// What is wrong is named with its place, and left out; what is right beside it is entered. What
+/// was entered reads back.
 TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
   CheckCases("loader.txt", [](const std::string& text) {
     TLoadedMof mof(
@@ -17,7 +18,11 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
     EXPECT_EQ(mof.TakeMessages(), "");
     mof.LoadText(text + "\nclass Beside : Ok { };");
     EXPECT_TRUE(mof.Has("Beside")) << text;
-    return mof.TakeMessages();
+    TLoadedMof again(mof.Write());
+    EXPECT_EQ(again.GetSummary().errors + again.GetSummary().warnings, 0U) << again.TakeMessages();
+    const std::string summary = mof.GetSummary().ToString();
+    return mof.TakeMessages() +
+           summary.substr(std::min(summary.find("\nleft out"), summary.size()));
   });
 }
 

@@ -112,7 +112,7 @@ class TRandomText {
 TEST(TMofTextTest, RandomTextsMakeTheRoundTrip) {
   for (unsigned seed = 1; seed <= 40 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
-    RoundTrip(Load(TRandomText(seed).Expand("<text>"), false), 250);
+    RoundTrip(Load(TRandomText(seed).Expand("<text>"), false), 200);
   }
 }
 

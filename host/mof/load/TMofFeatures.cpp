@@ -27,15 +27,32 @@ bool IsOverride(const std::vector<TMofQualifier>& qualifiers) {
 /// What stands there for a class that is not known.
 constexpr const char* kAnyClass = "object";
 
-/// Adds a declaration whose name must be new where it goes.
-template <class TAdd>
-void AddNew(const TMofName& name, const TAdd& add) {
-  try {
-    add();
-  } catch (const TVYRException& refusal) {
-    if (refusal.GetStatusCode() != TVYRStatusCode::kAlreadyDefined) throw;
-    throw TMofFault(name.place, name.text + " is declared twice");
-  }
+/// "Disk.Size (uint64)".
+template <class TDeclaration>
+std::string DescribeMember(const TDeclaration& declaration, TCIMValue::TCIMType type) {
+  const auto owner = declaration.GetClass({});
+  return (owner ? owner->GetName({}) + '.' : "") + declaration.GetName({}) + " (" + TypeText(type) +
+         ')';
+}
+
+std::string DescribeConflict(const std::string& given, const std::string& inherited,
+                             bool isOverride) {
+  return given + (isOverride ? " cannot override " + inherited
+                             : " cannot replace " + inherited + " without Override");
+}
+
+TMofFault DeclaredTwice(const TMofName& name) {
+  return {name.place, name.text + " is declared twice"};
+}
+
+/// Methods are not left out without a status, as properties are.
+TMofFault ExplainRefusal(const TMofMethod& method, const ICIMMethodDecl& declaration,
+                         const ICIMMethodDecl& existing) {
+  if (existing.GetClass({}) == declaration.GetClass({})) return DeclaredTwice(method.name);
+  return {method.name.place,
+          DescribeConflict(DescribeMember(declaration, declaration.GetReturnType({})),
+                           DescribeMember(existing, existing.GetReturnType({})),
+                           IsOverride(method.qualifiers))};
 }
 
 }  // namespace
@@ -66,24 +83,21 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
   qualifiers_.Attach(*declaration, property.qualifiers, overridden.get());
   declaration->AddToClass({});
   const auto kept = FindProperty(cimClass, name);
-  if (kept && kept != declaration) ReportLeftOut(cimClass, property, *kept);
+  if (kept && kept != declaration) ReportLeftOut(property, *declaration, *kept);
 }
 
-void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& property,
+void TMofFeatures::ReportLeftOut(const TMofProperty& property, const ICIMPropertyDecl& declaration,
                                  const ICIMPropertyDecl& kept) {
   const TMofName& name = property.name;
-  const auto owner = kept.GetClass({});
-  if (owner.get() == &cimClass) {
+  if (kept.GetClass({}) == declaration.GetClass({})) {
     return diagnostics_.Note(name.place,
                              "the property " + name.text + " is named twice; the first one stays");
   }
-  const std::string inherited =
-      "that of the superclass " + (owner ? owner->GetName({}) : std::string());
-  const std::string type = TypeText(kept.GetType({}));
-  diagnostics_.Warning(name.place, "the property " + name.text + " is left out: " +
-                                       (type == TypeText(property.type.type)
-                                            ? "without Override " + inherited + " stays"
-                                            : inherited + " has the type " + type));
+  diagnostics_.Warning(
+      name.place,
+      DescribeConflict(DescribeMember(declaration, declaration.GetType({})),
+                       DescribeMember(kept, kept.GetType({})), IsOverride(property.qualifiers)) +
+          ", and is left out");
 }
 
 void TMofFeatures::NoteOnce(bool& isNoted, const TMofPlace& place, const char* text) {
@@ -132,7 +146,13 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
   for (const TMofParameter& parameter : method.parameters) {
     DeclareParameter(*declaration, parameter, overridden.get());
   }
-  AddNew(method.name, [&declaration] { declaration->AddToClass({}); });
+  try {
+    declaration->AddToClass({});
+  } catch (const TVYRException&) {
+    const auto existing = cimClass.GetMethodDecl(method.name.text, {});
+    if (existing) throw ExplainRefusal(method, *declaration, *existing);
+    throw;
+  }
 }
 
 void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
@@ -146,7 +166,12 @@ void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter&
   CheckResultOrParameter(parameter.type);
   const auto declaration = method.AllocateParameterDecl(name, parameter.type.type, {});
   qualifiers_.Attach(*declaration, parameter.qualifiers, inherited.get());
-  AddNew(parameter.name, [&declaration] { declaration->AddToMethod({}); });
+  try {
+    declaration->AddToMethod({});
+  } catch (const TVYRException& refusal) {
+    if (refusal.GetStatusCode() != TVYRStatusCode::kAlreadyDefined) throw;
+    throw DeclaredTwice(parameter.name);
+  }
 }
 
 void TMofFeatures::CheckResultOrParameter(const TMofType& type) {

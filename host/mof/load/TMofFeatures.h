@@ -35,7 +35,7 @@ class TMofFeatures {
   void DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
                         const ICIMMethodDecl* overridden);
   void NoteIfNothingOverridden(const TMofName& name, const void* overridden);
-  void ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& property,
+  void ReportLeftOut(const TMofProperty& property, const ICIMPropertyDecl& declaration,
                      const ICIMPropertyDecl& kept);
   void CheckType(const TMofType& type);
   void CheckResultOrParameter(const TMofType& type);

@@ -30,6 +30,7 @@ std::string GetFirstLine(const std::string& message) {
 
 TLoadedMof::TLoadedMof(const std::string& text, const TMofOptions& options)
     : namespace_(AllocatePluginNamespace()),
+      classes_(options.referenceClasses),
       loader_(namespace_, options,
               [this](const std::string& message) { messages_.push_back(GetFirstLine(message)); }) {
   TRootObject::SetLogThreshold(-1);  // What the loader reports is enough.
@@ -57,7 +58,7 @@ std::string TLoadedMof::TakeMessages() {
   return all;
 }
 
-std::string TLoadedMof::Write() const { return TMofWriter::WriteNamespace(namespace_); }
+std::string TLoadedMof::Write() const { return TMofWriter::WriteNamespace(namespace_, *classes_); }
 
 bool TLoadedMof::Has(const std::string& className) const {
   try {

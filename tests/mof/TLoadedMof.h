@@ -32,6 +32,7 @@ class TLoadedMof {
 
  private:
   boost::shared_ptr<ICIMNamespace> namespace_;
+  std::shared_ptr<TMofReferenceClasses> classes_;
   std::vector<std::string> messages_;
   TMofLoader loader_;
 };

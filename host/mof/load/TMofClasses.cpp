@@ -55,6 +55,7 @@ std::vector<TMofName> GetNeededClasses(const TMofClass& cimClass) {
 
 TMofClasses::TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
                          TMofSummary& summary, TMofQualifiers& qualifiers, TMofLeftOut& leftOut,
+                         TMofReferenceClasses& referenceClasses,
                          const std::vector<TMofClass>& classes)
     : namespace_(std::move(nameSpace)),
       diagnostics_(diagnostics),
@@ -62,7 +63,7 @@ TMofClasses::TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnos
       qualifiers_(qualifiers),
       leftOut_(leftOut),
       features_(
-          namespace_, diagnostics, qualifiers,
+          namespace_, diagnostics, qualifiers, referenceClasses,
           [this](const TMofName& name) { return FindClass(name, EState::kAllocated); },
           [this](const std::string& name) { return IsKnown(name); }) {
   entries_.reserve(classes.size());

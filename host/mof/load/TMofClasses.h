@@ -31,7 +31,7 @@ class TMofClasses {
   /// The classes outlive this object, as do the others.
   TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
               TMofSummary& summary, TMofQualifiers& qualifiers, TMofLeftOut& leftOut,
-              const std::vector<TMofClass>& classes);
+              TMofReferenceClasses& referenceClasses, const std::vector<TMofClass>& classes);
 
   void Enter(const TProgress& onProgress);
 

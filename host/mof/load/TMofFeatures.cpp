@@ -58,9 +58,11 @@ TMofFault ExplainRefusal(const TMofMethod& method, const ICIMMethodDecl& declara
 }  // namespace
 
 TMofFeatures::TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-                           TMofQualifiers& qualifiers, TFindClass findClass, TIsKnown isKnown)
+                           TMofQualifiers& qualifiers, TMofReferenceClasses& referenceClasses,
+                           TFindClass findClass, TIsKnown isKnown)
     : diagnostics_(diagnostics),
       qualifiers_(qualifiers),
+      referenceClasses_(referenceClasses),
       values_(std::move(nameSpace)),
       findClass_(std::move(findClass)),
       isKnown_(std::move(isKnown)) {}
@@ -100,16 +102,10 @@ void TMofFeatures::ReportLeftOut(const TMofProperty& property, const ICIMPropert
           ", and is left out");
 }
 
-void TMofFeatures::NoteOnce(bool& isNoted, const TMofPlace& place, const char* text) {
-  if (!isNoted) diagnostics_.Note(place, text);
-  isNoted = true;
-}
-
 /// Says what the repository will not keep of the type.
 void TMofFeatures::CheckType(const TMofType& type) {
-  if (type.arraySize) {
-    NoteOnce(isSizeNoted_, type.place, "an array's size is not kept; said once only");
-  }
+  if (!type.arraySize || std::exchange(isSizeNoted_, true)) return;
+  diagnostics_.Note(type.place, "an array's size is not kept; said once only");
 }
 
 void TMofFeatures::NoteIfNothingOverridden(const TMofName& name, const void* overridden) {
@@ -140,8 +136,8 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
     NoteIfNothingOverridden(method.name, overridden.get());
   }
 
-  CheckResultOrParameter(method.type);
   const auto declaration = cimClass.AllocateMethodDecl(method.name.text, method.type.type, {});
+  CheckResultOrParameter(*declaration, "", method.type);
   qualifiers_.Attach(*declaration, method.qualifiers, overridden.get());
   for (const TMofParameter& parameter : method.parameters) {
     DeclareParameter(*declaration, parameter, overridden.get());
@@ -163,7 +159,7 @@ void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter&
     inherited = FindOrNothing([&] { return overridden->GetParameterDecl(name, {}); });
   }
 
-  CheckResultOrParameter(parameter.type);
+  CheckResultOrParameter(method, name, parameter.type);
   const auto declaration = method.AllocateParameterDecl(name, parameter.type.type, {});
   qualifiers_.Attach(*declaration, parameter.qualifiers, inherited.get());
   try {
@@ -174,15 +170,14 @@ void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter&
   }
 }
 
-void TMofFeatures::CheckResultOrParameter(const TMofType& type) {
+void TMofFeatures::CheckResultOrParameter(const ICIMMethodDecl& method,
+                                          const std::string& parameter, const TMofType& type) {
   CheckType(type);
   if (type.type.GetElementType() != TCIMValue::TCIMType::kReference) return;
   const TMofName& name = type.referencedClass;
-  if (FoldName(name.text) == kAnyClass) return;
-  if (!isKnown_(name.text)) {
-    return diagnostics_.Warning(name.place, "there is no class " + name.text);
-  }
-  NoteOnce(isClassNoted_, name.place, "the class of a parameter is not kept; said once only");
+  referenceClasses_.Set(method, parameter, name.text);
+  if (FoldName(name.text) == kAnyClass || isKnown_(name.text)) return;
+  diagnostics_.Warning(name.place, "there is no class " + name.text);
 }
 
 }  // namespace NZELVYR20

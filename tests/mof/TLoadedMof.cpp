@@ -1,46 +1,28 @@
 #include "TLoadedMof.h"
 
-#include "PluginNamespace.h"
+#include <boost/algorithm/string/split.hpp>
+#include <utility>
+
+#include "ICIMParameterDecl.h"
+#include "TClassTree.h"
 #include "TMofWriter.h"
 #include "TRootObject.h"
-#include "TVYRException.h"
+#include "TShown.h"
 
 namespace NZELVYR20 {
 
-const char* const kQualifiers =
-    "Qualifier Association : boolean = false, Scope(association), Flavor(DisableOverride);\n"
-    "Qualifier Abstract : boolean = false, Scope(class), Flavor(Restricted);\n"
-    "Qualifier Key : boolean = false, Scope(property, reference), Flavor(DisableOverride);\n"
-    "Qualifier Override : string, Scope(property, method), Flavor(Restricted);\n"
-    "Qualifier Description : string, Scope(any), Flavor(Translatable);\n"
-    "Qualifier Units : string, Scope(property);\n"
-    "Qualifier Local : string, Scope(any), Flavor(Restricted);\n"
-    "Qualifier Values : string[], Scope(property);\n"
-    "Qualifier In : boolean = true, Scope(parameter), Flavor(DisableOverride);\n";
-
-namespace {
-
-std::string GetFirstLine(const std::string& message) {
-  const std::string line = message.substr(0, message.find('\n'));
-  const std::string name = "t.mof:";
-  return line.compare(0, name.size(), name) == 0 ? line.substr(name.size()) : line;
-}
-
-}  // namespace
-
-TLoadedMof::TLoadedMof(const std::string& text, const TMofOptions& options)
-    : namespace_(AllocatePluginNamespace()),
-      classes_(options.referenceClasses),
-      loader_(namespace_, options,
-              [this](const std::string& message) { messages_.push_back(GetFirstLine(message)); }) {
+TLoadedMof::TLoadedMof(const std::string& text, TMofOptions options)
+    : options_(std::move(options)), loader_(namespace_, options_, [this](std::string message) {
+        message.resize(std::min(message.find('\n'), message.size()));
+        const bool isHere = message.rfind("t.mof:", 0) == 0;
+        messages_ += (messages_.empty() ? "" : "\n") + message.substr(isHere ? 6 : 0);
+      }) {
   TRootObject::SetLogThreshold(-1);  // What the loader reports is enough.
-  loader_.ReadText("qualifiers.mof", kQualifiers);
-  loader_.Enter();
   LoadText(text);
 }
 
 TLoadedMof& TLoadedMof::LoadText(const std::string& text) {
-  loader_.ReadText("t.mof", text);
+  if (!text.empty()) loader_.ReadText("t.mof", text);
   loader_.Enter();
   return *this;
 }
@@ -51,21 +33,46 @@ TLoadedMof& TLoadedMof::LoadFile(const std::string& path) {
   return *this;
 }
 
-std::string TLoadedMof::TakeMessages() {
-  std::string all;
-  for (const std::string& message : messages_) all += (all.empty() ? "" : "\n") + message;
-  messages_.clear();
-  return all;
+std::string TLoadedMof::TakeMessages() { return std::exchange(messages_, {}); }
+
+std::string TLoadedMof::Write(const std::string& className) const {
+  const TMofReferenceClasses& classes = *options_.referenceClasses;
+  if (className.empty()) return TMofWriter::WriteNamespace(namespace_, classes);
+  return TMofWriter::WriteClass(namespace_->GetClass(className, {}), true, classes);
 }
 
-std::string TLoadedMof::Write() const { return TMofWriter::WriteNamespace(namespace_, *classes_); }
-
-bool TLoadedMof::Has(const std::string& className) const {
-  try {
-    return namespace_->GetClass(className, {}) != nullptr;
-  } catch (const TVYRException&) {
-    return false;
+std::vector<std::string> TLoadedMof::Dump() const {
+  TShown world;
+  const auto showDeclaration = [&](const boost::shared_ptr<ICIMQualifierDecl>& declared) {
+    world.out << "\nqualifier " << world.Text(declared) << world.Text(declared->GetDefaultValue({}))
+              << " scope " << declared->GetScope({}) << " flavor " << declared->GetFlavor({});
+    return true;
+  };
+  TCIMParameterDeclCallback showParameter = [&](const auto& parameter) {
+    world.ShowNamed(parameter);
+    world.out << ' ' << parameter->GetType({});
+    return true;
+  };
+  const auto showProperty = [&](const auto& property) {
+    return world.ShowProperty(property), true;
+  };
+  const auto showInstance = [&](const auto& instance) {
+    world.out << "\ninstance " << instance->GetReference({}).GetPath();
+    instance->EnumerateProperties(showProperty, {});
+    return true;
+  };
+  namespace_->EnumerateQualifierDecls(showDeclaration, {});
+  for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
+    world.ShowClass(cimClass);
+    cimClass->EnumerateMethodDecls(
+        [&](const auto& method) {
+          return method->EnumerateParameterDecls(showParameter, {}), true;
+        },
+        {});
+    cimClass->EnumerateInstances(showInstance, false, {});
   }
+  std::vector<std::string> lines;
+  return boost::algorithm::split(lines, world.out.str(), [](char c) { return c == '\n'; });
 }
 
 }  // namespace NZELVYR20

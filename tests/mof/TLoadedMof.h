@@ -5,35 +5,34 @@
 #include <vector>
 
 #include "ICIMNamespace.h"
+#include "PluginNamespace.h"
 #include "TMofLoader.h"
 
 namespace NZELVYR20 {
 
-/// The usual qualifiers on one line each, so that the lines of a test's own text keep their
-/// numbers.
-extern const char* const kQualifiers;
-
-/// A fresh namespace of the plug-in, with the usual qualifiers and what a test loads into it.
+/// A fresh namespace of the plug-in, and what is loaded into it.
 class TLoadedMof {
  public:
-  explicit TLoadedMof(const std::string& text = "", const TMofOptions& options = {});
+  explicit TLoadedMof(const std::string& text = "", TMofOptions options = {});
 
-  /// Loads a further text, or a file or folder.
+  /// Loads a further text, called t.mof, or a file or folder.
   TLoadedMof& LoadText(const std::string& text);
   TLoadedMof& LoadFile(const std::string& path);
 
-  /// The first line of each message, without the place in the text "t.mof" except its line and
-  /// column.
+  /// The first line of each message, without the place in the text except its line and column.
   std::string TakeMessages();
   TMofSummary GetSummary() const { return loader_.GetSummary(); }
 
-  std::string Write() const;
-  bool Has(const std::string& className) const;
+  const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
+  /// The whole namespace, or a class with what it inherited.
+  std::string Write(const std::string& className = "") const;
+  /// All that the interfaces tell of the namespace, one fact a line: two are equal when these are.
+  std::vector<std::string> Dump() const;
 
  private:
-  boost::shared_ptr<ICIMNamespace> namespace_;
-  std::shared_ptr<TMofReferenceClasses> classes_;
-  std::vector<std::string> messages_;
+  boost::shared_ptr<ICIMNamespace> namespace_ = AllocatePluginNamespace();
+  TMofOptions options_;
+  std::string messages_;
   TMofLoader loader_;
 };
 

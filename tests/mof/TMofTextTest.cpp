@@ -2,88 +2,54 @@
 
 #include <cstdlib>
 #include <limits>
+#include <map>
 #include <random>
 #include <sstream>
 
 #include "Cases.h"
 #include "ICIMPropertyDecl.h"
-#include "PluginNamespace.h"
-#include "TMofLoader.h"
+#include "TLoadedMof.h"
 #include "TMofWriter.h"
-#include "TNamespaceDump.h"
-#include "TRootObject.h"
 
 namespace NZELVYR20 {
 namespace {
 
-struct TSpace {
-  boost::shared_ptr<ICIMNamespace> nameSpace = AllocatePluginNamespace();
-  TMofOptions options;
-};
-
-std::string Write(const TSpace& space) {
-  return TMofWriter::WriteNamespace(space.nameSpace, *space.options.referenceClasses);
-}
-
-/// A namespace with what the text says, which holds no error where it `isRight`.
-TSpace Load(const std::string& text, bool isRight) {
-  TSpace space;
-  TRootObject::SetLogThreshold(-1);
-  std::string first;  // error or warning
-  TMofLoader loader(space.nameSpace, space.options, [&first](const std::string& message) {
-    if (first.empty() && message.find(": note: ") == std::string::npos) first = message;
-  });
-  loader.ReadText("text", text);
-  loader.Enter();
-  const TMofSummary summary = loader.GetSummary();
-  EXPECT_TRUE(!isRight || summary.errors + summary.warnings == 0) << first;
-  return space;
-}
-
-TSpace LoadFile(const std::string& file) {
-  TSpace space;
-  TMofLoader loader(space.nameSpace, space.options, [](const std::string&) {});
-  loader.Read(file);
-  loader.Enter();
-  return space;
-}
-
-/// What is written leads to an equal namespace and to the same text again.
-std::string RoundTrip(const TSpace& space, std::size_t facts) {
-  std::string text = Write(space);
-  const TNamespaceDump dump(space.nameSpace);
-  const TSpace loaded = Load(text, true);
-  EXPECT_GT(dump.GetSize(), facts);
-  EXPECT_EQ(dump.Compare(TNamespaceDump(loaded.nameSpace)), "");
-  EXPECT_TRUE(Write(loaded) == text);
+/// What is written leads, without a doubt, to an equal namespace and to the same text again.
+std::string RoundTrip(const TLoadedMof& mof, std::size_t facts) {
+  std::string text = mof.Write();
+  TLoadedMof loaded(text);
+  EXPECT_EQ(loaded.GetSummary().errors + loaded.GetSummary().warnings, 0U) << loaded.TakeMessages();
+  EXPECT_TRUE(loaded.Write() == text);
+  const std::vector<std::string> left = mof.Dump();
+  const std::vector<std::string> right = loaded.Dump();
+  EXPECT_GT(left.size(), facts);
+  const auto ends = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+  EXPECT_TRUE(left == right) << (ends.first == left.end() ? "" : *ends.first);
   return text;
 }
 
 TEST(TMofTextTest, EverySpellingIsWrittenInOneWay) {
-  const TSpace space = Load(ReadData("spellings.mof"), true);
-  EXPECT_EQ(RoundTrip(space, 100), ReadData("written.mof"));
-  const std::string shown = TMofWriter::WriteClass(space.nameSpace->GetClass("Below", {}), true,
-                                                   *space.options.referenceClasses);
+  TLoadedMof mof(ReadData("spellings.mof"));
+  EXPECT_EQ(mof.GetSummary().errors + mof.GetSummary().warnings, 0U) << mof.TakeMessages();
+  EXPECT_EQ(RoundTrip(mof, 100), ReadData("written.mof"));
+  const std::string shown = mof.Write("Below");
   EXPECT_EQ(shown.find("[Values{\"a\", \"b\"}]\nclass Below : Base {\n"), 0U) << shown;
-  EXPECT_NE(shown.find("\n  // inherited from Base\n  [Key(true)]\n  string Id;\n"),
-            std::string::npos)
-      << shown;
+  const char* const inherited = "\n  // inherited from Base\n  [Key(true)]\n  string Id;\n";
+  EXPECT_NE(shown.find(inherited), std::string::npos) << shown;
 }
 
 TEST(TMofTextTest, ValuesThatNoTextGives) {
-  const auto space = AllocatePluginNamespace();
+  const TLoadedMof mof;
   const std::pair<TCIMValue, const char*> rows[] = {
-      {std::numeric_limits<double>::infinity(), "NULL /* inf */"},
-      {"\xC3(\xED\xA0\x80", "\"\\xDCC3(\\xDCED\\xDCA0\\xDC80\""},
-      {std::string("\0", 1), "\"\\xFFFD\""},
+      {std::numeric_limits<double>::infinity(), "real64 V = NULL /* inf */"},
+      {"\xC3(\xED\xA0\x80", "string V = \"\\xDCC3(\\xDCED\\xDCA0\\xDC80\""},
+      {std::string("\0", 1), "string V = \"\\xFFFD\""},
   };
   for (const auto& [value, text] : rows) {
-    const auto any = space->AllocateClass("Any", {}, {});
-    any->AllocatePropertyDecl("V", TCIMValue::Null(value.GetType()), {})->AddToClass({});
-    const auto instance = any->AllocateInstance({});
-    instance->SetPropertyValue("V", value, {});
-    EXPECT_EQ(TMofWriter::WriteInstance(instance),
-              std::string("instance of Any {\n  V = ") + text + ";\n};\n");
+    const auto any = mof.GetNamespace()->AllocateClass("Any", {}, {});
+    any->AllocatePropertyDecl("V", value, {})->AddToClass({});
+    EXPECT_EQ(TMofWriter::WriteClass(any, false, {}),
+              std::string("class Any {\n\n  ") + text + ";\n};\n");
   }
 }
 
@@ -120,15 +86,15 @@ class TRandomText {
 TEST(TMofTextTest, RandomTextsMakeTheRoundTrip) {
   for (unsigned seed = 1; seed <= 40 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
-    RoundTrip(Load(TRandomText(seed).Expand("<text>"), false), 200);
+    RoundTrip(TLoadedMof(TRandomText(seed).Expand("<text>")), 200);
   }
 }
 
 TEST(TMofTextTest, SchemasMakeTheRoundTrip) {
-  RoundTrip(LoadFile(VYR_SCHEMA_DIR "/vyr.mof"), 500);
+  RoundTrip(TLoadedMof().LoadFile(VYR_SCHEMA_DIR "/vyr.mof"), 500);
   const char* const file = std::getenv("VYR_CIM_SCHEMA");
   if (file == nullptr) GTEST_SKIP() << "VYR_CIM_SCHEMA names no schema";
-  RoundTrip(LoadFile(file), 10000);
+  RoundTrip(TLoadedMof().LoadFile(file), 10000);
 }
 
 }  // namespace

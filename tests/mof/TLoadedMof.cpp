@@ -1,6 +1,5 @@
 #include "TLoadedMof.h"
 
-#include <boost/algorithm/string/split.hpp>
 #include <utility>
 
 #include "ICIMParameterDecl.h"
@@ -35,13 +34,11 @@ TLoadedMof& TLoadedMof::LoadFile(const std::string& path) {
 
 std::string TLoadedMof::TakeMessages() { return std::exchange(messages_, {}); }
 
-std::string TLoadedMof::Write(const std::string& className) const {
-  const TMofReferenceClasses& classes = *options_.referenceClasses;
-  if (className.empty()) return TMofWriter::WriteNamespace(namespace_, classes);
-  return TMofWriter::WriteClass(namespace_->GetClass(className, {}), true, classes);
+std::string TLoadedMof::Write() const {
+  return TMofWriter::WriteNamespace(namespace_, *options_.referenceClasses);
 }
 
-std::vector<std::string> TLoadedMof::Dump() const {
+std::string TLoadedMof::Dump() const {
   TShown world;
   const auto showDeclaration = [&](const boost::shared_ptr<ICIMQualifierDecl>& declared) {
     world.out << "\nqualifier " << world.Text(declared) << world.Text(declared->GetDefaultValue({}))
@@ -53,8 +50,9 @@ std::vector<std::string> TLoadedMof::Dump() const {
     world.out << ' ' << parameter->GetType({});
     return true;
   };
-  const auto showProperty = [&](const auto& property) {
-    return world.ShowProperty(property), true;
+  const auto showProperty = [&](const auto& one) { return world.ShowProperty(one), true; };
+  const auto showMethod = [&](const auto& one) {
+    return one->EnumerateParameterDecls(showParameter, {}), true;
   };
   const auto showInstance = [&](const auto& instance) {
     world.out << "\ninstance " << instance->GetReference({}).GetPath();
@@ -64,15 +62,10 @@ std::vector<std::string> TLoadedMof::Dump() const {
   namespace_->EnumerateQualifierDecls(showDeclaration, {});
   for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
     world.ShowClass(cimClass);
-    cimClass->EnumerateMethodDecls(
-        [&](const auto& method) {
-          return method->EnumerateParameterDecls(showParameter, {}), true;
-        },
-        {});
+    cimClass->EnumerateMethodDecls(showMethod, {});
     cimClass->EnumerateInstances(showInstance, false, {});
   }
-  std::vector<std::string> lines;
-  return boost::algorithm::split(lines, world.out.str(), [](char c) { return c == '\n'; });
+  return world.out.str();
 }
 
 }  // namespace NZELVYR20

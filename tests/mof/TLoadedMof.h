@@ -2,7 +2,6 @@
 
 #include <boost/shared_ptr.hpp>
 #include <string>
-#include <vector>
 
 #include "ICIMNamespace.h"
 #include "PluginNamespace.h"
@@ -24,10 +23,9 @@ class TLoadedMof {
   TMofSummary GetSummary() const { return loader_.GetSummary(); }
 
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
-  /// The whole namespace, or a class with what it inherited.
-  std::string Write(const std::string& className = "") const;
-  /// All that the interfaces tell of the namespace, one fact a line: two are equal when these are.
-  std::vector<std::string> Dump() const;
+  std::string Write() const;
+  /// All that the interfaces tell of the namespace: two are equal when these texts are.
+  std::string Dump() const;
 
  private:
   boost::shared_ptr<ICIMNamespace> namespace_ = AllocatePluginNamespace();

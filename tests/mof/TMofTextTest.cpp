@@ -15,27 +15,23 @@ namespace NZELVYR20 {
 namespace {
 
 /// What is written leads, without a doubt, to an equal namespace and to the same text again.
-std::string RoundTrip(const TLoadedMof& mof, std::size_t facts) {
+std::string RoundTrip(const TLoadedMof& mof, std::size_t size) {
   std::string text = mof.Write();
   TLoadedMof loaded(text);
   EXPECT_EQ(loaded.GetSummary().errors + loaded.GetSummary().warnings, 0U) << loaded.TakeMessages();
   EXPECT_TRUE(loaded.Write() == text);
-  const std::vector<std::string> left = mof.Dump();
-  const std::vector<std::string> right = loaded.Dump();
-  EXPECT_GT(left.size(), facts);
-  const auto ends = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
-  EXPECT_TRUE(left == right) << (ends.first == left.end() ? "" : *ends.first);
+  const std::string left = mof.Dump();
+  const std::string right = loaded.Dump();
+  EXPECT_GT(left.size(), size);
+  const auto at = std::mismatch(left.begin(), left.end(), right.begin(), right.end()).first;
+  EXPECT_TRUE(left == right) << std::string(at, left.end()).substr(0, 100);
   return text;
 }
 
 TEST(TMofTextTest, EverySpellingIsWrittenInOneWay) {
   TLoadedMof mof(ReadData("spellings.mof"));
   EXPECT_EQ(mof.GetSummary().errors + mof.GetSummary().warnings, 0U) << mof.TakeMessages();
-  EXPECT_EQ(RoundTrip(mof, 100), ReadData("written.mof"));
-  const std::string shown = mof.Write("Below");
-  EXPECT_EQ(shown.find("[Values{\"a\", \"b\"}]\nclass Below : Base {\n"), 0U) << shown;
-  const char* const inherited = "\n  // inherited from Base\n  [Key(true)]\n  string Id;\n";
-  EXPECT_NE(shown.find(inherited), std::string::npos) << shown;
+  EXPECT_EQ(RoundTrip(mof, 6000), ReadData("written.mof"));
 }
 
 TEST(TMofTextTest, ValuesThatNoTextGives) {
@@ -86,15 +82,15 @@ class TRandomText {
 TEST(TMofTextTest, RandomTextsMakeTheRoundTrip) {
   for (unsigned seed = 1; seed <= 40 && !testing::Test::HasFailure(); ++seed) {
     SCOPED_TRACE(seed);
-    RoundTrip(TLoadedMof(TRandomText(seed).Expand("<text>")), 200);
+    RoundTrip(TLoadedMof(TRandomText(seed).Expand("<text>")), 9000);
   }
 }
 
 TEST(TMofTextTest, SchemasMakeTheRoundTrip) {
-  RoundTrip(TLoadedMof().LoadFile(VYR_SCHEMA_DIR "/vyr.mof"), 500);
+  RoundTrip(TLoadedMof().LoadFile(VYR_SCHEMA_DIR "/vyr.mof"), 30000);
   const char* const file = std::getenv("VYR_CIM_SCHEMA");
   if (file == nullptr) GTEST_SKIP() << "VYR_CIM_SCHEMA names no schema";
-  RoundTrip(TLoadedMof().LoadFile(file), 10000);
+  RoundTrip(TLoadedMof().LoadFile(file), 1000000);
 }
 
 }  // namespace

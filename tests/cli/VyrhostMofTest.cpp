@@ -22,15 +22,12 @@ TEST(VyrhostMof, Commands) {
   const TVyrhost vyrhost;
   CheckCases("mof.txt", [&vyrhost](const std::string& given) {
     const std::string command = given.substr(0, given.find(" | "));
+    std::string whole = "--root " + vyrhost.GetRoot() + " --quiet " + command;
+    boost::replace_all(whole, "$data", kData);
+    boost::replace_all(whole, "$box",
+                       "CIM_ComputerSystem.CreationClassName=\"CIM_ComputerSystem\",Name=\"box\"");
     TArgumentList arguments;
-    boost::split(arguments, "--root $root --quiet " + command, boost::is_any_of(" "));
-    for (std::string& argument : arguments) {
-      boost::replace_all(argument, "$data", kData);
-      boost::replace_all(argument, "$root", vyrhost.GetRoot());
-      boost::replace_all(
-          argument, "$box",
-          "CIM_ComputerSystem.CreationClassName=\"CIM_ComputerSystem\",Name=\"box\"");
-    }
+    boost::split(arguments, whole, boost::is_any_of(" "));
     const TOutcome outcome = vyrhost.Run(arguments);
     std::istringstream lines(outcome.output + outcome.errors);
     std::string shown;
@@ -52,10 +49,9 @@ TEST(VyrhostMof, PipesGetNoProgressAndASummaryOnlyWhereSomethingIsWrong) {
   const TOutcome lengthy = vyrhost.Run({"--empty", "classes", "--mof", vyrhost.Write("m", many)});
   EXPECT_EQ(lengthy.errors.find('\r'), std::string::npos);
   ExpectPart(lengthy.errors, "\nMOF: 1 file");
-  const TArgumentList quiet = {"--root", vyrhost.GetRoot()};
-  TArgumentList loading = quiet;
-  loading.insert(loading.end(), {"classes", "--mof", kData + "/mof"});
-  EXPECT_EQ(vyrhost.Run(loading).errors, vyrhost.Run(quiet).errors);
+  const std::string& root = vyrhost.GetRoot();
+  EXPECT_EQ(vyrhost.Run({"--root", root, "classes", "--mof", kData + "/mof"}).errors,
+            vyrhost.Run({"--root", root}).errors);
 }
 
 TEST(VyrhostMof, InstalledProgramsFindTheirParts) {

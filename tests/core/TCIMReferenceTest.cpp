@@ -47,10 +47,9 @@ TEST_F(TCIMReferenceTest, RemakesTheTextAfterEveryChange) {
 }
 
 TEST_F(TCIMReferenceTest, GivesDifferentKeysDifferentTexts) {
-  TValues values = {TCIMValue(), true, 1, "NULL", "TRUE", "\",b=\"", "\\\",b=\\\"", "", "\"", "\\"};
-  for (const char* const text : {"a\"", "\"a", "\\\"", "\"\\", "\\\\", "=1", ".,"}) {
-    values.emplace_back(text);
-  }
+  const TValues values = {TCIMValue(),   true,   1,      "NULL", "TRUE", "\",b=\"",
+                          "\\\",b=\\\"", "",     "\"",   "\\",   "a\"",  "\"a",
+                          "\\\"",        "\"\\", "\\\\", "=1",   ".,"};
   std::set<std::string> paths;
   for (const TCIMValue& first : values) {
     const TCIMReference inner = MakePath(all, {{"a", first}});

@@ -1,34 +1,51 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
+#include <algorithm>
 #include <string>
+#include <utility>
 
-#include "ICIMNamespace.h"
 #include "PluginNamespace.h"
 #include "TMofLoader.h"
+#include "TMofWriter.h"
+#include "TRootObject.h"
 
 namespace NZELVYR20 {
 
 /// A fresh namespace of the plug-in, and what is loaded into it.
 class TLoadedMof {
  public:
-  explicit TLoadedMof(const std::string& text = "", TMofOptions options = {});
+  explicit TLoadedMof(const std::string& text = "", TMofOptions options = {})
+      : options_(std::move(options)), loader_(nameSpace, options_, [this](std::string message) {
+          message.resize(std::min(message.find('\n'), message.size()));
+          const bool isHere = message.rfind("t.mof:", 0) == 0;
+          messages_ += (messages_.empty() ? "" : "\n") + message.substr(isHere ? 6 : 0);
+        }) {
+    TRootObject::SetLogThreshold(-1);  // What the loader reports is enough.
+    LoadText(text);
+  }
 
   /// Loads a further text, called t.mof, or a file or folder.
-  TLoadedMof& LoadText(const std::string& text);
-  TLoadedMof& LoadFile(const std::string& path);
+  TLoadedMof& LoadText(const std::string& text) {
+    if (!text.empty()) loader_.ReadText("t.mof", text);
+    loader_.Enter();
+    return *this;
+  }
+  TLoadedMof& LoadFile(const std::string& path) {
+    loader_.Read(path);
+    return LoadText("");
+  }
 
   /// The first line of each message, without the place in the text except its line and column.
-  std::string TakeMessages();
+  std::string TakeMessages() { return std::exchange(messages_, {}); }
   TMofSummary GetSummary() const { return loader_.GetSummary(); }
 
-  const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
-  std::string Write() const;
-  /// All that the interfaces tell of the namespace: two are equal when these texts are.
-  std::string Dump() const;
+  std::string Write() const {
+    return TMofWriter::WriteNamespace(nameSpace, *options_.referenceClasses);
+  }
+
+  const boost::shared_ptr<ICIMNamespace> nameSpace = AllocatePluginNamespace();
 
  private:
-  boost::shared_ptr<ICIMNamespace> namespace_ = AllocatePluginNamespace();
   TMofOptions options_;
   std::string messages_;
   TMofLoader loader_;

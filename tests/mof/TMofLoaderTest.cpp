@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <boost/algorithm/string/replace.hpp>
 #include <sstream>
 
 #include "Cases.h"
 #include "TLoadedMof.h"
+#include "TSampleTree.h"
 
 namespace NZELVYR20 {
 
@@ -35,7 +37,7 @@ static std::string LoadStrictly(const std::string& text) {
   } catch (const TMofStrictStop&) {
     const std::string messages = mof.TakeMessages();
     EXPECT_EQ(mof.LoadText("class After : Ok { };").TakeMessages(), "");
-    EXPECT_TRUE(mof.GetNamespace()->GetClass("After", {}));
+    EXPECT_TRUE(mof.nameSpace->GetClass("After", {}));
     return messages.substr(messages.rfind('\n') + 1);
   }
 }
@@ -47,7 +49,7 @@ TEST(TMofLoaderTest, WhatIsWrongIsNamedAndLeftOut) {
     TLoadedMof mof(kBase);
     EXPECT_EQ(mof.TakeMessages(), "");
     const std::string messages = mof.LoadText(text + "\nclass Beside : Ok { };").TakeMessages();
-    EXPECT_TRUE(mof.GetNamespace()->GetClass("Beside", {})) << text;
+    EXPECT_TRUE(mof.nameSpace->GetClass("Beside", {})) << text;
     TLoadedMof again(mof.Write());
     EXPECT_EQ(FindFirstFault(again.TakeMessages()), "") << text;
     EXPECT_EQ(LoadStrictly(text), FindFirstFault(messages)) << text;
@@ -72,6 +74,43 @@ TEST(TMofLoaderTest, LongChainsDoNotExhaustTheStack) {
   TLoadedMof mof(ReadData("qualifiers.mof") + text);
   EXPECT_EQ(mof.TakeMessages(), "");
   EXPECT_EQ(mof.GetSummary().instances.declared, kLength + 2U);
+}
+
+/// What is said of a file or folder, and what came of it.
+TEST(TMofLoaderTest, EachFileIsReadOrIsOneError) {
+  const std::string folder = DATA_DIR "/files/";
+  TMofOptions options;
+  options.searchPath = {folder + "nowhere", folder + "search"};
+  options.deepestInclude = 3;
+  options.largestFile = 300;
+  CheckCases("files.txt", [&](const std::string& file) {
+    TLoadedMof mof(ReadData("qualifiers.mof"), options);
+    const std::string messages = mof.LoadFile(folder + file).TakeMessages();
+    return boost::algorithm::replace_all_copy(messages, folder, "") +
+           (messages.empty() ? "" : "\n") + mof.GetSummary().ToString();
+  });
+}
+
+/// What would make a reader wait is not opened, however it is met.
+TEST(TMofLoaderTest, PipesAndDevicesAreOneError) {
+  const TSampleTree tree;
+  const std::string folder = tree.GetRoot() + '/';
+  ASSERT_EQ(::mkfifo((folder + "pipe.mof").c_str(), 0600), 0);
+  tree.Write("/in/start.mof", "#pragma include (\"../pipe.mof\")");
+  tree.Write("/needs/start.mof", "class A : pipe { };");
+  TMofOptions options;
+  options.searchPath = {folder};
+  const std::pair<std::string, unsigned> rows[] = {{folder, 1},
+                                                   {folder + "pipe.mof", 1},
+                                                   {folder + "in", 1},
+                                                   {folder + "needs", 2},
+                                                   {"/dev/zero", 1}};
+  for (const auto& [path, errors] : rows) {
+    TLoadedMof mof("", options);
+    const std::string messages = mof.LoadFile(path).TakeMessages();
+    EXPECT_NE(messages.find("This is a pipe, a device or a socket"), std::string::npos) << messages;
+    EXPECT_EQ(mof.GetSummary().errors, errors) << path;
+  }
 }
 
 }  // namespace NZELVYR20

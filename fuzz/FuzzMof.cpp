@@ -43,7 +43,7 @@ void CheckValue(const TMofValue& value) {
   Require(value.isArray || value.literals.size() == 1, "a scalar is one literal");
   for (const TMofLiteral& literal : value.literals) {
     CheckPlace(literal.place);
-    DecodeMofText(literal.text);
+    Require(literal.text.find('\0') == std::string::npos, "no literal has a NUL");
   }
 }
 
@@ -130,10 +130,12 @@ bool NamesFiles(const std::string& text) {
 /// Whatever was entered can be written, and what is written can be read.
 void LoadAndWrite(const std::string& text) {
   const boost::shared_ptr<ICIMNamespace> nameSpace = TFuzzNamespace::MakeEmpty();
-  TMofLoader loader(nameSpace, {}, [](const std::string&) {});
+  const TMofOptions options;
+  TMofLoader loader(nameSpace, options, [](const std::string&) {});
   loader.ReadText("input", text);
   loader.Enter();
-  const TMofSource written("written", TMofWriter::WriteNamespace(nameSpace));
+  const TMofSource written("written",
+                           TMofWriter::WriteNamespace(nameSpace, *options.referenceClasses));
   TMofDiagnostics diagnostics({}, [](const std::string&) {});
   TMofParser(diagnostics).Parse(written);
   Require(diagnostics.GetErrorCount() == 0, "what is written can be read");

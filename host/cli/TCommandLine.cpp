@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -37,7 +38,7 @@ struct TArguments {
   TTraversal traversal;
 };
 
-using TCommand = std::string (*)(const TNamespacePtr&, const TArguments&);
+using TCommand = std::function<std::string(const TNamespacePtr&, const TArguments&)>;
 
 class TParser {
  public:
@@ -164,10 +165,12 @@ void TParser::AddClassCommands() {
 }
 
 void TParser::AddMofCommand() {
-  CLI::App* mof = AddCommand("mof", "Print one class, or everything, as MOF", ENeeds::kInstances,
-                             [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                               return TMofCommands(nameSpace).Write(given.name, given.isInherited);
-                             });
+  CLI::App* mof =
+      AddCommand("mof", "Print one class, or everything, as MOF", ENeeds::kInstances,
+                 [classes = options_.mofOptions.referenceClasses](const TNamespacePtr& nameSpace,
+                                                                  const TArguments& given) {
+                   return TMofCommands(nameSpace, *classes).Write(given.name, given.isInherited);
+                 });
   CLI::Option* name = mof->add_option("CLASS", arguments_.name, "This class only")->type_name("");
   mof->add_flag("--inherited", arguments_.isInherited, "With what the class inherited")
       ->needs(name);

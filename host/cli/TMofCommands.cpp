@@ -7,12 +7,14 @@
 
 namespace NZELVYR20 {
 
-TMofCommands::TMofCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
-    : namespace_(std::move(nameSpace)) {}
+TMofCommands::TMofCommands(boost::shared_ptr<ICIMNamespace> nameSpace,
+                           const TMofReferenceClasses& referenceClasses)
+    : namespace_(std::move(nameSpace)), referenceClasses_(referenceClasses) {}
 
 std::string TMofCommands::Write(const std::string& className, bool isInherited) const {
-  if (className.empty()) return TMofWriter::WriteNamespace(namespace_);
-  return TMofWriter::WriteClass(TElementFinder(namespace_).FindClass(className), isInherited);
+  if (className.empty()) return TMofWriter::WriteNamespace(namespace_, referenceClasses_);
+  return TMofWriter::WriteClass(TElementFinder(namespace_).FindClass(className), isInherited,
+                                referenceClasses_);
 }
 
 }  // namespace NZELVYR20

@@ -49,13 +49,15 @@ void ReportSummary(const TMofSummary& summary, bool isQuiet) {
 
 }  // namespace
 
-void TMofInput::LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
+void TMofInput::LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                           const THostOptions& options) {
   const std::string file = FindSchema();
-  TMofOptions options;
-  options.isStrict = true;
-  options.isQuiet = true;
+  TMofOptions mofOptions;
+  mofOptions.isStrict = true;
+  mofOptions.isQuiet = true;
+  mofOptions.referenceClasses = options.mofOptions.referenceClasses;
   std::string wrong;
-  TMofLoader loader(nameSpace, options, [&wrong](const std::string& message) {
+  TMofLoader loader(nameSpace, mofOptions, [&wrong](const std::string& message) {
     wrong = message.substr(0, message.find('\n'));
   });
   try {

@@ -28,7 +28,7 @@ std::string CheckRoot(const std::string& root) {
 TRepository::TRepository(const THostOptions& options)
     : collector_(CheckRoot(options.root)),
       namespace_(TPluginLoader::LoadProvider(options.plugin)->AllocateNamespace({}, false)) {
-  if (!options.isEmpty) TMofInput::LoadSchema(namespace_);
+  if (!options.isEmpty) TMofInput::LoadSchema(namespace_, options);
 }
 
 void TRepository::Collect() {

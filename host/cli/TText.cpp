@@ -5,32 +5,16 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "IsShown.h"
 
 namespace NZELVYR20 {
 namespace {
 
 using TUtf8 = boost::locale::utf::utf_traits<char>;
-
-struct TRange {
-  std::uint32_t first;
-  std::uint32_t last;
-};
-
-/// What a terminal obeys: both ranges of control characters, line separators, and what turns the
-/// direction of writing.
-constexpr TRange kObeyed[] = {{0, 0x1F},        {0x7F, 0x9F},     {0x61C, 0x61C},
-                              {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
-
-bool IsShown(std::uint32_t code) {
-  return boost::locale::utf::is_valid_codepoint(code) &&
-         std::none_of(std::begin(kObeyed), std::end(kObeyed), [code](const TRange& range) {
-           return range.first <= code && code <= range.last;
-         });
-}
 
 std::string Escape(unsigned char byte) {
   constexpr std::string_view kDigits = "0123456789abcdef";

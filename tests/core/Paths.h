@@ -13,14 +13,10 @@
 
 namespace NZELVYR20 {
 
-using TClass = boost::shared_ptr<ICIMClass>;
 using TKeys = std::vector<std::pair<std::string, TCIMValue>>;
 using TText = const std::string&;
 using TType = TCIMValue::TCIMType;
 using TValues = std::vector<TCIMValue>;
-
-constexpr const char* kNotFound = "The element was not found.";
-constexpr const char* kTypeMismatch = "The type does not match.";
 
 /// A class that nothing but its name is asked of.
 inline TClass MakeClass(TText name) {

@@ -43,9 +43,7 @@ TEST(TRootObject, LogsWithinTheThresholdAndNeverThrows) {
 struct TFakeProvider : INamespaceProvider {
   explicit TFakeProvider(TText name) : name_(name) {}
   TText GetName(TCIMContext) const override { return name_; }
-  boost::shared_ptr<ICIMNamespace> AllocateNamespace(TCIMContext, bool) const override {
-    return {};
-  }
+  TSpace AllocateNamespace(TCIMContext, bool) const override { return {}; }
   int GetType(TCIMContext) const override { return 0; }
   bool IsIndicationsSupported(TCIMContext) const override { return false; }
   const std::string name_;
@@ -59,9 +57,9 @@ TEST(TRootObject, ManagerFindsAndReplacesProviders) {
     EXPECT_EQ(manager->FindNamespaceProvider(name), provider);
   }
   EXPECT_EQ(manager->FindNamespaceProvider("B"), nullptr);
-  const std::vector<std::string> names = manager->GetNamespaceProviderNames();
-  EXPECT_EQ(std::vector<std::string>(names.begin(), names.begin() + 2),
-            (std::vector<std::string>{"a", "b"}));
+  std::vector<std::string> names = manager->GetNamespaceProviderNames();
+  names.resize(2);
+  EXPECT_EQ(names, (std::vector<std::string>{"a", "b"}));
   EXPECT_THROW(manager->RegisterNamespaceProvider({}), std::invalid_argument);
 }
 

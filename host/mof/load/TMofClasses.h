@@ -21,9 +21,9 @@ namespace NZELVYR20 {
 /// The classes that a class cannot do without: its superclass, and those to which it refers.
 std::vector<TMofName> GetNeededClasses(const TMofClass& cimClass);
 
-/// Enters the classes of one batch, each after those that it needs and whole or not at all.
-/// Associations may refer to each other in a circle: what is referred to is then allocated before
-/// it is its turn.
+/// Enters the classes of one batch, each after those that it needs and whole or not at all. Classes
+/// that need each other in a circle are entered together: none of them where one is wrong, since
+/// what was added to a namespace cannot be taken out again.
 class TMofClasses {
  public:
   using TProgress = std::function<void(std::size_t done, std::size_t all)>;
@@ -31,12 +31,13 @@ class TMofClasses {
   /// The classes outlive this object, as do the others.
   TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
               TMofSummary& summary, TMofQualifiers& qualifiers, TMofLeftOut& leftOut,
-              const std::vector<TMofClass>& classes);
+              TMofReferenceClasses& referenceClasses, const std::vector<TMofClass>& classes);
 
   void Enter(const TProgress& onProgress);
 
  private:
-  enum class EState { kPending, kEntered, kLeftOut };
+  /// How far a class has come.
+  enum class EState { kLeftOut, kPending, kAllocated, kDeclared, kEntered };
 
   struct TEntry {
     const TMofClass* syntax;
@@ -45,19 +46,22 @@ class TMofClasses {
   };
 
   void AddEntry(const TMofClass& cimClass);
-  std::vector<std::size_t> GetNeeds(const TEntry& entry) const;
-  TEntry* FindEntry(const std::string& name);
   const TEntry* FindEntry(const std::string& name) const;
+  std::vector<std::size_t> GetNeeds(const std::vector<TMofName>& names) const;
 
-  void EnterAfterSuperClasses(TEntry& entry);
-  void EnterOne(TEntry& entry);
-  void EnterOrReport(TEntry& entry);
-  void Declare(TEntry& entry);
-  void Allocate(TEntry& entry);
-  boost::shared_ptr<ICIMClass> FindSuperClass(const TMofClass& cimClass);
-  boost::shared_ptr<ICIMClass> FindReferencedClass(const TMofName& name);
-  boost::shared_ptr<ICIMClass> FindClass(const TMofName& name, const TEntry* entry) const;
+  void EnterGroup(const std::vector<std::size_t>& group);
+  void DeclareGroup(const std::vector<std::size_t>& group);
+  std::vector<std::size_t> GetNeededSteps(std::size_t step,
+                                          const std::vector<std::size_t>& group) const;
+  void RequireAll(const std::vector<std::size_t>& group) const;
+  template <class TStep>
+  void Try(TEntry& entry, const TStep& step);
   void Refuse(const TMofName& name, const std::string& why);
+
+  void Allocate(TEntry& entry);
+  void Declare(TEntry& entry);
+  void Add(TEntry& entry);
+  boost::shared_ptr<ICIMClass> FindClass(const TMofName& name, EState least) const;
   bool IsKnown(const std::string& name) const;
 
   boost::shared_ptr<ICIMNamespace> namespace_;

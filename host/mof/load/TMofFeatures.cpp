@@ -27,23 +27,42 @@ bool IsOverride(const std::vector<TMofQualifier>& qualifiers) {
 /// What stands there for a class that is not known.
 constexpr const char* kAnyClass = "object";
 
-/// Adds a declaration whose name must be new where it goes.
-template <class TAdd>
-void AddNew(const TMofName& name, const TAdd& add) {
-  try {
-    add();
-  } catch (const TVYRException& refusal) {
-    if (refusal.GetStatusCode() != TVYRStatusCode::kAlreadyDefined) throw;
-    throw TMofFault(name.place, name.text + " is declared twice");
-  }
+/// "Disk.Size (uint64)".
+template <class TDeclaration>
+std::string DescribeMember(const TDeclaration& declaration, TCIMValue::TCIMType type) {
+  const auto owner = declaration.GetClass({});
+  return (owner ? owner->GetName({}) + '.' : "") + declaration.GetName({}) + " (" + TypeText(type) +
+         ')';
+}
+
+std::string DescribeConflict(const std::string& given, const std::string& inherited,
+                             bool isOverride) {
+  return given + (isOverride ? " cannot override " + inherited
+                             : " cannot replace " + inherited + " without Override");
+}
+
+TMofFault DeclaredTwice(const TMofName& name) {
+  return {name.place, name.text + " is declared twice"};
+}
+
+/// Methods are not left out without a status, as properties are.
+TMofFault ExplainRefusal(const TMofMethod& method, const ICIMMethodDecl& declaration,
+                         const ICIMMethodDecl& existing) {
+  if (existing.GetClass({}) == declaration.GetClass({})) return DeclaredTwice(method.name);
+  return {method.name.place,
+          DescribeConflict(DescribeMember(declaration, declaration.GetReturnType({})),
+                           DescribeMember(existing, existing.GetReturnType({})),
+                           IsOverride(method.qualifiers))};
 }
 
 }  // namespace
 
 TMofFeatures::TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-                           TMofQualifiers& qualifiers, TFindClass findClass, TIsKnown isKnown)
+                           TMofQualifiers& qualifiers, TMofReferenceClasses& referenceClasses,
+                           TFindClass findClass, TIsKnown isKnown)
     : diagnostics_(diagnostics),
       qualifiers_(qualifiers),
+      referenceClasses_(referenceClasses),
       values_(std::move(nameSpace)),
       findClass_(std::move(findClass)),
       isKnown_(std::move(isKnown)) {}
@@ -66,36 +85,27 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
   qualifiers_.Attach(*declaration, property.qualifiers, overridden.get());
   declaration->AddToClass({});
   const auto kept = FindProperty(cimClass, name);
-  if (kept && kept != declaration) ReportLeftOut(cimClass, property, *kept);
+  if (kept && kept != declaration) ReportLeftOut(property, *declaration, *kept);
 }
 
-void TMofFeatures::ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& property,
+void TMofFeatures::ReportLeftOut(const TMofProperty& property, const ICIMPropertyDecl& declaration,
                                  const ICIMPropertyDecl& kept) {
   const TMofName& name = property.name;
-  const auto owner = kept.GetClass({});
-  if (owner.get() == &cimClass) {
+  if (kept.GetClass({}) == declaration.GetClass({})) {
     return diagnostics_.Note(name.place,
                              "the property " + name.text + " is named twice; the first one stays");
   }
-  const std::string inherited =
-      "that of the superclass " + (owner ? owner->GetName({}) : std::string());
-  const std::string type = TypeText(kept.GetType({}));
-  diagnostics_.Warning(name.place, "the property " + name.text + " is left out: " +
-                                       (type == TypeText(property.type.type)
-                                            ? "without Override " + inherited + " stays"
-                                            : inherited + " has the type " + type));
-}
-
-void TMofFeatures::NoteOnce(bool& isNoted, const TMofPlace& place, const char* text) {
-  if (!isNoted) diagnostics_.Note(place, text);
-  isNoted = true;
+  diagnostics_.Warning(
+      name.place,
+      DescribeConflict(DescribeMember(declaration, declaration.GetType({})),
+                       DescribeMember(kept, kept.GetType({})), IsOverride(property.qualifiers)) +
+          ", and is left out");
 }
 
 /// Says what the repository will not keep of the type.
 void TMofFeatures::CheckType(const TMofType& type) {
-  if (type.arraySize) {
-    NoteOnce(isSizeNoted_, type.place, "an array's size is not kept; said once only");
-  }
+  if (!type.arraySize || std::exchange(isSizeNoted_, true)) return;
+  diagnostics_.Note(type.place, "an array's size is not kept; said once only");
 }
 
 void TMofFeatures::NoteIfNothingOverridden(const TMofName& name, const void* overridden) {
@@ -126,13 +136,19 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
     NoteIfNothingOverridden(method.name, overridden.get());
   }
 
-  CheckResultOrParameter(method.type);
   const auto declaration = cimClass.AllocateMethodDecl(method.name.text, method.type.type, {});
+  CheckResultOrParameter(*declaration, "", method.type);
   qualifiers_.Attach(*declaration, method.qualifiers, overridden.get());
   for (const TMofParameter& parameter : method.parameters) {
     DeclareParameter(*declaration, parameter, overridden.get());
   }
-  AddNew(method.name, [&declaration] { declaration->AddToClass({}); });
+  try {
+    declaration->AddToClass({});
+  } catch (const TVYRException&) {
+    const auto existing = cimClass.GetMethodDecl(method.name.text, {});
+    if (existing) throw ExplainRefusal(method, *declaration, *existing);
+    throw;
+  }
 }
 
 void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
@@ -143,21 +159,25 @@ void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter&
     inherited = FindOrNothing([&] { return overridden->GetParameterDecl(name, {}); });
   }
 
-  CheckResultOrParameter(parameter.type);
+  CheckResultOrParameter(method, name, parameter.type);
   const auto declaration = method.AllocateParameterDecl(name, parameter.type.type, {});
   qualifiers_.Attach(*declaration, parameter.qualifiers, inherited.get());
-  AddNew(parameter.name, [&declaration] { declaration->AddToMethod({}); });
+  try {
+    declaration->AddToMethod({});
+  } catch (const TVYRException& refusal) {
+    if (refusal.GetStatusCode() != TVYRStatusCode::kAlreadyDefined) throw;
+    throw DeclaredTwice(parameter.name);
+  }
 }
 
-void TMofFeatures::CheckResultOrParameter(const TMofType& type) {
+void TMofFeatures::CheckResultOrParameter(const ICIMMethodDecl& method,
+                                          const std::string& parameter, const TMofType& type) {
   CheckType(type);
   if (type.type.GetElementType() != TCIMValue::TCIMType::kReference) return;
   const TMofName& name = type.referencedClass;
-  if (FoldName(name.text) == kAnyClass) return;
-  if (!isKnown_(name.text)) {
-    return diagnostics_.Warning(name.place, "there is no class " + name.text);
-  }
-  NoteOnce(isClassNoted_, name.place, "the class of a parameter is not kept; said once only");
+  referenceClasses_.Set(method, parameter, name.text);
+  if (FoldName(name.text) == kAnyClass || isKnown_(name.text)) return;
+  diagnostics_.Warning(name.place, "there is no class " + name.text);
 }
 
 }  // namespace NZELVYR20

@@ -8,6 +8,7 @@
 #include "MofSyntax.h"
 #include "TMofDiagnostics.h"
 #include "TMofQualifiers.h"
+#include "TMofReferenceClasses.h"
 #include "TMofValues.h"
 
 namespace NZELVYR20 {
@@ -22,7 +23,8 @@ class TMofFeatures {
   using TIsKnown = std::function<bool(const std::string& name)>;
 
   TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-               TMofQualifiers& qualifiers, TFindClass findClass, TIsKnown isKnown);
+               TMofQualifiers& qualifiers, TMofReferenceClasses& referenceClasses,
+               TFindClass findClass, TIsKnown isKnown);
 
   /// A property that the class leaves out without a status is a warning, or a note where it only
   /// stands twice. Throws TMofFault, and passes on the status with which the class refuses it.
@@ -35,19 +37,19 @@ class TMofFeatures {
   void DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
                         const ICIMMethodDecl* overridden);
   void NoteIfNothingOverridden(const TMofName& name, const void* overridden);
-  void ReportLeftOut(const ICIMClass& cimClass, const TMofProperty& property,
+  void ReportLeftOut(const TMofProperty& property, const ICIMPropertyDecl& declaration,
                      const ICIMPropertyDecl& kept);
   void CheckType(const TMofType& type);
-  void CheckResultOrParameter(const TMofType& type);
-  void NoteOnce(bool& isNoted, const TMofPlace& place, const char* text);
+  void CheckResultOrParameter(const ICIMMethodDecl& method, const std::string& parameter,
+                              const TMofType& type);
 
   TMofDiagnostics& diagnostics_;
   TMofQualifiers& qualifiers_;
+  TMofReferenceClasses& referenceClasses_;
   TMofValues values_;
   TFindClass findClass_;
   TIsKnown isKnown_;
   bool isSizeNoted_ = false;
-  bool isClassNoted_ = false;
 };
 
 }  // namespace NZELVYR20

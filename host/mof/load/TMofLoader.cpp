@@ -92,7 +92,8 @@ void TMofLoader::TImpl::EnterBatch() {
   const TMofBatch& batch = reader_.GetBatch();
   qualifiers_.Declare(batch.qualifiers);
   TMofLeftOut leftOut(summary_);
-  TMofClasses(namespace_, diagnostics_, summary_, qualifiers_, leftOut, batch.classes)
+  TMofClasses(namespace_, diagnostics_, summary_, qualifiers_, leftOut, *options_.referenceClasses,
+              batch.classes)
       .Enter([this](std::size_t done, std::size_t all) { progress_("classes", done, all); });
   TMofInstances(namespace_, diagnostics_, summary_, leftOut, batch.instances)
       .Enter([this](std::size_t done, std::size_t all) { progress_("instances", done, all); });

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
+
+#include "TMofReferenceClasses.h"
 
 namespace NZELVYR20 {
 
@@ -17,6 +20,8 @@ struct TMofOptions {
   std::size_t reportLimit = 20;  ///< of messages of each severity
   std::size_t largestFile = std::size_t{64} * 1024 * 1024;  ///< in bytes
   std::size_t deepestInclude = 64;                          ///< files on the way to the innermost
+  /// What TMofWriter asks for; copies share it, so that several loads fill one.
+  std::shared_ptr<TMofReferenceClasses> referenceClasses = std::make_shared<TMofReferenceClasses>();
 };
 
 }  // namespace NZELVYR20

@@ -26,7 +26,8 @@ struct TMofLiteral {
 
   EKind kind = kNull;
   TMofPlace place;
-  /// kText: with escapes resolved and neighbouring strings joined, in UTF-8; kAlias: the name
+  /// kText: with escapes resolved and neighbouring strings joined, in UTF-8, but
+  /// for single bytes that escapes stand for; kAlias: the name
   /// after the "$"; kReal: the digits, with "." and "e" where they stand there.
   std::string text;
   std::uint64_t number = 0;  ///< kInteger: without sign; kCharacter: the code; kBoolean: 0 or 1

@@ -16,6 +16,9 @@ constexpr std::uint64_t kLargestNegative = 0x8000000000000000U;
 bool IsHighSurrogate(std::uint32_t code) { return code >= 0xD800 && code <= 0xDBFF; }
 bool IsLowSurrogate(std::uint32_t code) { return code >= 0xDC00 && code <= 0xDFFF; }
 
+/// Alone, such a half of a pair stands for a byte that was no UTF-8.
+bool IsRawByte(std::uint32_t code) { return code >= 0xDC80 && code <= 0xDCFF; }
+
 bool BelongsToWord(char byte) {
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
          (byte >= '0' && byte <= '9') || byte == '_';
@@ -107,6 +110,7 @@ void TMofLiteralBuilder::AddHexEscape(std::string_view escape) {
   const bool isPair = highSurrogate_ != 0 && IsLowSurrogate(code);
   if (isPair) return AddCode(0x10000 + ((highSurrogate_ & 0x3FFU) << 10U) + (code & 0x3FFU));
   FlushSurrogate();
+  if (IsRawByte(code)) return text_.push_back(static_cast<char>(code & 0xFFU));
   surrogatePlace_ = GetPlace(where);
   highSurrogate_ = IsHighSurrogate(code) || IsLowSurrogate(code) ? code : 0;
   if (highSurrogate_ == 0) AddCode(code);

@@ -17,14 +17,11 @@ namespace {
 constexpr std::size_t kMemberMargin = 2;
 constexpr std::size_t kParameterMargin = 6;
 
-/// "uint16", or "CIM_Disk REF". A reference whose class nobody knows, such as a parameter's, is
-/// one to any object.
-std::string MemberTypeText(const TCIMValue::TCIMType& type,
-                           const boost::shared_ptr<ICIMClass>& target) {
+/// "uint16", or "CIM_Disk REF".
+template <class TGetTarget>
+std::string MemberTypeText(const TCIMValue::TCIMType& type, const TGetTarget& getTarget) {
   const TCIMValue::TCIMType element = type.GetElementType();
-  if (element == TCIMValue::TCIMType::kReference) {
-    return (target ? target->GetName({}) : "object") + " REF";
-  }
+  if (element == TCIMValue::TCIMType::kReference) return getTarget() + " REF";
   if (element == TCIMValue::TCIMType::kNone) return "void";
   return TypeText(element);
 }
@@ -44,8 +41,12 @@ void AppendBeginning(std::string& text, const TDeclaration& declaration,
 void AppendProperty(std::string& text, const ICIMPropertyDecl& property) {
   const TCIMValue& value = property.GetDefaultValue({});
   const TCIMValue::TCIMType type = value.GetType();
-  const std::string head = "  " + MemberTypeText(type, value.GetReferencedClass()) + ' ' +
-                           property.GetName({}) + ArrayText(type);
+  const auto getTarget = [&value] {
+    const auto target = value.GetReferencedClass();
+    return target ? target->GetName({}) : "object";
+  };
+  const std::string head =
+      "  " + MemberTypeText(type, getTarget) + ' ' + property.GetName({}) + ArrayText(type);
   if (value.IsNull()) {
     text += head + ';';
   } else {
@@ -54,23 +55,27 @@ void AppendProperty(std::string& text, const ICIMPropertyDecl& property) {
   text += '\n';
 }
 
-void AppendParameter(std::string& text, const ICIMParameterDecl& parameter) {
+void AppendParameter(std::string& text, const ICIMMethodDecl& method,
+                     const ICIMParameterDecl& parameter, const TMofReferenceClasses& classes) {
   const TCIMValue::TCIMType type = parameter.GetType({});
   TMofQualifierText::AppendList(text, parameter, true, kParameterMargin);
-  text += std::string(kParameterMargin, ' ') + MemberTypeText(type, {}) + ' ' +
-          parameter.GetName({}) + ArrayText(type);
+  const std::string& name = parameter.GetName({});
+  text += std::string(kParameterMargin, ' ') +
+          MemberTypeText(type, [&] { return classes.Get(method, name); }) + ' ' + name +
+          ArrayText(type);
 }
 
-void AppendMethod(std::string& text, ICIMMethodDecl& method) {
+void AppendMethod(std::string& text, ICIMMethodDecl& method, const TMofReferenceClasses& classes) {
   const TCIMValue::TCIMType type = method.GetReturnType({});
-  text += "  " + MemberTypeText(type, {}) + ArrayText(type) + ' ' + method.GetName({}) + '(';
+  text += "  " + MemberTypeText(type, [&] { return classes.Get(method, ""); }) + ArrayText(type) +
+          ' ' + method.GetName({}) + '(';
   const char* separator = "\n";
   for (const auto& parameter :
        ListElements<ICIMParameterDecl>([&method](TCIMParameterDeclCallback callback) {
          method.EnumerateParameterDecls(callback, {});
        })) {
     text += separator;
-    AppendParameter(text, *parameter);
+    AppendParameter(text, method, *parameter, classes);
     separator = ",\n";
   }
   text += ");\n";
@@ -90,7 +95,8 @@ void AppendHead(std::string& text, const ICIMClass& cimClass) {
 
 }  // namespace
 
-void TMofClassText::Append(std::string& text, const ICIMClass& cimClass, bool isInherited) {
+void TMofClassText::Append(std::string& text, const ICIMClass& cimClass, bool isInherited,
+                           const TMofReferenceClasses& referenceClasses) {
   TMofQualifierText::AppendList(text, cimClass, isInherited, 0);
   AppendHead(text, cimClass);
   for (const auto& property :
@@ -107,7 +113,7 @@ void TMofClassText::Append(std::string& text, const ICIMClass& cimClass, bool is
        })) {
     if (!IsWritten(*method, cimClass, isInherited)) continue;
     AppendBeginning(text, *method, cimClass);
-    AppendMethod(text, *method);
+    AppendMethod(text, *method, referenceClasses);
   }
   text += "};\n";
 }

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "IsShown.h"
 #include "TCIMDateTime.h"
 #include "TCIMReference.h"
 
@@ -18,6 +19,7 @@ constexpr std::size_t kWidth = 80;
 constexpr std::size_t kUnlimited = std::numeric_limits<std::size_t>::max();
 
 constexpr unsigned kReplacement = 0xFFFD;
+constexpr unsigned kRawByte = 0xDC00;  ///< a byte is taken for the half of a pair that it makes
 
 using TPieces = std::vector<std::string>;
 
@@ -45,7 +47,8 @@ std::string Escape(char character, char quote) {
   return HexEscape(static_cast<unsigned char>(character));
 }
 
-/// NUL and bytes that are no UTF-8 would make the text unreadable.
+/// What a terminal would obey is escaped; NUL, and bytes that are no UTF-8, would make the text
+/// unreadable.
 std::string EscapeText(const char* next, const char* end) {
   using TUtf8 = boost::locale::utf::utf_traits<char>;
   std::string escaped;
@@ -56,10 +59,12 @@ std::string EscapeText(const char* next, const char* end) {
       escaped += HexEscape(kReplacement);
     } else if (code < 0x80) {
       escaped += Escape(*start, '"');
-    } else if (boost::locale::utf::is_valid_codepoint(code)) {
+    } else if (IsShown(code)) {
       escaped.append(start, next);
+    } else if (boost::locale::utf::is_valid_codepoint(code)) {
+      escaped += HexEscape(code);
     } else {
-      escaped += HexEscape(static_cast<unsigned char>(*start));
+      escaped += HexEscape(kRawByte + static_cast<unsigned char>(*start));
       next = start + 1;
     }
   }
@@ -88,10 +93,8 @@ TPieces TextPieces(const std::string& text, std::size_t width) {
 
 std::string CharacterText(const TCIMValue& value) {
   const auto code = static_cast<char16_t>(value);
-  const bool isHalf = code >= 0xD800 && code <= 0xDFFF;
-  const std::string character = value.ToString(10);
-  if (isHalf) return '\'' + HexEscape(code) + '\'';
-  return '\'' + (code < 0x80 ? Escape(character[0], '\'') : character) + '\'';
+  if (code < 0x80) return '\'' + Escape(static_cast<char>(code), '\'') + '\'';
+  return '\'' + (IsShown(code) ? value.ToString(10) : HexEscape(code)) + '\'';
 }
 
 /// With a point, which tells it from an integer.

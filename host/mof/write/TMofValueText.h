@@ -9,11 +9,11 @@ namespace NZELVYR20 {
 
 /// Values as MOF, in lines of eighty columns where words and names allow that.
 ///
-/// Texts and characters keep what is printable and escape the rest; in a text, a byte that is no
-/// UTF-8 becomes the character of its number, and NUL, which MOF forbids there, U+FFFD. A text in
-/// several pieces ends each but the last after a blank or a line's end. Reals read back to the
-/// same value. Infinity and "not a number" have no literal: NULL stands for them, with a comment
-/// that says so.
+/// Texts and characters keep what IsShown() and escape the rest. In a text, a byte NN that is no
+/// UTF-8 becomes \xDCNN, which is half of a character to others and reads back as the byte here,
+/// and NUL, which MOF forbids there, U+FFFD. A text in several pieces ends each but the last after
+/// a blank or a line's end. Reals read back to the same value. Infinity and "not a number" have no
+/// literal: NULL stands for them, with a comment that says so.
 class TMofValueText {
  public:
   TMofValueText() = delete;

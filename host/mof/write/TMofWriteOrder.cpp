@@ -113,13 +113,11 @@ std::vector<const ICIMInstance*> ListReferredInstances(ICIMInstance& instance) {
 
 TClassList TMofWriteOrder::ListClasses(ICIMNamespace& nameSpace) {
   const TTree tree(nameSpace);
-  const TClassList classes = Arrange(tree.GetClasses(), [&tree](const ICIMClass& cimClass) {
+  return Arrange(tree.GetClasses(), [&tree](const ICIMClass& cimClass) {
     TNeededClasses needed = tree.GetElders(cimClass);
     AppendReferencedClasses(needed, cimClass);
     return needed;
   });
-  // A circle of references may have put a class before its superclass.
-  return Arrange(classes, [&tree](const ICIMClass& cimClass) { return tree.GetElders(cimClass); });
 }
 
 TMofWriteOrder::TInstanceList TMofWriteOrder::ListInstances(const TClassList& classes) {

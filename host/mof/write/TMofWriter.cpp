@@ -29,9 +29,10 @@ void AppendInstance(std::string& text, ICIMInstance& instance) {
 
 }  // namespace
 
-std::string TMofWriter::WriteClass(const boost::shared_ptr<ICIMClass>& cimClass, bool isInherited) {
+std::string TMofWriter::WriteClass(const boost::shared_ptr<ICIMClass>& cimClass, bool isInherited,
+                                   const TMofReferenceClasses& referenceClasses) {
   std::string text;
-  TMofClassText::Append(text, *cimClass, isInherited);
+  TMofClassText::Append(text, *cimClass, isInherited, referenceClasses);
   return text;
 }
 
@@ -48,7 +49,8 @@ std::string TMofWriter::WriteInstance(const boost::shared_ptr<ICIMInstance>& ins
   return text;
 }
 
-std::string TMofWriter::WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
+std::string TMofWriter::WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                                       const TMofReferenceClasses& referenceClasses) {
   std::string text;
   const auto separate = [&text] { text += text.empty() ? "" : "\n"; };
   for (const auto& declaration :
@@ -61,7 +63,7 @@ std::string TMofWriter::WriteNamespace(const boost::shared_ptr<ICIMNamespace>& n
   const TClassList classes = TMofWriteOrder::ListClasses(*nameSpace);
   for (const auto& cimClass : classes) {
     separate();
-    TMofClassText::Append(text, *cimClass, false);
+    TMofClassText::Append(text, *cimClass, false, referenceClasses);
   }
   for (const auto& instance : TMofWriteOrder::ListInstances(classes)) {
     separate();

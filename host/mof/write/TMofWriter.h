@@ -7,14 +7,16 @@
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
 #include "ICIMQualifierDecl.h"
+#include "TMofReferenceClasses.h"
 
 namespace NZELVYR20 {
 
 /// Writes elements as MOF that reads back to an equal namespace, laid out for people.
 ///
 /// What MOF has no words for is lost: infinite reals and such as are no number become null; a
-/// parameter's or a result's reference names no class; a qualifier's value takes the declared
-/// type; a declaration or qualifier that was taken away from a class is there again.
+/// qualifier's value takes the declared type; a declaration or qualifier that was taken away from a
+/// class is there again. A parameter's or a result's reference is one to any object unless
+/// `referenceClasses` knows its class.
 class TMofWriter {
  public:
   TMofWriter() = delete;
@@ -22,7 +24,8 @@ class TMofWriter {
   /// A class with what it declared itself, under its superclass. With `isInherited` it has in
   /// addition, for people to read, the declarations that it took over, each marked with the class
   /// it comes from, and the qualifiers that were passed down to it.
-  static std::string WriteClass(const boost::shared_ptr<ICIMClass>& cimClass, bool isInherited);
+  static std::string WriteClass(const boost::shared_ptr<ICIMClass>& cimClass, bool isInherited,
+                                const TMofReferenceClasses& referenceClasses);
 
   static std::string WriteQualifierDecl(const boost::shared_ptr<ICIMQualifierDecl>& declaration);
 
@@ -32,7 +35,8 @@ class TMofWriter {
 
   /// Everything: qualifier declarations, then classes after those that they need, then instances
   /// after those to which they refer.
-  static std::string WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace);
+  static std::string WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                                    const TMofReferenceClasses& referenceClasses);
 };
 
 }  // namespace NZELVYR20

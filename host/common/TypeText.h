@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sstream>
 #include <string>
 
 #include "TCIMValue.h"
@@ -7,6 +8,10 @@
 namespace NZELVYR20 {
 
 /// The word of MOF for the type, with "[]" after it for arrays.
-std::string TypeText(TCIMValue::TCIMType type);
+inline std::string TypeText(TCIMValue::TCIMType type) {
+  std::ostringstream text;
+  text << type;
+  return text.str();
+}
 
 }  // namespace NZELVYR20

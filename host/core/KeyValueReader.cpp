@@ -2,10 +2,11 @@
 
 #include <charconv>
 #include <cstdint>
-#include <sstream>
 
+#include "FoldName.h"
 #include "PathText.h"
 #include "TCIMDateTime.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 
@@ -103,12 +104,6 @@ TCIMValue ReadQuotedKeyValue(TType type, const std::string& text) {
     default:
       Refuse(type, QuoteText(text));
   }
-}
-
-std::string TypeText(TType type) {
-  std::ostringstream stream;
-  stream << type;
-  return stream.str();
 }
 
 }  // namespace NZELVYR20

@@ -15,7 +15,4 @@ TCIMValue ReadBareKeyValue(TCIMValue::TCIMType type, const std::string& text);
 /// left to the parser. Throws std::invalid_argument likewise.
 TCIMValue ReadQuotedKeyValue(TCIMValue::TCIMType type, const std::string& text);
 
-/// The type's word, as messages show it.
-std::string TypeText(TCIMValue::TCIMType type);
-
 }  // namespace NZELVYR20

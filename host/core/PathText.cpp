@@ -63,13 +63,6 @@ bool IsNamePart(char character) noexcept {
   return IsNameStart(character) || (character >= '0' && character <= '9');
 }
 
-std::string FoldName(std::string name) {
-  for (char& character : name) {
-    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 'a' - 'A');
-  }
-  return name;
-}
-
 std::string QuoteText(const std::string& text) {
   std::string quoted;
   quoted.reserve(text.size() + 2);

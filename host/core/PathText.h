@@ -16,9 +16,6 @@ enum class EPathForm {
 bool IsNameStart(char character) noexcept;
 bool IsNamePart(char character) noexcept;
 
-/// The name in lower case. CIM names are plain ASCII; other bytes stay.
-std::string FoldName(std::string name);
-
 /// The text in quotes, with quotes and back-slashes escaped.
 std::string QuoteText(const std::string& text);
 

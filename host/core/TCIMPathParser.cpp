@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "FoldName.h"
 #include "ICIMClass.h"
 #include "ICIMNamespace.h"
 #include "ICIMPropertyDecl.h"

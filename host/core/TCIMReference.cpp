@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "FoldName.h"
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"

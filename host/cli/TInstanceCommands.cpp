@@ -40,10 +40,9 @@ std::string Summary(ICIMInstance& instance) {
 }
 
 std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
-  std::vector<std::string> parts;
-  for (const auto& instance : instances) parts.push_back(Summary(*instance));
-  return cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")\n" +
-         TText::Join(parts, "\n");
+  std::string text = cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")";
+  for (const auto& instance : instances) text += '\n' + Summary(*instance);
+  return text;
 }
 
 std::string Marks(const ICIMProperty& property, bool isKey) {
@@ -60,12 +59,12 @@ TInstanceCommands::TInstanceCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(std::move(nameSpace)) {}
 
 std::string TInstanceCommands::Overview() const {
-  std::vector<std::string> sections;
+  std::string text;
   for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
     const TInstanceList instances = ListInstances(*cimClass, false);
-    if (!instances.empty()) sections.push_back(Section(*cimClass, instances));
+    if (!instances.empty()) text += (text.empty() ? "" : "\n") + Section(*cimClass, instances);
   }
-  return TText::Join(sections, "\n");
+  return text;
 }
 
 std::string TInstanceCommands::List(const std::string& className, bool deep) const {

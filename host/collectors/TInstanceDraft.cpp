@@ -61,8 +61,9 @@ TInstanceDraft& TInstanceDraft::SetCodes(const std::string& name,
   return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kUInt16, std::move(elements)));
 }
 
-std::optional<TCIMReference> TInstanceDraft::AddToNamespace() {
-  instance_->AddToNamespace({});
+void TInstanceDraft::Add() const { instance_->AddToNamespace({}); }
+
+std::optional<TCIMReference> TInstanceDraft::FindPath() const {
   // A refused instance is only logged, so that the one way to know is to ask for it.
   TCIMReference path = instance_->GetReference({});
   if (namespace_->GetInstance(path, {}) != instance_) return std::nullopt;

@@ -57,11 +57,10 @@ void TFileSystems::Add(const TFileSystemFacts& facts) {
       .Set("PersistenceType", GetPersistence(facts.kind))
       .SetCode("EnabledState", 2);
   SetSizes(draft, facts);
-  const std::optional<TCIMReference> path =
-      collection_.AddPart(std::move(draft), "CIM_HostedFileSystem");
+  const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_HostedFileSystem");
   const std::optional<TCIMReference> extent = FindExtent(facts.mount.source);
   if (path && extent && facts.kind == TFileSystemFacts::kOnDevice) {
-    collection_.Add(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
+    collection_.Link(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
   }
 }
 

@@ -76,7 +76,7 @@ class MachineCollector : public testing::Test {
 TEST_F(MachineCollector, AddsAllThatThereIs) {
   const std::pair<const char*, std::size_t> rows[] = {
       {"CIM_Processor", 2},        {"CIM_ProcessorCore", 4},        {"CIM_Memory", 7},
-      {"CIM_NetworkPort", 3},      {"CIM_EthernetPort", 2},         {"CIM_DiskDrive", 3},
+      {"CIM_NetworkPort", 3},      {"CIM_EthernetPort", 2},         {"CIM_MediaAccessDevice", 3},
       {"CIM_LogicalDisk", 3},      {"CIM_DiskPartition", 2},        {"CIM_PCIDevice", 1},
       {"CIM_FileSystem", 6},       {"CIM_SystemDevice", 21},        {"CIM_InstalledOS", 1},
       {"CIM_HostedFileSystem", 6}, {"CIM_ConcreteComponent", 4},    {"CIM_ResidesOnExtent", 3},

@@ -35,12 +35,12 @@ const std::pair<const char*, const char*> kFiles[] = {
     {"/sys/block/sdb/device/", ""},
     {"/sys/block/dm-0/slaves/sda2/", ""},
     {"/sys/block/md0/slaves/dm-0/", ""},
-    {"/proc/filesystems", "nodev\tproc\nnodev\ttmpfs\nnodev\tnfs4\n\text4\n"},
+    {"/proc/filesystems", "nodev\tproc\nnodev\ttmpfs\nnodev\tnfs4\n\text4\n\tbtrfs\n"},
     {"/proc/mounts",
      "proc /proc proc rw 0 0\n/dev/disk/by-uuid/1234 / ext4 ro 0 0\n"
-     "/dev/mapper/vault /my\\040files ext4 rw 0 0\ntmpfs /run tmpfs rw 0 0\n"
+     "/dev/mapper/vault /my\\040files btrfs rw 0 0\ntmpfs /run tmpfs rw 0 0\n"
      "srv:/all /net nfs4 rw 0 0\n/dev/gone /gone ext4 rw 0 0\n"
-     "/dev/mapper/vault /again ext4 rw 0 0\n"},
+     "/dev/mapper/vault /again btrfs rw,subvolid=5,subvol=/@again 0 0\n"},
 };
 
 }  // namespace

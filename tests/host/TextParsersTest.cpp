@@ -71,8 +71,8 @@ TEST(TextParsers, Processors) {
        {"ARM, no record", "Processor : v6\nCPU architecture: 6TEJ\n", "#0 ,v6, - - - 32 =280\n"},
        {"ARM, by numbers: the known part says more than the name",
         "processor : 0\nmodel name : v8\nCPU implementer : 0x41\nCPU part : 0xd08\n\n"
-        "processor : 1\nmodel name : v8\nCPU implementer : 0x48\nCPU part : 0xfff\n",
-        "#0 ARM,Cortex-A72, - - - - =1\n#1 HiSilicon,v8, - - - - =1\n"},
+        "processor : 1\nmodel name : v8\nCPU implementer : 0x48\nCPU part : 0x0ff\n",
+        "#0 ARM,Cortex-A72, - - - - =1\n#1 HiSilicon,HiSilicon part 0x0ff, - - - - =1\n"},
        {"POWER", "processor : 8\ncpu : POWER9\nclock : 3800.0MHz\n",
         "#8 ,POWER9, - - 3800 - =32\n"},
        {"RISC-V", "processor\t: 3\nisa\t\t: rv64imafdc\n", "#3 ,, - - - 64 =1\n"},
@@ -192,10 +192,13 @@ TEST(TextParsers, BlockDevices) {
   EXPECT_EQ("1.0 KiB (1024 bytes)", DescribeSize(1024));
   EXPECT_EQ("465.7 GiB (500107862016 bytes)", DescribeSize(500107862016));
   EXPECT_EQ("15.9 EiB (18446744073709551615 bytes)", DescribeSize(18446744073709551615U));
-  EXPECT_EQ("Optical drive", FindMediaDrive("sr10", ""));
-  EXPECT_EQ("Floppy drive", FindMediaDrive("fd0", ""));
-  EXPECT_EQ("", FindMediaDrive("sda", "0"));
-  EXPECT_EQ("", FindMediaDrive("sram", ""));
+  const std::set<std::string> drives = ParseDvdDrives(
+      "CD-ROM information\n\ndrive name:\t\tsr1\tsr10\nCan read MRW:\t1\t1\nCan read DVD:\t0\t1");
+  EXPECT_EQ("CIM_DVDDrive", FindDriveClass("sr10", "", drives));
+  EXPECT_EQ("CIM_CDROMDrive", FindDriveClass("sr1", "", drives));
+  EXPECT_EQ("CIM_DisketteDrive", FindDriveClass("fd0", "", {}));
+  EXPECT_EQ("CIM_DiskDrive", FindDriveClass("sda", "0", {}));
+  EXPECT_EQ("CIM_DiskDrive", FindDriveClass("sram", "", {}));
   EXPECT_EQ("Encrypted volume", ParseMapperKind("CRYPT-LUKS2-0-x"));
   const auto summarize = [](const std::string& state) {
     const TArrayState array = ParseArrayState(state, state == "broken" ? "2" : "0", "3", "idle");
@@ -212,7 +215,7 @@ TEST(TextParsers, Mounts) {
     std::string summary;
     for (const TMount& mount : ParseMounts(text)) {
       summary += mount.source + '|' + mount.mountPoint + '|' + mount.type +
-                 (mount.isReadOnly ? "|ro;" : "|rw;");
+                 (mount.isReadOnly ? "|ro" : "|rw") + mount.subvolume + ';';
     }
     return summary;
   };
@@ -222,6 +225,8 @@ TEST(TextParsers, Mounts) {
          {"a back-slash that is no escape", "a\\04 /b\\ c ro,x 0 0", "a\\04|/b\\|c|ro;"},
          {"digits that are not octal", "a\\089 /b c rodeo 0 0", "a\\089|/b|c|rw;"},
          {"CR LF", "a /a t rw 0 0\r\nb /b t ro 0 0", "a|/a|t|rw;b|/b|t|ro;"},
+         {"a part of the file system", "a /b c ro,sub=1,subvol=/@my\\040home,rw 0 0",
+          "a|/b|c|ro/@my home;"},
          {"cut off before the options", "tmpfs /run tmpfs", ""}});
 }
 

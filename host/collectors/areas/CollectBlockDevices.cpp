@@ -1,3 +1,4 @@
+#include <set>
 #include <utility>
 
 #include "BlockDeviceText.h"
@@ -29,7 +30,9 @@ struct TDevice {
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
-  explicit TBlockDevices(TCollection& collection) : collection_(collection) {}
+  explicit TBlockDevices(TCollection& collection)
+      : collection_(collection),
+        dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))) {}
 
   void AddDevice(const std::string& name, TMachineFolder folder);
   /// Links devices that the kernel makes from others, when all of them have been added.
@@ -45,6 +48,7 @@ class TBlockDevices {
   void LinkPartition(const std::string& disk, const TDevice& partition);
 
   TCollection& collection_;
+  std::set<std::string> dvdDrives_;
   TExtents extents_;
   std::vector<std::pair<std::string, std::string>> layers_;  ///< each with one of what is below it
 };
@@ -81,19 +85,18 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
   const TMachineFolder folder = drive.folder.Enter("device");
   const std::string model = folder.ReadValue("model");
   const std::string vendor = GetVendorName(folder.ReadValue("vendor"));
-  const std::string media = FindMediaDrive(drive.name, folder.ReadValue("type"));
+  const std::string className = FindDriveClass(drive.name, folder.ReadValue("type"), dvdDrives_);
   const bool isRemovable = drive.folder.ReadValue("removable") == "1";
   std::vector<unsigned> capabilities = {3};
   if (drive.readOnly == "0") capabilities.push_back(4);
   if (isRemovable) capabilities.push_back(7);
 
-  TInstanceDraft draft = collection_.DraftDevice("CIM_DiskDrive", drive.name);
+  TInstanceDraft draft = collection_.DraftDevice(className, drive.name);
   draft.Set("Name", GetDeviceFile(drive.name))
       .Set("ElementName", model.empty() ? drive.name : model)
-      .SetText("Description",
-               media.empty() || vendor.empty() ? media + vendor : media + ", " + vendor)
-      .SetCode("DiskType", media.empty() ? ParseDiskType(rotational) : kOther)
+      .SetText("Description", vendor)
       .SetCodes("Capabilities", capabilities);
+  if (className == "CIM_DiskDrive") draft.SetCode("DiskType", ParseDiskType(rotational));
   const std::string state = folder.ReadValue("state");
   if (const auto code = ParseDriveState(state)) {
     draft.SetCodes("OperationalStatus", {*code});

@@ -51,6 +51,8 @@ void TFileSystems::Add(const TFileSystemFacts& facts) {
   TInstanceDraft draft = collection_.DraftElement(
       isRemote ? "CIM_RemoteFileSystem" : "CIM_LocalFileSystem", facts.mount.mountPoint);
   draft.SetText("ElementName", facts.mount.source)
+      .SetText("Description",
+               facts.mount.subvolume.empty() ? "" : "Subvolume " + facts.mount.subvolume)
       .Set("Root", facts.mount.mountPoint)
       .Set("FileSystemType", facts.mount.type)
       .Set("ReadOnly", facts.mount.isReadOnly)

@@ -1,5 +1,6 @@
 #include "TInstanceDraft.h"
 
+#include "DeclarationText.h"
 #include "ICIMClass.h"
 #include "ICIMPropertyDecl.h"
 #include "TVYRException.h"
@@ -18,7 +19,7 @@ std::string NamePropertyType(const ICIMClass& cimClass, const std::string& name)
 
 TInstanceDraft::TSlip DescribeSlip(const ICIMClass& cimClass, const std::string& name,
                                    const TCIMValue& value) {
-  return {cimClass.GetName({}) + '.' + name + " (" + NamePropertyType(cimClass, name) + ')',
+  return {DeclarationText(cimClass.GetName({}), name, NamePropertyType(cimClass, name)),
           "the value is " + TypeText(value.GetType()) + ' ' + value.ToString(10)};
 }
 

@@ -26,23 +26,27 @@ TInstanceList ListInstances(ICIMClass& cimClass, bool deep) {
   });
 }
 
-/// The path and what is not null. An association goes without its path, which would only repeat the
-/// references below it.
-std::string Summary(ICIMInstance& instance) {
-  const bool isAssociation = instance.GetClass({})->IsAssociation({});
+/// Adds the path and what is not null. An association goes without its path, which would only
+/// repeat the references below it.
+void AppendSummary(std::string& text, ICIMInstance& instance, bool isAssociation) {
+  if (!isAssociation) text += "  " + TPrinter::PathText(instance) + '\n';
   TTable table(isAssociation ? 2 : 4);
   for (const auto& property : TInstanceReader::ListProperties(instance)) {
     if (!property->GetValue({}).IsNull()) {
       table.AddRow({TInstanceReader::NameOf(*property), TPrinter::PropertyText(*property)});
     }
   }
-  return (isAssociation ? "" : "  " + TPrinter::PathText(instance) + "\n") + table.ToString();
+  table.AppendTo(text);
 }
 
-std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
-  std::string text = cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")";
-  for (const auto& instance : instances) text += '\n' + Summary(*instance);
-  return text;
+void AppendSection(std::string& text, const ICIMClass& cimClass, const TInstanceList& instances) {
+  const bool isAssociation = cimClass.IsAssociation({});
+  text += (text.empty() ? "" : "\n") + cimClass.GetName({}) + " (" +
+          TText::Count(instances.size(), "instance") + ")";
+  for (const auto& instance : instances) {
+    text += '\n';
+    AppendSummary(text, *instance, isAssociation);
+  }
 }
 
 std::string Marks(const ICIMProperty& property, bool isKey) {
@@ -62,7 +66,7 @@ std::string TInstanceCommands::Overview() const {
   std::string text;
   for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
     const TInstanceList instances = ListInstances(*cimClass, false);
-    if (!instances.empty()) text += (text.empty() ? "" : "\n") + Section(*cimClass, instances);
+    if (!instances.empty()) AppendSection(text, *cimClass, instances);
   }
   return text;
 }

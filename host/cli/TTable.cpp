@@ -43,10 +43,14 @@ std::vector<std::size_t> TTable::MeasureColumns() const {
   return widths;
 }
 
-std::string TTable::ToString() const {
+void TTable::AppendTo(std::string& text) const {
   const std::vector<std::size_t> widths = MeasureColumns();
-  std::string text;
   for (const auto& row : rows_) AppendLine(text, row, widths, indent_);
+}
+
+std::string TTable::ToString() const {
+  std::string text;
+  AppendTo(text);
   return text;
 }
 

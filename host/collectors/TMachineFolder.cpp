@@ -61,14 +61,14 @@ std::string TMachineFolder::ReadValue(std::string_view name) const {
 
 bool TMachineFolder::HasFolder(std::string_view name) const {
   const TFolderEntry* entry = Find(name);
-  if (!entry || !IsUnclear(*entry)) return entry && entry->kind == DT_DIR;
-  return files_.IsFolder(path_ + entry->name);
+  if (!entry) return false;
+  return IsUnclear(*entry) ? files_.IsFolder(path_ + entry->name) : entry->kind == DT_DIR;
 }
 
 TMachineFolder TMachineFolder::Enter(std::string_view name) const {
   const TFolderEntry* entry = Find(name);
   if (entry && IsUnclear(*entry)) return {files_, path_ + entry->name};
-  const bool isFolder = entry && entry->kind == DT_DIR;
+  const bool isFolder = entry != nullptr && entry->kind == DT_DIR;
   return {files_, path_ + std::string(name) + '/',
           isFolder ? Open(*entry, O_DIRECTORY) : TDescriptor()};
 }

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "DeclarationText.h"
 #include "FoldName.h"
 #include "ICIMPropertyDecl.h"
 #include "ListElements.h"
@@ -15,6 +16,7 @@
 #include "TPrinter.h"
 #include "TSuggestion.h"
 #include "TVYRException.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -45,8 +47,12 @@ std::vector<TEnd> ListEnds(ICIMInstance& association) {
   return ends;
 }
 
+bool IsSameName(const std::string& left, const std::string& right) {
+  return FoldName(left) == FoldName(right);
+}
+
 bool HasRole(const TEnd& end, const std::string& role) {
-  return role.empty() || FoldName(end.role) == FoldName(role);
+  return role.empty() || IsSameName(end.role, role);
 }
 
 TInstanceList ListAssociations(ICIMInstance& source, const std::string& className) {
@@ -76,13 +82,18 @@ bool StandsAt(const TInstancePtr& source, ICIMInstance& association, const std::
                      [&](const TEnd& end) { return end.instance == source && HasRole(end, role); });
 }
 
-void AddReferenceNames(ICIMClass& association, std::set<std::string>& names) {
+/// The names of references, and in `other` the first property that has the role's name and is none.
+void AddReferenceNames(ICIMClass& association, const std::string& role,
+                       std::set<std::string>& names, std::string& other) {
   for (const auto& declaration :
        ListElements<ICIMPropertyDecl>([&association](const TCIMPropertyDeclCallback& callback) {
          association.EnumeratePropertyDecls(callback, {});
        })) {
+    const std::string name = declaration->GetName({});
     if (declaration->GetType({}) == TCIMValue::TCIMType::kReference) {
-      names.insert(declaration->GetName({}));
+      names.insert(name);
+    } else if (other.empty() && IsSameName(name, role)) {
+      other = DeclarationText(association.GetName({}), name, TypeText(declaration->GetType({})));
     }
   }
 }
@@ -110,19 +121,21 @@ std::string TAssociationCommands::ResolveAssociation(const std::string& classNam
 void TAssociationCommands::CheckRole(const std::string& role, const std::string& className) const {
   if (role.empty()) return;
   std::set<std::string> known;
+  std::string other;
   for (const auto& cimClass :
        TClassTree::Flatten(className.empty() ? TClassTree::GetTopClasses(*namespace_)
                                              : TClassList{finder_.FindClass(className)})) {
-    if (cimClass->IsAssociation({})) AddReferenceNames(*cimClass, known);
+    if (cimClass->IsAssociation({})) AddReferenceNames(*cimClass, role, known, other);
   }
-  const bool isKnown = std::any_of(known.begin(), known.end(), [&role](const std::string& name) {
-    return FoldName(name) == FoldName(role);
-  });
-  if (!isKnown) {
-    throw TCommandError((className.empty() ? "no association has a reference "
-                                           : "association " + className + " has no reference ") +
-                        role + TSuggestion::For(role, {known.begin(), known.end()}));
+  if (std::any_of(known.begin(), known.end(),
+                  [&role](const std::string& name) { return IsSameName(name, role); })) {
+    return;
   }
+  throw TCommandError((className.empty() ? "no association has a reference "
+                                         : "association " + className + " has no reference ") +
+                      role +
+                      (other.empty() ? TSuggestion::For(role, {known.begin(), known.end()})
+                                     : "; " + other + " is none"));
 }
 
 std::string TAssociationCommands::Associators(const TTraversal& traversal) const {

@@ -1,16 +1,21 @@
 #include "TElementFinder.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "FoldName.h"
+#include "ICIMPropertyDecl.h"
 #include "TClassTree.h"
 #include "TInstanceReader.h"
 #include "TScopedSilence.h"
 #include "TSuggestion.h"
 #include "TText.h"
+#include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -37,9 +42,43 @@ bool Lacks(TCIMReference path, const std::string& key) {
   return path.ToString().size() > given.size() && path.ToString().rfind(given, 0) == 0;
 }
 
-/// "2 keys: Name, SystemName".
-std::string KeysText(const std::vector<std::string>& keys) {
-  return TText::Count(keys.size(), "key") + ": " + TText::Join(keys, ", ");
+/// "2 keys: string Name, uint32 Number".
+std::string KeysText(const ICIMClass& cimClass, const std::vector<std::string>& keys) {
+  std::vector<std::string> declared;
+  for (const std::string& key : keys) {
+    declared.push_back(TypeText(cimClass.GetPropertyDecl(key, {})->GetType({})) + ' ' + key);
+  }
+  return TText::Count(keys.size(), "key") + ": " + TText::Join(declared, ", ");
+}
+
+/// What a path gives values to: what stands before each "=" that is not in quotes.
+std::vector<std::string> ListGivenKeys(const std::string& path) {
+  std::vector<std::string> names(1);
+  bool isQuoted = false;
+  for (std::size_t i = std::min(path.find('.'), path.size()); i < path.size(); ++i) {
+    const char letter = path[i];
+    if (isQuoted && letter == '\\') ++i;
+    if (letter == '"') isQuoted = !isQuoted;
+    if (isQuoted || letter == ' ') continue;
+    if (letter == '=') {
+      names.emplace_back();
+    } else {
+      names.back() = letter == ',' || letter == '.' ? std::string() : names.back() + letter;
+    }
+  }
+  names.pop_back();
+  return names;
+}
+
+/// What may have been meant by the first that is no key.
+std::string SuggestKey(const std::string& path, const std::set<std::string>& keys) {
+  std::set<std::string> known;
+  for (const std::string& key : keys) known.insert(FoldName(key));
+  for (const std::string& name : ListGivenKeys(path)) {
+    if (known.count(FoldName(name)) > 0) continue;
+    return TSuggestion::For(name, {keys.begin(), keys.end()});
+  }
+  return "";
 }
 
 TCommandError InstanceError(const TCIMReference& path) {
@@ -47,8 +86,9 @@ TCommandError InstanceError(const TCIMReference& path) {
   for (const std::string& key : TInstanceReader::ListKeyNames(*path.GetClass())) {
     if (Lacks(path, key)) missing.push_back(key);
   }
-  return TCommandError("no instance " + path.ToString() +
-                       (missing.empty() ? "" : ": the path lacks " + KeysText(missing)));
+  return TCommandError(
+      "no instance " + path.ToString() +
+      (missing.empty() ? "" : ": the path lacks " + KeysText(*path.GetClass(), missing)));
 }
 
 }  // namespace
@@ -69,7 +109,8 @@ std::string TElementFinder::KeysNote(const std::string& path) const {
   try {
     const auto cimClass = namespace_->GetClass(ClassPart(path), {});
     const std::set<std::string> keys = TInstanceReader::ListKeyNames(*cimClass);
-    return " (" + cimClass->GetName({}) + " has " + KeysText({keys.begin(), keys.end()}) + ")";
+    return " (" + cimClass->GetName({}) + " has " +
+           KeysText(*cimClass, {keys.begin(), keys.end()}) + ")" + SuggestKey(path, keys);
   } catch (const TVYRException&) {
     return "";
   }

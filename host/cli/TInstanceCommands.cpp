@@ -26,24 +26,27 @@ TInstanceList ListInstances(ICIMClass& cimClass, bool deep) {
   });
 }
 
-/// The path and what is not null. An association goes without its path, which would only repeat the
-/// references below it.
-std::string Summary(ICIMInstance& instance) {
-  const bool isAssociation = instance.GetClass({})->IsAssociation({});
+/// Adds the path and what is not null. An association goes without its path, which would only
+/// repeat the references below it.
+void AppendSummary(std::string& text, ICIMInstance& instance, bool isAssociation) {
+  if (!isAssociation) text += "  " + TPrinter::PathText(instance) + '\n';
   TTable table(isAssociation ? 2 : 4);
   for (const auto& property : TInstanceReader::ListProperties(instance)) {
     if (!property->GetValue({}).IsNull()) {
       table.AddRow({TInstanceReader::NameOf(*property), TPrinter::PropertyText(*property)});
     }
   }
-  return (isAssociation ? "" : "  " + TPrinter::PathText(instance) + "\n") + table.ToString();
+  table.AppendTo(text);
 }
 
-std::string Section(const ICIMClass& cimClass, const TInstanceList& instances) {
-  std::vector<std::string> parts;
-  for (const auto& instance : instances) parts.push_back(Summary(*instance));
-  return cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")\n" +
-         TText::Join(parts, "\n");
+void AppendSection(std::string& text, const ICIMClass& cimClass, const TInstanceList& instances) {
+  const bool isAssociation = cimClass.IsAssociation({});
+  text += (text.empty() ? "" : "\n") + cimClass.GetName({}) + " (" +
+          TText::Count(instances.size(), "instance") + ")";
+  for (const auto& instance : instances) {
+    text += '\n';
+    AppendSummary(text, *instance, isAssociation);
+  }
 }
 
 std::string Marks(const ICIMProperty& property, bool isKey) {
@@ -60,12 +63,12 @@ TInstanceCommands::TInstanceCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(std::move(nameSpace)) {}
 
 std::string TInstanceCommands::Overview() const {
-  std::vector<std::string> sections;
+  std::string text;
   for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
     const TInstanceList instances = ListInstances(*cimClass, false);
-    if (!instances.empty()) sections.push_back(Section(*cimClass, instances));
+    if (!instances.empty()) AppendSection(text, *cimClass, instances);
   }
-  return TText::Join(sections, "\n");
+  return text;
 }
 
 std::string TInstanceCommands::List(const std::string& className, bool deep) const {

@@ -17,6 +17,18 @@ boost::shared_ptr<ICIMQualifier> Find(const ICIMPropertyDecl& declaration,
   return declaration.GetQualifier(name, isFound, {});
 }
 
+bool IsNumber(const ICIMProperty& property) {
+  switch (property.GetType({})) {
+    case TCIMValue::TCIMType::kBoolean:
+    case TCIMValue::TCIMType::kString:
+    case TCIMValue::TCIMType::kDateTime:
+    case TCIMValue::TCIMType::kReference:
+      return false;
+    default:
+      return !property.GetValue({}).IsNull();
+  }
+}
+
 }  // namespace
 
 std::string TPrinter::PropertyText(const ICIMProperty& property) {
@@ -28,8 +40,9 @@ std::string TPrinter::PropertyText(const ICIMProperty& property) {
 
 std::string TPrinter::ScalarText(const ICIMProperty& property) {
   std::string text = property.ToString();
+  if (!IsNumber(property)) return text;
   const auto declaration = property.GetDeclaration({});
-  if (property.GetValue({}).IsNull() || Find(*declaration, "Values")) return text;
+  if (Find(*declaration, "Values")) return text;
   const auto units = Find(*declaration, "Units");
   if (units && units->GetValue({}).ToString(10) == "MegaHertz") return text + " MHz";
   const auto base = Find(*declaration, "Base");

@@ -49,7 +49,7 @@ std::string Render(const TInvocation& invocation, const boost::shared_ptr<ICIMNa
   return output;
 }
 
-int Execute(const TInvocation& invocation, const TMemoryWatch& watch) {
+int Execute(const TInvocation& invocation, const TMemoryWatch& watch, TProgram::TLeave leave) {
   if (invocation.needs == ENeeds::kNothing) return Finish(Render(invocation, {}, watch), {});
   if (invocation.options.logLevel) TRootObject::SetLogThreshold(*invocation.options.logLevel);
   const TScopedLogger visibly([](ICoreLogger& earlier, int level, const std::string& message) {
@@ -61,14 +61,15 @@ int Execute(const TInvocation& invocation, const TMemoryWatch& watch) {
   const std::string output = Render(invocation, repository.GetNamespace(), watch);
   const int status = Finish(
       output, invocation.options.isQuiet ? std::vector<TCollectorNote>() : repository.GetNotes());
+  if (leave) leave(isWhole ? status : 1);
   return isWhole ? status : 1;
 }
 
 /// Whatever the failure says, a lack of memory is the reason where there was one.
-int ExecuteAndReport(int argc, char** argv) {
+int ExecuteAndReport(int argc, char** argv, TProgram::TLeave leave) {
   const TMemoryWatch watch;
   try {
-    return Execute(TCommandLine::Parse(argc, argv), watch);
+    return Execute(TCommandLine::Parse(argc, argv), watch, leave);
   } catch (const TUsageError& error) {
     watch.Check();
     Report("error", error.what());
@@ -83,11 +84,11 @@ int ExecuteAndReport(int argc, char** argv) {
 
 }  // namespace
 
-int TProgram::Run(int argc, char** argv) {
+int TProgram::Run(int argc, char** argv, TLeave leave) {
   // A reader that has gone must show as a failed write, which can be told from others.
   std::signal(SIGPIPE, SIG_IGN);
   try {
-    return ExecuteAndReport(argc, argv);
+    return ExecuteAndReport(argc, argv, leave);
   } catch (const std::bad_alloc&) {
     TStandardStreams::WriteErrorText("vyrhost: error: out of memory\n");
     return 1;

@@ -13,7 +13,12 @@ class TProgram {
  public:
   TProgram() = delete;
 
-  static int Run(int argc, char** argv);
+  /// Ends the process; std::exit is one.
+  using TLeave = void (*)(int status);
+
+  /// `leave` is called, if there is one, with a repository still standing: what the system takes
+  /// back at once need not be taken apart first.
+  static int Run(int argc, char** argv, TLeave leave = nullptr);
 };
 
 }  // namespace NZELVYR20

@@ -12,15 +12,15 @@ namespace {
 
 constexpr std::size_t kGap = 2;
 
-std::string Line(const std::vector<std::string>& cells, const std::vector<std::size_t>& widths,
-                 std::size_t indent) {
-  std::string line(indent, ' ');
+void AppendLine(std::string& text, const std::vector<std::string>& cells,
+                const std::vector<std::size_t>& widths, std::size_t indent) {
+  text.append(indent, ' ');
   for (std::size_t column = 0; column < cells.size(); ++column) {
-    line += cells[column];
-    if (column + 1 < cells.size()) line.append(widths[column] - cells[column].size() + kGap, ' ');
+    text += cells[column];
+    if (column + 1 < cells.size()) text.append(widths[column] - cells[column].size() + kGap, ' ');
   }
-  line.erase(line.find_last_not_of(' ') + 1);
-  return line + "\n";
+  text.erase(text.find_last_not_of(' ') + 1);
+  text += '\n';
 }
 
 }  // namespace
@@ -43,10 +43,14 @@ std::vector<std::size_t> TTable::MeasureColumns() const {
   return widths;
 }
 
-std::string TTable::ToString() const {
+void TTable::AppendTo(std::string& text) const {
   const std::vector<std::size_t> widths = MeasureColumns();
+  for (const auto& row : rows_) AppendLine(text, row, widths, indent_);
+}
+
+std::string TTable::ToString() const {
   std::string text;
-  for (const auto& row : rows_) text += Line(row, widths, indent_);
+  AppendTo(text);
   return text;
 }
 

@@ -18,6 +18,7 @@ class TTable {
 
   /// One line for each row, without blanks at its end.
   std::string ToString() const;
+  void AppendTo(std::string& text) const;
 
  private:
   std::vector<std::size_t> MeasureColumns() const;

@@ -28,22 +28,34 @@ std::string Escape(unsigned char byte) {
   }
 }
 
+/// What every terminal shows as it is: nearly all that is ever printed.
+bool IsPlain(char letter) { return letter >= ' ' && letter <= '~'; }
+
+/// Adds the character at `next`, escaped where a terminal would obey it, and goes past it.
+void AppendEscaped(std::string& escaped, const char*& next, const char* end,
+                   std::string_view kept) {
+  const char* const start = next;
+  const std::uint32_t code = TUtf8::decode(next, end);
+  // Of broken UTF-8 one byte is taken at a time: the next may be a character.
+  if (!boost::locale::utf::is_valid_codepoint(code)) next = start + 1;
+  if (IsShown(code) || kept.find(*start) != std::string_view::npos) {
+    escaped.append(start, next);
+    return;
+  }
+  for (const char* byte = start; byte != next; ++byte) {
+    escaped += Escape(static_cast<unsigned char>(*byte));
+  }
+}
+
 /// The control characters in `kept` stay.
 std::string EscapeObeyed(const std::string& text, std::string_view kept) {
   std::string escaped;
   const char* const end = text.data() + text.size();
   for (const char* next = text.data(); next != end;) {
-    const char* const start = next;
-    const std::uint32_t code = TUtf8::decode(next, end);
-    // Of broken UTF-8 one byte is taken at a time: the next may be a character.
-    if (!boost::locale::utf::is_valid_codepoint(code)) next = start + 1;
-    if (IsShown(code) || kept.find(*start) != std::string_view::npos) {
-      escaped.append(start, next);
-    } else {
-      for (const char* byte = start; byte != next; ++byte) {
-        escaped += Escape(static_cast<unsigned char>(*byte));
-      }
-    }
+    const char* const plain = next;
+    next = std::find_if_not(plain, end, IsPlain);
+    escaped.append(plain, next);
+    if (next != end) AppendEscaped(escaped, next, end, kept);
   }
   return escaped;
 }

@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "TProgram.h"
 
-int main(int argc, char** argv) { return NZELVYR20::TProgram::Run(argc, argv); }
+int main(int argc, char** argv) { return NZELVYR20::TProgram::Run(argc, argv, std::exit); }

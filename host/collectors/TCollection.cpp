@@ -25,11 +25,10 @@ std::string TCollection::Read(const std::string& path) {
   return text.value_or(std::string());
 }
 
-std::vector<std::string> TCollection::List(const std::string& path) {
-  std::string why;
-  const std::optional<std::vector<std::string>> names = files_.List(path, why);
-  if (!names) Note(path, why);
-  return names.value_or(std::vector<std::string>());
+TMachineFolder TCollection::Enter(const std::string& path) {
+  TMachineFolder folder(files_, path);
+  if (!folder.GetReason().empty()) Note(path, folder.GetReason());
+  return folder;
 }
 
 TInstanceDraft TCollection::Draft(const std::string& className) const {
@@ -54,23 +53,28 @@ TInstanceDraft TCollection::DraftElement(const std::string& className,
       .Set("Name", name);
 }
 
-std::optional<TCIMReference> TCollection::Add(TInstanceDraft draft) {
-  std::optional<TCIMReference> path = draft.AddToNamespace();
+void TCollection::Link(const TInstanceDraft& draft) {
+  draft.Add();
   for (const TInstanceDraft::TSlip& slip : draft.GetSlips()) Note(slip.property, slip.value);
+}
+
+std::optional<TCIMReference> TCollection::Add(const TInstanceDraft& draft) {
+  Link(draft);
+  std::optional<TCIMReference> path = draft.FindPath();
   if (!path) Note(draft.GetClassName(), "The namespace did not take the instance");
   return path;
 }
 
-std::optional<TCIMReference> TCollection::AddPart(TInstanceDraft draft,
+std::optional<TCIMReference> TCollection::AddPart(const TInstanceDraft& draft,
                                                   const std::string& association) {
-  std::optional<TCIMReference> path = Add(std::move(draft));
-  if (path && system_) Add(DraftComponent(association, *system_, *path));
+  std::optional<TCIMReference> path = Add(draft);
+  if (path && system_) Link(DraftComponent(association, *system_, *path));
   return path;
 }
 
-void TCollection::AddSystem(TInstanceDraft draft, const std::string& name) {
+void TCollection::AddSystem(const TInstanceDraft& draft, const std::string& name) {
   systemName_ = name;
-  system_ = Add(std::move(draft));
+  system_ = Add(draft);
 }
 
 TInstanceDraft TCollection::DraftDependency(const std::string& className,

@@ -10,6 +10,7 @@
 #include "TInstanceDraft.h"
 #include "TMachineCollector.h"
 #include "TMachineFiles.h"
+#include "TMachineFolder.h"
 
 namespace NZELVYR20 {
 
@@ -25,9 +26,9 @@ class TCollection {
   void Note(const std::string& what, const std::string& why);
   const std::vector<TCollectorNote>& GetNotes() const { return notes_; }
 
-  /// Reads a file, or lists a folder, whose absence is noted; empty then.
+  /// A file, or a folder, whose absence is noted; empty then.
   std::string Read(const std::string& path);
-  std::vector<std::string> List(const std::string& path);
+  TMachineFolder Enter(const std::string& path);
 
   TInstanceDraft Draft(const std::string& className) const;
   /// A draft of something that belongs to the computer, with all its keys: a device, or an
@@ -36,11 +37,13 @@ class TCollection {
   TInstanceDraft DraftElement(const std::string& className, const std::string& name) const;
 
   /// Adds the instance, and notes it where the namespace refuses it.
-  std::optional<TCIMReference> Add(TInstanceDraft draft);
+  std::optional<TCIMReference> Add(const TInstanceDraft& draft);
   /// The same, with an association of that class that makes it a part of the computer.
-  std::optional<TCIMReference> AddPart(TInstanceDraft draft, const std::string& association);
+  std::optional<TCIMReference> AddPart(const TInstanceDraft& draft, const std::string& association);
   /// Adds the computer, to which all that is drafted later belongs.
-  void AddSystem(TInstanceDraft draft, const std::string& name);
+  void AddSystem(const TInstanceDraft& draft, const std::string& name);
+  /// Adds an association, whose ends have been taken: that leaves nothing to refuse it for.
+  void Link(const TInstanceDraft& draft);
 
   /// A draft of an association with two ends.
   TInstanceDraft DraftDependency(const std::string& className, const TCIMReference& antecedent,

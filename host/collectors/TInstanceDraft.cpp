@@ -1,5 +1,6 @@
 #include "TInstanceDraft.h"
 
+#include "DeclarationText.h"
 #include "ICIMClass.h"
 #include "ICIMPropertyDecl.h"
 #include "TVYRException.h"
@@ -18,7 +19,7 @@ std::string NamePropertyType(const ICIMClass& cimClass, const std::string& name)
 
 TInstanceDraft::TSlip DescribeSlip(const ICIMClass& cimClass, const std::string& name,
                                    const TCIMValue& value) {
-  return {cimClass.GetName({}) + '.' + name + " (" + NamePropertyType(cimClass, name) + ')',
+  return {DeclarationText(cimClass.GetName({}), name, NamePropertyType(cimClass, name)),
           "the value is " + TypeText(value.GetType()) + ' ' + value.ToString(10)};
 }
 
@@ -61,8 +62,9 @@ TInstanceDraft& TInstanceDraft::SetCodes(const std::string& name,
   return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kUInt16, std::move(elements)));
 }
 
-std::optional<TCIMReference> TInstanceDraft::AddToNamespace() {
-  instance_->AddToNamespace({});
+void TInstanceDraft::Add() const { instance_->AddToNamespace({}); }
+
+std::optional<TCIMReference> TInstanceDraft::FindPath() const {
   // A refused instance is only logged, so that the one way to know is to ask for it.
   TCIMReference path = instance_->GetReference({});
   if (namespace_->GetInstance(path, {}) != instance_) return std::nullopt;

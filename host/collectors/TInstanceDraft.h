@@ -44,8 +44,9 @@ class TInstanceDraft {
   const std::string& GetClassName() const { return className_; }
   const std::vector<TSlip>& GetSlips() const { return slips_; }
 
-  /// The instance's path; nothing where a key is null or the namespace did not take it.
-  std::optional<TCIMReference> AddToNamespace();
+  void Add() const;
+  /// Its path; nothing where a key is null or the namespace did not take it.
+  std::optional<TCIMReference> FindPath() const;
 
  private:
   std::string className_;

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "TDescriptor.h"
 #include "TRootFolder.h"
@@ -27,11 +26,8 @@ class TMachineFiles {
   /// more than such a file can hold.
   std::string ReadValue(const std::string& path) const;
 
-  /// The names in a folder, ascending; "." and ".." are left out.
-  std::optional<std::vector<std::string>> List(const std::string& path, std::string& why) const;
-  /// The same for folders that may well be absent; empty then.
-  std::vector<std::string> List(const std::string& path) const;
-
+  /// A folder, open for listing.
+  TDescriptor OpenFolder(const std::string& path, std::string& why) const;
   bool IsFolder(const std::string& path) const;
 
   /// The place itself, whatever is there: for questions that need no more, not for reading.
@@ -41,8 +37,8 @@ class TMachineFiles {
   std::string ReadLinkName(const std::string& path) const;
 
  private:
-  std::optional<std::string> Read(const std::string& path, std::size_t maximum,
-                                  std::string& why) const;
+  TDescriptor Open(const std::string& path, int flags, std::string& why) const;
+  TDescriptor OpenFile(const std::string& path, std::string& why) const;
 
   bool isLive_;
   TRootFolder root_;

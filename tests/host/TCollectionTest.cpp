@@ -26,7 +26,7 @@ TEST(Collection, ASlipIsNoted) {
                                 "CIM_NetworkPort.Nothing (not declared): the value is string y",
                                 "CIM_Chassis: The namespace did not take the instance"}),
       notes);
-  EXPECT_EQ("Name=z|", host.ShowAll(host.ListPaths("CIM_NetworkPort").at(0)));
+  EXPECT_EQ("Name=z", host.ShowAll(host.ListPaths("CIM_NetworkPort").at(0)));
 }
 
 }  // namespace

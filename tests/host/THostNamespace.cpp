@@ -34,6 +34,13 @@ void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
   loader.Enter();
 }
 
+std::string ShowEnd(const TCIMValue& reference) {
+  const auto element = static_cast<TCIMReference>(reference).GetCIMElement(false);
+  return boost::dynamic_pointer_cast<ICIMInstance>(element)
+      ->GetProperty("ElementName", {})
+      ->ToString();
+}
+
 }  // namespace
 
 THostNamespace::THostNamespace(const std::string& root) : namespace_(AllocateNamespace()) {
@@ -80,11 +87,12 @@ std::string THostNamespace::ShowAll(const std::string& path) const {
   Find(path)->EnumerateProperties(
       [&shown](const boost::shared_ptr<ICIMProperty>& property) {
         const auto declaration = property->GetDeclaration({});
+        const TCIMValue& value = property->GetValue({});
         bool isKey = false;
         declaration->GetQualifier("Key", isKey, {});
-        if (!isKey && !property->GetValue({}).IsNull()) {
-          shown += declaration->GetName({}) + '=' + property->ToString() + '|';
-        }
+        if (value.IsNull() || (isKey && !value.IsReference())) return true;
+        const std::string text = value.IsReference() ? ShowEnd(value) : property->ToString();
+        shown += (shown.empty() ? "" : "|") + declaration->GetName({}) + '=' + text;
         return true;
       },
       {});

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "TMachineFiles.h"
+#include "TMachineFolder.h"
 #include "TSampleTree.h"
 
 namespace NZELVYR20 {
@@ -18,6 +18,7 @@ TEST(Files, StayBelowTheirRoot) {
   tree.Write("/root/file", "inside");
   tree.Write("/root/folder/deep/", "");
   ASSERT_EQ(0, mkfifo((tree.GetRoot() + "/root/fifo").c_str(), 0600));
+  tree.Write("/root/long", std::string(5000, 'x'));
   tree.Write("/root/huge", "");
   std::filesystem::resize_file(tree.GetRoot() + "/root/huge", std::uintmax_t{1} << 40);
   const std::pair<const char*, std::string> links[] = {{"absolute", "/file"},
@@ -57,8 +58,14 @@ TEST(Files, StayBelowTheirRoot) {
       EXPECT_EQ(expected, files.Read(path, why).value_or(why)) << path;
       EXPECT_EQ(expected == std::string("inside") ? "inside" : "", files.ReadValue(path));
     }
-    EXPECT_EQ((TTexts{"deep"}), files.List("/place"));
-    EXPECT_FALSE(files.List("/tofifo", why));
+    EXPECT_FALSE(TMachineFolder(files, "/tofifo").IsThere());
+    const TMachineFolder root(files, "/slash");
+    EXPECT_EQ((TTexts{"deep"}), root.Enter("place").GetNames());
+    for (const char* name : {"file", "absolute", "up", "chain", "out", "loop", "fifo", "place"}) {
+      EXPECT_EQ(files.ReadValue(std::string("/") + name), root.ReadValue(name)) << name;
+    }
+    EXPECT_EQ(5000U, root.ReadValue("long").size());
+    EXPECT_TRUE(root.HasFolder("place") && root.HasFolder("folder") && !root.HasFolder("chain"));
     EXPECT_TRUE(files.IsFolder("/slash/../place") && !files.IsFolder("/chain"));
     EXPECT_EQ("outside", files.ReadLinkName("/slash/out"));
     EXPECT_EQ("", files.ReadLinkName("/file"));

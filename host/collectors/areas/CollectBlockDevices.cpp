@@ -1,3 +1,6 @@
+#include <set>
+#include <utility>
+
 #include "BlockDeviceText.h"
 #include "CollectAreas.h"
 #include "TextFields.h"
@@ -9,168 +12,170 @@ const char* const kDevicesFolder = "/sys/block";
 
 constexpr std::uint16_t kOther = 1;  ///< in all of the standard's lists here
 
+/// A disk, or a part of one, as its folder shows it.
+struct TDevice {
+  TDevice(const std::string& deviceName, TMachineFolder deviceFolder)
+      : name(deviceName),
+        folder(std::move(deviceFolder)),
+        readOnly(folder.ReadValue("ro")),
+        mapped(folder.Enter("dm").ReadValue("name")) {}
+
+  std::string name;
+  TMachineFolder folder;
+  std::string readOnly;
+  std::string mapped;  ///< the name that the device mapper gives
+  std::optional<TExtentSize> size{};
+};
+
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
   explicit TBlockDevices(TCollection& collection)
-      : collection_(collection), files_(collection.GetFiles()) {}
+      : collection_(collection),
+        dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))) {}
 
-  void AddDevice(const std::string& name);
-  /// Links devices that the kernel makes from others; all of them have to be added before.
-  void AddLayers(const std::string& name);
+  void AddDevice(const std::string& name, TMachineFolder folder);
+  /// Links devices that the kernel makes from others, when all of them have been added.
+  void LinkLayers();
 
   const TExtents& GetExtents() const { return extents_; }
 
  private:
-  void AddDrive(const std::string& name, const std::optional<TExtentSize>& size);
-  void AddPartition(const std::string& disk, const std::string& name, std::uint64_t blockSize);
-  TInstanceDraft DraftExtent(const std::string& className, const std::string& name,
-                             const std::string& folder,
-                             const std::optional<TExtentSize>& size) const;
-  void SetArray(TInstanceDraft& draft, const std::string& folder) const;
-  void AddExtent(TInstanceDraft draft, const std::string& name);
-  void LinkPartition(const std::string& disk, const std::string& name, const std::string& folder,
-                     const TExtentSize& size);
+  void AddDrive(const TDevice& drive, const std::string& rotational);
+  void AddPartition(const TDevice& disk, const std::string& name);
+  TInstanceDraft DraftExtent(const std::string& className, const TDevice& device) const;
+  void AddExtent(const TInstanceDraft& draft, const TDevice& device);
+  void LinkPartition(const std::string& disk, const TDevice& partition);
 
   TCollection& collection_;
-  const TMachineFiles& files_;
+  std::set<std::string> dvdDrives_;
   TExtents extents_;
+  std::vector<std::pair<std::string, std::string>> layers_;  ///< each with one of what is below it
 };
-
-std::string GetFolder(const std::string& name) { return kDevicesFolder + ("/" + name) + '/'; }
 
 /// On buses that number their vendors the file has the number.
 std::string GetVendorName(const std::string& vendor) {
   return vendor.compare(0, 2, "0x") == 0 ? std::string() : vendor;
 }
 
-void TBlockDevices::AddDevice(const std::string& name) {
-  const std::string folder = GetFolder(name);
+void TBlockDevices::AddDevice(const std::string& name, TMachineFolder folder) {
+  TDevice device(name, std::move(folder));
   // One of several paths to a disk that has a name of its own.
-  if (files_.ReadValue(folder + "hidden") == "1") return;
-  const std::string blockSize = files_.ReadValue(folder + "queue/logical_block_size");
-  const std::optional<TExtentSize> size =
-      ParseExtentSize(files_.ReadValue(folder + "size"), blockSize);
-  const bool isDrive = files_.IsFolder(folder + "device");
+  if (device.folder.ReadValue("hidden") == "1") return;
+  const TMachineFolder queue = device.folder.Enter("queue");
+  device.size =
+      ParseExtentSize(device.folder.ReadValue("size"), queue.ReadValue("logical_block_size"));
+  const bool isDrive = device.folder.HasFolder("device");
   // Memory that poses as a disk, and loop devices and the like that nothing is attached to.
-  const bool isArray = files_.IsFolder(folder + "md");
-  const bool isUnused = !isDrive && !isArray && (!size || name.rfind("ram", 0) == 0);
+  const bool isArray = device.folder.HasFolder("md");
+  const bool isUnused = !isDrive && !isArray && (!device.size || name.rfind("ram", 0) == 0);
   if (isUnused) return;
-  if (size || isArray) AddExtent(DraftExtent("CIM_LogicalDisk", name, folder, size), name);
-  if (isDrive) AddDrive(name, size);
-  if (!size) return;
-  for (const std::string& part : files_.List(folder)) {
-    if (!files_.ReadValue(folder + part + "/partition").empty()) {
-      AddPartition(name, part, size->blockSize);
-    }
+  if (device.size || isArray) AddExtent(DraftExtent("CIM_LogicalDisk", device), device);
+  if (isDrive) AddDrive(device, queue.ReadValue("rotational"));
+  for (const std::string& part : device.folder.GetNames()) {
+    // The kernel names the parts after the whole.
+    if (device.size && part.rfind(name, 0) == 0) AddPartition(device, part);
+  }
+  for (const std::string& below : device.folder.Enter("slaves").GetNames()) {
+    layers_.emplace_back(name, below);
   }
 }
 
-void TBlockDevices::AddDrive(const std::string& name, const std::optional<TExtentSize>& size) {
-  const std::string folder = GetFolder(name);
-  const std::string model = files_.ReadValue(folder + "device/model");
-  const std::string vendor = GetVendorName(files_.ReadValue(folder + "device/vendor"));
-  const std::string media = FindMediaDrive(name, files_.ReadValue(folder + "device/type"));
-  const bool isRemovable = files_.ReadValue(folder + "removable") == "1";
+void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational) {
+  const TMachineFolder folder = drive.folder.Enter("device");
+  const std::string model = folder.ReadValue("model");
+  const std::string vendor = GetVendorName(folder.ReadValue("vendor"));
+  const std::string className = FindDriveClass(drive.name, folder.ReadValue("type"), dvdDrives_);
+  const bool isRemovable = drive.folder.ReadValue("removable") == "1";
   std::vector<unsigned> capabilities = {3};
-  if (files_.ReadValue(folder + "ro") == "0") capabilities.push_back(4);
+  if (drive.readOnly == "0") capabilities.push_back(4);
   if (isRemovable) capabilities.push_back(7);
 
-  TInstanceDraft draft = collection_.DraftDevice("CIM_DiskDrive", name);
-  draft.Set("Name", GetDeviceFile(name))
-      .Set("ElementName", model.empty() ? name : model)
-      .SetText("Description",
-               media.empty() || vendor.empty() ? media + vendor : media + ", " + vendor)
-      .SetCode("DiskType", media.empty()
-                               ? ParseDiskType(files_.ReadValue(folder + "queue/rotational"))
-                               : kOther)
+  TInstanceDraft draft = collection_.DraftDevice(className, drive.name);
+  draft.Set("Name", GetDeviceFile(drive.name))
+      .Set("ElementName", model.empty() ? drive.name : model)
+      .SetText("Description", vendor)
       .SetCodes("Capabilities", capabilities);
-  const std::string state = files_.ReadValue(folder + "device/state");
+  if (className == "CIM_DiskDrive") draft.SetCode("DiskType", ParseDiskType(rotational));
+  const std::string state = folder.ReadValue("state");
   if (const auto code = ParseDriveState(state)) {
     draft.SetCodes("OperationalStatus", {*code});
     if (*code == kOther) draft.SetTexts("StatusDescriptions", {state});
   }
-  if (size) {
-    draft.Set("DefaultBlockSize", size->blockSize)
-        .Set("MaxMediaSize", size->blocks * size->blockSize / 1024);
+  if (drive.size) {
+    draft.Set("DefaultBlockSize", drive.size->blockSize)
+        .Set("MaxMediaSize", drive.size->blocks * drive.size->blockSize / 1024);
   }
-  const std::optional<TCIMReference> drive =
-      collection_.AddPart(std::move(draft), "CIM_SystemDevice");
-  const auto medium = extents_.find(name);
-  if (drive && medium != extents_.end()) {
-    collection_.Add(collection_.DraftDependency("CIM_MediaPresent", *drive, medium->second)
-                        .Set("FixedMedia", !isRemovable));
+  const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_SystemDevice");
+  const auto medium = extents_.find(drive.name);
+  if (path && medium != extents_.end()) {
+    collection_.Link(collection_.DraftDependency("CIM_MediaPresent", *path, medium->second)
+                         .Set("FixedMedia", !isRemovable));
   }
 }
 
-void TBlockDevices::AddPartition(const std::string& disk, const std::string& name,
-                                 std::uint64_t blockSize) {
-  const std::string folder = GetFolder(disk) + name + '/';
-  const std::optional<TExtentSize> size =
-      ParseExtentSize(files_.ReadValue(folder + "size"), std::to_string(blockSize));
-  if (!size) return;
-  AddExtent(DraftExtent("CIM_DiskPartition", name, folder, size), name);
-  LinkPartition(disk, name, folder, *size);
+void TBlockDevices::AddPartition(const TDevice& disk, const std::string& name) {
+  TDevice partition(name, disk.folder.Enter(name));
+  if (!partition.folder.Has("partition")) return;
+  partition.size =
+      ParseExtentSize(partition.folder.ReadValue("size"), std::to_string(disk.size->blockSize));
+  if (!partition.size) return;
+  AddExtent(DraftExtent("CIM_DiskPartition", partition), partition);
+  LinkPartition(disk.name, partition);
 }
 
-TInstanceDraft TBlockDevices::DraftExtent(const std::string& className, const std::string& name,
-                                          const std::string& folder,
-                                          const std::optional<TExtentSize>& size) const {
-  const std::string readOnly = files_.ReadValue(folder + "ro");
-  const std::string mapped = files_.ReadValue(folder + "dm/name");
-  TInstanceDraft draft = collection_.DraftDevice(className, name);
-  draft.Set("Name", GetDeviceFile(name))
-      .Set("ElementName", mapped.empty() ? name : mapped)
-      .SetText("Description", ParseMapperKind(files_.ReadValue(folder + "dm/uuid")));
-  if (size) SetSize(draft, *size);
-  if (!readOnly.empty()) draft.SetCode("Access", readOnly == "0" ? 3 : 1);
-  if (files_.IsFolder(folder + "md")) SetArray(draft, folder + "md/");
-  return draft;
-}
-
-void TBlockDevices::SetArray(TInstanceDraft& draft, const std::string& folder) const {
-  const TArrayState state = ParseArrayState(
-      files_.ReadValue(folder + "array_state"), files_.ReadValue(folder + "degraded"),
-      files_.ReadValue(folder + "raid_disks"), files_.ReadValue(folder + "sync_action"));
+void SetArray(TInstanceDraft& draft, const TMachineFolder& folder) {
+  const TArrayState state =
+      ParseArrayState(folder.ReadValue("array_state"), folder.ReadValue("degraded"),
+                      folder.ReadValue("raid_disks"), folder.ReadValue("sync_action"));
   draft.Set("Description", "Array of disks")
-      .SetText("ErrorMethodology", files_.ReadValue(folder + "level"))
+      .SetText("ErrorMethodology", folder.ReadValue("level"))
       .SetCodes("OperationalStatus", {state.operationalStatus})
       .SetTexts("StatusDescriptions", {state.description})
       .SetCode("HealthState", state.healthState);
 }
 
-void TBlockDevices::AddExtent(TInstanceDraft draft, const std::string& name) {
-  if (const auto path = collection_.AddPart(std::move(draft), "CIM_SystemDevice")) {
-    extents_.emplace(name, *path);
-  }
+TInstanceDraft TBlockDevices::DraftExtent(const std::string& className,
+                                          const TDevice& device) const {
+  TInstanceDraft draft = collection_.DraftDevice(className, device.name);
+  draft.Set("Name", GetDeviceFile(device.name))
+      .Set("ElementName", device.mapped.empty() ? device.name : device.mapped)
+      .SetText("Description", ParseMapperKind(device.folder.Enter("dm").ReadValue("uuid")));
+  if (device.size) SetSize(draft, *device.size);
+  if (!device.readOnly.empty()) draft.SetCode("Access", device.readOnly == "0" ? 3 : 1);
+  if (device.folder.HasFolder("md")) SetArray(draft, device.folder.Enter("md"));
+  return draft;
 }
 
-void TBlockDevices::LinkPartition(const std::string& disk, const std::string& name,
-                                  const std::string& folder, const TExtentSize& size) {
+void TBlockDevices::AddExtent(const TInstanceDraft& draft, const TDevice& device) {
+  const auto path = collection_.AddPart(draft, "CIM_SystemDevice");
+  if (!path) return;
+  extents_.emplace(device.name, *path);
+  // File systems are mounted by the name that the device mapper gives.
+  if (!device.mapped.empty()) extents_.emplace("mapper!" + device.mapped, *path);
+}
+
+void TBlockDevices::LinkPartition(const std::string& disk, const TDevice& partition) {
   const auto whole = extents_.find(disk);
-  const auto part = extents_.find(name);
+  const auto part = extents_.find(partition.name);
   if (whole == extents_.end() || part == extents_.end()) return;
   TInstanceDraft draft = collection_.DraftDependency("CIM_BasedOn", whole->second, part->second);
-  draft.Set("OrderIndex", ParseNumber<std::uint16_t>(files_.ReadValue(folder + "partition")));
-  if (const auto start = Multiply(ParseUnsigned(files_.ReadValue(folder + "start")), 512)) {
-    draft.Set("StartingAddress", *start / size.blockSize)
-        .Set("EndingAddress", Add(*start / size.blockSize, size.blocks - 1));
+  draft.Set("OrderIndex", ParseNumber<std::uint16_t>(partition.folder.ReadValue("partition")));
+  if (const auto start = Multiply(ParseUnsigned(partition.folder.ReadValue("start")), 512)) {
+    const std::uint64_t first = *start / partition.size->blockSize;
+    draft.Set("StartingAddress", first)
+        .Set("EndingAddress", Add(first, partition.size->blocks - 1));
   }
-  collection_.Add(std::move(draft));
+  collection_.Link(draft);
 }
 
-void TBlockDevices::AddLayers(const std::string& name) {
-  const auto upper = extents_.find(name);
-  if (upper == extents_.end()) return;
-  for (const std::string& below : files_.List(GetFolder(name) + "slaves")) {
+void TBlockDevices::LinkLayers() {
+  for (const auto& [above, below] : layers_) {
+    const auto upper = extents_.find(above);
     const auto lower = extents_.find(below);
-    if (lower != extents_.end()) {
-      collection_.Add(collection_.DraftDependency("CIM_BasedOn", lower->second, upper->second));
-    }
+    if (upper == extents_.end() || lower == extents_.end()) continue;
+    collection_.Link(collection_.DraftDependency("CIM_BasedOn", lower->second, upper->second));
   }
-  // File systems are mounted by the name that the device mapper gives.
-  const std::string mapped = files_.ReadValue(GetFolder(name) + "dm/name");
-  if (!mapped.empty()) extents_.emplace("mapper!" + mapped, upper->second);
 }
 
 }  // namespace
@@ -183,10 +188,10 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
 }
 
 TExtents CollectBlockDevices(TCollection& collection) {
-  const std::vector<std::string> names = collection.List(kDevicesFolder);
+  const TMachineFolder folder = collection.Enter(kDevicesFolder);
   TBlockDevices devices(collection);
-  for (const std::string& name : names) devices.AddDevice(name);
-  for (const std::string& name : names) devices.AddLayers(name);
+  for (const std::string& name : folder.GetNames()) devices.AddDevice(name, folder.Enter(name));
+  devices.LinkLayers();
   return devices.GetExtents();
 }
 

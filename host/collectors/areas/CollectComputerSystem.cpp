@@ -1,6 +1,5 @@
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 
 #include "CollectAreas.h"
@@ -9,6 +8,8 @@
 
 namespace NZELVYR20 {
 namespace {
+
+const char* const kFirmwareFolder = "/sys/class/dmi/id";
 
 std::string GetLiveName() {
   std::array<char, 256> name = {};
@@ -29,19 +30,18 @@ std::string FindName(TCollection& collection) {
 
 /// A field of the firmware's tables. Serial numbers are for the superuser only, and a refusal is
 /// worth a note; that a field is not there is not.
-std::string ReadFirmware(TCollection& collection, const std::string& field) {
-  const std::string folder = "/sys/class/dmi/id/";
-  const std::vector<std::string> names = collection.GetFiles().List(folder);
-  if (std::find(names.begin(), names.end(), field) == names.end()) return {};
-  return CleanFirmwareText(std::string(Trim(collection.Read(folder + field))));
+std::string ReadFirmware(TCollection& collection, const TMachineFolder& fields,
+                         const std::string& name) {
+  if (!fields.Has(name)) return {};
+  return CleanFirmwareText(std::string(Trim(collection.Read(kFirmwareFolder + ("/" + name)))));
 }
 
-void AddChassis(TCollection& collection, TInstanceDraft draft, const std::string& model) {
+void AddChassis(TCollection& collection, TInstanceDraft& draft, const std::string& model) {
   draft.Set("Tag", "chassis0").Set("CreationClassName", "CIM_Chassis");
   draft.SetText("Model", model).SetText("ElementName", model);
-  const std::optional<TCIMReference> chassis = collection.Add(std::move(draft));
+  const std::optional<TCIMReference> chassis = collection.Add(draft);
   if (chassis && collection.GetSystem()) {
-    collection.Add(
+    collection.Link(
         collection.DraftDependency("CIM_ComputerSystemPackage", *chassis, *collection.GetSystem()));
   }
 }
@@ -53,28 +53,29 @@ void CollectComputerSystem(TCollection& collection) {
   TInstanceDraft draft = collection.Draft("CIM_ComputerSystem");
   draft.Set("CreationClassName", "CIM_ComputerSystem").Set("Name", name).Set("ElementName", name);
   draft.Set("NameFormat", "Other").SetCode("EnabledState", 2);
-  collection.AddSystem(std::move(draft), name);
+  collection.AddSystem(draft, name);
 }
 
 void CollectChassis(TCollection& collection) {
   const TMachineFiles& files = collection.GetFiles();
+  const TMachineFolder firmware(files, kFirmwareFolder);
+  const auto read = [&](const char* name) { return ReadFirmware(collection, firmware, name); };
   TInstanceDraft draft = collection.Draft("CIM_Chassis");
-  if (files.IsFolder("/sys/class/dmi/id")) {
-    draft.SetText("Manufacturer", ReadFirmware(collection, "sys_vendor"))
-        .SetText("Version", ReadFirmware(collection, "product_version"))
-        .SetText("SKU", ReadFirmware(collection, "product_sku"))
-        .SetText("SerialNumber", ReadFirmware(collection, "product_serial"));
-    if (const auto form = ParseChassisForm(ReadFirmware(collection, "chassis_type"))) {
+  if (firmware.IsThere()) {
+    draft.SetText("Manufacturer", read("sys_vendor"))
+        .SetText("Version", read("product_version"))
+        .SetText("SKU", read("product_sku"))
+        .SetText("SerialNumber", read("product_serial"));
+    if (const auto form = ParseChassisForm(read("chassis_type"))) {
       draft.SetCode("ChassisPackageType", form->type)
           .SetText("ChassisTypeDescription", form->other);
     }
-    return AddChassis(collection, std::move(draft), ReadFirmware(collection, "product_name"));
+    return AddChassis(collection, draft, read("product_name"));
   }
   // Machines without firmware tables mostly describe themselves by a device tree.
   const std::string model = files.ReadValue("/proc/device-tree/model");
-  if (!model.empty()) return AddChassis(collection, std::move(draft), model);
-  // Noted, with the reason, by trying.
-  collection.List("/sys/class/dmi/id");
+  if (!model.empty()) return AddChassis(collection, draft, model);
+  collection.Note(kFirmwareFolder, firmware.GetReason());
 }
 
 }  // namespace NZELVYR20

@@ -51,17 +51,18 @@ void TFileSystems::Add(const TFileSystemFacts& facts) {
   TInstanceDraft draft = collection_.DraftElement(
       isRemote ? "CIM_RemoteFileSystem" : "CIM_LocalFileSystem", facts.mount.mountPoint);
   draft.SetText("ElementName", facts.mount.source)
+      .SetText("Description",
+               facts.mount.subvolume.empty() ? "" : "Subvolume " + facts.mount.subvolume)
       .Set("Root", facts.mount.mountPoint)
       .Set("FileSystemType", facts.mount.type)
       .Set("ReadOnly", facts.mount.isReadOnly)
       .Set("PersistenceType", GetPersistence(facts.kind))
       .SetCode("EnabledState", 2);
   SetSizes(draft, facts);
-  const std::optional<TCIMReference> path =
-      collection_.AddPart(std::move(draft), "CIM_HostedFileSystem");
+  const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_HostedFileSystem");
   const std::optional<TCIMReference> extent = FindExtent(facts.mount.source);
   if (path && extent && facts.kind == TFileSystemFacts::kOnDevice) {
-    collection_.Add(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
+    collection_.Link(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
   }
 }
 

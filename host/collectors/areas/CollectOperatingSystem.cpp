@@ -30,7 +30,7 @@ std::string FindName(const TMachineFiles& files) {
 
 /// The folders of /proc that are numbers; nothing where there are none, as in a saved tree.
 std::optional<std::uint32_t> CountProcesses(const TMachineFiles& files) {
-  const std::vector<std::string> names = files.List("/proc");
+  const std::vector<std::string> names = TMachineFolder(files, "/proc").GetNames();
   const auto count = std::count_if(names.begin(), names.end(), [](const std::string& name) {
     return ParseUnsigned(name).has_value();
   });
@@ -63,9 +63,9 @@ void SetTimes(TCollection& collection, TInstanceDraft& draft) {
 void AddToComputer(TCollection& collection, const TCIMReference& operatingSystem) {
   const std::optional<TCIMReference>& system = collection.GetSystem();
   if (!system) return;
-  collection.Add(collection.DraftDependency("CIM_RunningOS", operatingSystem, *system));
-  collection.Add(collection.DraftComponent("CIM_InstalledOS", *system, operatingSystem)
-                     .Set("PrimaryOS", true));
+  collection.Link(collection.DraftDependency("CIM_RunningOS", operatingSystem, *system));
+  collection.Link(collection.DraftComponent("CIM_InstalledOS", *system, operatingSystem)
+                      .Set("PrimaryOS", true));
 }
 
 }  // namespace
@@ -90,7 +90,7 @@ void CollectOperatingSystem(TCollection& collection) {
            ParseNumber<std::uint32_t>(files.ReadValue("/proc/sys/kernel/pid_max")));
   SetMemory(draft, ParseMemory(collection.Read("/proc/meminfo")));
   SetTimes(collection, draft);
-  if (const std::optional<TCIMReference> path = collection.Add(std::move(draft))) {
+  if (const std::optional<TCIMReference> path = collection.Add(draft)) {
     AddToComputer(collection, *path);
   }
 }

@@ -119,18 +119,17 @@ void AddCores(TCollection& collection, const TCIMReference& processor,
     TInstanceDraft draft = collection.Draft("CIM_ProcessorCore");
     draft.Set("InstanceID", name).Set("ElementName", name);
     draft.SetCode("CoreEnabledState", 2).SetCode("EnabledState", 2);
-    if (const std::optional<TCIMReference> path = collection.Add(std::move(draft))) {
-      collection.Add(collection.DraftComponent("CIM_ConcreteComponent", processor, *path));
+    if (const std::optional<TCIMReference> path = collection.Add(draft)) {
+      collection.Link(collection.DraftComponent("CIM_ConcreteComponent", processor, *path));
     }
   }
 }
 
 TInstanceDraft DraftCacheLink(const TCollection& collection, const TCIMReference& cache,
-                              const TCIMReference& processor, const std::string& folder) {
-  const TMachineFiles& files = collection.GetFiles();
-  const std::string level = files.ReadValue(folder + "level");
-  const std::string type = files.ReadValue(folder + "type");
-  const std::string ways = files.ReadValue(folder + "ways_of_associativity");
+                              const TCIMReference& processor, const TMachineFolder& folder) {
+  const std::string level = folder.ReadValue("level");
+  const std::string type = folder.ReadValue("type");
+  const std::string ways = folder.ReadValue("ways_of_associativity");
   const std::uint16_t levelCode = ParseCacheLevel(level);
   const std::uint16_t typeCode = ParseCacheType(type);
   const std::uint16_t waysCode = ParseAssociativity(ways);
@@ -138,7 +137,7 @@ TInstanceDraft DraftCacheLink(const TCollection& collection, const TCIMReference
   draft.SetCode("Level", levelCode)
       .SetCode("CacheType", typeCode)
       .SetCode("Associativity", waysCode)
-      .Set("LineSize", ParseNumber<std::uint32_t>(files.ReadValue(folder + "coherency_line_size")));
+      .Set("LineSize", ParseNumber<std::uint32_t>(folder.ReadValue("coherency_line_size")));
   if (levelCode == kOther) draft.Set("OtherLevelDescription", "Level " + level);
   if (typeCode == kOther) draft.Set("OtherCacheTypeDescription", type);
   if (waysCode == kOther) draft.Set("OtherAssociativityDescription", ways + "-way");
@@ -146,15 +145,13 @@ TInstanceDraft DraftCacheLink(const TCollection& collection, const TCIMReference
 }
 
 void AddCache(TCollection& collection, const TCIMReference& processor, const std::string& id,
-              const std::string& folder) {
-  const std::optional<std::uint64_t> size =
-      ParseCacheSize(collection.GetFiles().ReadValue(folder + "size"));
+              const TMachineFolder& folder) {
+  const std::optional<std::uint64_t> size = ParseCacheSize(folder.ReadValue("size"));
   TInstanceDraft draft = collection.DraftDevice("CIM_Memory", id);
   draft.Set("ElementName", id).Set("Purpose", "Processor cache").Set("Volatile", true);
   if (size) SetSize(draft, {1, *size});
-  if (const std::optional<TCIMReference> cache =
-          collection.AddPart(std::move(draft), "CIM_SystemDevice")) {
-    collection.Add(DraftCacheLink(collection, *cache, processor, folder));
+  if (const std::optional<TCIMReference> cache = collection.AddPart(draft, "CIM_SystemDevice")) {
+    collection.Link(DraftCacheLink(collection, *cache, processor, folder));
   }
 }
 
@@ -164,16 +161,15 @@ void AddCaches(TCollection& collection, const TCIMReference& processor, const TP
   const TMachineFiles& files = collection.GetFiles();
   std::set<std::string> known;
   for (const TLogicalProcessor& logical : package) {
-    const std::string caches = GetFolder(logical) + "cache/";
-    for (const std::string& name : files.List(caches)) {
-      const std::string folder = caches + name + '/';
-      const std::string level = files.ReadValue(folder + "level");
+    const TMachineFolder caches(files, GetFolder(logical) + "cache");
+    for (const std::string& name : caches.GetNames()) {
+      const TMachineFolder folder = caches.Enter(name);
+      const std::string level = folder.ReadValue("level");
       if (level.empty()) continue;
-      const std::vector<std::uint32_t> sharers =
-          ParseList(files.ReadValue(folder + "shared_cpu_list"));
+      const std::vector<std::uint32_t> sharers = ParseList(folder.ReadValue("shared_cpu_list"));
       const std::string id = "cpu" +
                              std::to_string(sharers.empty() ? logical.index : sharers.front()) +
-                             "/L" + level + ' ' + files.ReadValue(folder + "type");
+                             "/L" + level + ' ' + folder.ReadValue("type");
       if (known.insert(id).second) AddCache(collection, processor, id, folder);
     }
   }

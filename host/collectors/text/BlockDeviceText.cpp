@@ -49,13 +49,30 @@ std::optional<std::uint16_t> ParseDriveState(std::string_view state) {
   return state == "offline" || state == "dead" ? 6 : 1;
 }
 
-std::string FindMediaDrive(std::string_view name, std::string_view scsiType) {
+std::string FindDriveClass(std::string_view name, std::string_view scsiType,
+                           const std::set<std::string>& dvdDrives) {
   constexpr std::string_view kOptical = "5";
   const auto isNumbered = [name](std::string_view prefix) {
     return name.substr(0, prefix.size()) == prefix && ParseUnsigned(name.substr(prefix.size()));
   };
-  if (scsiType == kOptical || isNumbered("sr") || isNumbered("scd")) return "Optical drive";
-  return isNumbered("fd") ? "Floppy drive" : std::string();
+  if (isNumbered("fd")) return "CIM_DisketteDrive";
+  if (scsiType != kOptical && !isNumbered("sr") && !isNumbered("scd")) return "CIM_DiskDrive";
+  return dvdDrives.count(std::string(name)) > 0 ? "CIM_DVDDrive" : "CIM_CDROMDrive";
+}
+
+std::set<std::string> ParseDvdDrives(std::string_view text) {
+  std::vector<std::string_view> names;
+  std::vector<std::string_view> answers;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> field = SplitField(line, ':');
+    if (field && field->name == "drive name") names = SplitWords(field->value);
+    if (field && field->name == "Can read DVD") answers = SplitWords(field->value);
+  }
+  std::set<std::string> drives;
+  for (std::size_t i = 0; i < std::min(names.size(), answers.size()); ++i) {
+    if (answers[i] == "1") drives.emplace(names[i]);
+  }
+  return drives;
 }
 
 std::string ParseMapperKind(std::string_view uuid) {

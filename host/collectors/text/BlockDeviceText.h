@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -23,9 +24,13 @@ std::string DescribeSize(std::uint64_t bytes);
 /// The standard's DiskType for the file "rotational".
 std::uint16_t ParseDiskType(std::string_view rotational);
 
-/// What a drive for media that are no hard disks is, such as "Optical drive"; empty for all else.
-/// By its name in /sys/block and the SCSI type in "device/type".
-std::string FindMediaDrive(std::string_view name, std::string_view scsiType);
+/// The standard's class for a drive, such as "CIM_CDROMDrive". By its name in /sys/block, the SCSI
+/// type in "device/type", and the names of those that read DVDs.
+std::string FindDriveClass(std::string_view name, std::string_view scsiType,
+                           const std::set<std::string>& dvdDrives);
+
+/// The names in /proc/sys/dev/cdrom/info of the drives that read DVDs.
+std::set<std::string> ParseDvdDrives(std::string_view text);
 
 /// What the device mapper made, by the file "dm/uuid", such as "Logical volume".
 std::string ParseMapperKind(std::string_view uuid);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "TextFields.h"
 
@@ -79,8 +80,17 @@ std::string Unescape(std::string_view word) {
   return text;
 }
 
-bool IsReadOnly(std::string_view options) {
-  return options == "ro" || options.substr(0, 3) == "ro,";
+/// Whether it is writable, which comes first, and the options of its type.
+void SetOptions(TMount& mount, std::string_view options) {
+  constexpr std::string_view kSubvolume = "subvol=";
+  mount.isReadOnly = options.substr(0, options.find(',')) == "ro";
+  while (!options.empty()) {
+    const std::string_view option = options.substr(0, options.find(','));
+    options.remove_prefix(std::min(option.size() + 1, options.size()));
+    if (option.substr(0, kSubvolume.size()) == kSubvolume) {
+      mount.subvolume = Unescape(option.substr(kSubvolume.size()));
+    }
+  }
 }
 
 /// The mounts that are not hidden by a later one at the same place.
@@ -101,8 +111,12 @@ std::vector<TMount> ParseMounts(std::string_view text) {
   for (const std::string_view line : SplitLines(text)) {
     const std::vector<std::string_view> words = SplitWords(line);
     if (words.size() < 4) continue;
-    mounts.push_back(
-        {Unescape(words[0]), Unescape(words[1]), Unescape(words[2]), IsReadOnly(words[3])});
+    TMount mount;
+    mount.source = Unescape(words[0]);
+    mount.mountPoint = Unescape(words[1]);
+    mount.type = Unescape(words[2]);
+    SetOptions(mount, words[3]);
+    mounts.push_back(std::move(mount));
   }
   return mounts;
 }

@@ -13,6 +13,7 @@ struct TMount {
   std::string mountPoint;
   std::string type;
   bool isReadOnly = false;
+  std::string subvolume;  ///< such as "/@home": the part of the file system that is mounted
 };
 
 /// Reads the lines in order and undoes their octal escapes; a line that is cut off is skipped.

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <iomanip>
 #include <map>
+#include <sstream>
 #include <utility>
 
 #include "ArmNames.h"
@@ -102,14 +104,22 @@ void SetNumberedFields(TLogicalProcessor& processor, std::string_view text) {
   }
 }
 
+/// "ARM part 0xd99", for a part that has no name here.
+std::string NumberArmPart(std::string_view implementer, std::uint64_t part) {
+  constexpr int kDigits = 3;
+  std::ostringstream name;
+  name << implementer << " part 0x" << std::hex << std::setfill('0') << std::setw(kDigits) << part;
+  return name.str();
+}
+
 /// ARM's numbers as names; these say more than "ARMv8 Processor rev 4".
 void NameArm(TLogicalProcessor& processor) {
   if (!processor.armImplementer) return;
   const std::string_view vendor = FindArmImplementer(*processor.armImplementer);
   if (processor.vendor.empty()) processor.vendor = vendor;
-  const std::string_view part =
-      FindArmPart(*processor.armImplementer, processor.armPart.value_or(UINT64_MAX));
-  if (!part.empty()) processor.modelName = part;
+  if (vendor.empty() || !processor.armPart) return;
+  const std::string_view part = FindArmPart(*processor.armImplementer, *processor.armPart);
+  processor.modelName = part.empty() ? NumberArmPart(vendor, *processor.armPart) : part;
 }
 
 void TakeOverWhatIsMissing(TLogicalProcessor& processor, const TLogicalProcessor& shared) {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <boost/algorithm/string/predicate.hpp>
 #include <boost/date_time/gregorian/greg_date.hpp>
 
+#include "FoldName.h"
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -93,13 +93,11 @@ std::optional<TChassisForm> ParseChassisForm(std::string_view text) {
 }
 
 std::string CleanFirmwareText(const std::string& text) {
-  static constexpr std::array<const char*, 6> kPlaceholders = {
-      "To Be Filled By O.E.M.", "Default string",      "Not Specified",
-      "System Product Name",    "System manufacturer", "None"};
-  const bool isPlaceholder = std::any_of(
-      kPlaceholders.begin(), kPlaceholders.end(),
-      [&text](const char* placeholder) { return boost::algorithm::iequals(text, placeholder); });
-  return isPlaceholder ? std::string() : text;
+  static constexpr std::array<std::string_view, 6> kPlaceholders = {
+      "to be filled by o.e.m.", "default string",      "not specified",
+      "system product name",    "system manufacturer", "none"};
+  const auto* found = std::find(kPlaceholders.begin(), kPlaceholders.end(), FoldName(text));
+  return found == kPlaceholders.end() ? text : std::string();
 }
 
 }  // namespace NZELVYR20

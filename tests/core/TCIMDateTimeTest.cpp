@@ -38,7 +38,8 @@ TEST(TCIMDateTime, KeepsTheFieldsAsGivenOrAsTheyWere) {
 TEST(TCIMDateTime, ComparesMomentsAndLengths) {
   const char* const ascending[] = {"00000000000000.000001:000", "00000001000000.000000:000",
                                    "00000101000000.000001+000", "20231231235959.999999+000",
-                                   "20240101010000.000000+030", "20240101000000.000000-060"};
+                                   "20240101010000.000000+030", "20240101000000.000000-060",
+                                   "20241231235959.999999+000", "20250101000000.000000+000"};
   for (const char* const& left : ascending) {
     for (const char* const& right : ascending) {
       EXPECT_EQ(kRead(left) < kRead(right), &left < &right) << left << " < " << right;

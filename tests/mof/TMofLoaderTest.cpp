@@ -67,8 +67,8 @@ TEST(TMofLoaderTest, LongChainsDoNotExhaustTheStack) {
   constexpr int kLength = 20000;
   for (int index = 0; index < kLength; ++index) {
     const std::string number = std::to_string(index);
-    text.append("instance of N as $N" + number + " { Id = \"" + number + "\"; To = $A; Next = $N");
-    text.append(std::to_string(index + 1) + "; };\n");
+    text.append("instance of N as $N").append(number).append(" { Id = \"").append(number);
+    text.append("\"; To = $A; Next = $N").append(std::to_string(index + 1)).append("; };\n");
   }
   text += "instance of M as $N" + std::to_string(kLength) + " { Id = \"end\"; To = $A; };\n";
   TLoadedMof mof(ReadData("qualifiers.mof") + text);

@@ -45,6 +45,7 @@ bool Lacks(TCIMReference path, const std::string& key) {
 /// "2 keys: string Name, uint32 Number".
 std::string KeysText(const ICIMClass& cimClass, const std::vector<std::string>& keys) {
   std::vector<std::string> declared;
+  declared.reserve(keys.size());
   for (const std::string& key : keys) {
     declared.push_back(TypeText(cimClass.GetPropertyDecl(key, {})->GetType({})) + ' ' + key);
   }

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "TFaults.h"
+#include "TModelTable.h"
 #include "Values.h"
 
 namespace NZELVYR20 {
@@ -23,7 +24,7 @@ inline void AllocateClass(TWorld& w) {
   }
   w.c[w.s.a] = w.N()->AllocateClass(name, super, {});
   const TFaults::TPause pause;  // a class that lost its superclass is not refreshed twice alike
-  w.out << w.Text(w.C());
+  w.out << w.Text(w.c(w.s.a));
 }
 
 inline void GetInstance(TWorld& w) {
@@ -36,11 +37,17 @@ inline void Forget(TWorld& w) {
   if (w.s.flag % 4 == 0) w.c[w.s.a] = {};
   if (w.s.flag % 4 == 1) w.i[w.s.b] = {};
   if (w.s.flag % 4 == 2) w.d[w.s.b] = {}, w.m[w.s.b] = {};
-  if (w.s.flag % 4 == 3) w.q[w.s.a] = {};
+  if (w.s.flag % 4 == 3) w.q[w.s.a] = {}, w.p[w.s.a] = {};
+}
+
+inline void HostAnswers(TWorld& w) {
+  w.answer = w.s.flag;
+  w.answered = w.s.flag % 4 == 0 ? TPtr<ICIMInstance>() : w.i(w.s.b);
 }
 
 inline void ShowInstance(TWorld& w) {
-  w.out << w.Text(w.I()) << w.I()->GetReference({}).GetPath() << w.I()->BuildPath({}).ToString();
+  w.out << w.Text(w.i(w.s.b)) << w.I()->GetReference({}).GetPath()
+        << w.I()->BuildPath({}).ToString();
   std::set<TPtr<ICIMProperty>> owners;
   const auto show = [&](const auto& one) {
     w.ShowProperty(one);
@@ -61,12 +68,13 @@ inline void UseProperty(TWorld& w) {
 }
 
 inline void Compare(TWorld& w) {
-  const int kind = w.s.flag % 5;
-  if (kind == 0) w.Compare(w.c(w.s.a), w.c(w.s.b), true);
-  if (kind == 1) w.Compare(w.i(w.s.a), w.i(w.s.b), false);
-  if (kind == 2) w.Compare(w.d(w.s.a), w.d(w.s.b), true);
-  if (kind == 3) w.Compare(w.m(w.s.a), w.m(w.s.b), true);
-  if (kind == 4) w.Compare(w.q(w.s.a), w.q(w.s.b), true);
+  const auto compare = [&](const auto& all) { w.Compare(all(w.s.a), all(w.s.b), true); };
+  if (w.s.flag % 6 == 0) compare(w.c);
+  if (w.s.flag % 6 == 1) w.Compare(w.i(w.s.a), w.i(w.s.b), false);
+  if (w.s.flag % 6 == 2) compare(w.d);
+  if (w.s.flag % 6 == 3) compare(w.m);
+  if (w.s.flag % 6 == 4) compare(w.q);
+  if (w.s.flag % 6 == 5) compare(w.p);
 }
 
 inline void CompareQualifiers(TWorld& w) {
@@ -107,15 +115,15 @@ enum ERow {
 #define MODEL_WALK(weight, pattern, ...) \
   MODEL_ROW(weight, pattern, w.List([&](const auto& take) { __VA_ARGS__; }))
 inline const TOperation kOperations[] = {
-    MODEL_ROW(0, "@N = a namespace, with redefinition if @f is odd; none if 0", w.n[w.s.space] = {};
-              if (w.s.flag != 0) w.n[w.s.space] = w.allocate(w.s.flag % 2 == 1)),
+    MODEL_ROW(0, "N = a namespace, with redefinition if flag is odd",
+              w.n[w.s.space] = w.allocate(w.s.flag % 2 == 1)),
     MODEL_ROW(1, "c@a = @N.AllocateClass(@C, c@b or root)", AllocateClass(w)),
-    MODEL_ROW(3, "c@a.AddToNamespace()", w.AddClass()),
+    MODEL_ROW(3, "c@a.AddToNamespace()", Require(w.C()->GetSuperClass({}) != nullptr);
+              w.C()->AddToNamespace({})),
     MODEL_ROW(1, "q@a = @N.AllocateQualifierDecl(@Q, @V, flavor @F)",
               w.q[w.s.a] = w.N()->AllocateQualifierDecl(w.In(kQualifiers), w.Default(),
                                                         ICIMQualifierDecl::kAny, w.Flavor(), {})),
-    MODEL_ROW(1, "q@a.AddToNamespace()", Require(w.Q()->GetNamespace({}) != nullptr);
-              w.Q()->AddToNamespace({})),
+    MODEL_ROW(1, "q@a.AddToNamespace()", w.Q()->AddToNamespace({})),
     MODEL_ROW(6, "@E.AllocateQualifier(q@F, @V).AddToClassOrProperty()",
               w.OnElement([&](const auto& e) {
                 w.Attach(e->AllocateQualifier(w.q(w.s.flag), w.Default(), {}), *e);
@@ -144,9 +152,8 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(2, "i@b = @N.GetInstance(@V)", GetInstance(w)),
     MODEL_ROW(1, "i@b.Delete()", w.I()->Delete({})),
     MODEL_ROW(1, "forget c@a, i@b, d@b and m@b, or q@a, by @F", Forget(w)),
-    MODEL_ROW(1, "c@a.RemoveFromNamespace()", Require(w.Lives(*w.C()));
-              w.C()->RemoveFromNamespace({})),
-    MODEL_ROW(1, "c@a.RemovePropertyDecl(d@b)", w.C()->RemovePropertyDecl(w.D())),
+    MODEL_ROW(1, "c@a.RemoveFromNamespace()", w.C()->RemoveFromNamespace({})),
+    MODEL_ROW(1, "c@a.RemovePropertyDecl(d@b)", w.C()->RemovePropertyDecl(w.d(w.s.b))),
     MODEL_WALK(2, "c@a.EnumerateSubClasses(conduct @F, deep if @b is odd)",
                w.C()->EnumerateSubClasses(take, w.s.b % 2 == 1, {})),
     MODEL_ROW(1, "q@a.SetFlavor(@F), or UnsetFlavor or SetDefaultValue(@V), by @b",
@@ -177,15 +184,26 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(2, "@E.EnumerateQualifiers(conduct @F)", w.OnElement([&](const auto& e) {
       w.List([&](const auto& take) { e->EnumerateQualifiers(take, {}); });
     })),
-    MODEL_ROW(1, "c@a.AddPropertyDecl(d@b)", Require(w.Lives(*w.C()));
-              w.C()->AddPropertyDecl(w.D())),
+    MODEL_ROW(1, "c@a.AddPropertyDecl(d@b)", w.C()->AddPropertyDecl(w.d(w.s.b))),
     MODEL_ROW(3, "d@b = c@a.GetPropertyDecl(@P)",
               w.out << w.Text(w.d[w.s.b] = w.C()->GetPropertyDecl(w.In(kProperties), {}))),
     MODEL_ROW(1, "d@b.SetDefaultValue(@V)", Require(w.Lives(*w.D()));
               w.D()->SetDefaultValue(w.Default(), {})),
-    MODEL_ROW(1, "c@a.RemoveMethodDecl(m@b)", w.C()->RemoveMethodDecl(w.M())),
+    MODEL_ROW(1, "c@a.RemoveMethodDecl(m@b)", w.C()->RemoveMethodDecl(w.m(w.s.b))),
     MODEL_ROW(1, "m@b = c@a.GetMethodDecl(@M)",
               w.out << w.Text(w.m[w.s.b] = w.C()->GetMethodDecl(w.In(kMethods), {}))),
+    MODEL_ROW(2, "p@a = m@b.AllocateParameterDecl(@M, type @F)",
+              w.p[w.s.a] = w.M()->AllocateParameterDecl(
+                  w.In(kMethods), w.s.flag % 2 == 0 ? TType::kString : TType::kUInt8Array, {})),
+    MODEL_ROW(2, "p@a.AddToMethod()", Require(w.Lives(*w.p(w.s.a))); w.p(w.s.a)->AddToMethod({})),
+    MODEL_ROW(1, "p@a = m@b.GetParameterDecl(@M)",
+              w.p[w.s.a] = w.M()->GetParameterDecl(w.In(kMethods), {});
+              w.ShowNamed(w.p(w.s.a)); w.out << w.p(w.s.a)->GetType({}) << w.p(w.s.a)->IsArray({})),
+    MODEL_WALK(2, "m@b.EnumerateParameterDecls(conduct @F)",
+               TCIMParameterDeclCallback callback = take;
+               w.M()->EnumerateParameterDecls(callback, {})),
+    MODEL_ROW(2, "to paths in its own namespace the host gives i@b or another by @f",
+              HostAnswers(w)),
     MODEL_ROW(1, "i@b.Validate()", w.I()->Validate({})),
     MODEL_ROW(6, "i@b.GetProperty(@P), shown; SetPrevValue(@V), or SetValue, by @F",
               UseProperty(w)),
@@ -211,10 +229,26 @@ inline const TOperation kOperations[] = {
                w.C()->EnumerateAssociatedClasses(
                    take, w.Maybe(kClasses, w.s.name), w.Maybe(kClasses, w.s.a* w.s.a / 8),
                    w.Maybe(kProperties, w.s.value), w.Maybe(kProperties, w.s.flag), {})),
-    MODEL_ROW(5, "show c@a", w.ShowClass(w.C())),
+    MODEL_ROW(5, "show c@a", w.ShowClass(w.c(w.s.a))),
     MODEL_ROW(5, "show i@b", ShowInstance(w)),
     MODEL_ROW(1, "@N.ClearInstances() if @f is 0", if (w.s.flag == 0) w.N()->ClearInstances()),
+    MODEL_ROW(0, "everything is let go of", w.Clear()),
 };
+constexpr int kLetGo = static_cast<int>(std::size(kOperations)) - 1;
+
+inline bool IsWalk(const TStep& step) {
+  return Contains(kOperations[step.operation].pattern, "conduct");
+}
+
+/// What it does, with the numbers after "@" in the words.
+inline std::string ToText(const TStep& s) {
+  std::ostringstream text;
+  text << kOperations[s.operation].pattern << "  space " << s.space << " a " << s.a << " b " << s.b
+       << " name " << s.name << " value " << s.value << " flag " << s.flag;
+  if (s.inner > 0) text << " doing the next " << s.inner;
+  if (s.fault > 0) text << " with fault " << s.fault;
+  return text.str();
+}
 
 inline void TWorld::Do(const TStep& step) {
   s = step;

@@ -24,7 +24,7 @@ struct TModelProperty : ICIMProperty {
   bool IsArray(TAny) const override { return declaration->IsArray({}); }
   bool IsDefaultValue(TAny) const override { return !value; }
   bool GetPropagated(TAny) const override { return !value; }
-  const TCIMValue& GetValue(TAny) const override { return value ? *value : declaration->value.now; }
+  const TCIMValue& GetValue(TAny) const override { return value ? *value : declaration->value; }
   const TCIMValue& GetPrevValue() const override { return previous ? *previous : GetValue({}); }
   bool IsPrevValueDifferent() const override { return previous.has_value(); }
   void SetValue(const TCIMValue& given, TAny) override {
@@ -51,7 +51,7 @@ struct TModelProperty : ICIMProperty {
       why << operation << ": decl is type " << GetType({}) << " but value is type "
           << given.GetType();
     } else if (given.IsReference()) {
-      const auto declared = ReferencedClass(declaration->value.now);
+      const auto declared = ReferencedClass(declaration->value);
       const auto referenced = ReferencedClass(given);
       if (referenced && declared && referenced->IsSubclassOf(declared, {})) return;
       why << operation << ": decl references type " << (declared ? declared->name : "")
@@ -67,7 +67,7 @@ struct TModelProperty : ICIMProperty {
   std::vector<std::string> ToStringVector() const override { return {}; }
   TCIMValue Read(TText qualifier, TType type) const {
     const auto found = declaration->qualifiers.Find(qualifier);
-    return found && found->value.now.GetType() == type ? found->value.now : TCIMValue();
+    return found && found->value.GetType() == type ? found->value : TCIMValue();
   }
   /// By the qualifiers that the pool of names has.
   std::string Show(const TCIMValue& shown) const {
@@ -79,13 +79,11 @@ struct TModelProperty : ICIMProperty {
 
 struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInstance> {
   TPtr<TModelClass> cimClass = {};
-  std::vector<TPtr<void>> uses = {};  ///< of the declarations; they go after the values
   TTable<std::string, TModelProperty> properties = {};
 
   void Initialize() {
     for (const auto& [key, entry] : cimClass->properties.entries) {
       properties.Insert(key, TModelProperty::Make(entry.element));
-      uses.push_back(Use(entry.element, true));
     }
     try {
       cimClass->GetPropertyDecl("DateTimeOfCollection", {});
@@ -97,17 +95,16 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
     cimClass->EnumerateKeyNames(
         [this](const std::string* key) {
           if (!GetProperty(*key, {})->GetValue({}).IsNull()) return true;
-          LogModel(0, "Inmem: Instance " + cimClass->name + ": key property " + *key + " is NULL");
-          throw TVYRException(18);
+          Refuse(18, 0, "Instance " + cimClass->name + ": key property " + *key + " is NULL");
         },
         {});
     if (!cimClass->IsAssociation({})) return;
     for (const auto& entry : properties.entries) {
       const TCIMValue& value = entry.second.element->GetValue({});
       if (!value.IsReference() || Try([&] { return Resolve(value) != nullptr; })) continue;
-      LogModel(0, "Inmem: Reference " + static_cast<TCIMReference>(value).GetPath() +
-                      " doesn't point to anything!");
-      throw TVYRException(15);
+      Refuse(15, 0,
+             "Reference " + static_cast<TCIMReference>(value).GetPath() +
+                 " doesn't point to anything!");
     }
   }
   void AddToNamespace(TAny) override {
@@ -191,8 +188,8 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
                                     TAny) override {
     TPtr<ICIMClass> wanted;
     const auto find = [&] {
-      const auto space = cimClass->GetNamespace({});
-      return space && (wanted = space->GetClass(resultClass, {}));
+      wanted = cimClass->GetNamespace({})->GetClass(resultClass, {});
+      return true;
     };
     if (!Try(find)) return;
     const auto deliver = [&](const TCIMValue& value) {
@@ -238,7 +235,6 @@ inline TPtr<ICIMInstance> TModelClass::AllocateInstance(TAny) {
 }
 
 inline void TModelClass::AddInstance(TPtr<ICIMInstance> added) {
-  if (space.expired()) return;
   instances.Put(added->GetReference({}).GetPath(),
                 boost::static_pointer_cast<TModelInstance>(added));
 }

@@ -15,8 +15,8 @@ struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNames
     return space;
   }
   ~TModelNamespace() override {
-    for (auto at = made.rbegin(); at != made.rend(); ++at) {
-      if (const auto cimClass = at->lock()) cimClass->ReleaseLinks();
+    for (const auto& held : made) {
+      if (const auto cimClass = held.lock()) cimClass->LetGo();
     }
   }
   TPtr<ICIMClass> AllocateClass(TText name, TPtr<ICIMClass> super, TAny) override {
@@ -82,6 +82,14 @@ struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNames
     throw TVYRException(1);
   }
   ICIMNamespace& operator=(ICIMNamespace&) override { return *this; }
+};
+
+/// A host's own namespace, in which paths lead where the world says.
+struct TModelHost : TModelNamespace {
+  using TModelNamespace::operator=;
+  std::function<TPtr<ICIMInstance>(const TCIMReference&)> answer = {};
+
+  TPtr<ICIMInstance> GetInstance(const TCIMReference& path, TAny) override { return answer(path); }
 };
 
 }  // namespace NZELVYR20

@@ -13,6 +13,7 @@
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
 #include "ICIMMethodDecl.h"
+#include "ICIMParameterDecl.h"
 #include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"

@@ -24,6 +24,9 @@ using TPool = std::vector<std::string>;
 /// Thrown where a step names a register in which nothing stands, or asks for what a host must not.
 struct TNothingThere {};
 
+/// The flag of a walk that ends its thread.
+constexpr int kEndsThread = 31;
+
 inline void Require(bool isAllowed) {
   if (!isAllowed) throw TNothingThere();
 }
@@ -38,7 +41,10 @@ template <class T>
 struct TRegisters {
   std::array<TPtr<T>, 8> held = {};
   TPtr<T>& operator[](int at) { return held[at & 7]; }
-  TPtr<T> operator()(int at) const { return held[at & 7] ? held[at & 7] : throw TNothingThere(); }
+  const TPtr<T>& operator()(int at) const {
+    Require(held[at & 7] != nullptr);
+    return held[at & 7];
+  }
 };
 
 struct TAllRegisters {
@@ -47,22 +53,32 @@ struct TAllRegisters {
   TRegisters<ICIMQualifierDecl> q = {};
   TRegisters<ICIMPropertyDecl> d = {};
   TRegisters<ICIMMethodDecl> m = {};
+  TRegisters<ICIMParameterDecl> p = {};
   TRegisters<ICIMInstance> i = {};
 };
 
 /// One side: its namespaces, the registers and the step in hand.
 struct TWorld : TShown, TAllRegisters {
   std::function<TPtr<ICIMNamespace>(bool)> allocate;  ///< a namespace, with redefinition or not
+  std::function<void()> endThread;
   TStep s = {};
   std::vector<TStep> inner = {};  ///< what callbacks do
   bool isStarved = false;         ///< there are faults in the script
+  bool isModel = false;
+  int answer = 0;                    ///< of the host, in its own namespace
+  TPtr<ICIMInstance> answered = {};  ///< the same
 
-  TPtr<ICIMNamespace> N() const { return n(s.space); }
-  TPtr<ICIMClass> C() const { return c(s.a); }
-  TPtr<ICIMQualifierDecl> Q() const { return q(s.a); }
-  TPtr<ICIMPropertyDecl> D() const { return d(s.b); }
-  TPtr<ICIMMethodDecl> M() const { return m(s.b); }
-  TPtr<ICIMInstance> I() const { return i(s.b); }
+  /// What is called. Nothing but the plug-in holds what callbacks let go of.
+  template <class T>
+  TPtr<T> Called(const TPtr<T>& held) const {
+    return isModel ? held : TPtr<T>(TPtr<void>(), held.get());
+  }
+  TPtr<ICIMNamespace> N() const { return Called(n(s.space)); }
+  TPtr<ICIMClass> C() const { return Called(c(s.a)); }
+  TPtr<ICIMQualifierDecl> Q() const { return Called(q(s.a)); }
+  TPtr<ICIMPropertyDecl> D() const { return Called(d(s.b)); }
+  TPtr<ICIMMethodDecl> M() const { return Called(m(s.b)); }
+  TPtr<ICIMInstance> I() const { return Called(i(s.b)); }
   const std::string& In(const TPool& pool) const { return pool[s.name % pool.size()]; }
   /// For what restricts a query: as often as not nothing.
   static std::string Maybe(const TPool& pool, int at) {
@@ -75,7 +91,15 @@ struct TWorld : TShown, TAllRegisters {
   TCIMValue Default() const;  ///< what may be a default, or stand in a qualifier
 
   /// Lets go of everything.
-  void Clear() { c = {}, q = {}, d = {}, m = {}, i = {}, n = {}; }
+  void Clear() { static_cast<TAllRegisters&>(*this) = {}, answered = {}; }
+
+  /// What the host says to paths in its own namespace. Those to "a" it asks the repository for.
+  TPtr<ICIMInstance> Answer(const TCIMReference& path) const {
+    if (Contains(path.GetPath(), "\"a\"")) return n(0)->GetInstance(path, {});
+    if (answer % 4 == 1) throw TDerivedFailure(99);
+    if (answer % 4 == 2 && answered) return n(0)->GetInstance(answered->GetReference({}), {});
+    return answered;
+  }
 
   /// Does a step, and shows how it ends.
   void Do(const TStep& step);
@@ -89,6 +113,7 @@ struct TWorld : TShown, TAllRegisters {
       out << Text(element) << ", ";
       Act(element);
       const int conduct = s.flag % 8;
+      if (s.flag == kEndsThread && endThread) endThread();
       const int when = (s.a ^ s.b) % 4;
       if (++calls != when && when != 0) return true;
       if (conduct == 5 || conduct == 6) throw TDerivedFailure(conduct == 5 ? 15 : 14);
@@ -117,12 +142,15 @@ struct TWorld : TShown, TAllRegisters {
   template <class T>
   void Take(const TStep&, const T&) {}
 
+  void Take(const TStep& step, const TPtr<ICIMParameterDecl>& taken) { p[step.a] = taken; }
+
   /// Runs the call on a class or on a declaration of any kind.
   template <class TCallback>
   void OnElement(const TCallback& call) const {
-    if (s.b % 3 == 0) return call(c(s.a));
-    if (s.b % 3 == 1) return call(d(s.a));
-    call(m(s.a));
+    if (s.b % 4 == 0) return call(c(s.a));
+    if (s.b % 4 == 1) return call(d(s.a));
+    if (s.b % 4 == 2) return call(m(s.a));
+    call(p(s.a));
   }
   template <class TElement>
   void Attach(const TPtr<ICIMQualifier>& added, const TElement& element) const {
@@ -138,18 +166,12 @@ struct TWorld : TShown, TAllRegisters {
     return has("DateTimeOfCollection") ||
            (isStarved && (has("Duplex") || has("Description") || has("State") || has("Status")));
   }
-  /// A class without a namespace must not be tied to itself: nobody would part it.
-  static bool Lives(const ICIMClass& cimClass) { return cimClass.GetNamespace({}) != nullptr; }
+  /// What is added has to have where it belongs.
+  static bool Lives(const ICIMClass&) { return true; }
+  static bool Lives(const ICIMParameterDecl& one) { return one.GetMethodDecl({}) != nullptr; }
   template <class TDeclaration>
   static bool Lives(const TDeclaration& declaration) {
-    const auto owner = declaration.GetClass({});
-    return owner && Lives(*owner);
-  }
-  /// What a host must see to before a class is added: it belongs somewhere.
-  void AddClass() const {
-    const auto super = C()->GetSuperClass({});
-    Require(super && Lives(*super) && Lives(*C()));
-    C()->AddToNamespace({});
+    return declaration.GetClass({}) != nullptr;
   }
   template <class T>
   void Compare(const TPtr<T>& left, const TPtr<T>& right, bool isOrderStable) {

@@ -37,61 +37,58 @@ TNames CodeOf(const std::string& cell) {
 /// The text without its first and last character.
 std::string InnerOf(const std::string& text) { return text.substr(1, text.size() - 2); }
 
-template <class TNumber>
-TCIMValue ReadNumber(const std::string& text) {
-  if constexpr (std::is_unsigned_v<TNumber>) return static_cast<TNumber>(std::stoull(text));
-  return static_cast<TNumber>(std::stod(text));
-}
-
-TCIMValue ReadText(const std::string& text) { return InnerOf(text); }
-TCIMValue ReadBoolean(const std::string& text) { return text == "true"; }
-
-struct TTypeRow {
-  TType::ECIMType type;
-  TCIMValue (*read)(const std::string& text);
-};
-
-const std::map<std::string, TTypeRow>& GetTypes() {
-  static const std::map<std::string, TTypeRow> kTypes{
-      {"boolean", {TType::kBoolean, ReadBoolean}},
-      {"uint8", {TType::kUInt8, ReadNumber<unsigned char>}},
-      {"uint16", {TType::kUInt16, ReadNumber<unsigned short>}},
-      {"uint32", {TType::kUInt32, ReadNumber<unsigned int>}},
-      {"uint64", {TType::kUInt64, ReadNumber<unsigned long long>}},
-      {"sint32", {TType::kSInt32, ReadNumber<int>}},
-      {"real64", {TType::kReal64, ReadNumber<double>}},
-      {"string", {TType::kString, ReadText}},
-  };
-  return kTypes;
-}
-
-TCIMValue ReadScalar(const TTypeRow& row, const std::string& text) {
-  return text == "null" ? TCIMValue::Null(row.type) : row.read(text);
-}
-
-TCIMValue ReadArray(const TTypeRow& row, const std::string& text) {
-  if (text == "null") return TCIMValue::Null(TType::ArrayOf(row.type));
-  std::vector<TCIMValue> elements;
-  for (const auto& item : Split(InnerOf(text), ',')) {
-    if (!item.empty()) elements.push_back(ReadScalar(row, item));
+TType TypeOf(const std::string& word) {
+  for (int type = 0; type < 2 * TType::kArray; ++type) {
+    const auto candidate = static_cast<TType::ECIMType>(type);
+    if (::testing::PrintToString(TType(candidate)) == word) return candidate;
   }
-  return TCIMValue::Array(row.type, elements);
+  throw std::invalid_argument("no type " + word);
+}
+
+TCIMValue Read(TType type, const std::string& text) {
+  if (text == "null") return TCIMValue::Null(type);
+  if (type.IsArray()) {
+    std::vector<TCIMValue> elements;
+    for (const auto& item : Split(InnerOf(text), ',')) {
+      if (!item.empty()) elements.push_back(Read(type.GetElementType(), item));
+    }
+    return TCIMValue::Array(type.GetElementType(), elements);
+  }
+  switch (type) {
+    case TType::kBoolean:
+      return text == "true";
+    case TType::kString:
+      return InnerOf(text);
+    case TType::kUInt8:
+      return static_cast<unsigned char>(std::stoul(text));
+    case TType::kUInt16:
+      return static_cast<unsigned short>(std::stoul(text));
+    case TType::kUInt32:
+      return static_cast<unsigned int>(std::stoul(text));
+    case TType::kUInt64:
+      return std::stoull(text);
+    case TType::kSInt32:
+      return std::stoi(text);
+    default:
+      return std::stod(text);
+  }
 }
 
 /// Texts in braces, else a text, a flag (true where nothing is given), an 8-bit number or a null of
 /// the qualifier's usual type.
 TCIMValue ReadQualifierValue(const std::string& name, const std::string& text) {
+  static const std::map<std::string, TType> kUnusual{{"Base", TType::kUInt8},
+                                                     {"Values", TType::kStringArray},
+                                                     {"AbbreviateUnits", TType::kBoolean}};
   if (text.empty()) return true;
-  if (text[0] == '{') return ReadArray(GetTypes().at("string"), text);
+  if (text[0] == '{') return Read(TType::kStringArray, text);
   const std::string inner = InnerOf(text);
-  if (inner[0] == '"') return ReadText(inner);
   if (inner == "null") {
-    return TCIMValue::Null(name == "Base"              ? TType::kUInt8
-                           : name == "Values"          ? TType::kStringArray
-                           : name == "AbbreviateUnits" ? TType::kBoolean
-                                                       : TType::kString);
+    const auto type = kUnusual.find(name);
+    return TCIMValue::Null(type == kUnusual.end() ? TType(TType::kString) : type->second);
   }
-  return std::isdigit(inner[0]) != 0 ? ReadNumber<unsigned char>(inner) : ReadBoolean(inner);
+  if (inner[0] == '"') return InnerOf(inner);
+  return Read(std::isdigit(inner[0]) != 0 ? TType::kUInt8 : TType::kBoolean, inner);
 }
 
 /// As in much of Europe: 1.500 is more than a thousand.
@@ -106,9 +103,7 @@ class TDisplayDocumentTest : public TRepositoryTest {
 
   /// The texts of a property of a new class's instance.
   TNames Show(const std::string& qualifiers, const std::string& type, const std::string& value) {
-    const bool isArray = type.back() == ']';
-    const TTypeRow& row = GetTypes().at(isArray ? type.substr(0, type.size() - 2) : type);
-    const TCIMValue shown = isArray ? ReadArray(row, value) : ReadScalar(row, value);
+    const TCIMValue shown = Read(TypeOf(type), value);
     const auto cimClass = DefineClass("Class" + std::to_string(rows++));
     const auto declaration =
         cimClass->AllocatePropertyDecl("Shown", TCIMValue::Null(shown.GetType()), {});
@@ -121,7 +116,7 @@ class TDisplayDocumentTest : public TRepositoryTest {
     declaration->AddToClass({});
     const auto property = NewInstance(cimClass, {{"Shown", shown}})->GetProperty("Shown", {});
     property->SetPrevValue(shown);
-    if (isArray) return property->ToStringVector();
+    if (shown.IsArray()) return property->ToStringVector();
     EXPECT_EQ(property->PrevValueToString(), property->ToString());
     return {property->ToString()};
   }

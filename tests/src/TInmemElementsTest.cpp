@@ -1,0 +1,160 @@
+#include <set>
+
+#include "TInmemInstance.h"
+#include "TInmemMethodDecl.h"
+#include "TInmemParameterDecl.h"
+#include "TInmemQualifier.h"
+#include "TOSSpecific.h"
+#include "TRepositoryTest.h"
+
+namespace NZELVYR20 {
+namespace {
+
+/// What the random operations do not reach.
+class TInmemElementsTest : public TRepositoryTest {
+ protected:
+  /// What is assigned, which is the other one, keeps its name and is what the assignment returns.
+  template <class TPointer>
+  static void ExpectNoAssignment(const TPointer& element, const TPointer& other) {
+    EXPECT_EQ(&(*element = *other), element.get());
+    EXPECT_NE(element->GetName({}), other->GetName({}));
+  }
+
+  TClass port = DefineClass("Port");
+};
+
+TEST_F(TInmemElementsTest, AssignmentCopiesNothing) {
+  const auto method = port->AllocateMethodDecl("A", TType::kUInt8, {});
+  ExpectNoAssignment(port, NewClass("Other"));
+  ExpectNoAssignment(port->AllocatePropertyDecl("A", 1U, {}),
+                     port->AllocatePropertyDecl("B", "", {}));
+  ExpectNoAssignment(method, port->AllocateMethodDecl("B", TType::kUInt8, {}));
+  ExpectNoAssignment(method->AllocateParameterDecl("A", TType::kUInt8, {}),
+                     method->AllocateParameterDecl("B", TType::kUInt8, {}));
+  const auto a = NewQualifier(space, *port, "A", true);
+  const auto b = NewQualifier(space, *port, "B", 1U);
+  ExpectNoAssignment(a, b);
+  ExpectNoAssignment(boost::const_pointer_cast<ICIMQualifierDecl>(a->GetDeclaration({})),
+                     boost::const_pointer_cast<ICIMQualifierDecl>(b->GetDeclaration({})));
+  const auto one = NewInstance(port, {{"Id", "one"}});
+  *one = *NewInstance(port, {{"Id", "two"}});
+  one->ModifyInstance(NewInstance(port, {{"Id", "two"}}), {});
+  EXPECT_EQ(one->GetProperty("Id", {})->ToString(), "one");
+}
+
+TEST_F(TInmemElementsTest, SomeOperationsDoNothing) {
+  const TClass other = NewClass("Other");
+  port->ModifyClass(other, {});
+  EXPECT_EQ(port->GetName({}), "Port");
+  TCIMContext parameters{{"Force", TCIMValue(true)}};
+  EXPECT_EQ(port->InvokeMethod("Reset", parameters, {}), TCIMValue());
+  EXPECT_EQ(NewInstance(port)->InvokeMethod("Reset", parameters, {}), TCIMValue());
+  EXPECT_EQ(parameters, (TCIMContext{{"Force", TCIMValue(true)}}));
+  EXPECT_EQ(Try([&] { port->GetProperty("Id", {}); }), Quiet(15));
+  EXPECT_EQ(Try([&] { port->SetPropertyValue("Id", TCIMValue("1"), {}); }), Quiet(15));
+  const boost::shared_ptr<const ICIMPropertyDecl> id = port->GetPropertyDecl("Id", {});
+  const TInmemPropertyDecl copy(boost::shared_ptr<const TInmemClass>(), id);
+  EXPECT_EQ(copy.GetName({}) + copy.GetDefaultValue({}).ToString(10), "");
+}
+
+TEST_F(TInmemElementsTest, WhatIsTakenOutTwiceIsMissed) {
+  const auto method = boost::dynamic_pointer_cast<TInmemMethodDecl>(
+      port->AllocateMethodDecl("Reset", TType::kUInt32, {}));
+  const auto parameter = boost::dynamic_pointer_cast<TInmemParameterDecl>(
+      method->AllocateParameterDecl("COUNT", TType::kUInt8Array, {}));
+  method->AddParameterDecl(parameter);
+  port->AddAssociationClass(port), port->AddAssociationClass(port);
+  for (const int status : {0, 15}) {
+    EXPECT_EQ(Try([&] { port->RemoveAssociationClass(port); }), Quiet(status));
+    EXPECT_EQ(Try([&] { method->RemoveParameterDecl(parameter); }), Quiet(status));
+  }
+}
+
+TEST_F(TInmemElementsTest, AQualifierHasItsValuesTypeAndItsDeclarationAnother) {
+  const auto units = space->AllocateQualifierDecl("Units", "V", ICIMQualifierDecl::kAny, {}, {});
+  const auto attached = boost::make_shared<TInmemQualifier>(port, units, TCIMValue(7));
+  EXPECT_EQ(attached->GetType({}), TType::kSInt32);
+  units->SetDefaultValue(TCIMValue::Null(TType::kUInt8Array), {});
+  EXPECT_EQ(units->GetType({}), TType::kUInt8Array);
+  const boost::shared_ptr<const ICIMQualifier> source(attached);
+  for (const bool isPropagated : {true, false}) {
+    attached->SetPropagated(isPropagated);
+    EXPECT_EQ(TInmemQualifier(port, source).GetPropagated({}), isPropagated);
+  }
+}
+
+TEST_F(TInmemElementsTest, InstancesValidateWhatTheirFlagsAskFor) {
+  const auto link = DefineAssociation("Link", {{"From", port}});
+  const auto lost = RefTo(NewInstance(port, {{"Id", "b"}}));
+  const struct {
+    int flags;
+    TCIMValue id;
+    int status;
+  } rows[] = {{0, TCIMValue::Null(TType::kString), 0},
+              {1, TCIMValue::Null(TType::kString), 18},
+              {1, "1", 0},
+              {2, TCIMValue::Null(TType::kString), 15},
+              {3, TCIMValue::Null(TType::kString), 18}};
+  for (const auto& [flags, id, status] : rows) {
+    TInmemInstance instance(link, flags);
+    instance.SetPropertyValue("Id", id, {}), instance.SetPropertyValue("From", lost, {});
+    const std::string outcome = Try([&] { instance.Validate({}); });
+    EXPECT_EQ(outcome.substr(0, outcome.find('\n')), Quiet(status)) << flags;
+  }
+}
+
+TEST_F(TInmemElementsTest, AHeldPropertyHoldsItsInstanceAndIsTheSameToAll) {
+  for (const char* name : {"Speed", "Slot"}) DeclareProperty(port, name, TCIMValue(1U));
+  auto instance = NewInstance(port);
+  std::set<boost::shared_ptr<ICIMProperty>> held;
+  for (const char* name : {"Slot", "Id", "Speed", "ID"}) {
+    held.insert(instance->GetProperty(name, {}));
+  }
+  EXPECT_EQ(held.size(), 3U);
+  held.erase(instance->GetProperty("Slot", {}));  // in whatever order they go
+  const boost::weak_ptr<ICIMProperty> id = instance->GetProperty("Id", {});
+  EXPECT_EQ(held.count(id.lock()), 1U);
+  const boost::weak_ptr<ICIMInstance> watched = instance;
+  instance.reset();
+  EXPECT_EQ(id.lock()->GetDeclaration({})->GetName({}), "Id");
+  held.clear();
+  EXPECT_TRUE(id.expired() && watched.expired());
+}
+
+TEST_F(TInmemElementsTest, AnInstanceIsStampedWithTheTimeOfItsMaking) {
+  DeclareProperty(port, "dateTimeOFcollection", TCIMValue::Null(TType::kDateTime));
+  const TCIMValue before(TOSSpecific::GetLocalTime());
+  const auto instance = NewInstance(port);
+  const TCIMValue after(TOSSpecific::GetLocalTime());
+  const TCIMValue& stamp = instance->GetProperty("DateTimeOfCollection", {})->GetValue({});
+  EXPECT_FALSE(stamp.IsNull() || stamp < before || after < stamp) << stamp.ToString(10);
+}
+
+TEST_F(TInmemElementsTest, StepsOfAWalkPassOtherFailuresAndAnswerWhetherToGoOn) {
+  const auto card = DefineClass("Card");
+  const auto link = DefineAssociation("Link", {{"From", port}, {"To", port}});
+  const auto l = AddInstance(port, "l");
+  const auto from = boost::dynamic_pointer_cast<TInmemInstance>(l);
+  const auto one = boost::dynamic_pointer_cast<TInmemInstance>(
+      PutInstance(link, {{"From", RefTo(l)}, {"To", RefTo(AddInstance(port, "r"))}}));
+  for (const int status : {0, 7}) {
+    std::string found;
+    const TCIMInstanceCallback note = [&, status](const TInstance& instance) {
+      found += instance->GetProperty("Id", {})->ToString();
+      if (status != 0) throw TVYRException(status);
+      return false;
+    };
+    const auto expect = [&](const auto& step, bool goesOn) {
+      EXPECT_EQ(Try([&] { EXPECT_EQ(step(), goesOn); }), Quiet(status));
+    };
+    expect([&] { return from->ExamineCandidate(note, port, "", one); }, false);
+    expect([&] { return from->ExamineCandidateClassInstance(note, one); }, true);
+    expect([&] { return from->ExamineCandidateClassInstanceWithRole(note, "From", one); }, true);
+    expect([&] { return from->ExamineCandidateWithResultRole(note, port, "To", one); }, true);
+    EXPECT_EQ(found, "r11r");
+    EXPECT_TRUE(from->ExamineCandidate(note, card, "", one));
+  }
+}
+
+}  // namespace
+}  // namespace NZELVYR20

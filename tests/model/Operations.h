@@ -67,21 +67,6 @@ inline void UseProperty(TWorld& w) {
   if (w.s.flag % 4 == 2) property->SetValue(w.Value(), {});
 }
 
-inline void Compare(TWorld& w) {
-  const auto compare = [&](const auto& all) { w.Compare(all(w.s.a), all(w.s.b), true); };
-  if (w.s.flag % 6 == 0) compare(w.c);
-  if (w.s.flag % 6 == 1) w.Compare(w.i(w.s.a), w.i(w.s.b), false);
-  if (w.s.flag % 6 == 2) compare(w.d);
-  if (w.s.flag % 6 == 3) compare(w.m);
-  if (w.s.flag % 6 == 4) compare(w.q);
-  if (w.s.flag % 6 == 5) compare(w.p);
-}
-
-inline void CompareQualifiers(TWorld& w) {
-  const auto make = [&](int at) { return w.C()->AllocateQualifier(w.q(at), true, {}); };
-  w.Compare(make(w.s.b), make(w.s.flag), true);
-}
-
 // The first rows are those that recipes name.
 enum ERow {
   kSpace,
@@ -208,11 +193,6 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(6, "i@b.GetProperty(@P), shown; SetPrevValue(@V), or SetValue, by @F",
               UseProperty(w)),
     MODEL_ROW(3, "c@a.IsSubclassOf(c@b)", w.out << w.C()->IsSubclassOf(w.c(w.s.b), {})),
-    MODEL_ROW(2, "compare @a and @b of c, i, d, m, or q, by @f", Compare(w)),
-    MODEL_ROW(1, "compare qualifiers of q@b and q@F for c@a", CompareQualifiers(w)),
-    MODEL_ROW(1, "compare property @P of i@a and i@b",
-              w.CompareProperties(w.i(w.s.a)->GetProperty(w.In(kProperties), {}),
-                                  w.I()->GetProperty(w.In(kProperties), {}))),
     MODEL_WALK(1, "@N.EnumerateRootClasses(conduct @F)", w.N()->EnumerateRootClasses(take, {})),
     MODEL_WALK(1, "@N.EnumerateQualifierDecls(conduct @F)",
                w.N()->EnumerateQualifierDecls(take, {})),

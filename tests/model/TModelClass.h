@@ -223,9 +223,6 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   void SetPropertyValue(TText given, const TCIMValue&, TAny) override { GetProperty(given, {}); }
   void EnumerateStaticProperties(const TCIMPropertyCallback&, TAny) override {}
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
-  bool operator==(ICIMClass& other) const override { return name == other.GetName({}); }
-  bool operator<(ICIMClass& other) const override { return name < other.GetName({}); }
-
   TPtr<ICIMInstance> AllocateInstance(TAny) override;
   void AddInstance(TPtr<ICIMInstance> added) override;
   void RemoveInstance(TPtr<ICIMInstance> removed) override {

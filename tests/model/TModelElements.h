@@ -33,7 +33,7 @@ struct TModelStore : ICIMNamespace {
   }
 };
 
-struct TModelQualifierDecl : TModelCompared<ICIMQualifierDecl>,
+struct TModelQualifierDecl : TModelOf<ICIMQualifierDecl>,
                              boost::enable_shared_from_this<TModelQualifierDecl> {
   using ICIMQualifierDecl::operator=;
   boost::weak_ptr<TModelStore> space = {};
@@ -61,8 +61,7 @@ struct TModelQualifierDecl : TModelCompared<ICIMQualifierDecl>,
   EFlavor GetFlavor(TAny) const override { return flavor; }
 };
 
-struct TModelQualifier : TModelCompared<ICIMQualifier>,
-                         boost::enable_shared_from_this<TModelQualifier> {
+struct TModelQualifier : TModelOf<ICIMQualifier>, boost::enable_shared_from_this<TModelQualifier> {
   using ICIMQualifier::operator=;
   boost::weak_ptr<ICIMNamedElement> owner = {};
   TPtr<const ICIMQualifierDecl> declaration = {};
@@ -97,7 +96,7 @@ enum class EModelKind { kClass, kProperty, kMethod, kParameter };
 
 /// A class or a declaration: what has a name and qualifiers.
 template <EModelKind kKind, class TInterface, class TSelf>
-struct TModelNamed : TModelCompared<TInterface>, boost::enable_shared_from_this<TSelf> {
+struct TModelNamed : TModelOf<TInterface>, boost::enable_shared_from_this<TSelf> {
   using TInterface::operator=;
   static constexpr bool kIsClass = kKind == EModelKind::kClass;
   static constexpr bool kIsOfMethod =

@@ -10,7 +10,8 @@
 
 namespace NZELVYR20 {
 
-struct TModelProperty : ICIMProperty {
+struct TModelProperty : TModelOf<ICIMProperty> {
+  using ICIMProperty::operator=;
   TPtr<TModelPropertyDecl> declaration = {};
   std::optional<TCIMValue> value = {}, previous = {};
 
@@ -36,15 +37,6 @@ struct TModelProperty : ICIMProperty {
     previous = TCIMValue(given);
   }
   void SetPrevValue() override { previous = TCIMValue(); }
-  bool operator==(ICIMProperty& other) const override {
-    return other.GetDeclaration({}) == declaration && *value == other.GetValue({});
-  }
-  bool operator<(ICIMProperty& other) const override {
-    const auto others = other.GetDeclaration({});
-    return others == declaration ? *value < other.GetValue({}) : declaration < others;
-  }
-  ICIMProperty& operator=(const ICIMProperty&) override { return *this; }
-
   void Check(const TCIMValue& given, TText operation) const {
     std::ostringstream why;
     if (GetType({}) != given.GetType()) {
@@ -77,7 +69,8 @@ struct TModelProperty : ICIMProperty {
   }
 };
 
-struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInstance> {
+struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<TModelInstance> {
+  using ICIMInstance::operator=;
   TPtr<TModelClass> cimClass = {};
   TTable<std::string, TModelProperty> properties = {};
 
@@ -148,10 +141,6 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
     properties.Walk(false, true, callback);
   }
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
-  bool operator==(ICIMInstance& other) const override { return other.GetClass({}) == cimClass; }
-  bool operator<(ICIMInstance& other) const override { return cimClass < other.GetClass({}); }
-  ICIMInstance& operator=(const ICIMInstance&) override { return *this; }
-
   TPtr<ICIMProperty> Derive(TText name, const TCIMValue& value) const {
     cimClass->AddPropertyDecl(cimClass->AllocatePropertyDecl(name, value, {}));
     return TModelProperty::Make(Demand(cimClass->properties.Find(name)));

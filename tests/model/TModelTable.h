@@ -44,17 +44,13 @@ inline std::string Normalize(TText name) {
   return folded;
 }
 
-/// What compares by its name and is never assigned.
+/// What nobody compares or assigns here.
 template <class TInterface>
-struct TModelCompared : TInterface {
-  TModelCompared() = default;
-  TModelCompared(const TModelCompared&) : TInterface() {}
-
-  int Compare(TInterface& other) const {
-    return Normalize(this->GetName({})).compare(Normalize(other.GetName({})));
-  }
-  bool operator==(TInterface& other) const override { return Compare(other) == 0; }
-  bool operator<(TInterface& other) const override { return Compare(other) < 0; }
+struct TModelOf : TInterface {
+  TModelOf() = default;
+  TModelOf(const TModelOf&) : TInterface() {}
+  bool operator==(TInterface&) const override { return false; }
+  bool operator<(TInterface&) const override { return false; }
   TInterface& operator=(const TInterface&) override { return *this; }
 };
 

@@ -173,19 +173,6 @@ struct TWorld : TShown, TAllRegisters {
   static bool Lives(const TDeclaration& declaration) {
     return declaration.GetClass({}) != nullptr;
   }
-  template <class T>
-  void Compare(const TPtr<T>& left, const TPtr<T>& right, bool isOrderStable) {
-    const bool isLess = *left < *right;
-    const bool isGreater = *right < *left;
-    out << (*left == *right) << (*right == *left) << (isLess || isGreater) << (isLess && isGreater);
-    if (isOrderStable) out << isLess;
-  }
-  void CompareProperties(const TPtr<ICIMProperty>& left, const TPtr<ICIMProperty>& right) {
-    for (const auto& one : {left, right}) {
-      Require(!one->IsDefaultValue({}) && !IsTime(one->GetValue({})));
-    }
-    Compare(left, right, left->GetDeclaration({}) == right->GetDeclaration({}));
-  }
 };
 
 }  // namespace NZELVYR20

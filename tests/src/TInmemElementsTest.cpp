@@ -42,6 +42,40 @@ TEST_F(TInmemElementsTest, AssignmentCopiesNothing) {
   EXPECT_EQ(one->GetProperty("Id", {})->ToString(), "one");
 }
 
+TEST_F(TInmemElementsTest, ElementsCompareByTheirNames) {
+  const auto expect = [](const auto& make) {
+    const auto a = make("aB");
+    for (const auto& same : {a, make("Ab")}) {
+      EXPECT_TRUE(*a == *same && *same == *a && !(*a < *same) && !(*same < *a));
+    }
+    const auto b = make("AC");
+    EXPECT_TRUE(!(*a == *b) && *a < *b && !(*b < *a));
+  };
+  const auto method = port->AllocateMethodDecl("Reset", TType::kString, {});
+  const auto qualifier = [&](const char* name) { return NewQualifier(space, *port, name, true); };
+  expect([&](auto name) { return port->AllocatePropertyDecl(name, "", {}); });
+  expect([&](auto name) { return port->AllocateMethodDecl(name, TType::kString, {}); });
+  expect([&](auto name) { return method->AllocateParameterDecl(name, TType::kString, {}); });
+  expect(qualifier);
+  expect([&](auto name) {
+    return boost::const_pointer_cast<ICIMQualifierDecl>(qualifier(name)->GetDeclaration({}));
+  });
+  const auto upper = NewClass("AB"), lower = NewClass("aB");
+  EXPECT_TRUE(*upper == *NewClass("AB") && !(*upper == *lower) && *upper < *lower);
+  EXPECT_FALSE(*lower < *upper || *upper < *NewClass("AB"));
+}
+
+TEST_F(TInmemElementsTest, InstancesCompareByTheirClassesAndPropertiesByDeclarationAndValue) {
+  const auto a = AddInstance(port, "a"), b = AddInstance(port, "b");
+  const auto other = AddInstance(DefineClass("Other"), "a");
+  EXPECT_TRUE(*a == *b && !(*a < *b) && !(*a == *other) && (*a < *other) != (*other < *a));
+  const auto idOf = [](const TInstance& instance) { return instance->GetProperty("Id", {}); };
+  EXPECT_TRUE(*idOf(a) == *idOf(a) && !(*idOf(a) == *idOf(b)) && *idOf(a) < *idOf(b));
+  EXPECT_FALSE(*idOf(a) < *idOf(a) || *idOf(b) < *idOf(a) || *idOf(a) == *idOf(other));
+  EXPECT_NE(*idOf(a) < *idOf(other), *idOf(other) < *idOf(a));
+  EXPECT_NE(*idOf(b) < *idOf(other), *idOf(other) < *idOf(b));
+}
+
 TEST_F(TInmemElementsTest, SomeOperationsDoNothing) {
   const TClass other = NewClass("Other");
   port->ModifyClass(other, {});

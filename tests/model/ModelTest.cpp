@@ -76,6 +76,7 @@ class TComparison {
     };
     model_.endThread = [] { throw TThreadEnd(); };
     for (TWorld* world : {&plugin_, &model_}) {
+      world->showsTexts = false;
       world->out.exceptions(std::ios::badbit);  // or it would keep lack of memory to itself
       const auto host = boost::make_shared<TModelHost>();
       host->answer = [world](const TCIMReference& path) { return world->Answer(path); };

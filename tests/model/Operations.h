@@ -91,6 +91,8 @@ enum ERow {
   kRemoveClass,
   kRemoveProperty,
   kSubClasses,
+  kParameter,
+  kAddParameter,
 };
 
 #define MODEL_ROW(weight, pattern, ...)             \
@@ -141,6 +143,10 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(1, "c@a.RemovePropertyDecl(d@b)", w.C()->RemovePropertyDecl(w.d(w.s.b))),
     MODEL_WALK(2, "c@a.EnumerateSubClasses(conduct @F, deep if @b is odd)",
                w.C()->EnumerateSubClasses(take, w.s.b % 2 == 1, {})),
+    MODEL_ROW(2, "p@a = m@b.AllocateParameterDecl(@M, type @F)",
+              w.p[w.s.a] = w.M()->AllocateParameterDecl(
+                  w.In(kMethods), w.s.flag % 2 == 0 ? TType::kString : TType::kUInt8Array, {})),
+    MODEL_ROW(2, "p@a.AddToMethod()", Require(w.Lives(*w.p(w.s.a))); w.p(w.s.a)->AddToMethod({})),
     MODEL_ROW(1, "q@a.SetFlavor(@F), or UnsetFlavor or SetDefaultValue(@V), by @b",
               if (w.s.b % 3 == 0) w.Q()->SetFlavor(w.Flavor(), {});
               if (w.s.b % 3 == 1) w.Q()->UnsetFlavor(w.Flavor(), {});
@@ -177,10 +183,6 @@ inline const TOperation kOperations[] = {
     MODEL_ROW(1, "c@a.RemoveMethodDecl(m@b)", w.C()->RemoveMethodDecl(w.m(w.s.b))),
     MODEL_ROW(1, "m@b = c@a.GetMethodDecl(@M)",
               w.out << w.Text(w.m[w.s.b] = w.C()->GetMethodDecl(w.In(kMethods), {}))),
-    MODEL_ROW(2, "p@a = m@b.AllocateParameterDecl(@M, type @F)",
-              w.p[w.s.a] = w.M()->AllocateParameterDecl(
-                  w.In(kMethods), w.s.flag % 2 == 0 ? TType::kString : TType::kUInt8Array, {})),
-    MODEL_ROW(2, "p@a.AddToMethod()", Require(w.Lives(*w.p(w.s.a))); w.p(w.s.a)->AddToMethod({})),
     MODEL_ROW(1, "p@a = m@b.GetParameterDecl(@M)",
               w.p[w.s.a] = w.M()->GetParameterDecl(w.In(kMethods), {});
               w.ShowNamed(w.p(w.s.a)); w.out << w.p(w.s.a)->GetType({}) << w.p(w.s.a)->IsArray({})),

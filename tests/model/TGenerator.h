@@ -35,8 +35,8 @@ class TGenerator {
       const int recipe = Draw(60);
       if (recipe == 0) DefineClass(Draw(8));
       if (recipe > 0 && recipe < 4) PutInstance(Draw(8));
-      if (recipe == 4) Draw(2) == 0 ? WalkAndAct() : WalkAndRelink();
-      if (recipe == 5 && Draw(4) == 0) UseRoot(Draw(8));
+      if (recipe == 4) WalkAndRelink();
+      if (recipe == 5) Draw(3) == 0 ? UseRoot(Draw(8)) : WalkAndAct();
       const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
       const int name = Draw(3) == 0 ? Draw(1000) : Draw(6);
       if (recipe > 5) {
@@ -97,10 +97,16 @@ class TGenerator {
       AddProperty(c, 1, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
       AddProperty(c, 2, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
     }
+    if (c >= 5 && Draw(3) == 0) AddProperty(c, 5, kConstants + 32 * Draw(3), false);
     const int again = 7 + Draw(6);
     for (int i = 0; i < Draw(3); ++i) AddProperty(c, again, 1 + Draw(3), false);
     Add(kMethod, c, 0, Draw(4), 0, Draw(2));
     if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
+    for (int i = 0; i < Draw(4); ++i) {
+      Add(kParameter, c, 0, i, 0, Draw(2));
+      for (int q = Draw(3); q < 3; ++q) Add(kAttach, c, 3, 0, Draw(3), 4 + q);
+      Add(kAddParameter, c, 0, 0, 0, 0);
+    }
     Add(kAddMethod, c, 0, 0, 0, 0);
     Add(kAddClass, c, 0, 0, 0, 0);
   }
@@ -155,14 +161,11 @@ class TGenerator {
                                     kAssociators, kAddProperty, kForget, kRemoveProperty};
     const int walk = walks_[Draw(static_cast<unsigned>(walks_.size()))];
     const int b = Draw(8);
-    Walk(walk, b);
+    Add(walk, Draw(8), b, Draw(2) * Draw(32), Draw(2) * Draw(512), Draw(4) == 0 ? Draw(8) : 0);
+    script_.back().inner = 1 + Draw(2);
     for (int act = 0; act < 2; ++act) {
       Add(kActs[Draw(9)], b, b, Draw(3), Reference(Draw(8)), Draw(8));
     }
-  }
-  void Walk(int walk, int b) {
-    Add(walk, Draw(8), b, Draw(2) * Draw(32), Draw(2) * Draw(512), Draw(4) == 0 ? Draw(8) : 0);
-    script_.back().inner = 1 + Draw(4);
   }
 
   /// A walk along several instances of one association, which lead elsewhere meanwhile.
@@ -170,9 +173,10 @@ class TGenerator {
     const int near = Draw(5);
     const int c = 5 + Draw(3);
     for (const int i : {5, 6, 7}) {
-      PutAssociation(i, c, i < 7 ? i - 4 : 14, Draw(3) == 0 ? Draw(5) : near);
+      PutAssociation(i, c, i < 7 ? i - 4 : 14, Draw(i == 6 ? 2 : 6) == 0 ? Draw(5) : near);
     }
-    Walk(Draw(2) == 0 ? kReferences : kAssociators, near);
+    Add(Draw(3) == 0 ? kAssociators : kReferences, 0, near, 0, 0, 0);
+    script_.back().inner = 4;
     const int i = 5 + Draw(3);
     for (int act = 0; act < 4; ++act) {
       const int acts[] = {kDelete, kAddInstance, kSet};

@@ -54,19 +54,9 @@ struct TModelProperty : TModelOf<ICIMProperty> {
     LogModel(3, why.str());
     throw TVYRException(14);
   }
-  std::string ToString() const override { return Show(GetValue({})); }
-  std::string PrevValueToString() const override { return Show(GetPrevValue()); }
+  std::string ToString() const override { return {}; }
+  std::string PrevValueToString() const override { return {}; }
   std::vector<std::string> ToStringVector() const override { return {}; }
-  TCIMValue Read(TText qualifier, TType type) const {
-    const auto found = declaration->qualifiers.Find(qualifier);
-    return found && found->value.GetType() == type ? found->value : TCIMValue();
-  }
-  /// By the qualifiers that the pool of names has.
-  std::string Show(const TCIMValue& shown) const {
-    if (shown.IsNull()) return Read("NULLDISPLAY", TType::kString).ToString(10);
-    const TCIMValue base = Read("BASE", TType::kUInt8);
-    return shown.ToString(base.IsNull() ? 10 : static_cast<unsigned char>(base));
-  }
 };
 
 struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<TModelInstance> {

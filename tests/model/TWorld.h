@@ -93,12 +93,14 @@ struct TWorld : TShown, TAllRegisters {
   /// Lets go of everything.
   void Clear() { static_cast<TAllRegisters&>(*this) = {}, answered = {}; }
 
-  /// What the host says to paths in its own namespace. Those to "a" it asks the repository for.
+  /// What the host says to paths in its own namespace. Those to "a" it asks the repository for, and
+  /// only those: what it was given once may be remembered.
   TPtr<ICIMInstance> Answer(const TCIMReference& path) const {
     if (Contains(path.GetPath(), "\"a\"")) return n(0)->GetInstance(path, {});
     if (answer % 4 == 1) throw TDerivedFailure(99);
-    if (answer % 4 == 2 && answered) return n(0)->GetInstance(answered->GetReference({}), {});
-    return answered;
+    if (answer % 4 != 2) return answered;
+    const TCIMReference other = answered->GetReference({});
+    return other.GetPath() == path.GetPath() ? answered : n(0)->GetInstance(other, {});
   }
 
   /// Does a step, and shows how it ends.

@@ -120,39 +120,27 @@ TEST_F(TInmemElementsTest, AQualifierHasItsValuesTypeAndItsDeclarationAnother) {
 TEST_F(TInmemElementsTest, InstancesValidateWhatTheirFlagsAskFor) {
   const auto link = DefineAssociation("Link", {{"From", port}});
   const auto lost = RefTo(NewInstance(port, {{"Id", "b"}}));
-  const struct {
-    int flags;
-    TCIMValue id;
-    int status;
-  } rows[] = {{0, TCIMValue::Null(TType::kString), 0},
-              {1, TCIMValue::Null(TType::kString), 18},
-              {1, "1", 0},
-              {2, TCIMValue::Null(TType::kString), 15},
-              {3, TCIMValue::Null(TType::kString), 18}};
-  for (const auto& [flags, id, status] : rows) {
+  for (const auto& [flags, status] : {std::pair{0, 0}, {1, 18}, {2, 15}, {3, 18}}) {
     TInmemInstance instance(link, flags);
-    instance.SetPropertyValue("Id", id, {}), instance.SetPropertyValue("From", lost, {});
+    instance.SetPropertyValue("Id", TCIMValue::Null(TType::kString), {});
+    instance.SetPropertyValue("From", lost, {});
     const std::string outcome = Try([&] { instance.Validate({}); });
     EXPECT_EQ(outcome.substr(0, outcome.find('\n')), Quiet(status)) << flags;
   }
 }
 
 TEST_F(TInmemElementsTest, AHeldPropertyHoldsItsInstanceAndIsTheSameToAll) {
-  for (const char* name : {"Speed", "Slot"}) DeclareProperty(port, name, TCIMValue(1U));
+  DeclareProperty(port, "Slot", 1U);
   auto instance = NewInstance(port);
   std::set<boost::shared_ptr<ICIMProperty>> held;
-  for (const char* name : {"Slot", "Id", "Speed", "ID"}) {
-    held.insert(instance->GetProperty(name, {}));
-  }
-  EXPECT_EQ(held.size(), 3U);
+  for (const char* name : {"Slot", "Id", "ID"}) held.insert(instance->GetProperty(name, {}));
+  EXPECT_EQ(held.size(), 2U);
   held.erase(instance->GetProperty("Slot", {}));  // in whatever order they go
-  const boost::weak_ptr<ICIMProperty> id = instance->GetProperty("Id", {});
-  EXPECT_EQ(held.count(id.lock()), 1U);
   const boost::weak_ptr<ICIMInstance> watched = instance;
   instance.reset();
-  EXPECT_EQ(id.lock()->GetDeclaration({})->GetName({}), "Id");
+  EXPECT_EQ((*held.begin())->GetDeclaration({})->GetName({}), "Id");
   held.clear();
-  EXPECT_TRUE(id.expired() && watched.expired());
+  EXPECT_TRUE(watched.expired());
 }
 
 TEST_F(TInmemElementsTest, AnInstanceIsStampedWithTheTimeOfItsMaking) {
@@ -165,11 +153,10 @@ TEST_F(TInmemElementsTest, AnInstanceIsStampedWithTheTimeOfItsMaking) {
 }
 
 TEST_F(TInmemElementsTest, StepsOfAWalkPassOtherFailuresAndAnswerWhetherToGoOn) {
-  const auto card = DefineClass("Card");
   const auto link = DefineAssociation("Link", {{"From", port}, {"To", port}});
   const auto l = AddInstance(port, "l");
-  const auto from = boost::dynamic_pointer_cast<TInmemInstance>(l);
-  const auto one = boost::dynamic_pointer_cast<TInmemInstance>(
+  const auto from = boost::static_pointer_cast<TInmemInstance>(l);
+  const auto one = boost::static_pointer_cast<TInmemInstance>(
       PutInstance(link, {{"From", RefTo(l)}, {"To", RefTo(AddInstance(port, "r"))}}));
   for (const int status : {0, 7}) {
     std::string found;
@@ -178,16 +165,17 @@ TEST_F(TInmemElementsTest, StepsOfAWalkPassOtherFailuresAndAnswerWhetherToGoOn) 
       if (status != 0) throw TVYRException(status);
       return false;
     };
-    const auto expect = [&](const auto& step, bool goesOn) {
-      EXPECT_EQ(Try([&] { EXPECT_EQ(step(), goesOn); }), Quiet(status));
-    };
-    expect([&] { return from->ExamineCandidate(note, port, "", one); }, false);
-    expect([&] { return from->ExamineCandidateClassInstance(note, one); }, true);
-    expect([&] { return from->ExamineCandidateClassInstanceWithRole(note, "From", one); }, true);
-    expect([&] { return from->ExamineCandidateWithResultRole(note, port, "To", one); }, true);
+    const std::pair<std::function<bool()>, bool> steps[] = {
+        {[&] { return from->ExamineCandidate(note, port, "", one); }, false},
+        {[&] { return from->ExamineCandidateClassInstance(note, one); }, true},
+        {[&] { return from->ExamineCandidateClassInstanceWithRole(note, "From", one); }, true},
+        {[&] { return from->ExamineCandidateWithResultRole(note, port, "To", one); }, true}};
+    for (const auto& [step, goesOn] : steps) {
+      EXPECT_EQ(Try([&, &go = step, wanted = goesOn] { EXPECT_EQ(go(), wanted); }), Quiet(status));
+    }
     EXPECT_EQ(found, "r11r");
-    EXPECT_TRUE(from->ExamineCandidate(note, card, "", one));
   }
+  EXPECT_TRUE(from->ExamineCandidate({}, DefineClass("Card"), "", one));
 }
 
 }  // namespace

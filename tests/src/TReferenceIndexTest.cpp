@@ -1,3 +1,5 @@
+#include <map>
+
 #include "CheckIndex.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
@@ -128,6 +130,26 @@ TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
       }
     }
   }
+}
+
+TEST_F(TReferenceIndexTest, AWalkMeetsWhatComesToReferAhead) {
+  std::map<std::string, TInstance> links;
+  for (const char* id : {"1", "2", "3", "4", "5"}) {
+    const auto end = RefTo(*id % 2 == 1 ? a : b);
+    (links[id] = NewLink(id, end, end))->AddToNamespace({});
+  }
+  std::string visited;
+  const auto act = [&](const TInstance& association) {
+    visited += association->GetProperty("Id", {})->ToString();
+    for (const char* id : {"4", "2"}) links[id]->SetPropertyValue("Part", RefTo(a), {});
+    for (const char* property : {"Part", "System"}) {
+      links["3"]->SetPropertyValue(property, RefTo(b), {});
+    }
+    NewLink("45", RefTo(a), RefTo(a))->AddToNamespace({});
+    return true;
+  };
+  a->EnumerateAssociationInstances(act, "", "", {});
+  EXPECT_EQ(visited, "1245");
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ class TComparison {
     const EEnd end = isStarved ? Starve(step) : EEnd::kSwallowed;
     if (end == EEnd::kFailed && IsGivenUp(step)) return Compare([](TWorld&) {});
     return Compare([&](TWorld& world) {
-      world.inner.assign(after, inner);
+      world.following.assign(after, inner);
       if (end == EEnd::kDone && &world == &plugin_) return;
       const bool endsThread = EndsThread(step) || std::any_of(after, inner, EndsThread);
       endsThread ? DoInThread(world, step) : world.Do(step);
@@ -122,7 +122,7 @@ class TComparison {
     constexpr EKind kKinds[] = {EKind::kNew, EKind::kNew, EKind::kLog, EKind::kC};
     const TAllRegisters before = plugin_;
     const auto next = plugin_.next;
-    plugin_.inner.clear();
+    plugin_.following.clear();
     logger_->out = &plugin_.out;
     EEnd end = EEnd::kSwallowed;
     const EKind kind = kKinds[step.fault / 2 % 4];
@@ -283,7 +283,7 @@ TEST_F(ModelTest, EveryWalkMayLoseEverything) {
       logger->out = &world.out;
       TRootObject::SetCoreLogger(logger);
       for (const TStep& step : TGenerator(seed).Make(0)) world.Do(step);
-      world.inner = {{kLetGo, 0, 0, 0, 0, 1, 0, 0, 0}};
+      world.following = {{kLetGo, 0, 0, 0, 0, 1, 0, 0, 0}};
       world.Do(walk);
       world.Clear();
       world.ShowGone();

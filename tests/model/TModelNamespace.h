@@ -69,18 +69,15 @@ struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNames
     for (const auto& entry : classes.entries) entry.second.element->instances.Clear();
   }
 
+  // Nobody asks for these here.
   TPtr<INamespaceProvider> GetNamespaceProvider(TAny) override { return {}; }
   void SetUpcallNamespace(TPtr<ICIMNamespace>, TAny) override {}
-  void AddUnderlyingNamespace(TPtr<ICIMNamespace>, TAny) override { throw TVYRException(1); }
+  void AddUnderlyingNamespace(TPtr<ICIMNamespace>, TAny) override {}
   void EnumerateProviders(const TCIMProviderCallback&, TAny) override {}
-  void Subscribe(TPtr<ICIMIndicationFilter>, const TCIMInstanceCallback&, TAny) override {
-    throw TVYRException(1);
-  }
-  void DeleteInstance(const TCIMReference&, TAny) override { throw TVYRException(1); }
-  void ModifyInstance(const TCIMReference&, TCIMContext, TAny) override { throw TVYRException(1); }
-  void ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&, TAny) override {
-    throw TVYRException(1);
-  }
+  void Subscribe(TPtr<ICIMIndicationFilter>, const TCIMInstanceCallback&, TAny) override {}
+  void DeleteInstance(const TCIMReference&, TAny) override {}
+  void ModifyInstance(const TCIMReference&, TCIMContext, TAny) override {}
+  void ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&, TAny) override {}
   ICIMNamespace& operator=(ICIMNamespace&) override { return *this; }
 };
 

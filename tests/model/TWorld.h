@@ -58,12 +58,11 @@ struct TAllRegisters {
 };
 
 /// One side: its namespaces, the registers and the step in hand.
-struct TWorld : TShown, TAllRegisters {
+struct TWorld : TShown, TAllRegisters, TStep {
   std::function<TPtr<ICIMNamespace>(bool)> allocate;  ///< a namespace, with redefinition or not
   std::function<void()> endThread;
-  TStep s = {};
-  std::vector<TStep> inner = {};  ///< what callbacks do
-  bool isStarved = false;         ///< there are faults in the script
+  std::vector<TStep> following = {};  ///< what callbacks do
+  bool isStarved = false;             ///< there are faults in the script
   bool isModel = false;
   int answer = 0;                    ///< of the host, in its own namespace
   TPtr<ICIMInstance> answered = {};  ///< the same
@@ -73,19 +72,19 @@ struct TWorld : TShown, TAllRegisters {
   TPtr<T> Called(const TPtr<T>& held) const {
     return isModel ? held : TPtr<T>(TPtr<void>(), held.get());
   }
-  TPtr<ICIMNamespace> N() const { return Called(n(s.space)); }
-  TPtr<ICIMClass> C() const { return Called(c(s.a)); }
-  TPtr<ICIMQualifierDecl> Q() const { return Called(q(s.a)); }
-  TPtr<ICIMPropertyDecl> D() const { return Called(d(s.b)); }
-  TPtr<ICIMMethodDecl> M() const { return Called(m(s.b)); }
-  TPtr<ICIMInstance> I() const { return Called(i(s.b)); }
-  const std::string& In(const TPool& pool) const { return pool[s.name % pool.size()]; }
+  TPtr<ICIMNamespace> N() const { return Called(n(space)); }
+  TPtr<ICIMClass> C() const { return Called(c(a)); }
+  TPtr<ICIMQualifierDecl> Q() const { return Called(q(a)); }
+  TPtr<ICIMPropertyDecl> D() const { return Called(d(b)); }
+  TPtr<ICIMMethodDecl> M() const { return Called(m(b)); }
+  TPtr<ICIMInstance> I() const { return Called(i(b)); }
+  const std::string& In(const TPool& pool) const { return pool[name % pool.size()]; }
   /// For what restricts a query: as often as not nothing.
   static std::string Maybe(const TPool& pool, int at) {
     return at % 2 == 0 ? "" : pool[at / 2 % 18 % pool.size()];
   }
   ICIMQualifierDecl::EFlavor Flavor() const {
-    return static_cast<ICIMQualifierDecl::EFlavor>(s.flag & 7);
+    return static_cast<ICIMQualifierDecl::EFlavor>(flag & 7);
   }
   TCIMValue Value() const;
   TCIMValue Default() const;  ///< what may be a default, or stand in a qualifier
@@ -103,6 +102,7 @@ struct TWorld : TShown, TAllRegisters {
     return other.GetPath() == path.GetPath() ? answered : n(0)->GetInstance(other, {});
   }
 
+  void Set(const TStep& step) { static_cast<TStep&>(*this) = step; }
   /// Does a step, and shows how it ends.
   void Do(const TStep& step);
 
@@ -114,9 +114,9 @@ struct TWorld : TShown, TAllRegisters {
     walk([&](const auto& element) {
       out << Text(element) << ", ";
       Act(element);
-      const int conduct = s.flag % 8;
-      if (s.flag == kEndsThread && endThread) endThread();
-      const int when = (s.a ^ s.b) % 4;
+      const int conduct = flag % 8;
+      if (flag == kEndsThread && endThread) endThread();
+      const int when = (a ^ b) % 4;
       if (++calls != when && when != 0) return true;
       if (conduct == 5 || conduct == 6) throw TDerivedFailure(conduct == 5 ? 15 : 14);
       if (conduct == 7) throw 7;
@@ -125,16 +125,16 @@ struct TWorld : TShown, TAllRegisters {
   }
   template <class T>
   void Act(const T& element) {
-    const auto steps = std::exchange(inner, {});
-    const TStep outer = s;
+    const auto steps = std::exchange(following, {});
+    const TStep outer = *this;
     for (const TStep& step : steps) {
       if (step.flag % 2 == 0) Take(step, element);
       out << "{ ";
       Do(step);
       out << " } ";
     }
-    s = outer;
-    inner = steps;
+    Set(outer);
+    following = steps;
   }
   void Take(const TStep& step, const TPtr<ICIMClass>& taken) { c[step.a] = taken; }
   void Take(const TStep& step, const TPtr<ICIMInstance>& taken) { i[step.b] = taken; }
@@ -149,10 +149,10 @@ struct TWorld : TShown, TAllRegisters {
   /// Runs the call on a class or on a declaration of any kind.
   template <class TCallback>
   void OnElement(const TCallback& call) const {
-    if (s.b % 4 == 0) return call(c(s.a));
-    if (s.b % 4 == 1) return call(d(s.a));
-    if (s.b % 4 == 2) return call(m(s.a));
-    call(p(s.a));
+    if (b % 4 == 0) return call(c(a));
+    if (b % 4 == 1) return call(d(a));
+    if (b % 4 == 2) return call(m(a));
+    call(p(a));
   }
   template <class TElement>
   void Attach(const TPtr<ICIMQualifier>& added, const TElement& element) const {
@@ -163,8 +163,8 @@ struct TWorld : TShown, TAllRegisters {
   }
   /// A time must not become part of a path; nor, since who asks for the path of an instance without
   /// one declares it, what must not be half done.
-  bool MustNotBeKey(const std::string& name) const {
-    const auto has = [&](const char* part) { return boost::algorithm::icontains(name, part); };
+  bool MustNotBeKey(const std::string& key) const {
+    const auto has = [&](const char* part) { return boost::algorithm::icontains(key, part); };
     return has("DateTimeOfCollection") ||
            (isStarved && (has("Duplex") || has("Description") || has("State") || has("Status")));
   }

@@ -52,8 +52,8 @@ constexpr int kConstants = 21;
 constexpr int kReference = 24;
 
 inline TCIMValue TWorld::Value() const {
-  const int at = s.value % 32;
-  const int from = s.value / 32;
+  const int at = value % 32;
+  const int from = value / 32;
   if (at < kReference || at > 27) return Default();
   const TCIMReference path = i(from)->GetReference({});
   Require(path.GetPath().size() <= 200);  // escaping doubles with every level of a key's reference
@@ -62,8 +62,8 @@ inline TCIMValue TWorld::Value() const {
 
 /// The keys of an instance's path may hold any class.
 inline TCIMValue TWorld::Default() const {
-  const int at = s.value % 32;
-  const int from = s.value / 32;
+  const int at = value % 32;
+  const int from = value / 32;
   if (at < kConstants) return GetConstants()[at];
   Require(at < kReference || at > 27);
   TCIMValue null = TCIMValue::NullReference(c(from));

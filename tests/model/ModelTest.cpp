@@ -143,23 +143,21 @@ class TComparison {
     plugin_.out.str("");
     return end;
   }
+  static bool Has(const TStep& step, const char* part) {
+    return Contains(kOperations[step.operation].text, part);
+  }
   /// Walks by a role declare it where it is missing: that cannot be repeated.
   static bool MayDeclare(const TStep& step) {
-    const bool hasRole = step.value % 2 != 0 || step.flag % 2 != 0;
-    return hasRole && Contains(kOperations[step.operation].pattern, "i@b.EnumerateAssoc");
+    return (step.value % 2 != 0 || step.flag % 2 != 0) && Has(step, "w.I()->EnumerateAssoc");
   }
   /// To walks, those of this test's included, and to the look-up for a class that is there already
   /// a failure may count as a miss; what shows before it changes need not show the same again.
   static bool MaySwallow(const TStep& step) {
-    const std::string pattern = kOperations[step.operation].pattern;
-    const auto has = [&](const char* part) { return Contains(pattern, part); };
-    return has("conduct") || has("show c") || has("AllocateClass") || has("i@b.GetProp");
+    return IsWalk(step) || Has(step, "ShowClass") || Has(step, "AllocateClass") ||
+           Has(step, "UseProperty");
   }
-  /// What does one thing, and shows nothing of it that could fail.
   static bool IsGivenUp(const TStep& step) {
-    const std::string pattern = kOperations[step.operation].pattern;
-    const bool isShown = Contains(pattern, " = ") && !Contains(pattern, "AllocateClass");
-    return step.fault % 2 == 1 && pattern.back() == ')' && !isShown;
+    return step.fault % 2 == 1 && kOperations[step.operation].kind != TOperation::kShows;
   }
 
   std::optional<TDifference> Compare(const std::function<void(TWorld&)>& run) {

@@ -92,12 +92,16 @@ struct TWorld : TShown, TAllRegisters, TStep {
   /// Lets go of everything.
   void Clear() { static_cast<TAllRegisters&>(*this) = {}, answered = {}; }
 
-  /// What the host says to paths in its own namespace. Those to "a" it asks the repository for, and
-  /// only those: what it was given once may be remembered.
+  /// What the host says to paths in its own namespace. Only for those to "a" does it pass on what
+  /// the repository says: what it was given once may be remembered.
   TPtr<ICIMInstance> Answer(const TCIMReference& path) const {
-    if (Contains(path.GetPath(), "\"a\"")) return n(0)->GetInstance(path, {});
+    const bool passesOn = Contains(path.GetPath(), "\"a\"");
+    if (passesOn || answer % 4 == 0) {
+      const auto given = n(0)->GetInstance(path, {});
+      return passesOn ? given : TPtr<ICIMInstance>();
+    }
     if (answer % 4 == 1) throw TDerivedFailure(99);
-    if (answer % 4 != 2) return answered;
+    if (answer % 4 == 2) return answered;
     const TCIMReference other = answered->GetReference({});
     return other.GetPath() == path.GetPath() ? answered : n(0)->GetInstance(other, {});
   }

@@ -115,8 +115,8 @@ struct TShown {
         << one->IsDefaultValue({}) << one->GetPropagated({}) << ' ' << Text(one->GetValue({}));
     out << " was " << one->IsPrevValueDifferent() << Text(one->GetPrevValue());
     const bool isDate = Contains(Text(one->GetValue({})) + Text(one->GetPrevValue()), "datetime");
-    if (showsTexts && !isDate)
-      out << " shown " << one->ToString() << '|' << one->PrevValueToString();
+    if (isDate || !showsTexts) return;
+    out << " shown " << one->ToString() << '|' << one->PrevValueToString();
   }
   void ShowClass(const TPtr<ICIMClass>& cimClass) {
     ShowNamed(cimClass);

@@ -26,7 +26,7 @@ TEST_F(TDepthTest, AChainOfAHundredThousandClasses) {
 TEST_F(TDepthTest, AChainThatOnlyItsHeadHolds) {
   const boost::weak_ptr<ICIMClass> last = [this] {
     TClass head = NewClass("Link");
-    const boost::weak_ptr<ICIMClass> first = head;
+    boost::weak_ptr<ICIMClass> first = head;
     for (int i = 0; i < 100000; ++i) {
       head = MakeClass(space, "Link", TCIMValue::NullReference(head));
     }

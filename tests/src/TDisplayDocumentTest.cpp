@@ -35,7 +35,7 @@ std::string DeclareFor(const std::string& qualifiers) {
     const std::size_t value = qualifiers.find(name + "(");
     const char first = value == std::string::npos ? ' ' : qualifiers[value + name.size() + 1];
     const std::string type = first == '"' ? "string" : std::isdigit(first) != 0 ? "uint8" : usual;
-    declared += "Qualifier " + name + " : " + type + ", Scope(any);";
+    declared.append("Qualifier ").append(name).append(" : ").append(type).append(", Scope(any);");
   }
   return declared;
 }

@@ -60,13 +60,15 @@ TEST_F(TInmemElementsTest, ElementsCompareByTheirNames) {
   expect([&](auto name) {
     return boost::const_pointer_cast<ICIMQualifierDecl>(qualifier(name)->GetDeclaration({}));
   });
-  const auto upper = NewClass("AB"), lower = NewClass("aB");
+  const auto upper = NewClass("AB");
+  const auto lower = NewClass("aB");
   EXPECT_TRUE(*upper == *NewClass("AB") && !(*upper == *lower) && *upper < *lower);
   EXPECT_FALSE(*lower < *upper || *upper < *NewClass("AB"));
 }
 
 TEST_F(TInmemElementsTest, InstancesCompareByTheirClassesAndPropertiesByDeclarationAndValue) {
-  const auto a = AddInstance(port, "a"), b = AddInstance(port, "b");
+  const auto a = AddInstance(port, "a");
+  const auto b = AddInstance(port, "b");
   const auto other = AddInstance(DefineClass("Other"), "a");
   EXPECT_TRUE(*a == *b && !(*a < *b) && !(*a == *other) && (*a < *other) != (*other < *a));
   const auto idOf = [](const TInstance& instance) { return instance->GetProperty("Id", {}); };

@@ -73,7 +73,8 @@ class TReferenceIndexTest : public TRedefinitionTest {
   TClass element = DefineClass("CIM_Element");
   const TClass link = DefineAssociation("CIM_Link", {{"System", element}, {"Part", element}});
   const boost::shared_ptr<THostNamespace> host = boost::make_shared<THostNamespace>();
-  const TInstance a = AddInstance(element, "a"), b = AddInstance(element, "b");
+  const TInstance a = AddInstance(element, "a");
+  const TInstance b = AddInstance(element, "b");
 };
 
 TEST_F(TReferenceIndexTest, TheHostIsAskedOnlyForWhatIsOpen) {

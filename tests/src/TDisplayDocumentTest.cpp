@@ -61,6 +61,7 @@ class TDisplayDocumentTest : public TRepositoryTest {
                                " = " + value + "; };");
     loader.Enter();
     const auto property = NewInstance(space->GetClass("Row", {}))->GetProperty("Shown", {});
+    property->SetValue(property->GetValue({}), {});
     property->SetPrevValue(property->GetValue({}));
     if (isArray) return property->ToStringVector();
     EXPECT_EQ(property->PrevValueToString(), property->ToString());

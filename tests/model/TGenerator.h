@@ -178,10 +178,13 @@ class TGenerator {
     Add(Draw(3) == 0 ? kAssociators : kReferences, 0, near, 0, 0, 0);
     script_.back().inner = 4;
     const int i = 5 + Draw(3);
+    const bool sweeps = Draw(3) == 0;  // more than half are taken out, and others come
     for (int act = 0; act < 4; ++act) {
       const int acts[] = {kDelete, kAddInstance, kSet};
       const int to = Draw(2) == 0 ? near : Draw(5);
-      Add(acts[Draw(3)], 0, Draw(2) == 0 ? i : 5 + Draw(3), 1 + Draw(2), Reference(to), 1);
+      const int operation = sweeps ? acts[act / 2] : acts[Draw(3)];
+      const int at = sweeps ? 6 + act % 2 : Draw(2) == 0 ? i : 5 + Draw(3);
+      Add(operation, 0, at, 1 + Draw(2), Reference(to), 1);
     }
   }
 

@@ -12,6 +12,15 @@ class TGenerator {
  public:
   explicit TGenerator(unsigned seed) : random_(seed), isStarved_(Draw(2) == 0) {}
 
+  /// Each walk of the table, from anywhere.
+  TScript MakeWalks() {
+    for (const TOperation& operation : kOperations) {
+      Add(static_cast<int>(&operation - kOperations), Draw(8), Draw(8), 0, 0, 0);
+      if (!IsWalk(script_.back())) script_.pop_back();
+    }
+    return script_;
+  }
+
   TScript Make(std::size_t size) {
     for (space_ = 0; space_ < 2; ++space_) MakeSpace();
     const std::size_t setUp = script_.size();
@@ -19,22 +28,21 @@ class TGenerator {
     for (const TOperation& operation : kOperations) {
       const int row = static_cast<int>(&operation - kOperations);
       lots.insert(lots.end(), operation.weight, row);
-      if (Contains(operation.pattern, "conduct")) walks_.push_back(row);
+      if (IsWalk({row, 0, 0, 0, 0, 0, 0, 0, 0})) walks_.push_back(row);
     }
     while (script_.size() < size) {
       space_ = Draw(4) == 0 ? 1 : 0;
       const int recipe = Draw(60);
       if (recipe == 0) DefineClass(Draw(8));
       if (recipe > 0 && recipe < 4) PutInstance(Draw(8));
-      if (recipe == 4) Draw(2) == 0 ? WalkAndAct() : WalkAndRelink();
-      if (recipe == 5 && Draw(4) == 0) UseRoot(Draw(8));
-      if (recipe == 6 && Draw(6) == 0 && !isStarved_) ReplaceSpace();
+      if (recipe == 4) WalkAndRelink();
+      if (recipe == 5) Draw(3) == 0 ? UseRoot(Draw(8)) : WalkAndAct();
       const int operation = lots[Draw(static_cast<unsigned>(lots.size()))];
       const int name = Draw(3) == 0 ? Draw(1000) : Draw(6);
-      if (recipe > 6) {
-        Add(operation, Draw(8), Draw(8), name, Draw(3) == 0 ? 0 : Draw(512), Draw(32));
+      if (recipe > 5) {
+        Add(operation, Draw(8), Draw(8), name, Draw(3) == 0 ? 0 : Draw(768), Draw(32));
       }
-      if (recipe > 6 && Draw(8) == 0) script_.back().inner = 1 + Draw(2);
+      if (recipe > 5 && Draw(8) == 0) script_.back().inner = 1 + Draw(2);
     }
     if (isStarved_) AddFaults(setUp);
     return script_;
@@ -70,13 +78,6 @@ class TGenerator {
     }
   }
 
-  /// Most of what there is stands in the first one.
-  void ReplaceSpace() {
-    space_ = Draw(4) == 0 ? 0 : 1;
-    Add(kSpace, 0, 0, 0, 0, 0);
-    if (space_ == 0 || Draw(2) == 0) MakeSpace();
-  }
-
   void AddProperty(int c, int name, int value, bool isKey) {
     Add(kProperty, c, 0, name, value, 0);
     if (isKey) Add(kAttach, 0, 1, 0, 0, 0);
@@ -96,10 +97,16 @@ class TGenerator {
       AddProperty(c, 1, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
       AddProperty(c, 2, kConstants + 32 * (Draw(4) == 0 ? Draw(5) : 0), Draw(2) == 0);
     }
+    if (c >= 5 && Draw(3) == 0) AddProperty(c, 5, kConstants + 32 * Draw(3), false);
     const int again = 7 + Draw(6);
     for (int i = 0; i < Draw(3); ++i) AddProperty(c, again, 1 + Draw(3), false);
     Add(kMethod, c, 0, Draw(4), 0, Draw(2));
     if (Draw(2) == 0) Add(kAttach, 0, 2, 0, 0, 1);
+    for (int i = 0; i < Draw(4); ++i) {
+      Add(kParameter, c, 0, i, 0, Draw(2));
+      for (int q = Draw(3); q < 3; ++q) Add(kAttach, c, 3, 0, Draw(3), 4 + q);
+      Add(kAddParameter, c, 0, 0, 0, 0);
+    }
     Add(kAddMethod, c, 0, 0, 0, 0);
     Add(kAddClass, c, 0, 0, 0, 0);
   }
@@ -143,23 +150,22 @@ class TGenerator {
     Add(kAddInstance, 0, i, 0, 0, 0);
   }
   int Sometimes(unsigned below) { return Draw(3) == 0 ? Draw(below) : 0; }
-  int Reference(int i) { return kReference + (Draw(8) == 0 ? Draw(8) : 0) + 32 * i; }
+  int Reference(int i) {
+    if (Draw(12) == 0) return 29 + Draw(2) + 32 * (16 + Draw(5));  // a path of the host's own
+    return kReference + (Draw(8) == 0 ? Draw(8) : 0) + 32 * i;
+  }
 
   /// A walk that takes out, puts in again or changes what it visits, or something else.
   void WalkAndAct() {
-    static constexpr int kActs[] = {kDelete,      kAddInstance, kSet,    kRemoveClass,    kAddClass,
-                                    kAssociators, kAddProperty, kForget, kRemoveProperty, kSpace};
+    static constexpr int kActs[] = {kDelete,      kAddInstance, kSet,    kRemoveClass,   kAddClass,
+                                    kAssociators, kAddProperty, kForget, kRemoveProperty};
     const int walk = walks_[Draw(static_cast<unsigned>(walks_.size()))];
     const int b = Draw(8);
-    Walk(walk, b);
-    for (int act = 0; act < 2; ++act) {
-      Add(kActs[Draw(Draw(4) == 0 && !isStarved_ ? 10 : 9)], b, b, Draw(3), Reference(Draw(8)),
-          Draw(8));
-    }
-  }
-  void Walk(int walk, int b) {
     Add(walk, Draw(8), b, Draw(2) * Draw(32), Draw(2) * Draw(512), Draw(4) == 0 ? Draw(8) : 0);
     script_.back().inner = 1 + Draw(2);
+    for (int act = 0; act < 2; ++act) {
+      Add(kActs[Draw(9)], b, b, Draw(3), Reference(Draw(8)), Draw(8));
+    }
   }
 
   /// A walk along several instances of one association, which lead elsewhere meanwhile.
@@ -167,13 +173,18 @@ class TGenerator {
     const int near = Draw(5);
     const int c = 5 + Draw(3);
     for (const int i : {5, 6, 7}) {
-      PutAssociation(i, c, i < 7 ? i - 4 : 14, Draw(3) == 0 ? Draw(5) : near);
+      PutAssociation(i, c, i < 7 ? i - 4 : 14, Draw(i == 6 ? 2 : 6) == 0 ? Draw(5) : near);
     }
-    Walk(Draw(2) == 0 ? kReferences : kAssociators, near);
-    for (int act = 0; act < 2; ++act) {
-      const int acts[] = {kDelete, kAddInstance, kSet, kSet, kSet};
+    Add(Draw(3) == 0 ? kAssociators : kReferences, 0, near, 0, 0, 0);
+    script_.back().inner = 4;
+    const int i = 5 + Draw(3);
+    const bool sweeps = Draw(3) == 0;  // more than half are taken out, and others come
+    for (int act = 0; act < 4; ++act) {
+      const int acts[] = {kDelete, kAddInstance, kSet};
       const int to = Draw(2) == 0 ? near : Draw(5);
-      Add(acts[Draw(5)], 0, 5 + Draw(3), 1 + Draw(2), Reference(to), Draw(8));
+      const int operation = sweeps ? acts[act / 2] : acts[Draw(3)];
+      const int at = sweeps ? 6 + act % 2 : Draw(2) == 0 ? i : 5 + Draw(3);
+      Add(operation, 0, at, 1 + Draw(2), Reference(to), 1);
     }
   }
 
@@ -187,9 +198,7 @@ class TGenerator {
   }
 
   std::mt19937 random_;
-  /// Whether there are faults. Namespaces stay then: where they are gone, an instance that is made
-  /// in vain can be the last that needs what declarations refer to.
-  const bool isStarved_;
+  const bool isStarved_;  ///< there are faults
   int space_ = 0;
   std::vector<int> walks_;
   TScript script_;

@@ -21,7 +21,6 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   TTable<std::string, TModelInstance> instances = {};
   TTable<std::string, TModelMethodDecl> methods = {};
   bool isInNamespace = false;
-  bool isRetired = false;  ///< its namespace is gone
 
   void Inherit(bool isFresh) {
     const auto above = super.lock();
@@ -30,39 +29,26 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
       if (root.get() != this) super = root;
       return;
     }
-    for (const auto& [key, entry] : above->properties.entries) {
-      properties.Insert(key, entry.element, Use(entry.element, true));
-    }
-    for (const auto& [key, entry] : above->methods.entries) {
-      methods.Insert(key, entry.element, Use(entry.element, true));
-    }
+    properties.InsertAll(above->properties);
+    methods.InsertAll(above->methods);
     for (const auto& [key, entry] : above->qualifiers.entries) {
       if ((entry.element->flavor & 2U) == 0 || (isFresh && key == "abstract")) continue;
       const auto copy = boost::make_shared<TModelQualifier>(*entry.element);
       copy->owner = shared_from_this();
-      copy->value = entry.element->GetValue({});
       copy->isPropagated = true;
       qualifiers.Insert(key, copy);
     }
   }
   /// What holds in a circle is parted, since the namespace goes.
-  void ReleaseLinks() {
-    instances.Clear();
-    subClasses.Clear();
-    associations.Clear();
-    FreeQualifiers();
-    isRetired = true;
-    const auto retire = [](auto& table) {
-      for (auto& entry : table.entries) entry.second.use = Use(entry.second.element, false);
-    };
-    retire(properties);
-    retire(methods);
+  void LetGo() {
+    instances.Clear(), subClasses.Clear(), associations.Clear();
+    qualifiers.Clear(), properties.Clear(), methods.Clear();
   }
 
   std::vector<TPtr<TModelClass>> GetRegistrations() const {
     std::vector<TPtr<TModelClass>> ends;
     for (const auto& entry : properties.entries) {
-      if (const auto end = ReferencedClass(entry.second.element->value.now)) ends.push_back(end);
+      if (const auto end = ReferencedClass(entry.second.element->value)) ends.push_back(end);
     }
     std::vector<TPtr<TModelClass>> registrations;
     for (std::size_t i = 0; i < ends.size(); ++i) {
@@ -77,7 +63,7 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   bool IsReferredBy(const TModelClass& association, TText role) const {
     if (role.empty()) return true;
     const auto end = association.properties.Find(role);
-    return end && ReferencedClass(end->value.now).get() == this;
+    return end && ReferencedClass(end->value).get() == this;
   }
 
   void AddToNamespace(TAny) override {
@@ -123,7 +109,7 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   }
   void RemoveAssociationClass(TPtr<ICIMClass> removed) override {
     const auto& association = static_cast<const TModelClass&>(*removed);
-    if (!associations.Erase(association.identity) && !isRetired) throw TVYRException(15);
+    if (!associations.Erase(association.identity)) throw TVYRException(15);
   }
   void ModifyClass(TPtr<ICIMClass>, TAny) override {}
   void Validate(TAny) const override {
@@ -131,8 +117,7 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
     for (const auto& entry : properties.entries) {
       if (entry.second.element->IsSet("KEY")) return;
     }
-    LogModel(3, "Inmem: Class " + name + " has no keys");
-    throw TVYRException(7);
+    Refuse(7, 3, "Class " + name + " has no keys");
   }
   TText GetName(TAny) const override { return name; }
   TPtr<ICIMNamespace> GetNamespace(TAny) const override { return space.lock(); }
@@ -153,7 +138,7 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
     });
   }
   TPtr<ICIMClass> FindFilter(TText filter) const {
-    return filter.empty() ? TPtr<ICIMClass>() : Demand(GetNamespace({}))->GetClass(filter, {});
+    return filter.empty() ? TPtr<ICIMClass>() : space.lock()->GetClass(filter, {});
   }
   void EnumerateAssociationClasses(const TCIMClassCallback& callback, TText resultClass, TText role,
                                    TAny) override {
@@ -192,7 +177,7 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
     std::vector<TPtr<TModelClass>> ends;
     bool isOwnFound = false;
     for (const auto& [key, entry] : association.properties.entries) {
-      const auto end = ReferencedClass(entry.element->value.now);
+      const auto end = ReferencedClass(entry.element->value);
       if (!end) continue;
       const bool isOwn = own.empty() ? end.get() == this && key != wanted : key == own;
       const bool isSkipped = isOwn && !isOwnFound;
@@ -213,19 +198,11 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
     }
   }
 
-  template <class TDeclaration>
-  TPtr<TDeclaration> Declare(TText given, const TCIMValue& value) {
-    auto made = boost::make_shared<TDeclaration>();
-    made->name = given;
-    made->owner = shared_from_this();
-    made->value = value;
-    return made;
-  }
   TPtr<ICIMPropertyDecl> AllocatePropertyDecl(TText given, const TCIMValue& value, TAny) override {
-    return Declare<TModelPropertyDecl>(given, value);
+    return TModelPropertyDecl::Make(shared_from_this(), given, value);
   }
   TPtr<ICIMMethodDecl> AllocateMethodDecl(TText given, TType type, TAny) override {
-    return Declare<TModelMethodDecl>(given, TCIMValue::Null(type));
+    return TModelMethodDecl::Make(shared_from_this(), given, TCIMValue::Null(type));
   }
   TPtr<ICIMPropertyDecl> GetPropertyDecl(TText given, TAny) const override {
     return Demand(properties.Find(given));
@@ -246,9 +223,6 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   void SetPropertyValue(TText given, const TCIMValue&, TAny) override { GetProperty(given, {}); }
   void EnumerateStaticProperties(const TCIMPropertyCallback&, TAny) override {}
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
-  bool operator==(ICIMClass& other) const override { return name == other.GetName({}); }
-  bool operator<(ICIMClass& other) const override { return name < other.GetName({}); }
-
   TPtr<ICIMInstance> AllocateInstance(TAny) override;
   void AddInstance(TPtr<ICIMInstance> added) override;
   void RemoveInstance(TPtr<ICIMInstance> removed) override {

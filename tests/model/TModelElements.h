@@ -8,6 +8,7 @@
 #include "ICIMClass.h"
 #include "ICIMMethodDecl.h"
 #include "ICIMNamespace.h"
+#include "ICIMParameterDecl.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
 #include "TModelTable.h"
@@ -28,29 +29,16 @@ struct TModelStore : ICIMNamespace {
   template <class T>
   void Check(const TTable<std::string, T>& table, TText kind, TText name) const {
     if (!table.Find(name) || redefines) return;
-    LogModel(3, "Inmem: TInmemNamespace: " + kind + " " + name + " already defined");
-    throw TVYRException(16);
+    Refuse(16, 3, "TInmemNamespace: " + kind + " " + name + " already defined");
   }
 };
 
-/// A value that keeps its type when it lets go of the classes to which it refers.
-struct TModelValue {
-  TCIMValue now;
-  TType type;
-
-  TModelValue(const TCIMValue& given = {}) : now(given), type(given.GetType()) {}
-  bool IsReference() const { return now.GetType().GetElementType() == TType::kReference; }
-  void Release() {
-    if (IsReference()) now = TCIMValue();
-  }
-};
-
-struct TModelQualifierDecl : TModelCompared<ICIMQualifierDecl>,
+struct TModelQualifierDecl : TModelOf<ICIMQualifierDecl>,
                              boost::enable_shared_from_this<TModelQualifierDecl> {
   using ICIMQualifierDecl::operator=;
   boost::weak_ptr<TModelStore> space = {};
   std::string name = {};
-  TModelValue value = {};
+  TCIMValue value = {};
   EScope scope = kAny;
   EFlavor flavor = kNoFlavor;
 
@@ -63,28 +51,21 @@ struct TModelQualifierDecl : TModelCompared<ICIMQualifierDecl>,
   void RemoveQualifierDecl(TAny) override {}
   TText GetName(TAny) const override { return name; }
   TPtr<ICIMNamespace> GetNamespace(TAny) const override { return space.lock(); }
-  TType GetType(TAny) const override { return value.type; }
-  bool IsArray(TAny) const override { return value.type.IsArray(); }
-  const TCIMValue& GetDefaultValue(TAny) const override { return value.now; }
-  void SetDefaultValue(const TCIMValue& given, TAny) override { value = given; }
+  TType GetType(TAny) const override { return value.GetType(); }
+  bool IsArray(TAny) const override { return value.IsArray(); }
+  const TCIMValue& GetDefaultValue(TAny) const override { return value; }
+  void SetDefaultValue(const TCIMValue& given, TAny) override { value = TCIMValue(given); }
   EScope GetScope(TAny) const override { return scope; }
   void SetFlavor(EFlavor bits, TAny) override { flavor = flavor | bits; }
   void UnsetFlavor(EFlavor bits, TAny) override { flavor = flavor - bits; }
   EFlavor GetFlavor(TAny) const override { return flavor; }
-
-  TPtr<TModelQualifierDecl> Free() const {
-    auto freed = boost::make_shared<TModelQualifierDecl>(*this);
-    freed->value.Release();
-    return freed;
-  }
 };
 
-struct TModelQualifier : TModelCompared<ICIMQualifier>,
-                         boost::enable_shared_from_this<TModelQualifier> {
+struct TModelQualifier : TModelOf<ICIMQualifier>, boost::enable_shared_from_this<TModelQualifier> {
   using ICIMQualifier::operator=;
   boost::weak_ptr<ICIMNamedElement> owner = {};
   TPtr<const ICIMQualifierDecl> declaration = {};
-  TModelValue value = {};
+  TCIMValue value = {};
   EFlavor flavor = {};
   bool isPropagated = false;
 
@@ -95,42 +76,32 @@ struct TModelQualifier : TModelCompared<ICIMQualifier>,
   void RemoveFromClassOrProperty(TAny) override {}
   TText GetName(TAny) const override { return declaration->GetName({}); }
   TPtr<ICIMNamedElement> GetClassOrProperty(TAny) const override { return owner.lock(); }
-  TType GetType(TAny) const override { return value.type; }
-  bool IsArray(TAny) const override { return value.type.IsArray(); }
+  TType GetType(TAny) const override { return value.GetType(); }
+  bool IsArray(TAny) const override { return value.IsArray(); }
   TPtr<const ICIMQualifierDecl> GetDeclaration(TAny) const override { return declaration; }
-  const TCIMValue& GetValue(TAny) const override { return value.now; }
+  const TCIMValue& GetValue(TAny) const override { return value; }
   EFlavor GetFlavor(TAny) const override { return flavor; }
   bool GetPropagated(TAny) const override { return isPropagated; }
   void SetValue(const TCIMValue& given, TAny) override { Change(given, flavor); }
-  void SetFlavor(EFlavor bits, TAny) override { Change(value.now, flavor | bits); }
-  void UnsetFlavor(EFlavor bits, TAny) override { Change(value.now, flavor - bits); }
+  void SetFlavor(EFlavor bits, TAny) override { Change(value, flavor | bits); }
+  void UnsetFlavor(EFlavor bits, TAny) override { Change(value, flavor - bits); }
   void Change(const TCIMValue& given, EFlavor bits) {
     value = TCIMValue(given);
     flavor = bits;
     isPropagated = false;
   }
-
-  bool IsSet() const { return !value.now.IsNull() && static_cast<bool>(value.now); }
-  const TModelQualifierDecl& GetOwn() const {
-    return static_cast<const TModelQualifierDecl&>(*declaration);
-  }
-  /// The same without the classes that it, or its declaration, refers to; empty where there are
-  /// none.
-  TPtr<TModelQualifier> Free() const {
-    if (!value.IsReference() && !GetOwn().value.IsReference()) return {};
-    auto freed = boost::make_shared<TModelQualifier>(*this);
-    freed->value.Release();
-    if (GetOwn().value.IsReference()) freed->declaration = GetOwn().Free();
-    return freed;
-  }
 };
 
-enum class EModelKind { kClass, kProperty, kMethod };
+enum class EModelKind { kClass, kProperty, kMethod, kParameter };
 
 /// A class or a declaration: what has a name and qualifiers.
 template <EModelKind kKind, class TInterface, class TSelf>
-struct TModelNamed : TModelCompared<TInterface>, boost::enable_shared_from_this<TSelf> {
+struct TModelNamed : TModelOf<TInterface>, boost::enable_shared_from_this<TSelf> {
   using TInterface::operator=;
+  static constexpr bool kIsClass = kKind == EModelKind::kClass;
+  static constexpr bool kIsOfMethod =
+      kKind == EModelKind::kMethod || kKind == EModelKind::kParameter;
+
   std::string name = {};
   TTable<std::string, TModelQualifier> qualifiers = {};
 
@@ -150,8 +121,8 @@ struct TModelNamed : TModelCompared<TInterface>, boost::enable_shared_from_this<
   void AddQualifier(TPtr<ICIMQualifier> added, TAny) override {
     const auto present = qualifiers.Find(added->GetName({}));
     if (present && (present->flavor & 1U) == 0) {
-      const bool isSame = kKind == EModelKind::kClass || present->flavor == added->GetFlavor({});
-      if (present->value.now != added->GetValue({}) || !isSame) throw TVYRException(28);
+      const bool isSame = kIsClass || present->flavor == added->GetFlavor({});
+      if (present->value != added->GetValue({}) || !isSame) throw TVYRException(28);
       return;
     }
     qualifiers.Put(Normalize(added->GetName({})),
@@ -159,83 +130,89 @@ struct TModelNamed : TModelCompared<TInterface>, boost::enable_shared_from_this<
   }
   TPtr<ICIMQualifier> GetQualifier(TText named, TAny) const override {
     const auto found = qualifiers.Find(named);
-    return kKind == EModelKind::kClass ? found : Demand(found);
+    return kIsClass || kKind == EModelKind::kParameter ? found : Demand(found);
   }
   TPtr<ICIMQualifier> GetQualifier(TText named, bool& found, TAny) const override {
-    if (kKind == EModelKind::kMethod) throw TVYRException(1);
+    if (kIsOfMethod) throw TVYRException(1);
     const auto qualifier = qualifiers.Find(named);
     found = qualifier != nullptr;
     return qualifier;
   }
   void EnumerateQualifiers(const TCIMQualifierCallback& callback, TAny) const override {
-    qualifiers.Walk(kKind == EModelKind::kClass, kKind == EModelKind::kMethod, callback);
+    qualifiers.Walk(kIsClass, kIsOfMethod, callback);
   }
-
   bool IsSet(TText qualifier) const {
     const auto found = qualifiers.Find(qualifier);
-    return found && found->IsSet();
-  }
-  void FreeQualifiers() {
-    for (auto& entry : qualifiers.entries) {
-      if (auto freed = entry.second.element->Free()) entry.second.element.swap(freed);
-    }
+    return found && !found->value.IsNull() && static_cast<bool>(found->value);
   }
 };
 
-/// The declaration of a property or of a method.
-template <EModelKind kKind, class TInterface, class TSelf>
+/// The declaration of a property, a method or a parameter.
+template <EModelKind kKind, class TInterface, class TSelf, class TOwner>
 struct TModelDecl : TModelNamed<kKind, TInterface, TSelf> {
   using TInterface::operator=;
-  boost::weak_ptr<ICIMClass> owner = {};
-  TModelValue value = {};  ///< of a property the default, of a method a null of its type
-  int uses = 0;            ///< by classes whose namespaces live, and by instances
-  int remains = 0;         ///< in classes whose namespaces are gone
+  boost::weak_ptr<TOwner> owner = {};
+  TCIMValue value = {};  ///< of a property the default, of the others a null of their type
 
   void Validate(TAny) override {}
-  TPtr<ICIMClass> GetClass(TAny) const override { return owner.lock(); }
-};
-
-/// What a declaration refers to is let go of when the last use goes, if it remains anywhere.
-template <class TDeclaration>
-struct TModelUse {
-  const TPtr<TDeclaration> declaration;
-  int& count;
-
-  TModelUse(const TPtr<TDeclaration>& used, bool isLiving)
-      : declaration(used), count(isLiving ? used->uses : used->remains) {
-    ++count;
-  }
-  TModelUse(const TModelUse&) = delete;
-  ~TModelUse() {
-    if (--count > 0 || &count != &declaration->uses || declaration->remains == 0) return;
-    declaration->FreeQualifiers();
-    declaration->value.Release();
+  static TPtr<TSelf> Make(const TPtr<TOwner>& of, TText given, const TCIMValue& ofIt) {
+    auto made = boost::make_shared<TSelf>();
+    made->owner = of;
+    made->name = given;
+    made->value = ofIt;
+    return made;
   }
 };
-
-template <class TDeclaration>
-TPtr<void> Use(const TPtr<TDeclaration>& used, bool isLiving) {
-  return boost::make_shared<TModelUse<TDeclaration>>(used, isLiving);
-}
 
 struct TModelPropertyDecl
-    : TModelDecl<EModelKind::kProperty, ICIMPropertyDecl, TModelPropertyDecl> {
+    : TModelDecl<EModelKind::kProperty, ICIMPropertyDecl, TModelPropertyDecl, ICIMClass> {
   using ICIMPropertyDecl::operator=;
+  TPtr<ICIMClass> GetClass(TAny) const override { return owner.lock(); }
   void AddToClass(TAny) override { owner.lock()->AddPropertyDecl(shared_from_this()); }
   void RemoveFromClass(TAny) override {}
-  TType GetType(TAny) const override { return value.type; }
-  bool IsArray(TAny) const override { return value.type.IsArray(); }
-  const TCIMValue& GetDefaultValue(TAny) const override { return value.now; }
+  TType GetType(TAny) const override { return value.GetType(); }
+  bool IsArray(TAny) const override { return value.IsArray(); }
+  const TCIMValue& GetDefaultValue(TAny) const override { return value; }
   void SetDefaultValue(const TCIMValue& given, TAny) override { value = TCIMValue(given); }
 };
 
-struct TModelMethodDecl : TModelDecl<EModelKind::kMethod, ICIMMethodDecl, TModelMethodDecl> {
-  using ICIMMethodDecl::operator=;
-  void AddToClass(TAny) override { owner.lock()->AddMethodDecl(shared_from_this()); }
-  TType GetReturnType(TAny) const override { return value.type; }
-  TPtr<ICIMParameterDecl> AllocateParameterDecl(TText, TType, TAny) override { return {}; }
-  TPtr<ICIMParameterDecl> GetParameterDecl(TText, TAny) const override { return {}; }
-  void EnumerateParameterDecls(TCIMParameterDeclCallback&, TAny) override {}
+struct TModelMethodDecl;
+
+struct TModelParameterDecl
+    : TModelDecl<EModelKind::kParameter, ICIMParameterDecl, TModelParameterDecl, TModelMethodDecl> {
+  using ICIMParameterDecl::operator=;
+  void AddToMethod(TAny) override;
+  TPtr<ICIMMethodDecl> GetMethodDecl(TAny) const override;
+  TType GetType(TAny) const override { return value.GetType(); }
+  bool IsArray(TAny) const override { return false; }
 };
+
+struct TModelMethodDecl
+    : TModelDecl<EModelKind::kMethod, ICIMMethodDecl, TModelMethodDecl, ICIMClass> {
+  using ICIMMethodDecl::operator=;
+  TTable<std::string, TModelParameterDecl> parameters = {};
+
+  TPtr<ICIMClass> GetClass(TAny) const override { return owner.lock(); }
+  void AddToClass(TAny) override { owner.lock()->AddMethodDecl(shared_from_this()); }
+  TType GetReturnType(TAny) const override { return value.GetType(); }
+  TPtr<ICIMParameterDecl> AllocateParameterDecl(TText given, TType type, TAny) override {
+    return TModelParameterDecl::Make(shared_from_this(), given, TCIMValue::Null(type));
+  }
+  TPtr<ICIMParameterDecl> GetParameterDecl(TText given, TAny) const override {
+    return Demand(parameters.Find(given));
+  }
+  void EnumerateParameterDecls(TCIMParameterDeclCallback& callback, TAny) override {
+    parameters.Walk(false, true, callback);
+  }
+};
+
+inline TPtr<ICIMMethodDecl> TModelParameterDecl::GetMethodDecl(TAny) const { return owner.lock(); }
+
+inline void TModelParameterDecl::AddToMethod(TAny) {
+  const auto method = owner.lock();
+  if (method->parameters.Insert(Normalize(name), shared_from_this())) return;
+  Refuse(16, 3,
+         "Attempt to add property " + name + " to method " + method->name + ": already exists");
+}
 
 }  // namespace NZELVYR20

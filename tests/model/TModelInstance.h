@@ -10,7 +10,8 @@
 
 namespace NZELVYR20 {
 
-struct TModelProperty : ICIMProperty {
+struct TModelProperty : TModelOf<ICIMProperty> {
+  using ICIMProperty::operator=;
   TPtr<TModelPropertyDecl> declaration = {};
   std::optional<TCIMValue> value = {}, previous = {};
 
@@ -24,7 +25,7 @@ struct TModelProperty : ICIMProperty {
   bool IsArray(TAny) const override { return declaration->IsArray({}); }
   bool IsDefaultValue(TAny) const override { return !value; }
   bool GetPropagated(TAny) const override { return !value; }
-  const TCIMValue& GetValue(TAny) const override { return value ? *value : declaration->value.now; }
+  const TCIMValue& GetValue(TAny) const override { return value ? *value : declaration->value; }
   const TCIMValue& GetPrevValue() const override { return previous ? *previous : GetValue({}); }
   bool IsPrevValueDifferent() const override { return previous.has_value(); }
   void SetValue(const TCIMValue& given, TAny) override {
@@ -36,22 +37,13 @@ struct TModelProperty : ICIMProperty {
     previous = TCIMValue(given);
   }
   void SetPrevValue() override { previous = TCIMValue(); }
-  bool operator==(ICIMProperty& other) const override {
-    return other.GetDeclaration({}) == declaration && *value == other.GetValue({});
-  }
-  bool operator<(ICIMProperty& other) const override {
-    const auto others = other.GetDeclaration({});
-    return others == declaration ? *value < other.GetValue({}) : declaration < others;
-  }
-  ICIMProperty& operator=(const ICIMProperty&) override { return *this; }
-
   void Check(const TCIMValue& given, TText operation) const {
     std::ostringstream why;
     if (GetType({}) != given.GetType()) {
       why << operation << ": decl is type " << GetType({}) << " but value is type "
           << given.GetType();
     } else if (given.IsReference()) {
-      const auto declared = ReferencedClass(declaration->value.now);
+      const auto declared = ReferencedClass(declaration->value);
       const auto referenced = ReferencedClass(given);
       if (referenced && declared && referenced->IsSubclassOf(declared, {})) return;
       why << operation << ": decl references type " << (declared ? declared->name : "")
@@ -62,30 +54,19 @@ struct TModelProperty : ICIMProperty {
     LogModel(3, why.str());
     throw TVYRException(14);
   }
-  std::string ToString() const override { return Show(GetValue({})); }
-  std::string PrevValueToString() const override { return Show(GetPrevValue()); }
+  std::string ToString() const override { return {}; }
+  std::string PrevValueToString() const override { return {}; }
   std::vector<std::string> ToStringVector() const override { return {}; }
-  TCIMValue Read(TText qualifier, TType type) const {
-    const auto found = declaration->qualifiers.Find(qualifier);
-    return found && found->value.now.GetType() == type ? found->value.now : TCIMValue();
-  }
-  /// By the qualifiers that the pool of names has.
-  std::string Show(const TCIMValue& shown) const {
-    if (shown.IsNull()) return Read("NULLDISPLAY", TType::kString).ToString(10);
-    const TCIMValue base = Read("BASE", TType::kUInt8);
-    return shown.ToString(base.IsNull() ? 10 : static_cast<unsigned char>(base));
-  }
 };
 
-struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInstance> {
+struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<TModelInstance> {
+  using ICIMInstance::operator=;
   TPtr<TModelClass> cimClass = {};
-  std::vector<TPtr<void>> uses = {};  ///< of the declarations; they go after the values
   TTable<std::string, TModelProperty> properties = {};
 
   void Initialize() {
     for (const auto& [key, entry] : cimClass->properties.entries) {
       properties.Insert(key, TModelProperty::Make(entry.element));
-      uses.push_back(Use(entry.element, true));
     }
     try {
       cimClass->GetPropertyDecl("DateTimeOfCollection", {});
@@ -97,17 +78,16 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
     cimClass->EnumerateKeyNames(
         [this](const std::string* key) {
           if (!GetProperty(*key, {})->GetValue({}).IsNull()) return true;
-          LogModel(0, "Inmem: Instance " + cimClass->name + ": key property " + *key + " is NULL");
-          throw TVYRException(18);
+          Refuse(18, 0, "Instance " + cimClass->name + ": key property " + *key + " is NULL");
         },
         {});
     if (!cimClass->IsAssociation({})) return;
     for (const auto& entry : properties.entries) {
       const TCIMValue& value = entry.second.element->GetValue({});
       if (!value.IsReference() || Try([&] { return Resolve(value) != nullptr; })) continue;
-      LogModel(0, "Inmem: Reference " + static_cast<TCIMReference>(value).GetPath() +
-                      " doesn't point to anything!");
-      throw TVYRException(15);
+      Refuse(15, 0,
+             "Reference " + static_cast<TCIMReference>(value).GetPath() +
+                 " doesn't point to anything!");
     }
   }
   void AddToNamespace(TAny) override {
@@ -151,10 +131,6 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
     properties.Walk(false, true, callback);
   }
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
-  bool operator==(ICIMInstance& other) const override { return other.GetClass({}) == cimClass; }
-  bool operator<(ICIMInstance& other) const override { return cimClass < other.GetClass({}); }
-  ICIMInstance& operator=(const ICIMInstance&) override { return *this; }
-
   TPtr<ICIMProperty> Derive(TText name, const TCIMValue& value) const {
     cimClass->AddPropertyDecl(cimClass->AllocatePropertyDecl(name, value, {}));
     return TModelProperty::Make(Demand(cimClass->properties.Find(name)));
@@ -191,8 +167,8 @@ struct TModelInstance : ICIMInstance, boost::enable_shared_from_this<TModelInsta
                                     TAny) override {
     TPtr<ICIMClass> wanted;
     const auto find = [&] {
-      const auto space = cimClass->GetNamespace({});
-      return space && (wanted = space->GetClass(resultClass, {}));
+      wanted = cimClass->GetNamespace({})->GetClass(resultClass, {});
+      return true;
     };
     if (!Try(find)) return;
     const auto deliver = [&](const TCIMValue& value) {
@@ -238,7 +214,6 @@ inline TPtr<ICIMInstance> TModelClass::AllocateInstance(TAny) {
 }
 
 inline void TModelClass::AddInstance(TPtr<ICIMInstance> added) {
-  if (space.expired()) return;
   instances.Put(added->GetReference({}).GetPath(),
                 boost::static_pointer_cast<TModelInstance>(added));
 }

@@ -15,8 +15,8 @@ struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNames
     return space;
   }
   ~TModelNamespace() override {
-    for (auto at = made.rbegin(); at != made.rend(); ++at) {
-      if (const auto cimClass = at->lock()) cimClass->ReleaseLinks();
+    for (const auto& held : made) {
+      if (const auto cimClass = held.lock()) cimClass->LetGo();
     }
   }
   TPtr<ICIMClass> AllocateClass(TText name, TPtr<ICIMClass> super, TAny) override {
@@ -69,19 +69,24 @@ struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNames
     for (const auto& entry : classes.entries) entry.second.element->instances.Clear();
   }
 
+  // Nobody asks for these here.
   TPtr<INamespaceProvider> GetNamespaceProvider(TAny) override { return {}; }
   void SetUpcallNamespace(TPtr<ICIMNamespace>, TAny) override {}
-  void AddUnderlyingNamespace(TPtr<ICIMNamespace>, TAny) override { throw TVYRException(1); }
+  void AddUnderlyingNamespace(TPtr<ICIMNamespace>, TAny) override {}
   void EnumerateProviders(const TCIMProviderCallback&, TAny) override {}
-  void Subscribe(TPtr<ICIMIndicationFilter>, const TCIMInstanceCallback&, TAny) override {
-    throw TVYRException(1);
-  }
-  void DeleteInstance(const TCIMReference&, TAny) override { throw TVYRException(1); }
-  void ModifyInstance(const TCIMReference&, TCIMContext, TAny) override { throw TVYRException(1); }
-  void ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&, TAny) override {
-    throw TVYRException(1);
-  }
+  void Subscribe(TPtr<ICIMIndicationFilter>, const TCIMInstanceCallback&, TAny) override {}
+  void DeleteInstance(const TCIMReference&, TAny) override {}
+  void ModifyInstance(const TCIMReference&, TCIMContext, TAny) override {}
+  void ExecuteQuery(const TCIMInstanceCallback&, std::string&, std::string&, TAny) override {}
   ICIMNamespace& operator=(ICIMNamespace&) override { return *this; }
+};
+
+/// A host's own namespace, in which paths lead where the world says.
+struct TModelHost : TModelNamespace {
+  using TModelNamespace::operator=;
+  std::function<TPtr<ICIMInstance>(const TCIMReference&)> answer = {};
+
+  TPtr<ICIMInstance> GetInstance(const TCIMReference& path, TAny) override { return answer(path); }
 };
 
 }  // namespace NZELVYR20

@@ -23,33 +23,34 @@ using TAny = TCIMContext;  ///< the call context, which nobody reads
 using TText = const std::string&;
 using EFlavor = ICIMQualifierDecl::EFlavor;
 
+/// In place of the end of a thread, which nothing stops either.
+struct TThreadEnd {};
+
 inline void LogModel(int level, TText text) { TRootObject::GetCoreLogger()->Log(level, text); }
+
+[[noreturn]] inline void Refuse(int status, int level, TText why) {
+  LogModel(level, "Inmem: " + why);
+  throw TVYRException(status);
+}
 
 inline std::string Normalize(TText name) {
   std::string folded;
   for (const unsigned char c : name) {
     const bool isAlpha = c == '_' || (c < 128 && isalpha(c) != 0);
-    if (!isAlpha && (folded.empty() || c > 127 || isdigit(c) == 0)) {
-      LogModel(0, "Inmem: CIM name '" + name + "' is invalid");
-      throw TVYRException(25);
-    }
+    const bool isDigit = !folded.empty() && c < 128 && isdigit(c) != 0;
+    if (!isAlpha && !isDigit) Refuse(25, 0, "CIM name '" + name + "' is invalid");
     folded += static_cast<char>(tolower(c));
   }
   return folded;
 }
 
-/// What compares by its name and is never assigned.
+/// What nobody compares or assigns here.
 template <class TInterface>
-struct TModelCompared : TInterface {
-  TModelCompared() = default;
-  TModelCompared(const TModelCompared&) : TInterface() {}
-
-  int Compare(TInterface& other) const {
-    const std::string own = Normalize(this->GetName({}));
-    return own.compare(Normalize(other.GetName({})));
-  }
-  bool operator==(TInterface& other) const override { return Compare(other) == 0; }
-  bool operator<(TInterface& other) const override { return Compare(other) < 0; }
+struct TModelOf : TInterface {
+  TModelOf() = default;
+  TModelOf(const TModelOf&) : TInterface() {}
+  bool operator==(TInterface&) const override { return false; }
+  bool operator<(TInterface&) const override { return false; }
   TInterface& operator=(const TInterface&) override { return *this; }
 };
 
@@ -76,36 +77,32 @@ struct TTable {
   struct TEntry {
     TPtr<T> element;
     unsigned serial = 0;  ///< tells a walk what came after its start
-    TPtr<void> use = {};  ///< goes when the element is taken out
   };
   std::map<TKey, TEntry> entries = {};
   unsigned serial = 0;
 
-  TTable() = default;
-  TTable(const TTable&) = default;
-  ~TTable() {
-    for (auto& entry : entries) entry.second.use.reset();
-  }
   TPtr<T> FindKey(const TKey& key) const {
     const auto found = entries.find(key);
     return found == entries.end() ? TPtr<T>() : found->second.element;
   }
   TPtr<T> Find(TText name) const { return FindKey(Normalize(name)); }
-  bool Insert(const TKey& key, const TPtr<T>& element, const TPtr<void>& use = {}) {
-    return entries.insert({key, {element, ++serial, use}}).second;
+  bool Insert(const TKey& key, const TPtr<T>& element) {
+    return entries.insert({key, {element, ++serial}}).second;
+  }
+  void InsertAll(const TTable& others) {
+    for (const auto& [key, entry] : others.entries) Insert(key, entry.element);
   }
   /// What takes another's place is visited in its turn.
-  void Put(const TKey& key, TPtr<T> element, TPtr<void> use = {}) {
-    if (Insert(key, element, use)) return;
-    entries[key].element.swap(element);
-    entries[key].use.swap(use);
+  void Put(const TKey& key, TPtr<T> element) {
+    if (!Insert(key, element)) entries[key].element.swap(element);
   }
   void Append(const TPtr<T>& element) { Insert(static_cast<TKey>(serial + 1), element); }
   bool Erase(const TKey& key) { return !entries.extract(key).empty(); }
   void Remove(TText name) {
     if (!Erase(Normalize(name))) throw TVYRException(15);
   }
-  void EraseFirst(const std::function<bool(const T&)>& matches) {
+  template <class TMatches>
+  void EraseFirst(const TMatches& matches) {
     for (auto at = entries.begin(); at != entries.end(); ++at) {
       if (matches(*at->second.element)) return void(entries.extract(at));
     }
@@ -121,6 +118,8 @@ struct TTable {
       const TEntry entry = at->second;
       try {
         if (entry.serial <= last && !call(entry.element) && stops) return;
+      } catch (const TThreadEnd&) {
+        throw;
       } catch (...) {
         if (passes) throw;
       }

@@ -13,6 +13,7 @@
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
 #include "ICIMMethodDecl.h"
+#include "ICIMParameterDecl.h"
 #include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
@@ -33,6 +34,7 @@ struct TShown {
   using TNumber = std::size_t;
 
   std::ostringstream out = {};
+  bool showsTexts = true;  ///< what people see of values, too
   /// A weak pointer never mistakes a new element for one that was freed.
   std::map<boost::weak_ptr<const void>, TNumber> seen = {};
   TNumber next = 0;
@@ -113,7 +115,8 @@ struct TShown {
         << one->IsDefaultValue({}) << one->GetPropagated({}) << ' ' << Text(one->GetValue({}));
     out << " was " << one->IsPrevValueDifferent() << Text(one->GetPrevValue());
     const bool isDate = Contains(Text(one->GetValue({})) + Text(one->GetPrevValue()), "datetime");
-    if (!isDate) out << " shown " << one->ToString() << '|' << one->PrevValueToString();
+    if (isDate || !showsTexts) return;
+    out << " shown " << one->ToString() << '|' << one->PrevValueToString();
   }
   void ShowClass(const TPtr<ICIMClass>& cimClass) {
     ShowNamed(cimClass);

@@ -24,6 +24,9 @@ using TPool = std::vector<std::string>;
 /// Thrown where a step names a register in which nothing stands, or asks for what a host must not.
 struct TNothingThere {};
 
+/// The flag of a walk that ends its thread.
+constexpr int kEndsThread = 31;
+
 inline void Require(bool isAllowed) {
   if (!isAllowed) throw TNothingThere();
 }
@@ -38,7 +41,10 @@ template <class T>
 struct TRegisters {
   std::array<TPtr<T>, 8> held = {};
   TPtr<T>& operator[](int at) { return held[at & 7]; }
-  TPtr<T> operator()(int at) const { return held[at & 7] ? held[at & 7] : throw TNothingThere(); }
+  const TPtr<T>& operator()(int at) const {
+    Require(held[at & 7] != nullptr);
+    return held[at & 7];
+  }
 };
 
 struct TAllRegisters {
@@ -47,36 +53,60 @@ struct TAllRegisters {
   TRegisters<ICIMQualifierDecl> q = {};
   TRegisters<ICIMPropertyDecl> d = {};
   TRegisters<ICIMMethodDecl> m = {};
+  TRegisters<ICIMParameterDecl> p = {};
   TRegisters<ICIMInstance> i = {};
 };
 
 /// One side: its namespaces, the registers and the step in hand.
-struct TWorld : TShown, TAllRegisters {
+struct TWorld : TShown, TAllRegisters, TStep {
   std::function<TPtr<ICIMNamespace>(bool)> allocate;  ///< a namespace, with redefinition or not
-  TStep s = {};
-  std::vector<TStep> inner = {};  ///< what callbacks do
-  bool isStarved = false;         ///< there are faults in the script
+  std::function<void()> endThread;
+  std::vector<TStep> following = {};  ///< what callbacks do
+  bool isStarved = false;             ///< there are faults in the script
+  bool isModel = false;
+  int answer = 0;                    ///< of the host, in its own namespace
+  TPtr<ICIMInstance> answered = {};  ///< the same
 
-  TPtr<ICIMNamespace> N() const { return n(s.space); }
-  TPtr<ICIMClass> C() const { return c(s.a); }
-  TPtr<ICIMQualifierDecl> Q() const { return q(s.a); }
-  TPtr<ICIMPropertyDecl> D() const { return d(s.b); }
-  TPtr<ICIMMethodDecl> M() const { return m(s.b); }
-  TPtr<ICIMInstance> I() const { return i(s.b); }
-  const std::string& In(const TPool& pool) const { return pool[s.name % pool.size()]; }
+  /// What is called. Nothing but the plug-in holds what callbacks let go of.
+  template <class T>
+  TPtr<T> Called(const TPtr<T>& held) const {
+    return isModel ? held : TPtr<T>(TPtr<void>(), held.get());
+  }
+  TPtr<ICIMNamespace> N() const { return Called(n(space)); }
+  TPtr<ICIMClass> C() const { return Called(c(a)); }
+  TPtr<ICIMQualifierDecl> Q() const { return Called(q(a)); }
+  TPtr<ICIMPropertyDecl> D() const { return Called(d(b)); }
+  TPtr<ICIMMethodDecl> M() const { return Called(m(b)); }
+  TPtr<ICIMInstance> I() const { return Called(i(b)); }
+  const std::string& In(const TPool& pool) const { return pool[name % pool.size()]; }
   /// For what restricts a query: as often as not nothing.
   static std::string Maybe(const TPool& pool, int at) {
     return at % 2 == 0 ? "" : pool[at / 2 % 18 % pool.size()];
   }
   ICIMQualifierDecl::EFlavor Flavor() const {
-    return static_cast<ICIMQualifierDecl::EFlavor>(s.flag & 7);
+    return static_cast<ICIMQualifierDecl::EFlavor>(flag & 7);
   }
   TCIMValue Value() const;
   TCIMValue Default() const;  ///< what may be a default, or stand in a qualifier
 
   /// Lets go of everything.
-  void Clear() { c = {}, q = {}, d = {}, m = {}, i = {}, n = {}; }
+  void Clear() { static_cast<TAllRegisters&>(*this) = {}, answered = {}; }
 
+  /// What the host says to paths in its own namespace. Only for those to "a" does it pass on what
+  /// the repository says: what it was given once may be remembered.
+  TPtr<ICIMInstance> Answer(const TCIMReference& path) const {
+    const bool passesOn = Contains(path.GetPath(), "\"a\"");
+    if (passesOn || answer % 4 == 0) {
+      const auto given = n(0)->GetInstance(path, {});
+      return passesOn ? given : TPtr<ICIMInstance>();
+    }
+    if (answer % 4 == 1) throw TDerivedFailure(99);
+    if (answer % 4 == 2) return answered;
+    const TCIMReference other = answered->GetReference({});
+    return other.GetPath() == path.GetPath() ? answered : n(0)->GetInstance(other, {});
+  }
+
+  void Set(const TStep& step) { static_cast<TStep&>(*this) = step; }
   /// Does a step, and shows how it ends.
   void Do(const TStep& step);
 
@@ -88,8 +118,9 @@ struct TWorld : TShown, TAllRegisters {
     walk([&](const auto& element) {
       out << Text(element) << ", ";
       Act(element);
-      const int conduct = s.flag % 8;
-      const int when = (s.a ^ s.b) % 4;
+      const int conduct = flag % 8;
+      if (flag == kEndsThread && endThread) endThread();
+      const int when = (a ^ b) % 4;
       if (++calls != when && when != 0) return true;
       if (conduct == 5 || conduct == 6) throw TDerivedFailure(conduct == 5 ? 15 : 14);
       if (conduct == 7) throw 7;
@@ -98,16 +129,16 @@ struct TWorld : TShown, TAllRegisters {
   }
   template <class T>
   void Act(const T& element) {
-    const auto steps = std::exchange(inner, {});
-    const TStep outer = s;
+    const auto steps = std::exchange(following, {});
+    const TStep outer = *this;
     for (const TStep& step : steps) {
       if (step.flag % 2 == 0) Take(step, element);
       out << "{ ";
       Do(step);
       out << " } ";
     }
-    s = outer;
-    inner = steps;
+    Set(outer);
+    following = steps;
   }
   void Take(const TStep& step, const TPtr<ICIMClass>& taken) { c[step.a] = taken; }
   void Take(const TStep& step, const TPtr<ICIMInstance>& taken) { i[step.b] = taken; }
@@ -117,12 +148,15 @@ struct TWorld : TShown, TAllRegisters {
   template <class T>
   void Take(const TStep&, const T&) {}
 
+  void Take(const TStep& step, const TPtr<ICIMParameterDecl>& taken) { p[step.a] = taken; }
+
   /// Runs the call on a class or on a declaration of any kind.
   template <class TCallback>
   void OnElement(const TCallback& call) const {
-    if (s.b % 3 == 0) return call(c(s.a));
-    if (s.b % 3 == 1) return call(d(s.a));
-    call(m(s.a));
+    if (b % 4 == 0) return call(c(a));
+    if (b % 4 == 1) return call(d(a));
+    if (b % 4 == 2) return call(m(a));
+    call(p(a));
   }
   template <class TElement>
   void Attach(const TPtr<ICIMQualifier>& added, const TElement& element) const {
@@ -133,36 +167,17 @@ struct TWorld : TShown, TAllRegisters {
   }
   /// A time must not become part of a path; nor, since who asks for the path of an instance without
   /// one declares it, what must not be half done.
-  bool MustNotBeKey(const std::string& name) const {
-    const auto has = [&](const char* part) { return boost::algorithm::icontains(name, part); };
+  bool MustNotBeKey(const std::string& key) const {
+    const auto has = [&](const char* part) { return boost::algorithm::icontains(key, part); };
     return has("DateTimeOfCollection") ||
            (isStarved && (has("Duplex") || has("Description") || has("State") || has("Status")));
   }
-  /// A class without a namespace must not be tied to itself: nobody would part it.
-  static bool Lives(const ICIMClass& cimClass) { return cimClass.GetNamespace({}) != nullptr; }
+  /// What is added has to have where it belongs.
+  static bool Lives(const ICIMClass&) { return true; }
+  static bool Lives(const ICIMParameterDecl& one) { return one.GetMethodDecl({}) != nullptr; }
   template <class TDeclaration>
   static bool Lives(const TDeclaration& declaration) {
-    const auto owner = declaration.GetClass({});
-    return owner && Lives(*owner);
-  }
-  /// What a host must see to before a class is added: it belongs somewhere.
-  void AddClass() const {
-    const auto super = C()->GetSuperClass({});
-    Require(super && Lives(*super) && Lives(*C()));
-    C()->AddToNamespace({});
-  }
-  template <class T>
-  void Compare(const TPtr<T>& left, const TPtr<T>& right, bool isOrderStable) {
-    const bool isLess = *left < *right;
-    const bool isGreater = *right < *left;
-    out << (*left == *right) << (*right == *left) << (isLess || isGreater) << (isLess && isGreater);
-    if (isOrderStable) out << isLess;
-  }
-  void CompareProperties(const TPtr<ICIMProperty>& left, const TPtr<ICIMProperty>& right) {
-    for (const auto& one : {left, right}) {
-      Require(!one->IsDefaultValue({}) && !IsTime(one->GetValue({})));
-    }
-    Compare(left, right, left->GetDeclaration({}) == right->GetDeclaration({}));
+    return declaration.GetClass({}) != nullptr;
   }
 };
 

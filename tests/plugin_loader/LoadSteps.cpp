@@ -7,42 +7,24 @@
 
 #include <atomic>
 #include <cstdio>
-#include <map>
-#include <mutex>
 #include <string>
 #include <thread>
 
 namespace {
 
-/// The handles that a file was opened with; one is given back by each closing.
-std::multimap<std::string, void*> handles;
-std::mutex handlesMutex;
-
 bool Load(const std::string& file, int mode) {
-  void* const handle = dlopen(file.c_str(), mode | RTLD_LOCAL);
-  if (handle == nullptr) return false;
-  const std::lock_guard<std::mutex> lock(handlesMutex);
-  handles.emplace(file, handle);
-  return true;
+  return dlopen(file.c_str(), mode | RTLD_LOCAL) != nullptr;
 }
 
-void* FindHandle(const std::string& file, bool remove) {
-  const std::lock_guard<std::mutex> lock(handlesMutex);
-  const auto found = handles.find(file);
-  if (found == handles.end()) return nullptr;
-  void* const handle = found->second;
-  if (remove) handles.erase(found);
-  return handle;
+/// Calls `use` with the library's handle, if it is loaded.
+bool With(const std::string& file, bool (*use)(void*)) {
+  void* const handle = dlopen(file.c_str(), RTLD_LAZY | RTLD_NOLOAD | RTLD_LOCAL);
+  return handle != nullptr && use(handle) && dlclose(handle) == 0;
 }
 
-bool Close(const std::string& file) {
-  void* const handle = FindHandle(file, true);
-  return handle != nullptr && dlclose(handle) == 0;
-}
+bool Close(void* handle) { return dlclose(handle) == 0; }
 
-bool Use(const std::string& file) {
-  void* const handle = FindHandle(file, false);
-  if (handle == nullptr) return false;
+bool Use(void* handle) {
   void* const use = dlsym(handle, "UseRepository");
   return use != nullptr && reinterpret_cast<bool (*)()>(use)();
 }
@@ -50,8 +32,7 @@ bool Use(const std::string& file) {
 bool Do(const std::string& verb, const std::string& file) {
   if (verb == "now") return Load(file, RTLD_NOW);
   if (verb == "lazy") return Load(file, RTLD_LAZY);
-  if (verb == "close") return Close(file);
-  return verb == "use" && Use(file);
+  return With(file, verb == "close" ? Close : Use);
 }
 
 /// Both threads wait for each other, so that they meet in what they do.

@@ -1,52 +1,45 @@
-#include <boost/weak_ptr.hpp>
-
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
 namespace {
 
-class TDepthTest : public TRedefinitionTest {};
+using TDepthTest = TRedefinitionTest;
 
 /// Neither a deep walk nor the end of a long chain may follow the chain with the stack.
 TEST_F(TDepthTest, AChainOfAHundredThousandClasses) {
   constexpr std::size_t kDepth = 100000;
-  auto last = DefineClass("Top");
+  const auto top = DefineClass("Top");
+  auto last = top;
   for (std::size_t i = 1; i < kDepth; ++i) {
     last = NewClass("C" + std::to_string(i), last);
     last->AddToNamespace({});
   }
-  PutInstance(last, "deepest");
-  const auto top = space->GetClass("Top", {});
+  AddInstance(last, "deepest");
   const auto below = NamesOf([&](const TNamer& note) { top->EnumerateSubClasses(note, true, {}); });
   EXPECT_EQ(below.size(), kDepth - 1);
   EXPECT_EQ(below.back(), last->GetName({}));
-  EXPECT_EQ(NamesOf([&](const TNamer& note) {
-              space->GetClass("", {})->EnumerateInstances(note, true, {});
-            }),
-            TNames{PathOf(*NewInstance(last, {{"Id", "deepest"}}))});
+  EXPECT_EQ(NamesOf([&](const TNamer& note) { top->EnumerateInstances(note, true, {}); }),
+            TNames{last->GetName({}) + ".id=\"deepest\""});
   EXPECT_TRUE(last->IsSubclassOf(top, {}));
 }
 
 TEST_F(TDepthTest, AChainThatOnlyItsHeadHolds) {
-  TClass head;
-  boost::weak_ptr<ICIMClass> last;
-  for (int i = 0; i < 100000; ++i) {
-    const auto next = NewClass("Link");
-    Qualify(*next, "Association");
-    DeclareProperty(next, "End", TCIMValue::NullReference(head));
-    head = next;
-    if (i == 0) last = head;
-  }
-  EXPECT_FALSE(last.expired());
-  head.reset();
+  const boost::weak_ptr<ICIMClass> last = [this] {
+    TClass head = NewClass("Link");
+    boost::weak_ptr<ICIMClass> first = head;
+    for (int i = 0; i < 100000; ++i) {
+      head = MakeClass(space, "Link", TCIMValue::NullReference(head));
+    }
+    EXPECT_FALSE(first.expired());
+    return first;
+  }();
   EXPECT_TRUE(last.expired());
 }
 
 /// A class that replaces its own ancestor takes over that one's subclasses and so stands below
 /// itself.
 TEST_F(TDepthTest, AClassBelowItselfIsEnteredOnce) {
-  const auto old = NewClass("Port");
-  DeclareProperty(old, "Id", TCIMValue("x"), {"Key"});
+  const auto old = MakeClass(space, "Port", "x");
   const auto middle = NewClass("Middle", old);
   const auto port = NewClass("Port", middle);
   for (const auto& cimClass : {old, middle, port}) cimClass->AddToNamespace({});

@@ -3,11 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <boost/make_shared.hpp>
-#include <boost/shared_ptr.hpp>
+#include <boost/weak_ptr.hpp>
 #include <functional>
 #include <initializer_list>
 #include <string>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -16,6 +15,7 @@
 #include "ICIMQualifier.h"
 #include "ICoreLogger.h"
 #include "SmallSchema.h"
+#include "TCIMReference.h"
 #include "TInmemNamespaceProvider.h"
 #include "TRootObject.h"
 #include "TVYRException.h"
@@ -23,16 +23,14 @@
 namespace NZELVYR20 {
 
 using TNames = std::vector<std::string>;
-using EFlavor = ICIMQualifierDecl::EFlavor;
 using TType = TCIMValue::TCIMType;
 
 /// A callback for every enumeration: notes names, and the paths of instances.
 struct TNamer {
   std::function<bool(const std::string& name)> note;
 
-  bool operator()(const std::string* name) const { return note(*name); }
   bool operator()(const TInstance& instance) const {
-    return note(instance->BuildPath({}).GetPath());
+    return note(instance->GetReference({}).GetPath());
   }
   template <class TElement>
   bool operator()(const boost::shared_ptr<TElement>& element) const {
@@ -40,58 +38,31 @@ struct TNamer {
   }
 };
 
-/// What a host may throw: a failure of a type of its own.
-struct TForeignFailure : TVYRException {
-  using TVYRException::TVYRException;
-};
-
-/// Expects that a plain failure comes out of the operation, of this status, whatever went in.
-template <class TOperation>
-void ExpectPlainFailure(int status, TOperation operation) {
-  try {
-    operation();
-    ADD_FAILURE() << "no failure";
-  } catch (const TVYRException& failure) {
-    EXPECT_EQ(failure.GetStatusCode(), status);
-    EXPECT_TRUE(typeid(failure) == typeid(TVYRException));
-  }
-}
-
-/// A namespace of its own for each test, the verbs with which collectors fill one, and a record of
-/// what the repository logs.
+/// A namespace of its own for each test, what a schema is made with, and a record of what the
+/// repository logs.
 class TRepositoryTest : public ::testing::Test {
  protected:
   using TValues = std::vector<std::pair<std::string, TCIMValue>>;
 
-  /// Flavor with which qualifiers are attached unless a test says otherwise.
-  static constexpr EFlavor kDefaultFlavor =
-      ICIMQualifierDecl::kOverridable | ICIMQualifierDecl::kToSubclass;
-
-  explicit TRepositoryTest(bool allowRedefinition = false)
-      : space(NewNamespace(allowRedefinition)) {
-    TRootObject::SetCoreLogger(logger);
-  }
+  TRepositoryTest() { TRootObject::SetCoreLogger(logger); }
   ~TRepositoryTest() override { TRootObject::SetCoreLogger({}); }
 
   static TSpace NewNamespace(bool allowRedefinition) {
     return TInmemNamespaceProvider::GetInstance()->AllocateNamespace({}, allowRedefinition);
   }
 
-  /// The status with which the operation fails, 0 when it returns.
-  template <class TOperation>
-  static int StatusOf(TOperation operation) {
-    try {
-      return operation(), 0;
-    } catch (const TVYRException& failure) {
-      return failure.GetStatusCode();
-    }
-  }
-
-  /// What an operation does, as a host sees it: the status, and what was logged meanwhile.
+  /// What an operation does, as a host sees it: the status with which it fails, 0 when it returns,
+  /// and what was logged meanwhile.
   template <class TOperation>
   std::string Try(TOperation operation) {
     logger->text.clear();
-    return Quiet(StatusOf(operation)) + logger->text;
+    int status = 0;
+    try {
+      operation();
+    } catch (const TVYRException& failure) {
+      status = failure.GetStatusCode();
+    }
+    return Quiet(status) + logger->text;
   }
   static std::string Quiet(int status = 0) { return "status " + std::to_string(status); }
   static std::string Logged(int status, int level, const std::string& text) {
@@ -104,47 +75,29 @@ class TRepositoryTest : public ::testing::Test {
     return Logged(25, 0, "Inmem: CIM name '" + name + "' is invalid");
   }
 
-  /// A qualifier declaration, not added.
-  boost::shared_ptr<ICIMQualifierDecl> NewQualifierDecl(const std::string& name,
-                                                        const TCIMValue& value = true,
-                                                        EFlavor flavor = kDefaultFlavor) {
-    return space->AllocateQualifierDecl(name, value, ICIMQualifierDecl::kAny, flavor, {});
-  }
-
-  /// A qualifier of the element, not attached.
-  boost::shared_ptr<ICIMQualifier> NewQualifier(ICIMNamedElement& element, const std::string& name,
-                                                const TCIMValue& value,
-                                                EFlavor flavor = kDefaultFlavor) {
-    return element.AllocateQualifier(NewQualifierDecl(name, value, flavor), value, flavor, {});
-  }
-
   void Qualify(ICIMNamedElement& element, const std::string& name, const TCIMValue& value = true,
-               EFlavor flavor = kDefaultFlavor) {
-    NewQualifier(element, name, value, flavor)->AddToClassOrProperty({});
+               EFlavor flavor = kUsualFlavor) {
+    NewQualifier(space, element, name, value, flavor)->AddToClassOrProperty({});
   }
-
   TClass NewClass(const std::string& name, const TClass& superClass = {}) {
     return space->AllocateClass(name, superClass, {});
   }
-
   TPropertyDecl DeclareProperty(const TClass& cimClass, const std::string& name,
-                                const TCIMValue& defaultValue,
+                                const TCIMValue& value,
                                 std::initializer_list<const char*> flags = {}) {
-    return Declare(space, cimClass, name, defaultValue, flags);
+    return Declare(space, cimClass, name, value, flags);
   }
-
   /// A class with the string key "Id", added.
   TClass DefineClass(const std::string& name, const TClass& superClass = {}) {
     return AddClass(space, name, TCIMValue::Null(TType::kString), superClass);
   }
-
-  /// An association whose references, one for each end, are its keys; added.
+  /// An association with that key, too, and these references; added.
   TClass DefineAssociation(const std::string& name,
                            const std::vector<std::pair<std::string, TClass>>& ends) {
-    auto cimClass = NewClass(name);
+    auto cimClass = MakeClass(space, name, "1");
     Qualify(*cimClass, "Association");
     for (const auto& [role, target] : ends) {
-      DeclareProperty(cimClass, role, TCIMValue::NullReference(target), {"Key"});
+      DeclareProperty(cimClass, role, TCIMValue::NullReference(target));
     }
     cimClass->AddToNamespace({});
     return cimClass;
@@ -161,16 +114,9 @@ class TRepositoryTest : public ::testing::Test {
     instance->AddToNamespace({});
     return instance;
   }
-  static TInstance PutInstance(const TClass& cimClass, const char* id) {
-    return AddInstance(cimClass, id);
-  }
 
   static TCIMValue RefTo(const TInstance& instance) {
     return TCIMValue(instance->GetReference({}));
-  }
-
-  static std::string PathOf(const ICIMInstance& instance) {
-    return instance.GetReference({}).GetPath();
   }
 
   /// What an enumeration names, in its order.
@@ -185,14 +131,14 @@ class TRepositoryTest : public ::testing::Test {
     void Log(int level, const std::string& message) override { text += LogLine(level, message); }
     std::string text;
   };
-  boost::shared_ptr<TLogger> logger = boost::make_shared<TLogger>();
-  TSpace space;
+  const boost::shared_ptr<TLogger> logger = boost::make_shared<TLogger>();
+  TSpace space = NewNamespace(false);
 };
 
 /// The same in a namespace that allows redefinition.
 class TRedefinitionTest : public TRepositoryTest {
  protected:
-  TRedefinitionTest() : TRepositoryTest(true) {}
+  TRedefinitionTest() { space = NewNamespace(true); }
 };
 
 }  // namespace NZELVYR20

@@ -1,10 +1,16 @@
 #include "SmallSchema.h"
 
 #include "ICIMQualifier.h"
-#include "ICIMQualifierDecl.h"
 #include "TCIMReference.h"
 
 namespace NZELVYR20 {
+
+TQualifier NewQualifier(const TSpace& space, ICIMNamedElement& element, const std::string& name,
+                        const TCIMValue& value, EFlavor flavor) {
+  const auto declaration =
+      space->AllocateQualifierDecl(name, value, ICIMQualifierDecl::kAny, flavor, {});
+  return element.AllocateQualifier(declaration, value, {});
+}
 
 void Qualify(const TSpace& space, ICIMNamedElement& element, const std::string& name) {
   auto declaration = space->GetQualifierDecl(name, {});

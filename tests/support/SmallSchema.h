@@ -7,6 +7,7 @@
 #include "ICIMClass.h"
 #include "ICIMNamespace.h"
 #include "ICIMPropertyDecl.h"
+#include "ICIMQualifierDecl.h"
 
 // The least that makes a schema: classes with one key, "Id", and instances of them.
 
@@ -16,13 +17,21 @@ using TSpace = boost::shared_ptr<ICIMNamespace>;
 using TClass = boost::shared_ptr<ICIMClass>;
 using TInstance = boost::shared_ptr<ICIMInstance>;
 using TPropertyDecl = boost::shared_ptr<ICIMPropertyDecl>;
+using TQualifier = boost::shared_ptr<ICIMQualifier>;
+using EFlavor = ICIMQualifierDecl::EFlavor;
+
+constexpr EFlavor kUsualFlavor = ICIMQualifierDecl::kOverridable | ICIMQualifierDecl::kToSubclass;
+
+/// A qualifier of the element with a declaration of its own; not attached.
+TQualifier NewQualifier(const TSpace& space, ICIMNamedElement& element, const std::string& name,
+                        const TCIMValue& value, EFlavor flavor = kUsualFlavor);
 
 /// Attaches the qualifier, true, to the element of that namespace; declares it where it is missing.
 void Qualify(const TSpace& space, ICIMNamedElement& element, const std::string& name);
 
 /// Declares a property with those qualifiers.
 TPropertyDecl Declare(const TSpace& space, const TClass& cimClass, const std::string& name,
-                      const TCIMValue& value, std::initializer_list<const char*> flags);
+                      const TCIMValue& value, std::initializer_list<const char*> flags = {});
 
 /// A class whose key has that default, an association where that is a reference. Not added yet.
 TClass MakeClass(const TSpace& space, const std::string& name, const TCIMValue& key,

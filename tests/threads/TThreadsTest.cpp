@@ -22,17 +22,19 @@ namespace {
 constexpr int kRounds = 40;
 constexpr int kMessagesPerRound = 3;
 
-/// Makes and uses a namespace, asks every host service on the way, and tells what it saw.
-std::string UseNewNamespace() {
-  const auto space = AllocatePluginNamespace();
-  std::string seen = UseNamespace(space);
-  EXPECT_THROW(space->GetClass("no name", {}), TVYRException);  // logged
-  AddInstance(space->GetClass("Port", {}), TCIMValue::Null(TCIMValue::TCIMType::kString));  // twice
-  space->ClearInstances();
-  const auto manager = TRootObject::GetNamespaceProviderManager();
-  manager->RegisterNamespaceProvider(space->GetNamespaceProvider({}));
-  for (const std::string& name : manager->GetNamespaceProviderNames()) seen += name;
-  return seen;
+/// Makes and uses a namespace, and asks every host service on the way, round after round.
+void UseNewNamespaces() {
+  for (int round = 0; round < kRounds; ++round) {
+    const auto space = AllocatePluginNamespace();
+    EXPECT_EQ(UseNamespace(space), kAllIsWell);
+    EXPECT_THROW(space->GetClass("no name", {}), TVYRException);  // logged
+    AddInstance(space->GetClass("Port", {}),
+                TCIMValue::Null(TCIMValue::TCIMType::kString));  // logged twice
+    space->ClearInstances();
+    const auto manager = TRootObject::GetNamespaceProviderManager();
+    manager->RegisterNamespaceProvider(space->GetNamespaceProvider({}));
+    EXPECT_EQ(manager->GetNamespaceProviderNames(), std::vector<std::string>{"inmem"});
+  }
 }
 
 /// Catches what the host's own logger writes.
@@ -57,19 +59,13 @@ class TThreadsTest : public ::testing::Test {
 
 TEST_F(TThreadsTest, TwoNamespacesInTwoThreadsShareTheHostServices) {
   // Also the plug-in itself is loaded by whichever thread is first.
-  const auto work = [] {
-    for (int round = 0; round < kRounds; ++round) {
-      EXPECT_EQ(UseNewNamespace(), kAllIsWell + "inmem");
-    }
-  };
-  std::thread other(work);
-  work();
+  std::thread other(UseNewNamespaces);
+  UseNewNamespaces();
   other.join();
   EXPECT_EQ(CountWholeLines(), 2 * kRounds * kMessagesPerRound);
 }
 
 TEST_F(TThreadsTest, TheLoggerMayBeExchangedWhileAnotherThreadLogs) {
-  /// May be called from any thread.
   struct TCountingLogger : ICoreLogger {
     explicit TCountingLogger(std::atomic<int>& counter) : count(counter) {}
     void Log(int, const std::string&) override { ++count; }
@@ -84,7 +80,7 @@ TEST_F(TThreadsTest, TheLoggerMayBeExchangedWhileAnotherThreadLogs) {
       TRootObject::SetLogThreshold(3);
     }
   });
-  for (int round = 0; round < kRounds; ++round) UseNewNamespace();
+  UseNewNamespaces();
   isDone = true;
   exchanging.join();
   EXPECT_EQ(counted + CountWholeLines(), kRounds * kMessagesPerRound);

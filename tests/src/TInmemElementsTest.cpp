@@ -131,18 +131,22 @@ TEST_F(TInmemElementsTest, InstancesValidateWhatTheirFlagsAskFor) {
   }
 }
 
-TEST_F(TInmemElementsTest, AHeldPropertyHoldsItsInstanceAndIsTheSameToAll) {
+TEST_F(TInmemElementsTest, AHeldPropertyIsTheSameToAllAndOutlastsItsInstance) {
   DeclareProperty(port, "Slot", 1U);
-  auto instance = NewInstance(port);
+  auto instance = NewInstance(port, {{"Id", "a"}});
   std::set<boost::shared_ptr<ICIMProperty>> held;
   for (const char* name : {"Slot", "Id", "ID"}) held.insert(instance->GetProperty(name, {}));
   EXPECT_EQ(held.size(), 2U);
-  held.erase(instance->GetProperty("Slot", {}));  // in whatever order they go
+  auto slot = instance->GetProperty("Slot", {});
+  held.erase(slot);
   const boost::weak_ptr<ICIMInstance> watched = instance;
   instance.reset();
-  EXPECT_EQ((*held.begin())->GetDeclaration({})->GetName({}), "Id");
-  held.clear();
   EXPECT_TRUE(watched.expired());
+  slot->SetValue(2U, {});
+  EXPECT_EQ(slot->ToString(), "2");
+  slot.reset();  // in whatever order they go
+  EXPECT_EQ((*held.begin())->ToString(), "a");
+  EXPECT_EQ((*held.begin())->GetDeclaration({})->GetClass({}), port);
 }
 
 TEST_F(TInmemElementsTest, AnInstanceIsStampedWithTheTimeOfItsMaking) {

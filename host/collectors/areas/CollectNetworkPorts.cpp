@@ -12,9 +12,7 @@ constexpr std::uint16_t kWirelessLan = 11;
 
 TLinkKind FindLinkKind(const TMachineFolder& folder) {
   // A wireless port says that it is an Ethernet, too.
-  if (folder.HasFolder("wireless") || folder.HasFolder("phy80211")) {
-    return {kWirelessLan, {}};
-  }
+  if (folder.HasFolder("wireless") || folder.HasFolder("phy80211")) return {kWirelessLan, {}};
   return ParseLinkKind(folder.ReadValue("type"));
 }
 

@@ -85,7 +85,9 @@ void TInmemInstance::LetGo() noexcept {
 
 void TInmemInstance::NoteLetGo(THeldProperty& property) noexcept {
   held_.Remove(property);
-  if (isLetGo_ && held_.IsEmpty()) this->~TInmemInstance();
+  if (!isLetGo_ || !held_.IsEmpty()) return;
+  const auto block = weak_from_this();  // outlasts the one of its own
+  this->~TInmemInstance();
 }
 
 boost::shared_ptr<const ICIMPropertyDecl> TInmemInstance::GetDeclarationOf(

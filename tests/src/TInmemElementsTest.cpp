@@ -149,6 +149,31 @@ TEST_F(TInmemElementsTest, AHeldPropertyIsTheSameToAllAndOutlastsItsInstance) {
   EXPECT_EQ((*held.begin())->GetDeclaration({})->GetClass({}), port);
 }
 
+TEST_F(TInmemElementsTest, AWalkGoesOnAfterWhatItTakesOut) {
+  TNames ids;
+  TNames names;
+  for (const char* name : {"a", "b", "c", "d", "e", "f", "g", "h"}) {
+    AddInstance(port, name);
+    DeclareProperty(port, name, 1U);
+  }
+  const auto takeOut = [&](const TInstance& instance) {
+    ids.push_back(instance->GetProperty("Id", {})->ToString());
+    instance->Delete({});
+    return true;
+  };
+  port->EnumerateInstances(takeOut, false, {});
+  const auto exchange = [&](const TPropertyDecl& declaration) {
+    names.push_back(declaration->GetName({}));
+    port->RemovePropertyDecl(declaration);
+    DeclareProperty(port, "Later" + names.back(), 1U);
+    return true;
+  };
+  port->EnumeratePropertyDecls(exchange, {});
+  EXPECT_EQ(ids, (TNames{"a", "b", "c", "d", "e", "f", "g", "h"}));
+  ids.push_back("Id");
+  EXPECT_EQ(names, ids);
+}
+
 TEST_F(TInmemElementsTest, AnInstanceIsStampedWithTheTimeOfItsMaking) {
   DeclareProperty(port, "dateTimeOFcollection", TCIMValue::Null(TType::kDateTime));
   const TCIMValue before(TOSSpecific::GetLocalTime());

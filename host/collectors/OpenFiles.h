@@ -1,11 +1,17 @@
 #pragma once
 
+#include <fcntl.h>
+
 #include <string>
 #include <vector>
 
 #include "TDescriptor.h"
 
 namespace NZELVYR20 {
+
+/// How files and folders are opened: none makes the opener wait or its terminal, and a file of
+/// terabytes is too large to be read, not to be opened, in every word size.
+constexpr int kReadFlags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_LARGEFILE;
 
 /// What the system says about an error number; empty for 0.
 std::string DescribeError(int error);

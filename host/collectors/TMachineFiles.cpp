@@ -27,7 +27,7 @@ TMachineFiles::TMachineFiles(const std::string& root, TRootFolder::EFollow follo
       root_(isLive_ ? "/" : root, follow) {}
 
 TDescriptor TMachineFiles::Open(const std::string& path, int flags, std::string& why) const {
-  TDescriptor opened = root_.Open(path, flags | O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  TDescriptor opened = root_.Open(path, flags | kReadFlags);
   why = DescribeError(opened.IsOpen() ? 0 : errno);
   return opened;
 }

@@ -48,8 +48,8 @@ const TFolderEntry* TMachineFolder::Find(std::string_view name) const {
 
 /// Only what is a file or a folder itself: no link leads away from here.
 TDescriptor TMachineFolder::Open(const TFolderEntry& entry, int flags) const {
-  return TDescriptor(openat(folder_.Get(), entry.name.c_str(),
-                            flags | O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  return TDescriptor(
+      openat(folder_.Get(), entry.name.c_str(), flags | kReadFlags | O_NOFOLLOW | O_CLOEXEC));
 }
 
 std::string TMachineFolder::ReadValue(std::string_view name) const {

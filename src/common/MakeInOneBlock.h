@@ -32,8 +32,8 @@ struct TFrontAllocator {
 };
 
 /// An object and what its pointers share, in one block, as boost::make_shared makes it. But when
-/// the last pointer goes, `letGo(object)` decides when the object is destroyed; where it is later, a
-/// weak pointer keeps the block until the object is. And it takes four atomic operations less.
+/// the last pointer goes, `letGo(object)` decides when the object is destroyed; where it is later,
+/// a weak pointer keeps the block until the object is. And it takes four atomic operations less.
 template <class TObject, class TLetGo, class... TArgs>
 boost::shared_ptr<TObject> MakeInOneBlock(TLetGo letGo, TArgs&&... args) {
   static_assert(kSharedSize % alignof(TObject) == 0);

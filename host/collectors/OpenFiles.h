@@ -9,9 +9,9 @@
 
 namespace NZELVYR20 {
 
-/// How files and folders are opened: none makes the opener wait or its terminal, and a file of
-/// terabytes is too large to be read, not to be opened, in every word size.
-constexpr int kReadFlags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_LARGEFILE;
+/// How files and folders are opened, to be read alone: none makes the opener wait or becomes its
+/// terminal, and a file of terabytes is too large to be read, not to be opened, in 32 bits, too.
+constexpr int kReadFlags = O_NONBLOCK | O_NOCTTY | O_LARGEFILE;
 
 /// What the system says about an error number; empty for 0.
 std::string DescribeError(int error);

@@ -14,7 +14,7 @@ TEST(Collection, ASlipIsNoted) {
   TCollection collection("/", host.Get());
   TInstanceDraft draft = collection.DraftDevice("CIM_NetworkPort", "x");
   draft.Set("PortType", TCIMValue(5)).Set("Nothing", "y").Set("Name", "z");
-  EXPECT_TRUE(collection.Add(std::move(draft)));
+  EXPECT_TRUE(collection.Add(draft));
   collection.Add(collection.Draft("CIM_Chassis"));
   TRootObject::SetLogThreshold(3);
   std::vector<std::string> notes;

@@ -18,10 +18,11 @@ class TIndexedInstance {
   TIndexedInstance(const TIndexedInstance&) = delete;
   TIndexedInstance& operator=(const TIndexedInstance&) = delete;
 
-  /// What its pointers share stands in front of it; to be asked for ahead, as the instance is.
+  /// What its pointers share stands in front of it; to be asked for ahead, as the instance is. Empty
+  /// where there is none.
   static const void* GetShared(const TIndexedInstance* instance) {
     constexpr std::ptrdiff_t kShared = 64;
-    return reinterpret_cast<const char*>(instance) - kShared;
+    return instance == nullptr ? nullptr : reinterpret_cast<const char*>(instance) - kShared;
   }
 
   /// The declarations that the instance was made with.

@@ -18,8 +18,8 @@ class TIndexedInstance {
   TIndexedInstance(const TIndexedInstance&) = delete;
   TIndexedInstance& operator=(const TIndexedInstance&) = delete;
 
-  /// What its pointers share stands in front of it; to be asked for ahead, as the instance is. Empty
-  /// where there is none.
+  /// What its pointers share stands in front of it; to be asked for ahead, as the instance is.
+  /// Empty where there is none.
   static const void* GetShared(const TIndexedInstance* instance) {
     constexpr std::ptrdiff_t kShared = 64;
     return instance == nullptr ? nullptr : reinterpret_cast<const char*>(instance) - kShared;

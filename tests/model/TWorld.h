@@ -153,10 +153,10 @@ struct TWorld : TShown, TAllRegisters, TStep {
   /// Runs the call on a class or on a declaration of any kind.
   template <class TCallback>
   void OnElement(const TCallback& call) const {
-    if (b % 4 == 0) return call(c(a));
-    if (b % 4 == 1) return call(d(a));
-    if (b % 4 == 2) return call(m(a));
-    call(p(a));
+    if (b % 4 == 0) return call(C());
+    if (b % 4 == 1) return call(Called(d(a)));
+    if (b % 4 == 2) return call(Called(m(a)));
+    call(Called(p(a)));
   }
   template <class TElement>
   void Attach(const TPtr<ICIMQualifier>& added, const TElement& element) const {

@@ -18,9 +18,9 @@ using TJson = nlohmann::json;
 using TType = TCIMValue::TCIMType;
 using TItems = std::vector<std::string>;
 
-constexpr std::size_t kIndent = 2;
-constexpr std::size_t kPropertyMargin = 2 * kIndent;
-constexpr std::size_t kItemMargin = 3 * kIndent;
+constexpr std::size_t kJsonIndent = 2;
+constexpr std::size_t kPropertyMargin = 2 * kJsonIndent;
+constexpr std::size_t kItemMargin = 3 * kJsonIndent;
 
 /// Where there is anything that a terminal would obey, nothing but ASCII.
 std::string ScalarText(const TJson& scalar) {
@@ -38,7 +38,7 @@ std::string ListText(const std::string& brackets, const TItems& items, std::size
   std::string text;
   for (const std::string& item : items) {
     text += (text.empty() ? brackets.front() : ',');
-    text += '\n' + std::string(margin + kIndent, ' ') + item;
+    text += '\n' + std::string(margin + kJsonIndent, ' ') + item;
   }
   return text + '\n' + std::string(margin, ' ') + brackets.back();
 }
@@ -121,7 +121,7 @@ std::string TInstanceJson::Write(ICIMInstance& instance) {
   return ListText("{}",
                   {MemberText("class", ScalarText(cimClass->GetName({}))),
                    MemberText("path", ScalarText(TPrinter::PathText(instance))),
-                   MemberText("properties", ListText("{}", properties, kIndent))},
+                   MemberText("properties", ListText("{}", properties, kJsonIndent))},
                   0) +
          "\n";
 }

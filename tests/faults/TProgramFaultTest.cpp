@@ -53,14 +53,14 @@ class TProgramFaultTest : public ::testing::Test {
                    [](auto& word) { return word.data(); });
     ::testing::internal::CaptureStdout();
     ::testing::internal::CaptureStderr();
-    const long live = TFaults::CountLiveAllocations();
+    const long before = TFaults::CountLiveAllocations();
     bool isStruck = false;
     std::thread([&] {
       TFaults::Arm(kind, n);
       run_.status = TProgram::Run(static_cast<int>(argv.size()), argv.data());
       isStruck = TFaults::Disarm();
     }).join();
-    run_.leaked = TFaults::CountLiveAllocations() - live;
+    run_.leaked = TFaults::CountLiveAllocations() - before;
     run_.output = ::testing::internal::GetCapturedStdout();
     run_.errors = ::testing::internal::GetCapturedStderr();
     return isStruck;

@@ -19,11 +19,6 @@ bool IsLowSurrogate(std::uint32_t code) { return code >= 0xDC00 && code <= 0xDFF
 /// Alone, such a half of a pair stands for a byte that was no UTF-8.
 bool IsRawByte(std::uint32_t code) { return code >= 0xDC80 && code <= 0xDCFF; }
 
-bool BelongsToWord(char byte) {
-  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
-         (byte >= '0' && byte <= '9') || byte == '_';
-}
-
 char ResolveEscape(char letter) {
   switch (letter) {
     case 'b':

@@ -9,11 +9,6 @@ constexpr std::size_t kLongestPiece = 60;
 
 bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
-bool BelongsToWord(char byte) {
-  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
-         (byte >= '0' && byte <= '9') || byte == '_';
-}
-
 /// The word that begins there, or else the one character.
 std::string_view GetFirstToken(std::string_view rest) {
   const auto* end = std::find_if_not(rest.begin(), rest.end(), BelongsToWord);
@@ -22,6 +17,11 @@ std::string_view GetFirstToken(std::string_view rest) {
 }
 
 }  // namespace
+
+bool BelongsToWord(char byte) {
+  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
+         (byte >= '0' && byte <= '9') || byte == '_';
+}
 
 std::string QuoteMof(std::string_view piece) {
   if (piece.size() <= kLongestPiece) return "\"" + std::string(piece) + "\"";

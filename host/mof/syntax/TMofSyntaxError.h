@@ -12,6 +12,9 @@ struct TMofSyntaxError {
   bool isAtTheEnd = false;  ///< what follows belongs to it, up to the end of the text
 };
 
+/// Whether names and keywords may hold it.
+bool BelongsToWord(char byte);
+
 /// A piece of the source as messages show it: in quotes, and cut where it is long.
 std::string QuoteMof(std::string_view piece);
 

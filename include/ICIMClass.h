@@ -155,7 +155,7 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
                                                                TCIMValue::TCIMType returnType,
                                                                TCIMContext context) = 0;
 
-  /// Empty when neither the class nor a superclass declares it (a property would be status 15).
+  /// Empty when neither the class nor a superclass declares it, where GetPropertyDecl throws.
   virtual boost::shared_ptr<ICIMMethodDecl> GetMethodDecl(const std::string& name,
                                                           TCIMContext context) const = 0;
 

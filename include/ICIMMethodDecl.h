@@ -45,7 +45,7 @@ class VYR_EXPORT ICIMMethodDecl : public ICIMNamedElement {
                                                                      TCIMValue::TCIMType type,
                                                                      TCIMContext context) = 0;
 
-  /// Status 25 for a name that is no CIM name, 15 when the method has no such parameter.
+  /// Status 25 for a name that is no CIM name, status 15 when the method has no such parameter.
   virtual boost::shared_ptr<ICIMParameterDecl> GetParameterDecl(const std::string& name,
                                                                 TCIMContext context) const = 0;
 

@@ -56,7 +56,7 @@ class VYR_EXPORT ICIMNamespace {
                                                      TCIMContext context) = 0;
 
   /// The class of that name; the root class for "" and for exactly "<root>". Status 25 for a name
-  /// that is no CIM name, 15 (not logged) when there is no such class.
+  /// that is no CIM name, status 15 (not logged) when there is no such class.
   virtual boost::shared_ptr<ICIMClass> GetClass(const std::string& name, TCIMContext context) = 0;
 
   /// Calls back for the classes directly below the root class, in order of addition. False ends
@@ -72,8 +72,8 @@ class VYR_EXPORT ICIMNamespace {
       const std::string& name, const TCIMValue& defaultValue, ICIMQualifierDecl::EScope scope,
       ICIMQualifierDecl::EFlavor flavor, TCIMContext context) = 0;
 
-  /// The declaration of that name; empty when there is none (a class would be status 15). Status
-  /// 25 for a name that is no CIM name.
+  /// The declaration of that name; empty when there is none, where GetClass throws. Status 25 for
+  /// a name that is no CIM name.
   virtual boost::shared_ptr<ICIMQualifierDecl> GetQualifierDecl(const std::string& name,
                                                                 TCIMContext context) = 0;
 
@@ -87,7 +87,7 @@ class VYR_EXPORT ICIMNamespace {
                          const TCIMInstanceCallback& callback, TCIMContext context) = 0;
 
   /// The instance that the path names; empty when its class holds none under that path. Status 15
-  /// (or 25) when the class cannot be found.
+  /// when there is no such class, status 25 when its name is no CIM name.
   virtual boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference& path,
                                                       TCIMContext context) = 0;
 

@@ -22,7 +22,7 @@ install(FILES host/cli/completion/vyrhost.bash
 
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
-install(FILES README.md cmake/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md cmake/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # vyr_install_compressed(<file> <folder>): as Debian wants manual pages and change logs.
 function(vyr_install_compressed file folder)

@@ -25,5 +25,5 @@ function(vyr_component target visibility folder)
 
   target_sources(${target} PRIVATE ${files})
   target_include_directories(${target} ${visibility} ${folders})
-  target_link_libraries(${target} PRIVATE vyr_warnings)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:vyr_warnings>)
 endfunction()

@@ -1,13 +1,16 @@
 include(CMakePackageConfigHelpers)
 
 # What an installation consists of, without the tests.
-add_custom_target(installed ALL DEPENDS vyrhost inmem)
+add_custom_target(installed ALL DEPENDS vyrhost inmem vyr_kit)
 
 set_target_properties(vyr_contract PROPERTIES EXPORT_NAME contract)
 install(TARGETS vyrhost)
-install(TARGETS vyr_contract vyrcore EXPORT vyrcoreTargets)
+install(TARGETS vyr_contract vyrcore vyr_kit EXPORT vyrcoreTargets)
 install(TARGETS inmem EXPORT vyrcoreTargets LIBRARY DESTINATION ${VYR_INSTALL_PLUGINDIR})
 install(DIRECTORY include/ DESTINATION ${VYR_INSTALL_INCLUDEDIR})
+install(DIRECTORY kit/ DESTINATION ${VYR_INSTALL_KITDIR}
+        FILES_MATCHING PATTERN *.h
+        PATTERN NamedRefusal.h EXCLUDE)
 
 install(EXPORT vyrcoreTargets NAMESPACE vyr:: DESTINATION ${VYR_INSTALL_CMAKEDIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/vyrcoreConfigVersion.cmake

@@ -1,54 +1,40 @@
 // A host: opens a namespace, defines a class, adds an instance and prints it.
-#include <ICIMClass.h>
-#include <ICIMInstance.h>
-#include <ICIMProperty.h>
 #include <ICIMPropertyDecl.h>
+#include <ListElements.h>
+#include <OpenNamespace.h>
+#include <TClassDraft.h>
+#include <TInstanceDraft.h>
 
 #include <exception>
 #include <iostream>
 
-#include "Repository.h"
+namespace vyr = NZELVYR20;
 
 namespace {
 
-namespace vyr = NZELVYR20;
-
-using TType = vyr::TCIMValue::TCIMType;
-
-/// Every element goes through the same steps: allocate, fill, add. Only adding checks it.
-boost::shared_ptr<vyr::ICIMClass> DefineLamp(vyr::ICIMNamespace& nameSpace) {
-  auto lamp = nameSpace.AllocateClass("Demo_Lamp", {}, {});
-
-  const auto name = lamp->AllocatePropertyDecl("Name", vyr::TCIMValue::Null(TType::kString), {});
-  examples::Qualify(nameSpace, *name, "Key", true);
-  name->AddToClass({});
-
-  // The default value gives the type, and is what an instance without a value of its own shows.
-  lamp->AllocatePropertyDecl("IsOn", false, {})->AddToClass({});
-
-  lamp->AddToNamespace({});
-  return lamp;
+void DefineLamp(const boost::shared_ptr<vyr::ICIMNamespace>& nameSpace) {
+  vyr::DeclareStandardQualifiers(*nameSpace);
+  // A default is what an instance without a value of its own shows.
+  vyr::TClassDraft(nameSpace, "Demo_Lamp")
+      .AddProperty("Name", vyr::TCIMValue::TCIMType::kString, {{"Key", true}})
+      .AddProperty("IsOn", false)
+      .Add();
 }
 
 void Print(vyr::ICIMInstance& instance) {
   std::cout << instance.GetReference({}).ToString() << '\n';
-  instance.EnumerateProperties(
-      [](const boost::shared_ptr<vyr::ICIMProperty>& property) {
-        std::cout << "  " << property->GetDeclaration({})->GetName({}) << " = "
-                  << property->ToString() << '\n';
-        return true;
-      },
-      {});
+  for (const auto& property : vyr::ListProperties(instance)) {
+    std::cout << "  " << property->GetDeclaration({})->GetName({}) << " = " << property->ToString()
+              << '\n';
+  }
 }
 
 }  // namespace
 
 int main() try {
-  const auto nameSpace = examples::OpenNamespace();
-  const auto lamp = DefineLamp(*nameSpace)->AllocateInstance({});
-  lamp->SetPropertyValue("Name", "desk", {});
-  lamp->SetPropertyValue("IsOn", true, {});
-  lamp->AddToNamespace({});
+  const auto nameSpace = vyr::OpenNamespace();
+  DefineLamp(nameSpace);
+  vyr::TInstanceDraft(nameSpace, "Demo_Lamp").Set("Name", "desk").Set("IsOn", true).Add();
 
   // Letter case does not count in names, and a path finds what was added.
   const auto path = vyr::TCIMReference::Parse("demo_lamp.name=\"desk\"", nameSpace);

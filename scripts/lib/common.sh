@@ -51,5 +51,5 @@ own_files() {
   for suffix; do
     names+=(-o -name "*$suffix")
   done
-  (cd "$root" && find include src host examples tests fuzz soak bench -type f \( "${names[@]:1}" \) -print0 | sort -z)
+  (cd "$root" && find include src kit host examples tests fuzz soak bench -type f \( "${names[@]:1}" \) -print0 | sort -z)
 }

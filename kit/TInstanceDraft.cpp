@@ -1,0 +1,112 @@
+#include "TInstanceDraft.h"
+
+#include <ICIMClass.h>
+#include <ICIMPropertyDecl.h>
+
+#include <cstdint>
+#include <utility>
+
+#include "TClassDraft.h"
+#include "ListElements.h"
+#include "NamedRefusal.h"
+#include "TypeText.h"
+
+namespace NZELVYR20 {
+namespace {
+
+std::string GetDeclaredType(const ICIMClass& cimClass, const std::string& name) {
+  try {
+    return TypeText(cimClass.GetPropertyDecl(name, {})->GetType({}));
+  } catch (const TVYRException&) {
+    return {};
+  }
+}
+
+std::string ToText(const TInstanceDraft::TSlip& slip) {
+  const std::string why =
+      slip.type.empty() ? "not declared" : "the type does not match (" + slip.type + ")";
+  return slip.property + " = " + slip.value + ": " + why;
+}
+
+bool LeadsSomewhere(const TCIMValue& reference) {
+  try {
+    return static_cast<TCIMReference>(reference).GetCIMElement(false) != nullptr;
+  } catch (const TVYRException&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+TInstanceDraft::TInstanceDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                               const std::string& className)
+    : className_(className), namespace_(nameSpace) {
+  instance_ = Named("class " + className,
+                    [&] { return nameSpace->GetClass(className, {})->AllocateInstance({}); });
+}
+
+TInstanceDraft& TInstanceDraft::Set(const std::string& name, const TCIMValue& value) {
+  try {
+    instance_->SetPropertyValue(name, value, {});
+  } catch (const TVYRException&) {
+    slips_.push_back({instance_->GetClass({})->GetName({}) + '.' + name,
+                      GetDeclaredType(*instance_->GetClass({}), name),
+                      TypeText(value.GetType()) + ' ' + value.ToString(10)});
+  }
+  return *this;
+}
+
+TInstanceDraft& TInstanceDraft::SetText(const std::string& name, const std::string& text) {
+  return text.empty() ? *this : Set(name, TCIMValue(text));
+}
+
+TInstanceDraft& TInstanceDraft::SetTexts(const std::string& name,
+                                         const std::vector<std::string>& texts) {
+  return Set(name, TextArray(texts));
+}
+
+TInstanceDraft& TInstanceDraft::SetCode(const std::string& name, unsigned code) {
+  return Set(name, TCIMValue(static_cast<std::uint16_t>(code)));
+}
+
+TInstanceDraft& TInstanceDraft::SetCodes(const std::string& name,
+                                         const std::vector<unsigned>& codes) {
+  std::vector<TCIMValue> elements;
+  elements.reserve(codes.size());
+  for (const unsigned code : codes) elements.emplace_back(static_cast<std::uint16_t>(code));
+  return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kUInt16, std::move(elements)));
+}
+
+std::optional<TCIMReference> TInstanceDraft::TryAdd() const {
+  instance_->AddToNamespace({});
+  // A refused instance is only logged, so that the one way to know is to ask for it.
+  TCIMReference path = instance_->GetReference({});
+  if (namespace_->GetInstance(path, {}) != instance_) return std::nullopt;
+  return path;
+}
+
+TCIMReference TInstanceDraft::Add() const {
+  if (!slips_.empty()) throw TKitError(ToText(slips_.front()));
+  const std::optional<TCIMReference> path = TryAdd();
+  if (!path) throw TKitError(className_ + GetReason());
+  return *path;
+}
+
+/// Why the namespace did not take it, as far as it can be told afterwards.
+std::string TInstanceDraft::GetReason() const {
+  for (const std::string& key : ListKeyNames(*instance_->GetClass({}))) {
+    if (instance_->GetProperty(key, {})->GetValue({}).IsNull()) {
+      return '.' + key + ": a key has no value";
+    }
+  }
+  for (const auto& property : ListProperties(*instance_)) {
+    const TCIMValue value = property->GetValue({});
+    if (value.IsReference() && !LeadsSomewhere(value)) {
+      return '.' + property->GetDeclaration({})->GetName({}) + " = " + value.ToString(10) +
+             ": leads nowhere";
+    }
+  }
+  return ": the namespace did not take the instance";
+}
+
+}  // namespace NZELVYR20

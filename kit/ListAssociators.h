@@ -12,17 +12,17 @@ namespace NZELVYR20 {
 
 /// A reference of an association's instance, and where it leads.
 struct TAssociationEnd {
-  std::string role;
-  boost::shared_ptr<ICIMInstance> instance;
+  std::string role;                          ///< the reference's name
+  boost::shared_ptr<ICIMInstance> instance;  ///< to which it leads
 };
 
 /// What restricts a walk along associations; what is empty restricts nothing. Letter case does not
 /// count.
 struct TAssociationFilter {
-  std::string assocClass;
-  std::string resultClass;
-  std::string role;        ///< the reference that leads to where the walk begins
-  std::string resultRole;  ///< the one that leads to the result
+  std::string assocClass;   ///< the association, or what it derives from
+  std::string resultClass;  ///< the result, likewise
+  std::string role;         ///< the reference that leads to where the walk begins
+  std::string resultRole;   ///< the one that leads to the result
 };
 
 /// The ends of an association's instance, by ascending name of the reference; not those that lead

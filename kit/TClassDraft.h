@@ -47,8 +47,10 @@ class TClassDraft {
   /// The default gives the type.
   TClassDraft& AddProperty(const std::string& name, const TCIMValue& defaultValue,
                            const TNamedValues& qualifiers = {});
+  /// To instances of that class and its subclasses.
   TClassDraft& AddReference(const std::string& name, const std::string& className,
                             const TNamedValues& qualifiers = {});
+  /// Without parameters: those are added through the contract.
   TClassDraft& AddMethod(const std::string& name, TCIMValue::TCIMType::ECIMType returnType,
                          const TNamedValues& qualifiers = {});
 

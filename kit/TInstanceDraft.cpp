@@ -6,26 +6,21 @@
 #include <cstdint>
 #include <utility>
 
-#include "TClassDraft.h"
 #include "ListElements.h"
 #include "NamedRefusal.h"
+#include "TClassDraft.h"
 #include "TypeText.h"
 
 namespace NZELVYR20 {
 namespace {
 
-std::string GetDeclaredType(const ICIMClass& cimClass, const std::string& name) {
+std::string ExplainSlip(const ICIMClass& cimClass, const std::string& name) {
   try {
-    return TypeText(cimClass.GetPropertyDecl(name, {})->GetType({}));
+    const auto declaration = cimClass.GetPropertyDecl(name, {});
+    return "the type does not match (" + TypeText(declaration->GetType({})) + ")";
   } catch (const TVYRException&) {
-    return {};
+    return "not declared";
   }
-}
-
-std::string ToText(const TInstanceDraft::TSlip& slip) {
-  const std::string why =
-      slip.type.empty() ? "not declared" : "the type does not match (" + slip.type + ")";
-  return slip.property + " = " + slip.value + ": " + why;
 }
 
 bool LeadsSomewhere(const TCIMValue& reference) {
@@ -49,9 +44,10 @@ TInstanceDraft& TInstanceDraft::Set(const std::string& name, const TCIMValue& va
   try {
     instance_->SetPropertyValue(name, value, {});
   } catch (const TVYRException&) {
-    slips_.push_back({instance_->GetClass({})->GetName({}) + '.' + name,
-                      GetDeclaredType(*instance_->GetClass({}), name),
-                      TypeText(value.GetType()) + ' ' + value.ToString(10)});
+    const auto cimClass = instance_->GetClass({});
+    slips_.push_back({cimClass->GetName({}) + '.' + name + " = " + TypeText(value.GetType()) + ' ' +
+                          value.ToString(10),
+                      ExplainSlip(*cimClass, name)});
   }
   return *this;
 }
@@ -77,19 +73,21 @@ TInstanceDraft& TInstanceDraft::SetCodes(const std::string& name,
   return Set(name, TCIMValue::Array(TCIMValue::TCIMType::kUInt16, std::move(elements)));
 }
 
-std::optional<TCIMReference> TInstanceDraft::TryAdd() const {
-  instance_->AddToNamespace({});
+TCIMReference TInstanceDraft::Add() const {
+  if (!slips_.empty()) throw TKitError(slips_.front().what + ": " + slips_.front().why);
+  AddAnyway();
+  const std::optional<TCIMReference> path = FindPath();
+  if (!path) throw TKitError(className_ + GetReason());
+  return *path;
+}
+
+void TInstanceDraft::AddAnyway() const { instance_->AddToNamespace({}); }
+
+std::optional<TCIMReference> TInstanceDraft::FindPath() const {
   // A refused instance is only logged, so that the one way to know is to ask for it.
   TCIMReference path = instance_->GetReference({});
   if (namespace_->GetInstance(path, {}) != instance_) return std::nullopt;
   return path;
-}
-
-TCIMReference TInstanceDraft::Add() const {
-  if (!slips_.empty()) throw TKitError(ToText(slips_.front()));
-  const std::optional<TCIMReference> path = TryAdd();
-  if (!path) throw TKitError(className_ + GetReason());
-  return *path;
 }
 
 /// Why the namespace did not take it, as far as it can be told afterwards.

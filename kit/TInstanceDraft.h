@@ -18,9 +18,8 @@ class TInstanceDraft {
  public:
   /// A value that did not fit its property.
   struct TSlip {
-    std::string property;  ///< such as "Lamp.Count"
-    std::string type;      ///< that of the declaration; empty where there is none
-    std::string value;     ///< with its type, such as "sint32 5"
+    std::string what;  ///< such as "Lamp.Count = sint32 5"
+    std::string why;   ///< such as "the type does not match (uint32)"
   };
 
   /// Throws TKitError where there is no such class.
@@ -30,6 +29,7 @@ class TInstanceDraft {
   /// property, the slip is kept and the property stays null.
   TInstanceDraft& Set(const std::string& name, const TCIMValue& value);
 
+  /// The same; nothing counts as not known.
   template <class TContent>
   TInstanceDraft& Set(const std::string& name, const std::optional<TContent>& content) {
     return content ? Set(name, TCIMValue(*content)) : *this;
@@ -38,22 +38,27 @@ class TInstanceDraft {
   /// An empty text counts as not known.
   TInstanceDraft& SetText(const std::string& name, const std::string& text);
 
+  /// An array of texts.
   TInstanceDraft& SetTexts(const std::string& name, const std::vector<std::string>& texts);
 
   /// One of the standard's numbered meanings.
   TInstanceDraft& SetCode(const std::string& name, unsigned code);
+  /// An array of such.
   TInstanceDraft& SetCodes(const std::string& name, const std::vector<unsigned>& codes);
 
+  /// As it was given.
   const std::string& GetClassName() const { return className_; }
+  /// All that did not fit, in order.
   const std::vector<TSlip>& GetSlips() const { return slips_; }
 
-  /// Adds the instance as it is, in place of one that has its path, and gives the path; nothing
-  /// where the namespace did not take it.
-  std::optional<TCIMReference> TryAdd() const;
-
-  /// The same where every slip, and an instance that is not taken, is a TKitError with the reason.
-  /// What slipped is not added.
+  /// Adds the instance in place of one that has its path, and gives the path. A slip, and an
+  /// instance that the namespace does not take, is a TKitError with the reason.
   TCIMReference Add() const;
+
+  /// Adds it whatever slipped; the namespace logs it where it does not take it.
+  void AddAnyway() const;
+  /// Its path; nothing where the namespace has not taken it.
+  std::optional<TCIMReference> FindPath() const;
 
  private:
   std::string GetReason() const;

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "ListElements.h"
 #include "TClassDescription.h"
 #include "TElementFinder.h"
 #include "TPrinter.h"
@@ -40,7 +41,7 @@ std::string Margin(const std::vector<TLevel>& levels) {
 /// stack.
 std::string Branches(ICIMClass& top) {
   std::string text;
-  std::vector<TLevel> levels{{TClassTree::GetSubClasses(top)}};
+  std::vector<TLevel> levels{{ListSubClasses(top, false)}};
   while (!levels.empty()) {
     TLevel& level = levels.back();
     if (level.IsDone()) {
@@ -49,7 +50,7 @@ std::string Branches(ICIMClass& top) {
     }
     const auto cimClass = level.classes[level.next++];
     text += Margin(levels) + TPrinter::ClassText(*cimClass) + "\n";
-    levels.push_back({TClassTree::GetSubClasses(*cimClass)});
+    levels.push_back({ListSubClasses(*cimClass, false)});
   }
   return text;
 }
@@ -60,12 +61,12 @@ TClassCommands::TClassCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
     : namespace_(std::move(nameSpace)) {}
 
 TClassList TClassCommands::FindStart(const std::string& className) const {
-  if (className.empty()) return TClassTree::GetTopClasses(*namespace_);
+  if (className.empty()) return ListTopClasses(*namespace_);
   return {TElementFinder(namespace_).FindClass(className)};
 }
 
 std::string TClassCommands::List(const std::string& className) const {
-  TClassList classes = TClassTree::Flatten(FindStart(className));
+  TClassList classes = WithDescendants(FindStart(className));
   std::sort(classes.begin(), classes.end(),
             [](const auto& left, const auto& right) { return *left < *right; });
   TTable table(0);

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "ICIMNamespace.h"
-#include "TClassTree.h"
+#include "ListClasses.h"
 
 namespace NZELVYR20 {
 

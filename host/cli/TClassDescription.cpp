@@ -30,10 +30,7 @@ std::string QualifierText(const ICIMQualifier& qualifier) {
 
 std::vector<std::string> QualifierTexts(const ICIMNamedElement& element) {
   std::vector<std::string> texts;
-  for (const auto& qualifier :
-       ListElements<ICIMQualifier>([&element](const TCIMQualifierCallback& callback) {
-         element.EnumerateQualifiers(callback, {});
-       })) {
+  for (const auto& qualifier : ListQualifiers(element)) {
     texts.push_back(QualifierText(*qualifier));
   }
   return texts;
@@ -73,10 +70,7 @@ std::string ParameterText(const ICIMParameterDecl& parameter) {
 }
 
 void AddMethod(ICIMMethodDecl& method, TTable& table) {
-  const auto parameters =
-      ListElements<ICIMParameterDecl>([&method](TCIMParameterDeclCallback callback) {
-        method.EnumerateParameterDecls(callback, {});
-      });
+  const auto parameters = ListParameterDecls(method);
   table.AddRow({method.GetName({}) + (parameters.empty() ? "()" : "(...)"),
                 TypeText(method.GetReturnType({})), NameOf(method.GetClass({}))});
   AddQualifiers(method, kDetailIndent, table);
@@ -115,10 +109,7 @@ std::string TClassDescription::Qualifiers() const {
 
 std::string TClassDescription::Properties() const {
   TTable table(kIndent);
-  for (const auto& property :
-       ListElements<ICIMPropertyDecl>([this](const TCIMPropertyDeclCallback& callback) {
-         class_->EnumeratePropertyDecls(callback, {});
-       })) {
+  for (const auto& property : ListPropertyDecls(*class_)) {
     const TCIMValue& value = property->GetDefaultValue({});
     table.AddRow({property->GetName({}), TPrinter::TypeText(value), NameOf(property->GetClass({})),
                   DefaultText(value)});
@@ -129,10 +120,7 @@ std::string TClassDescription::Properties() const {
 
 std::string TClassDescription::Methods() const {
   TTable table(kIndent);
-  for (const auto& method :
-       ListElements<ICIMMethodDecl>([this](const TCIMMethodDeclCallback& callback) {
-         class_->EnumerateMethodDecls(callback, {});
-       })) {
+  for (const auto& method : ListMethodDecls(*class_)) {
     AddMethod(*method, table);
   }
   return Section("Methods", table);

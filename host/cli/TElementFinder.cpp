@@ -10,7 +10,7 @@
 
 #include "FoldName.h"
 #include "ICIMPropertyDecl.h"
-#include "TClassTree.h"
+#include "ListClasses.h"
 #include "TInstanceReader.h"
 #include "TScopedSilence.h"
 #include "TSuggestion.h"
@@ -22,7 +22,7 @@ namespace {
 
 std::vector<std::string> ListClassNames(ICIMNamespace& nameSpace) {
   std::vector<std::string> names;
-  for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(nameSpace))) {
+  for (const auto& cimClass : ListAllClasses(nameSpace)) {
     names.push_back(cimClass->GetName({}));
   }
   return names;

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "ListClasses.h"
 #include "ListElements.h"
-#include "TClassTree.h"
 #include "TElementFinder.h"
 #include "TInstanceJson.h"
 #include "TInstanceReader.h"
@@ -18,20 +18,12 @@
 namespace NZELVYR20 {
 namespace {
 
-using TInstanceList = std::vector<boost::shared_ptr<ICIMInstance>>;
-
-TInstanceList ListInstances(ICIMClass& cimClass, bool deep) {
-  return ListElements<ICIMInstance>([&cimClass, deep](const TCIMInstanceCallback& callback) {
-    cimClass.EnumerateInstances(callback, deep, {});
-  });
-}
-
 /// Adds the path and what is not null. An association goes without its path, which would only
 /// repeat the references below it.
 void AppendSummary(std::string& text, ICIMInstance& instance, bool isAssociation) {
   if (!isAssociation) text += "  " + TPrinter::PathText(instance) + '\n';
   TTable table(isAssociation ? 2 : 4);
-  for (const auto& property : TInstanceReader::ListProperties(instance)) {
+  for (const auto& property : ListProperties(instance)) {
     if (!property->GetValue({}).IsNull()) {
       table.AddRow({TInstanceReader::NameOf(*property), TPrinter::PropertyText(*property)});
     }
@@ -64,7 +56,7 @@ TInstanceCommands::TInstanceCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
 
 std::string TInstanceCommands::Overview() const {
   std::string text;
-  for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(*namespace_))) {
+  for (const auto& cimClass : ListAllClasses(*namespace_)) {
     const TInstanceList instances = ListInstances(*cimClass, false);
     if (!instances.empty()) AppendSection(text, *cimClass, instances);
   }
@@ -88,7 +80,7 @@ std::string TInstanceCommands::Show(const std::string& path, EShow form) const {
 
   TTable table(0);
   table.AddRow({"Property", "Type", "Marks", "Value"});
-  for (const auto& property : TInstanceReader::ListProperties(*instance)) {
+  for (const auto& property : ListProperties(*instance)) {
     const std::string name = TInstanceReader::NameOf(*property);
     table.AddRow({name, TypeText(property->GetType({})), Marks(*property, keys.count(name) > 0),
                   form == EShow::kRaw ? TPrinter::ValueText(property->GetValue({}))

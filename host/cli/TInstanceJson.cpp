@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ICIMClass.h"
+#include "ListElements.h"
 #include "TCIMDateTime.h"
 #include "TInstanceReader.h"
 #include "TPrinter.h"
@@ -114,7 +115,7 @@ std::string TInstanceJson::Write(ICIMInstance& instance) {
   const auto cimClass = instance.GetClass({});
   const auto keys = TInstanceReader::ListKeyNames(*cimClass);
   TItems properties;
-  for (const auto& property : TInstanceReader::ListProperties(instance)) {
+  for (const auto& property : ListProperties(instance)) {
     const std::string name = TInstanceReader::NameOf(*property);
     properties.push_back(MemberText(name, PropertyText(*property, keys.count(name) > 0)));
   }

@@ -9,22 +9,9 @@
 
 namespace NZELVYR20 {
 
-std::vector<boost::shared_ptr<ICIMProperty>> TInstanceReader::ListProperties(
-    ICIMInstance& instance) {
-  return ListElements<ICIMProperty>([&instance](const TCIMPropertyCallback& callback) {
-    instance.EnumerateProperties(callback, {});
-  });
-}
-
 std::set<std::string> TInstanceReader::ListKeyNames(ICIMClass& cimClass) {
-  std::set<std::string> names;
-  cimClass.EnumerateKeyNames(
-      [&names](const std::string* name) {
-        names.insert(*name);
-        return true;
-      },
-      {});
-  return names;
+  const std::vector<std::string> names = NZELVYR20::ListKeyNames(cimClass);
+  return {names.begin(), names.end()};
 }
 
 std::string TInstanceReader::NameOf(const ICIMProperty& property) {

@@ -16,9 +16,6 @@ class TInstanceReader {
  public:
   TInstanceReader() = delete;
 
-  /// In the order in which the repository enumerates them.
-  static std::vector<boost::shared_ptr<ICIMProperty>> ListProperties(ICIMInstance& instance);
-
   /// The names of the class's keys, as their declarations give them.
   static std::set<std::string> ListKeyNames(ICIMClass& cimClass);
 

@@ -4,10 +4,9 @@
 #include <string>
 #include <system_error>
 
-#include "INamespaceProvider.h"
+#include "OpenNamespace.h"
 #include "TCommandError.h"
 #include "TMofInput.h"
-#include "TPluginLoader.h"
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
@@ -26,8 +25,7 @@ std::string CheckRoot(const std::string& root) {
 }  // namespace
 
 TRepository::TRepository(const THostOptions& options)
-    : collector_(CheckRoot(options.root)),
-      namespace_(TPluginLoader::LoadProvider(options.plugin)->AllocateNamespace({}, false)) {
+    : collector_(CheckRoot(options.root)), namespace_(OpenNamespace(options.plugin)) {
   if (!options.isEmpty) TMofInput::LoadSchema(namespace_, options);
 }
 

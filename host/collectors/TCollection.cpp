@@ -54,8 +54,8 @@ TInstanceDraft TCollection::DraftElement(const std::string& className,
 }
 
 void TCollection::Link(const TInstanceDraft& draft) {
-  draft.Add();
-  for (const TInstanceDraft::TSlip& slip : draft.GetSlips()) Note(slip.property, slip.value);
+  draft.AddAnyway();
+  for (const TInstanceDraft::TSlip& slip : draft.GetSlips()) Note(slip.what, slip.why);
 }
 
 std::optional<TCIMReference> TCollection::Add(const TInstanceDraft& draft) {

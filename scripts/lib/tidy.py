@@ -25,7 +25,7 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 
 ROOT = os.getcwd()
-FOLDERS = ["include", "src", "host", "tests", "fuzz", "soak", "bench"]
+FOLDERS = ["include", "src", "kit", "host", "tests", "fuzz", "soak", "bench"]
 WORK = os.path.join(ROOT, "build/lint")
 GROUP_SIZE = 12
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)

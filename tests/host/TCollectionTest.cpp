@@ -21,11 +21,11 @@ TEST(Collection, ASlipIsNoted) {
   for (const TCollectorNote& note : collection.GetNotes()) {
     notes.push_back(note.what + ": " + note.why);
   }
-  EXPECT_EQ(
-      (std::vector<std::string>{"CIM_NetworkPort.PortType (uint16): the value is sint32 5",
-                                "CIM_NetworkPort.Nothing (not declared): the value is string y",
-                                "CIM_Chassis: The namespace did not take the instance"}),
-      notes);
+  EXPECT_EQ((std::vector<std::string>{
+                "CIM_NetworkPort.PortType = sint32 5: the type does not match (uint16)",
+                "CIM_NetworkPort.Nothing = string y: not declared",
+                "CIM_Chassis: The namespace did not take the instance"}),
+            notes);
   EXPECT_EQ("Name=z", host.ShowAll(host.ListPaths("CIM_NetworkPort").at(0)));
 }
 

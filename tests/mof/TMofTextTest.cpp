@@ -8,7 +8,7 @@
 
 #include "Cases.h"
 #include "ICIMParameterDecl.h"
-#include "TClassTree.h"
+#include "ListClasses.h"
 #include "TLoadedMof.h"
 #include "TShown.h"
 
@@ -38,7 +38,7 @@ std::string Dump(ICIMNamespace& nameSpace) {
     return true;
   };
   nameSpace.EnumerateQualifierDecls(showDeclaration, {});
-  for (const auto& cimClass : TClassTree::Flatten(TClassTree::GetTopClasses(nameSpace))) {
+  for (const auto& cimClass : ListAllClasses(nameSpace)) {
     world.ShowClass(cimClass);
     cimClass->EnumerateMethodDecls(showMethod, {});
     cimClass->EnumerateInstances(showInstance, false, {});

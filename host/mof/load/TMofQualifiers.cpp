@@ -92,12 +92,6 @@ TCIMValue MakeValue(const TMofValues& values, const TMofQualifier& qualifier, T 
   return type == T::kBoolean ? TCIMValue(true) : TCIMValue::Null(type);
 }
 
-std::vector<boost::shared_ptr<ICIMQualifier>> ListQualifiers(const ICIMNamedElement& element) {
-  return ListElements<ICIMQualifier>([&element](const TCIMQualifierCallback& callback) {
-    element.EnumerateQualifiers(callback, {});
-  });
-}
-
 /// The repository keeps an overriding declaration apart from the one that it overrides.
 void PassDown(ICIMNamedElement& element, const ICIMNamedElement& overridden) {
   for (const auto& qualifier : ListQualifiers(overridden)) {

@@ -70,10 +70,7 @@ void AppendMethod(std::string& text, ICIMMethodDecl& method, const TMofReference
   text += "  " + MemberTypeText(type, [&] { return classes.Get(method, ""); }) + ArrayText(type) +
           ' ' + method.GetName({}) + '(';
   const char* separator = "\n";
-  for (const auto& parameter :
-       ListElements<ICIMParameterDecl>([&method](TCIMParameterDeclCallback callback) {
-         method.EnumerateParameterDecls(callback, {});
-       })) {
+  for (const auto& parameter : ListParameterDecls(method)) {
     text += separator;
     AppendParameter(text, method, *parameter, classes);
     separator = ",\n";
@@ -99,18 +96,12 @@ void TMofClassText::Append(std::string& text, const ICIMClass& cimClass, bool is
                            const TMofReferenceClasses& referenceClasses) {
   TMofQualifierText::AppendList(text, cimClass, isInherited, 0);
   AppendHead(text, cimClass);
-  for (const auto& property :
-       ListElements<ICIMPropertyDecl>([&cimClass](const TCIMPropertyDeclCallback& callback) {
-         cimClass.EnumeratePropertyDecls(callback, {});
-       })) {
+  for (const auto& property : ListPropertyDecls(cimClass)) {
     if (!IsWritten(*property, cimClass, isInherited)) continue;
     AppendBeginning(text, *property, cimClass);
     AppendProperty(text, *property);
   }
-  for (const auto& method :
-       ListElements<ICIMMethodDecl>([&cimClass](const TCIMMethodDeclCallback& callback) {
-         cimClass.EnumerateMethodDecls(callback, {});
-       })) {
+  for (const auto& method : ListMethodDecls(cimClass)) {
     if (!IsWritten(*method, cimClass, isInherited)) continue;
     AppendBeginning(text, *method, cimClass);
     AppendMethod(text, *method, referenceClasses);

@@ -82,10 +82,7 @@ std::size_t Rank(const ICIMQualifier& qualifier) {
 }
 
 TQualifiers SelectQualifiers(const ICIMNamedElement& element, bool withPropagated) {
-  TQualifiers qualifiers =
-      ListElements<ICIMQualifier>([&element](const TCIMQualifierCallback& callback) {
-        element.EnumerateQualifiers(callback, {});
-      });
+  TQualifiers qualifiers = ListQualifiers(element);
   if (!withPropagated) {
     const auto isPropagated = [](const auto& qualifier) {
       return qualifier->GetPropagated({}) && Rank(*qualifier) >= kKindsOfClasses;

@@ -41,11 +41,11 @@ using TNeededClasses = std::vector<const ICIMClass*>;
 class TTree {
  public:
   explicit TTree(ICIMNamespace& nameSpace) {
-    Push(TClassTree::GetTopClasses(nameSpace));
+    Push(ListTopClasses(nameSpace));
     while (!waiting_.empty()) {
       classes_.push_back(waiting_.back());
       waiting_.pop_back();
-      Push(TClassTree::GetSubClasses(*classes_.back()));
+      Push(ListSubClasses(*classes_.back(), false));
     }
   }
 
@@ -72,10 +72,7 @@ class TTree {
 };
 
 void AppendReferencedClasses(TNeededClasses& needed, const ICIMClass& cimClass) {
-  for (const auto& property :
-       ListElements<ICIMPropertyDecl>([&cimClass](const TCIMPropertyDeclCallback& callback) {
-         cimClass.EnumeratePropertyDecls(callback, {});
-       })) {
+  for (const auto& property : ListPropertyDecls(cimClass)) {
     needed.push_back(property->GetDefaultValue({}).GetReferencedClass().get());
   }
 }
@@ -124,10 +121,7 @@ TMofWriteOrder::TInstanceList TMofWriteOrder::ListInstances(const TClassList& cl
   TInstanceList instances;
   TInstanceList referring;
   for (const auto& cimClass : classes) {
-    for (const auto& instance :
-         ListElements<ICIMInstance>([&cimClass](const TCIMInstanceCallback& callback) {
-           cimClass->EnumerateInstances(callback, false, {});
-         })) {
+    for (const auto& instance : NZELVYR20::ListInstances(*cimClass, false)) {
       (ListReferences(*instance).empty() ? instances : referring).push_back(instance);
     }
   }

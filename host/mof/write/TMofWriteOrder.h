@@ -5,7 +5,7 @@
 
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
-#include "TClassTree.h"
+#include "ListClasses.h"
 
 namespace NZELVYR20 {
 
@@ -13,8 +13,6 @@ namespace NZELVYR20 {
 /// before it needs it. Neither the depth of a hierarchy nor that of references is limited.
 class TMofWriteOrder {
  public:
-  using TInstanceList = std::vector<boost::shared_ptr<ICIMInstance>>;
-
   TMofWriteOrder() = delete;
 
   /// Every class, after its superclass and after the siblings that were added before it, so that

@@ -15,10 +15,7 @@ namespace {
 
 void AppendInstance(std::string& text, ICIMInstance& instance) {
   text += "instance of " + instance.GetClass({})->GetName({}) + " {\n";
-  for (const auto& property :
-       ListElements<ICIMProperty>([&instance](const TCIMPropertyCallback& callback) {
-         instance.EnumerateProperties(callback, {});
-       })) {
+  for (const auto& property : ListProperties(instance)) {
     if (property->IsDefaultValue({})) continue;
     TMofValueText::Append(text, "  " + property->GetDeclaration({})->GetName({}) + " = ",
                           property->GetValue({}), ";", 6);
@@ -53,10 +50,7 @@ std::string TMofWriter::WriteNamespace(const boost::shared_ptr<ICIMNamespace>& n
                                        const TMofReferenceClasses& referenceClasses) {
   std::string text;
   const auto separate = [&text] { text += text.empty() ? "" : "\n"; };
-  for (const auto& declaration :
-       ListElements<ICIMQualifierDecl>([&nameSpace](const TCIMQualifierDeclCallback& callback) {
-         nameSpace->EnumerateQualifierDecls(callback, {});
-       })) {
+  for (const auto& declaration : ListQualifierDecls(*nameSpace)) {
     separate();
     TMofQualifierText::AppendDeclaration(text, *declaration);
   }

@@ -24,6 +24,6 @@ function(vyr_component target visibility folder)
   endforeach()
 
   target_sources(${target} PRIVATE ${files})
-  target_include_directories(${target} ${visibility} ${folders})
+  target_include_directories(${target} ${visibility} "$<BUILD_INTERFACE:${folders}>")
   target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:vyr_warnings>)
 endfunction()

@@ -1,20 +1,43 @@
 include(CMakePackageConfigHelpers)
 
 # What an installation consists of, without the tests.
-add_custom_target(installed ALL DEPENDS vyrhost inmem vyr_kit)
+add_custom_target(installed ALL DEPENDS vyrhost inmem vyr_kit vyr_mof
+                                        vyr_collectors)
 
 set_target_properties(vyr_contract PROPERTIES EXPORT_NAME contract)
 install(TARGETS vyrhost)
-install(TARGETS vyr_contract vyrcore vyr_kit EXPORT vyrcoreTargets)
+install(TARGETS vyr_contract vyrcore EXPORT vyrcoreTargets)
 install(TARGETS inmem EXPORT vyrcoreTargets LIBRARY DESTINATION ${VYR_INSTALL_PLUGINDIR})
 install(DIRECTORY include/ DESTINATION ${VYR_INSTALL_INCLUDEDIR})
-install(DIRECTORY kit/ DESTINATION ${VYR_INSTALL_KITDIR}
-        FILES_MATCHING PATTERN *.h
-        PATTERN NamedRefusal.h EXCLUDE)
+
+# vyr_install_library(<name> <header>...): vyr_<name>, as vyr::<name> also within the build, and what
+# others may include of it.
+function(vyr_install_library name)
+  set_target_properties(vyr_${name} PROPERTIES EXPORT_NAME ${name})
+  add_library(vyr::${name} ALIAS vyr_${name})
+  install(TARGETS vyr_${name} EXPORT vyrcoreTargets INCLUDES DESTINATION ${VYR_INSTALL_KITDIR})
+  install(FILES ${ARGN} DESTINATION ${VYR_INSTALL_KITDIR})
+endfunction()
+
+file(GLOB kit_headers CONFIGURE_DEPENDS kit/*.h)
+list(FILTER kit_headers EXCLUDE REGEX NamedRefusal)
+vyr_install_library(kit ${kit_headers})
+vyr_install_library(common)
+vyr_install_library(mof host/mof/LoadMof.h host/mof/load/TMofOptions.h
+                    host/mof/load/TMofReferenceClasses.h host/mof/load/TMofSummary.h
+                    host/mof/write/TMofWriter.h)
+vyr_install_library(collectors host/collectors/TMachineCollector.h)
+add_library(vyr::vyrcore ALIAS vyrcore)
+add_library(vyr::inmem ALIAS inmem)
 
 install(EXPORT vyrcoreTargets NAMESPACE vyr:: DESTINATION ${VYR_INSTALL_CMAKEDIR})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/vyrcoreConfigVersion.cmake
                                  COMPATIBILITY SameMajorVersion)
+
+foreach(name IN ITEMS vyrcore vyr-kit)
+  configure_file(cmake/${name}.pc.in ${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()
 install(FILES cmake/vyrcoreConfig.cmake ${PROJECT_BINARY_DIR}/vyrcoreConfigVersion.cmake
         DESTINATION ${VYR_INSTALL_CMAKEDIR})
 

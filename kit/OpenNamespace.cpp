@@ -6,14 +6,12 @@
 
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
+#include "FindInstalled.h"
 #include "TKitError.h"
 
 namespace NZELVYR20 {
 namespace {
-
-namespace fs = std::filesystem;
 
 const std::string kPluginName = "libinmem.nsp.so";
 const std::string kProviderName = "inmem";
@@ -21,36 +19,15 @@ const std::string kProviderName = "inmem";
 using TPath = std::optional<std::string>;
 using TProvider = boost::shared_ptr<INamespaceProvider>;
 
-fs::path GetProgramFolder() {
-  std::error_code ignored;
-  return fs::read_symlink("/proc/self/exe", ignored).parent_path();
-}
-
-/// Where the core library was loaded from.
-fs::path GetCoreFolder() {
-  Dl_info core = {};
-  const auto* const inside = reinterpret_cast<const void*>(&TRootObject::GetCoreLogger);
-  if (dladdr(inside, &core) == 0 || core.dli_fname == nullptr) return {};
-  return fs::path(core.dli_fname).parent_path();
-}
-
 std::string FindDefaultPlugin() {
-  const fs::path program = GetProgramFolder();
-  const fs::path core = GetCoreFolder();
-  for (const fs::path& folder : {program, program / "../lib/vyr", core / "vyr", core}) {
-    std::error_code ignored;
-    if (folder.is_absolute() && fs::exists(folder / kPluginName, ignored)) {
-      return (folder / kPluginName).lexically_normal().string();
-    }
-  }
-  return kPluginName;
+  return FindInstalled({kPluginName, "../lib/vyr/" + kPluginName}).value_or(kPluginName);
 }
 
 /// With a slash in it dlopen takes a name for a file, else it searches the library path.
 std::string FindPlugin(const std::string& path) {
   const std::string file = path.find('/') == std::string::npos ? "./" + path : path;
   std::error_code ignored;
-  return fs::exists(file, ignored) ? file : path;
+  return std::filesystem::exists(file, ignored) ? file : path;
 }
 
 TProvider FindProvider() {

@@ -10,8 +10,8 @@
 namespace NZELVYR20 {
 
 /// Loads the repository's plug-in, for the life of the process, and gives the provider "inmem" that
-/// it registers. No path means the library beside the program or in ../lib/vyr from there, else the
-/// one that was installed with libvyrcore.so, else one on the dynamic linker's path. A name without
+/// it registers. No path means the library beside the program, or in ../lib/vyr from there, or in
+/// the same places from libvyrcore.so, or else on the dynamic linker's path. A name without
 /// slash is a file of the working directory or else looked for on that path. Where a provider of
 /// another copy is registered already, that one stays. Throws TKitError.
 boost::shared_ptr<INamespaceProvider> LoadProvider(const std::optional<std::string>& path = {});

@@ -12,11 +12,6 @@ class TMofInput {
  public:
   TMofInput() = delete;
 
-  /// Loads the program's own schema. Whatever is wrong with it is a TCommandError that names the
-  /// file.
-  static void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace,
-                         const THostOptions& options);
-
   /// Loads what the user names, if anything. Messages and, where it is of interest, a summary go to
   /// standard error. False when something was wrong or refused, and therefore left out; where a
   /// strict load stopped, a TCommandError.

@@ -4,9 +4,9 @@
 #include <string>
 #include <system_error>
 
+#include "LoadMof.h"
 #include "OpenNamespace.h"
 #include "TCommandError.h"
-#include "TMofInput.h"
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
@@ -26,7 +26,7 @@ std::string CheckRoot(const std::string& root) {
 
 TRepository::TRepository(const THostOptions& options)
     : collector_(CheckRoot(options.root)), namespace_(OpenNamespace(options.plugin)) {
-  if (!options.isEmpty) TMofInput::LoadSchema(namespace_, options);
+  if (!options.isEmpty) LoadSchema(namespace_, options.mofOptions);
 }
 
 void TRepository::Collect() {

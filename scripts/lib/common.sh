@@ -14,7 +14,7 @@ docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
 abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
 memcheck_packages=("${test_packages[@]}" valgrind)
-package_packages=("${run_packages[@]}" dpkg-dev file)
+package_packages=("${run_packages[@]}" dpkg-dev file pkgconf)
 
 fail() {
   echo "$(basename "$0"): $*" >&2
@@ -43,6 +43,11 @@ need() {
   "${as_root[@]}" apt-get -qq update </dev/null >&2 || true
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends \
     install "${missing[@]}" </dev/null >&2 || fail "cannot install ${missing[*]}"
+}
+
+# block LANGUAGE FILE: what stands in the blocks of that language in a document.
+block() {
+  sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/{/^\`\`\`/!p}" "$2"
 }
 
 # The project's own C++ files that end in one of the given suffixes, NUL-separated.

@@ -32,6 +32,9 @@ struct TMofSummary {
   std::size_t warnings = 0;
   std::size_t notes = 0;
 
+  /// Whether nothing was wrong and nothing refused.
+  bool IsWhole() const { return errors == 0 && refusals.empty(); }
+
   /// One line that counts, then one for each reason with the names of those that it befell, then
   /// one for each element in whose need others were left out.
   std::string ToString() const;

@@ -117,7 +117,7 @@ TClassList TMofWriteOrder::ListClasses(ICIMNamespace& nameSpace) {
   });
 }
 
-TMofWriteOrder::TInstanceList TMofWriteOrder::ListInstances(const TClassList& classes) {
+TInstanceList TMofWriteOrder::ListInstances(const TClassList& classes) {
   TInstanceList instances;
   TInstanceList referring;
   for (const auto& cimClass : classes) {

@@ -48,7 +48,7 @@ std::vector<TEnd> ListEnds(ICIMInstance& association) {
 }
 
 bool IsSameName(const std::string& left, const std::string& right) {
-  return FoldName(left) == FoldName(right);
+  return CompareFolded(left, right) == 0;
 }
 
 bool HasRole(const TEnd& end, const std::string& role) {

@@ -11,7 +11,6 @@
 namespace NZELVYR20 {
 
 struct TModelProperty : TModelOf<ICIMProperty> {
-  using ICIMProperty::operator=;
   TPtr<TModelPropertyDecl> declaration = {};
   std::optional<TCIMValue> value = {}, previous = {};
 
@@ -60,7 +59,6 @@ struct TModelProperty : TModelOf<ICIMProperty> {
 };
 
 struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<TModelInstance> {
-  using ICIMInstance::operator=;
   TPtr<TModelClass> cimClass = {};
   TTable<std::string, TModelProperty> properties = {};
 
@@ -211,20 +209,6 @@ inline TPtr<ICIMInstance> TModelClass::AllocateInstance(TAny) {
   made->cimClass = shared_from_this();
   made->Initialize();
   return made;
-}
-
-inline void TModelClass::AddInstance(TPtr<ICIMInstance> added) {
-  instances.Put(added->GetReference({}).GetPath(),
-                boost::static_pointer_cast<TModelInstance>(added));
-}
-
-inline void TModelClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TAny) {
-  instances.Walk(false, false, callback);
-  if (!deep) return;
-  subClasses.Walk(false, false, [&](const TPtr<TModelClass>& subClass) {
-    subClass->EnumerateInstances(callback, true, {});
-    return true;
-  });
 }
 
 }  // namespace NZELVYR20

@@ -2,9 +2,15 @@
 
 #include <sys/wait.h>
 
+#include <gtest/gtest.h>
+
+#include <boost/algorithm/string.hpp>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <sstream>
+
+#include "Cases.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -15,6 +21,17 @@ std::string ReadAll(const std::string& path) {
 }
 
 }  // namespace
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+bool Contains(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
 
 TVyrhost::TVyrhost() {
   Write("proc/sys/kernel/hostname", "box\n");
@@ -37,6 +54,28 @@ TOutcome TVyrhost::Run(const TArgumentList& arguments, const std::string& redire
   const int status = std::system(command.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(folder + "/output"),
           ReadAll(folder + "/errors")};
+}
+
+void TVyrhost::CheckCommands(const std::string& file, const TWords& words) const {
+  CheckCases(file, [&](const std::string& given) {
+    const std::string command = given.substr(0, given.find(" | "));
+    const std::string wanted = command == given ? "" : given.substr(command.size() + 3);
+    TArgumentList arguments;
+    boost::split(arguments, "--quiet --root " + GetRoot() + ' ' + command, boost::is_any_of(" "));
+    for (std::string& argument : arguments) {
+      for (const auto& [word, meant] : words) boost::replace_all(argument, word, meant);
+    }
+    const TOutcome outcome = Run(arguments);
+    EXPECT_FALSE(Contains(outcome.output, "\033") || Contains(outcome.output, " \n")) << given;
+    std::string shown;
+    for (const std::string& line : Lines(outcome.output + outcome.errors)) {
+      if (Contains(line, wanted))
+        shown += (outcome.status == 0 || wanted.empty() ? line : wanted) + '\n';
+    }
+    if (outcome.status != 0) shown += "status " + std::to_string(outcome.status);
+    for (const auto& [word, meant] : words) boost::replace_all(shown, meant, word);
+    return boost::trim_right_copy(shown);
+  });
 }
 
 }  // namespace NZELVYR20

@@ -2,13 +2,10 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <boost/algorithm/string.hpp>
 #include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "Cases.h"
 #include "TVyrhost.h"
 
 namespace NZELVYR20 {
@@ -33,17 +30,6 @@ instance of MY_Three { Left = $a; Middle = $b; Right = $c; };
 instance of MY_Three { Left = $c; Middle = $c; Right = $b; };
 )";
 
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
 class VyrhostTest : public ::testing::Test {
  protected:
   TOutcome Run(TArgumentList arguments, const std::string& redirection = "") const {
@@ -55,16 +41,13 @@ class VyrhostTest : public ::testing::Test {
   TVyrhost vyrhost_;
 };
 
-/// A case is a command, and what it prints: of that, after " | ", the lines with a text in them. A
-/// failure prints nothing but its errors, of which libraries word some, and its status follows.
-/// Words with a "$" are long or cannot stand in a line.
 TEST_F(VyrhostTest, Commands) {
   vyrhost_.Write("three.mof", kThree);
   vyrhost_.Write("text.so", std::string(1000, 'x'));
   vyrhost_.Write("proc/version", "not\033[31m one\tline\u009B\xE9\u2066\u2069\u00E9");
   vyrhost_.Write("proc/cpuinfo", "processor\t: 0\nmodel name\t: Test CPU\ncpu MHz : 2600\n");
   vyrhost_.Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
-  const std::pair<const char*, std::string> words[] = {
+  const TWords words = {
       {"$root", vyrhost_.GetRoot()},
       {"$odd", "a\nb\033\x85\u0085\u202E\u202C\x7F\u00E9\xE2"},
       {"$box", kBox},
@@ -75,28 +58,7 @@ TEST_F(VyrhostTest, Commands) {
       {"$system",
        "CIM_OperatingSystem.CreationClassName=\"CIM_OperatingSystem\","
        "CSCreationClassName=\"CIM_ComputerSystem\",CSName=\"box\",Name=\"Test\""}};
-  CheckCases("commands.txt", [&](const std::string& given) {
-    std::string command = given.substr(0, given.find(" | "));
-    const std::string wanted = command == given ? "" : given.substr(command.size() + 3);
-    TArgumentList arguments;
-    boost::split(arguments, command, boost::is_any_of(" "));
-    for (std::string& argument : arguments) {
-      for (const auto& [word, meant] : words) boost::replace_all(argument, word, meant);
-    }
-    const TOutcome outcome = Run(arguments);
-    EXPECT_FALSE(Contains(outcome.output, "\033") || Contains(outcome.output, " \n")) << given;
-    std::string shown;
-    for (const std::string& line : Lines(outcome.output)) {
-      if (Contains(line, wanted)) shown += line + '\n';
-    }
-    if (outcome.status != 0) {
-      const bool isPart = !wanted.empty() && Contains(outcome.errors, wanted);
-      shown +=
-          (isPart ? wanted + '\n' : outcome.errors) + "status " + std::to_string(outcome.status);
-    }
-    for (const auto& [word, meant] : words) boost::replace_all(shown, meant, word);
-    return boost::trim_right_copy(shown);
-  });
+  vyrhost_.CheckCommands("commands.txt", words);
 }
 
 TEST_F(VyrhostTest, EveryListedPathCanBeShown) {

@@ -45,9 +45,9 @@ std::string TVyrhost::Write(const std::string& path, const std::string& content)
   return GetRoot() + '/' + path;
 }
 
-TOutcome TVyrhost::Run(const TArgumentList& arguments, const std::string& redirection,
-                       const std::string& program) const {
-  std::string command = "exec '" + program + "'";
+TOutcome TVyrhost::Execute(const TArgumentList& arguments, const std::string& redirection,
+                           const std::string& program) const {
+  std::string command = "exec '" + program + "' --root " + GetRoot();
   for (const std::string& argument : arguments) command += " '" + argument + '\'';
   const std::string folder = folder_.GetRoot();
   command += " >" + folder + "/output 2>" + folder + "/errors " + redirection;
@@ -61,11 +61,11 @@ void TVyrhost::CheckCommands(const std::string& file, const TWords& words) const
     const std::string command = given.substr(0, given.find(" | "));
     const std::string wanted = command == given ? "" : given.substr(command.size() + 3);
     TArgumentList arguments;
-    boost::split(arguments, "--quiet --root " + GetRoot() + ' ' + command, boost::is_any_of(" "));
+    boost::split(arguments, "--quiet " + command, boost::is_any_of(" "));
     for (std::string& argument : arguments) {
       for (const auto& [word, meant] : words) boost::replace_all(argument, word, meant);
     }
-    const TOutcome outcome = Run(arguments);
+    const TOutcome outcome = Execute(arguments);
     EXPECT_FALSE(Contains(outcome.output, "\033") || Contains(outcome.output, " \n")) << given;
     std::string shown;
     for (const std::string& line : Lines(outcome.output + outcome.errors)) {

@@ -36,8 +36,8 @@ class TVyrhost {
 
   /// Runs the program, or a copy of it, to its end. `redirection` is the shell's word on where its
   /// standard output goes; `output` is then empty. No argument may hold a single quote.
-  TOutcome Run(const TArgumentList& arguments, const std::string& redirection = "",
-               const std::string& program = VYRHOST_PATH) const;
+  TOutcome Execute(const TArgumentList& arguments, const std::string& redirection = "",
+                   const std::string& program = VYRHOST_PATH) const;
 
   /// Runs the cases of a file: each is a command, and what it prints, with the errors at the end;
   /// of that, after " | ", the lines with a text in them. Of what a failure says only that text is

@@ -18,37 +18,16 @@ std::string DevicePath(const std::string& className, const std::string& device) 
          "\",SystemCreationClassName=\"CIM_ComputerSystem\",SystemName=\"box\"";
 }
 
-const char* const kThree = R"(
-class MY_Thing { [Key] string Id; };
-[Association] class MY_Three {
-  [Key] MY_Thing ref Left; [Key] MY_Thing ref Middle; [Key] MY_Thing ref Right;
-};
-instance of MY_Thing as $a { Id = "a"; };
-instance of MY_Thing as $b { Id = "b"; };
-instance of MY_Thing as $c { Id = "c"; };
-instance of MY_Three { Left = $a; Middle = $b; Right = $c; };
-instance of MY_Three { Left = $c; Middle = $c; Right = $b; };
-)";
-
-class VyrhostTest : public ::testing::Test {
- protected:
-  TOutcome Run(TArgumentList arguments, const std::string& redirection = "") const {
-    arguments.insert(arguments.begin(),
-                     {"--root", vyrhost_.GetRoot(), "--plugin", INMEM_PLUGIN_PATH});
-    return vyrhost_.Run(arguments, redirection);
-  }
-
-  TVyrhost vyrhost_;
-};
+struct VyrhostTest : testing::Test, TVyrhost {};
 
 TEST_F(VyrhostTest, Commands) {
-  vyrhost_.Write("three.mof", kThree);
-  vyrhost_.Write("text.so", std::string(1000, 'x'));
-  vyrhost_.Write("proc/version", "not\033[31m one\tline\u009B\xE9\u2066\u2069\u00E9");
-  vyrhost_.Write("proc/cpuinfo", "processor\t: 0\nmodel name\t: Test CPU\ncpu MHz : 2600\n");
-  vyrhost_.Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
+  Write("text.so", std::string(1000, 'x'));
+  Write("proc/version", "not\033[31m one\tline\u009B\xE9\u2066\u2069\u00E9");
+  Write("proc/cpuinfo", "processor\t: 0\nmodel name\t: Test CPU\ncpu MHz : 2600\n");
+  Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
   const TWords words = {
-      {"$root", vyrhost_.GetRoot()},
+      {"$root", GetRoot()},
+      {"$data", DATA_DIR},
       {"$odd", "a\nb\033\x85\u0085\u202E\u202C\x7F\u00E9\xE2"},
       {"$box", kBox},
       {"$core", "CIM_ProcessorCore.InstanceID=\"socket0/core0\""},
@@ -58,18 +37,18 @@ TEST_F(VyrhostTest, Commands) {
       {"$system",
        "CIM_OperatingSystem.CreationClassName=\"CIM_OperatingSystem\","
        "CSCreationClassName=\"CIM_ComputerSystem\",CSName=\"box\",Name=\"Test\""}};
-  vyrhost_.CheckCommands("commands.txt", words);
+  CheckCommands("commands.txt", words);
 }
 
 TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
-  vyrhost_.Write("sys/class/net/odd \"name\"\\=,\\x41\n\x1f\x85\u0085\u200F/type", "1\n");
+  Write("sys/class/net/odd \"name\"\\=,\\x41\n\x1f\x85\u0085\u200F/type", "1\n");
   std::vector<std::string> paths;
   for (const char* top : {"CIM_ManagedElement", "CIM_Component", "CIM_Dependency"}) {
-    for (const auto& path : Lines(Run({"instances", top}).output)) paths.push_back(path);
+    for (const auto& path : Lines(Execute({"instances", top}).output)) paths.push_back(path);
   }
   EXPECT_GE(paths.size(), 8U);
   for (const auto& path : paths) {
-    const TOutcome outcome = Run({"show", path});
+    const TOutcome outcome = Execute({"show", path});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_TRUE(Contains(outcome.output, "\nPath   " + path + "\n")) << outcome.output;
   }
@@ -77,11 +56,11 @@ TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
 
 TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {
   const std::string note = "vyrhost: note: block devices: /sys/block: No such file or directory\n";
-  const TOutcome loud = Run({"instances", "CIM_System"});
+  const TOutcome loud = Execute({"instances", "CIM_System"});
   EXPECT_EQ(loud.status, 0);
   EXPECT_EQ(loud.output, kBox + "\n");
   EXPECT_TRUE(Contains(loud.errors, note)) << loud.errors;
-  const TOutcome quiet = Run({"instances", "CIM_System", "--quiet"});
+  const TOutcome quiet = Execute({"instances", "CIM_System", "--quiet"});
   EXPECT_EQ(quiet.output, loud.output);
   EXPECT_EQ(quiet.errors, "");
 }
@@ -89,11 +68,11 @@ TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {
 TEST_F(VyrhostTest, LooksForItsPartsBesideItselfAndNotInTheCurrentFolder) {
   const auto beside = std::filesystem::path(VYRHOST_PATH).parent_path() / "libinmem.nsp.so";
   ASSERT_TRUE(std::filesystem::equivalent(beside, INMEM_PLUGIN_PATH));
-  const TOutcome here = Run({"classes"});
+  const TOutcome here = Execute({"classes"});
   const auto earlier = std::filesystem::current_path();
-  for (const char* library : {"libgcc_s.so.1", "libvyrcore.so.1"}) vyrhost_.Write(library, "no");
-  std::filesystem::current_path(vyrhost_.GetRoot());
-  EXPECT_EQ(vyrhost_.Run({"classes"}).output, here.output);
+  for (const char* library : {"libgcc_s.so.1", "libvyrcore.so.1"}) Write(library, "no");
+  std::filesystem::current_path(GetRoot());
+  EXPECT_EQ(Execute({"classes"}).output, here.output);
   std::filesystem::current_path(earlier);
 }
 
@@ -102,12 +81,12 @@ TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
   for (int i = 0; i < 3000; ++i) {
     chain += "class MY_" + std::to_string(i + 1) + " : MY_" + std::to_string(i) + " {};\n";
   }
-  const std::string file = vyrhost_.Write("chain.mof", chain);
+  const std::string file = Write("chain.mof", chain);
   rlimit earlier{};
   getrlimit(RLIMIT_STACK, &earlier);
   const rlimit small{rlim_t{256} * 1024, earlier.rlim_max};
   setrlimit(RLIMIT_STACK, &small);
-  const auto lines = Lines(Run({"classes", "MY_0", "--tree", "--mof", file}).output);
+  const auto lines = Lines(Execute({"classes", "MY_0", "--tree", "--mof", file}).output);
   setrlimit(RLIMIT_STACK, &earlier);
   ASSERT_EQ(lines.size(), 3001U);
   EXPECT_EQ(lines[2], "    └── MY_2");
@@ -115,7 +94,7 @@ TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
 }
 
 TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {
-  const TOutcome full = Run({"classes"}, ">/dev/full");
+  const TOutcome full = Execute({"classes"}, ">/dev/full");
   EXPECT_EQ(full.status, 1);
   EXPECT_EQ(full.errors, "vyrhost: error: standard output: No space left on device\n");
 
@@ -125,7 +104,7 @@ TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {
   dup2(ends[1], 9);
   close(ends[0]);
   close(ends[1]);
-  const TOutcome broken = Run({"classes"}, ">&9");
+  const TOutcome broken = Execute({"classes"}, ">&9");
   close(9);
   EXPECT_EQ(broken.status, 1);
   EXPECT_EQ(broken.errors, "");

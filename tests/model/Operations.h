@@ -27,7 +27,7 @@ inline void AllocateClass(TWorld& w) {
     if (boost::algorithm::iequals(at->GetName({}), name)) return;
   }
   w.c[w.a] = w.N()->AllocateClass(name, super, {});
-  const TFaults::TPause pause;  // a class that lost its superclass is not refreshed twice alike
+  TFaults::Disarm();  // a class that lost its superclass is not refreshed twice alike
   w.out << w.Text(w.c(w.a));
 }
 

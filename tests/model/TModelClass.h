@@ -116,7 +116,6 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
     }
     Refuse(7, 3, "Class " + name + " has no keys");
   }
-  TText GetName(TAny) const override { return name; }
   TPtr<ICIMNamespace> GetNamespace(TAny) const override { return space.lock(); }
   bool IsAssociation(TAny) const override { return IsSet("ASSOCIATION"); }
   bool IsAbstract(TAny) const override { return IsSet("ABSTRACT"); }

@@ -11,14 +11,10 @@
 namespace NZELVYR20 {
 
 struct TModelProperty : TModelOf<ICIMProperty> {
-  TPtr<TModelPropertyDecl> declaration = {};
+  TPtr<TModelPropertyDecl> declaration;
   std::optional<TCIMValue> value = {}, previous = {};
 
-  static TPtr<TModelProperty> Make(const TPtr<TModelPropertyDecl>& declared) {
-    auto made = boost::make_shared<TModelProperty>();
-    made->declaration = declared;
-    return made;
-  }
+  explicit TModelProperty(const TPtr<TModelPropertyDecl>& declared) : declaration(declared) {}
   TPtr<const ICIMPropertyDecl> GetDeclaration(TAny) const override { return declaration; }
   TType GetType(TAny) const override { return declaration->GetType({}); }
   bool IsArray(TAny) const override { return declaration->IsArray({}); }
@@ -64,7 +60,7 @@ struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<T
 
   void Initialize() {
     for (const auto& [key, entry] : cimClass->properties.entries) {
-      properties.Insert(key, TModelProperty::Make(entry.element));
+      properties.Insert(key, boost::make_shared<TModelProperty>(entry.element));
     }
     try {
       cimClass->GetPropertyDecl("DateTimeOfCollection", {});
@@ -131,7 +127,7 @@ struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<T
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
   TPtr<ICIMProperty> Derive(TText name, const TCIMValue& value) const {
     cimClass->AddPropertyDecl(cimClass->AllocatePropertyDecl(name, value, {}));
-    return TModelProperty::Make(Demand(cimClass->properties.Find(name)));
+    return boost::make_shared<TModelProperty>(Demand(cimClass->properties.Find(name)));
   }
   static TPtr<ICIMInstance> Resolve(const TCIMValue& reference) {
     const auto found = static_cast<TCIMReference>(reference).GetCIMElement(false);

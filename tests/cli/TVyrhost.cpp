@@ -6,21 +6,11 @@
 
 #include <boost/algorithm/string.hpp>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "Cases.h"
 
 namespace NZELVYR20 {
-namespace {
-
-std::string ReadAll(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-}  // namespace
 
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
@@ -52,8 +42,8 @@ TOutcome TVyrhost::Execute(const TArgumentList& arguments, const std::string& re
   const std::string folder = folder_.GetRoot();
   command += " >" + folder + "/output 2>" + folder + "/errors " + redirection;
   const int status = std::system(command.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadAll(folder + "/output"),
-          ReadAll(folder + "/errors")};
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(folder + "/output"),
+          ReadFile(folder + "/errors")};
 }
 
 void TVyrhost::CheckCommands(const std::string& file, const TWords& words) const {

@@ -21,10 +21,7 @@ namespace {
 
 using TClock = std::chrono::steady_clock;
 
-bool Traces() {
-  static const bool traces = std::getenv("MODEL_TRACE") != nullptr;
-  return traces;
-}
+const bool kTraces = std::getenv("MODEL_TRACE") != nullptr;
 
 struct TStreamingLogger : ICoreLogger {
   std::ostringstream* out = nullptr;
@@ -166,7 +163,7 @@ class TComparison {
       run(*world);
       if (world == &plugin_) CheckIndexes();
       world->ShowGone();
-      if (Traces()) std::cerr << "    " << world->out.str() << std::endl;
+      if (kTraces) std::cerr << "    " << world->out.str() << std::endl;
     }
     const TDifference shown{plugin_.out.str(), model_.out.str()};
     plugin_.out.str(""), model_.out.str("");
@@ -194,7 +191,7 @@ class TComparison {
 std::optional<TDifference> RunOnce(const TScript& script) {
   TComparison sides(script);
   for (std::size_t at = 0; at < script.size(); ++at) {
-    if (Traces()) std::cerr << at << ": " << ToText(script[at]) << std::endl;
+    if (kTraces) std::cerr << at << ": " << ToText(script[at]) << std::endl;
     if (auto difference = sides.Do(script, at)) return difference;
   }
   return sides.End();
@@ -242,7 +239,7 @@ std::string Report(const TScript& script) {
 }
 
 void Check(unsigned seed, std::size_t steps) {
-  if (Traces()) std::cerr << "seed " << seed << std::endl;
+  if (kTraces) std::cerr << "seed " << seed << std::endl;
   const TScript script = TGenerator(seed).Make(steps);
   if (!Compare(script)) return;
   ADD_FAILURE() << "seed " << seed << "\n" << Report(Shrink(script));

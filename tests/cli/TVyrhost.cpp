@@ -57,10 +57,10 @@ void TVyrhost::CheckCommands(const std::string& file, const TWords& words) const
     }
     const TOutcome outcome = Execute(arguments);
     EXPECT_FALSE(Contains(outcome.output, "\033") || Contains(outcome.output, " \n")) << given;
+    const bool isPart = outcome.status != 0 && !wanted.empty();
     std::string shown;
     for (const std::string& line : Lines(outcome.output + outcome.errors)) {
-      if (Contains(line, wanted))
-        shown += (outcome.status == 0 || wanted.empty() ? line : wanted) + '\n';
+      if (Contains(line, wanted)) shown += (isPart ? wanted : line) + '\n';
     }
     if (outcome.status != 0) shown += "status " + std::to_string(outcome.status);
     for (const auto& [word, meant] : words) boost::replace_all(shown, meant, word);

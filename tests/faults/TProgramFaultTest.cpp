@@ -14,6 +14,8 @@ namespace {
 
 using EKind = TFaults::EKind;
 
+const char* const kModel = DATA_DIR "/racks.mof";
+
 struct TRun {
   int status;
   long leaked;
@@ -31,9 +33,8 @@ class TProgramFaultTest : public ::testing::Test {
   /// Runs the command with the n-th event of the kind failing; tells whether it came to that. In a
   /// thread of its own, for which the plug-in has what threads have each for themselves to make.
   bool Run(const std::vector<std::string>& command, EKind kind, int n) {
-    std::vector<std::string> words = {"vyrhost",         "--empty", "--plugin",
-                                      INMEM_PLUGIN_PATH, "--mof",   DATA_DIR "/racks.mof",
-                                      "--quiet"};
+    std::vector<std::string> words = {"vyrhost", "--empty", "--plugin", INMEM_PLUGIN_PATH,
+                                      "--mof",   kModel,    "--quiet"};
     words.insert(words.end(), command.begin(), command.end());
     std::vector<char*> argv(words.size());
     std::transform(words.begin(), words.end(), argv.begin(),

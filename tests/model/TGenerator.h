@@ -84,8 +84,9 @@ class TGenerator {
   void AddProperty(int c, int name, int value, bool isKey) {
     Add("AllocatePropertyDecl", c, 0, name, value, 0);
     if (isKey) Add("AllocateQualifier(", 0, 1, 0, 0, 0);
-    if (Draw(3) == 0)
+    if (Draw(3) == 0) {
       Add("AllocateQualifier(", 0, 1, 0, Draw(kConstants), Draw(6) == 0 ? 1 : 4 + Draw(4));
+    }
     Add("D()->AddToClass", c, 0, 0, 0, 0);
   }
 

@@ -46,7 +46,8 @@ TOutcome TVyrhost::Execute(const TArgumentList& arguments, const std::string& re
           ReadFile(folder + "/errors")};
 }
 
-void TVyrhost::CheckCommands(const std::string& file, const TWords& words) const {
+void TVyrhost::CheckCommands(const std::string& file, TWords words) const {
+  words.insert(words.end(), {{"$data", DATA_DIR}, {"$box", kBox}});
   CheckCases(file, [&](const std::string& given) {
     const std::string command = given.substr(0, given.find(" | "));
     const std::string wanted = command == given ? "" : given.substr(command.size() + 3);

@@ -20,6 +20,10 @@ using TArgumentList = std::vector<std::string>;
 /// Words, and what they stand for.
 using TWords = std::vector<std::pair<const char*, std::string>>;
 
+/// The path of the computer.
+inline const std::string kBox =
+    "CIM_ComputerSystem.CreationClassName=\"CIM_ComputerSystem\",Name=\"box\"";
+
 std::vector<std::string> Lines(const std::string& text);
 bool Contains(const std::string& text, const std::string& part);
 
@@ -42,8 +46,8 @@ class TVyrhost {
   /// Runs the cases of a file: each is a command, and what it prints, with the errors at the end;
   /// of that, after " | ", the lines with a text in them. Of what a failure says only that text is
   /// looked at, since libraries word some, and its status follows. Words with a "$" are long or
-  /// cannot stand in a line.
-  void CheckCommands(const std::string& file, const TWords& words) const;
+  /// cannot stand in a line; "$data" and "$box" are known.
+  void CheckCommands(const std::string& file, TWords words = {}) const;
 
  private:
   TSampleTree folder_;

@@ -11,8 +11,6 @@
 namespace NZELVYR20 {
 namespace {
 
-const std::string kBox = "CIM_ComputerSystem.CreationClassName=\"CIM_ComputerSystem\",Name=\"box\"";
-
 std::string DevicePath(const std::string& className, const std::string& device) {
   return className + ".CreationClassName=\"" + className + "\",DeviceID=\"" + device +
          "\",SystemCreationClassName=\"CIM_ComputerSystem\",SystemName=\"box\"";
@@ -27,9 +25,7 @@ TEST_F(VyrhostTest, Commands) {
   Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
   const TWords words = {
       {"$root", GetRoot()},
-      {"$data", DATA_DIR},
       {"$odd", "a\nb\033\x85\u0085\u202E\u202C\x7F\u00E9\xE2"},
-      {"$box", kBox},
       {"$core", "CIM_ProcessorCore.InstanceID=\"socket0/core0\""},
       {"$socket", DevicePath("CIM_Processor", "socket0")},
       {"$port", DevicePath("CIM_EthernetPort", "eth0")},

@@ -22,7 +22,7 @@ namespace NZELVYR20 {
 namespace {
 
 bool IsSameName(const std::string& left, const std::string& right) {
-  return FoldName(left) == FoldName(right);
+  return CompareFolded(left, right) == 0;
 }
 
 /// The names of references, and in `other` the first property that has the role's name and is none.

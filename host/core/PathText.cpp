@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "FoldName.h"
 #include "TCIMDateTime.h"
 #include "TCIMReference.h"
 
@@ -54,15 +55,6 @@ void AppendArray(std::string& path, const TCIMValue& value, EPathForm form) {
 
 }  // namespace
 
-bool IsNameStart(char character) noexcept {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         character == '_';
-}
-
-bool IsNamePart(char character) noexcept {
-  return IsNameStart(character) || (character >= '0' && character <= '9');
-}
-
 std::string QuoteText(const std::string& text) {
   std::string quoted;
   quoted.reserve(text.size() + 2);
@@ -70,14 +62,19 @@ std::string QuoteText(const std::string& text) {
   return quoted;
 }
 
-void AppendKeyName(std::string& path, const std::string& name) {
-  const bool isName = !name.empty() && IsNameStart(name.front()) &&
-                      std::all_of(name.begin(), name.end(), IsNamePart);
+void AppendKeyName(std::string& path, const std::string& name, EPathForm form) {
+  const std::size_t start = path.size();
+  const bool isName =
+      !name.empty() && IsNameStart(name.front()) &&
+      std::all_of(name.begin(), name.end(), [](char part) { return IsNamePart(part); });
   if (isName) {
     path += name;
   } else {
     AppendQuoted(path, name);
   }
+  if (form == EPathForm::kDeclared) return;
+  const auto written = path.begin() + static_cast<std::ptrdiff_t>(start);
+  std::transform(written, path.end(), written, FoldLetter);
 }
 
 void AppendKeyValue(std::string& path, const TCIMValue& value, EPathForm form) {

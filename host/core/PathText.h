@@ -13,14 +13,19 @@ enum class EPathForm {
   kDeclared,   ///< for people: names in the spelling of their declarations
 };
 
-bool IsNameStart(char character) noexcept;
-bool IsNamePart(char character) noexcept;
+inline bool IsNameStart(char character) noexcept {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
+         character == '_';
+}
+inline bool IsNamePart(char character) noexcept {
+  return IsNameStart(character) || (character >= '0' && character <= '9');
+}
 
 /// The text in quotes, with quotes and back-slashes escaped.
 std::string QuoteText(const std::string& text);
 
 /// Appends a key's name as a path shows it: bare where it is a CIM name, else quoted.
-void AppendKeyName(std::string& path, const std::string& name);
+void AppendKeyName(std::string& path, const std::string& name, EPathForm form);
 
 /// Appends a key's value as a path shows it.
 void AppendKeyValue(std::string& path, const TCIMValue& value, EPathForm form);

@@ -46,10 +46,9 @@ TLocatedText Locate(const std::string& text) {
 // The class itself tells its keys, so that no second rule of what makes a key stands here.
 std::string DeclaredKeyName(const boost::shared_ptr<ICIMClass>& cimClass, const std::string& name) {
   std::string declaredName;
-  const std::string foldedName = FoldName(name);
   cimClass->EnumerateKeyNames(
       [&](const std::string* keyName) {
-        if (FoldName(*keyName) == foldedName) declaredName = *keyName;
+        if (CompareFolded(*keyName, name) == 0) declaredName = *keyName;
         return declaredName.empty();
       },
       {});

@@ -14,23 +14,30 @@ namespace NZELVYR20 {
 
 namespace {
 
-using TKeyEntry = std::pair<std::string, const TCIMValue*>;
+using TKey = std::pair<std::string, TCIMValue>;
 
-std::string PathText(const ICIMClass* cimClass, const std::vector<TKeyEntry>& keys,
+std::string PathText(const ICIMClass* cimClass, const std::vector<const TKey*>& keys,
                      EPathForm form) {
   constexpr std::size_t kUsualKey = 48;
   std::string text;
   text.reserve(kUsualKey * (keys.size() + 1));
   if (cimClass) text += cimClass->GetName({});
   char separator = '.';
-  for (const TKeyEntry& key : keys) {
+  for (const TKey* key : keys) {
     text += separator;
-    AppendKeyName(text, key.first);
+    AppendKeyName(text, key->first, form);
     text += '=';
-    AppendKeyValue(text, *key.second, form);
+    AppendKeyValue(text, key->second, form);
     separator = ',';
   }
   return text;
+}
+
+std::vector<const TKey*> ListKeys(const std::vector<TKey>& keys) {
+  std::vector<const TKey*> listed;
+  listed.reserve(keys.size());
+  for (const TKey& key : keys) listed.push_back(&key);
+  return listed;
 }
 
 // Look-ups answer a miss with status 15 or with an empty pointer; from a path it is always 15.
@@ -53,11 +60,12 @@ void TCIMReference::SetClass(const boost::shared_ptr<ICIMClass>& cimClass) {
 
 void TCIMReference::AddKeyValue(const std::string& name, const TCIMValue& value) {
   path_.clear();
-  const std::string foldedName = FoldName(name);
-  const auto present = std::find_if(keys_.begin(), keys_.end(), [&foldedName](const auto& key) {
-    return FoldName(key.first) == foldedName;
+  const auto present = std::find_if(keys_.begin(), keys_.end(), [&name](const TKey& key) {
+    return CompareFolded(key.first, name) == 0;
   });
   if (present == keys_.end()) {
+    constexpr std::size_t kUsualKeys = 4;
+    if (keys_.empty()) keys_.reserve(kUsualKeys);
     keys_.emplace_back(name, value);
   } else {
     present->second = value;
@@ -72,20 +80,16 @@ std::string TCIMReference::GetClassName() const {
 
 const std::string& TCIMReference::GetPath() const {
   if (!path_.empty()) return path_;
-  std::vector<TKeyEntry> keys;
-  keys.reserve(keys_.size());
-  for (const auto& key : keys_) keys.emplace_back(FoldName(key.first), &key.second);
-  std::sort(keys.begin(), keys.end(),
-            [](const TKeyEntry& left, const TKeyEntry& right) { return left.first < right.first; });
+  std::vector<const TKey*> keys = ListKeys(keys_);
+  std::sort(keys.begin(), keys.end(), [](const TKey* left, const TKey* right) {
+    return CompareFolded(left->first, right->first) < 0;
+  });
   path_ = PathText(class_.get(), keys, EPathForm::kCanonical);
   return path_;
 }
 
 std::string TCIMReference::ToString() const {
-  std::vector<TKeyEntry> keys;
-  keys.reserve(keys_.size());
-  for (const auto& key : keys_) keys.emplace_back(key.first, &key.second);
-  return PathText(class_.get(), keys, EPathForm::kDeclared);
+  return PathText(class_.get(), ListKeys(keys_), EPathForm::kDeclared);
 }
 
 boost::shared_ptr<ICIMElement> TCIMReference::GetCIMElement(bool wantsClass) const {

@@ -8,10 +8,12 @@
 
 namespace NZELVYR20 {
 
-std::string ReadData(const std::string& name) {
-  std::ifstream file(DATA_DIR "/" + name);
+std::string ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
+
+std::string ReadData(const std::string& name) { return ReadFile(DATA_DIR "/" + name); }
 
 void CheckCases(const std::string& name,
                 const std::function<std::string(const std::string& given)>& run) {

@@ -5,6 +5,8 @@
 
 namespace NZELVYR20 {
 
+/// The whole of a file.
+std::string ReadFile(const std::string& path);
 /// A file of the tests' data; `name` is below the folder of this program's tests.
 std::string ReadData(const std::string& name);
 

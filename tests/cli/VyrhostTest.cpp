@@ -2,72 +2,30 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-#include <boost/algorithm/string.hpp>
 #include <filesystem>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include "Cases.h"
 #include "TVyrhost.h"
 
 namespace NZELVYR20 {
 namespace {
-
-const std::string kBox = "CIM_ComputerSystem.CreationClassName=\"CIM_ComputerSystem\",Name=\"box\"";
 
 std::string DevicePath(const std::string& className, const std::string& device) {
   return className + ".CreationClassName=\"" + className + "\",DeviceID=\"" + device +
          "\",SystemCreationClassName=\"CIM_ComputerSystem\",SystemName=\"box\"";
 }
 
-const char* const kThree = R"(
-class MY_Thing { [Key] string Id; };
-[Association] class MY_Three {
-  [Key] MY_Thing ref Left; [Key] MY_Thing ref Middle; [Key] MY_Thing ref Right;
-};
-instance of MY_Thing as $a { Id = "a"; };
-instance of MY_Thing as $b { Id = "b"; };
-instance of MY_Thing as $c { Id = "c"; };
-instance of MY_Three { Left = $a; Middle = $b; Right = $c; };
-instance of MY_Three { Left = $c; Middle = $c; Right = $b; };
-)";
+struct VyrhostTest : testing::Test, TVyrhost {};
 
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream stream(text);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
-
-bool Contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
-
-class VyrhostTest : public ::testing::Test {
- protected:
-  TOutcome Run(TArgumentList arguments, const std::string& redirection = "") const {
-    arguments.insert(arguments.begin(),
-                     {"--root", vyrhost_.GetRoot(), "--plugin", INMEM_PLUGIN_PATH});
-    return vyrhost_.Run(arguments, redirection);
-  }
-
-  TVyrhost vyrhost_;
-};
-
-/// A case is a command, and what it prints: of that, after " | ", the lines with a text in them. A
-/// failure prints nothing but its errors, of which libraries word some, and its status follows.
-/// Words with a "$" are long or cannot stand in a line.
 TEST_F(VyrhostTest, Commands) {
-  vyrhost_.Write("three.mof", kThree);
-  vyrhost_.Write("text.so", std::string(1000, 'x'));
-  vyrhost_.Write("proc/version", "not\033[31m one\tline\u009B\xE9\u2066\u2069\u00E9");
-  vyrhost_.Write("proc/cpuinfo", "processor\t: 0\nmodel name\t: Test CPU\ncpu MHz : 2600\n");
-  vyrhost_.Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
-  const std::pair<const char*, std::string> words[] = {
-      {"$root", vyrhost_.GetRoot()},
+  Write("text.so", std::string(1000, 'x'));
+  Write("proc/version", "not\033[31m one\tline\u009B\xE9\u2066\u2069\u00E9");
+  Write("proc/cpuinfo", "processor\t: 0\nmodel name\t: Test CPU\ncpu MHz : 2600\n");
+  Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
+  const TWords words = {
+      {"$root", GetRoot()},
       {"$odd", "a\nb\033\x85\u0085\u202E\u202C\x7F\u00E9\xE2"},
-      {"$box", kBox},
       {"$core", "CIM_ProcessorCore.InstanceID=\"socket0/core0\""},
       {"$socket", DevicePath("CIM_Processor", "socket0")},
       {"$port", DevicePath("CIM_EthernetPort", "eth0")},
@@ -75,39 +33,18 @@ TEST_F(VyrhostTest, Commands) {
       {"$system",
        "CIM_OperatingSystem.CreationClassName=\"CIM_OperatingSystem\","
        "CSCreationClassName=\"CIM_ComputerSystem\",CSName=\"box\",Name=\"Test\""}};
-  CheckCases("commands.txt", [&](const std::string& given) {
-    std::string command = given.substr(0, given.find(" | "));
-    const std::string wanted = command == given ? "" : given.substr(command.size() + 3);
-    TArgumentList arguments;
-    boost::split(arguments, command, boost::is_any_of(" "));
-    for (std::string& argument : arguments) {
-      for (const auto& [word, meant] : words) boost::replace_all(argument, word, meant);
-    }
-    const TOutcome outcome = Run(arguments);
-    EXPECT_FALSE(Contains(outcome.output, "\033") || Contains(outcome.output, " \n")) << given;
-    std::string shown;
-    for (const std::string& line : Lines(outcome.output)) {
-      if (Contains(line, wanted)) shown += line + '\n';
-    }
-    if (outcome.status != 0) {
-      const bool isPart = !wanted.empty() && Contains(outcome.errors, wanted);
-      shown +=
-          (isPart ? wanted + '\n' : outcome.errors) + "status " + std::to_string(outcome.status);
-    }
-    for (const auto& [word, meant] : words) boost::replace_all(shown, meant, word);
-    return boost::trim_right_copy(shown);
-  });
+  CheckCommands("commands.txt", words);
 }
 
 TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
-  vyrhost_.Write("sys/class/net/odd \"name\"\\=,\\x41\n\x1f\x85\u0085\u200F/type", "1\n");
+  Write("sys/class/net/odd \"name\"\\=,\\x41\n\x1f\x85\u0085\u200F/type", "1\n");
   std::vector<std::string> paths;
   for (const char* top : {"CIM_ManagedElement", "CIM_Component", "CIM_Dependency"}) {
-    for (const auto& path : Lines(Run({"instances", top}).output)) paths.push_back(path);
+    for (const auto& path : Lines(Execute({"instances", top}).output)) paths.push_back(path);
   }
   EXPECT_GE(paths.size(), 8U);
   for (const auto& path : paths) {
-    const TOutcome outcome = Run({"show", path});
+    const TOutcome outcome = Execute({"show", path});
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_TRUE(Contains(outcome.output, "\nPath   " + path + "\n")) << outcome.output;
   }
@@ -115,11 +52,11 @@ TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
 
 TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {
   const std::string note = "vyrhost: note: block devices: /sys/block: No such file or directory\n";
-  const TOutcome loud = Run({"instances", "CIM_System"});
+  const TOutcome loud = Execute({"instances", "CIM_System"});
   EXPECT_EQ(loud.status, 0);
   EXPECT_EQ(loud.output, kBox + "\n");
   EXPECT_TRUE(Contains(loud.errors, note)) << loud.errors;
-  const TOutcome quiet = Run({"instances", "CIM_System", "--quiet"});
+  const TOutcome quiet = Execute({"instances", "CIM_System", "--quiet"});
   EXPECT_EQ(quiet.output, loud.output);
   EXPECT_EQ(quiet.errors, "");
 }
@@ -127,11 +64,11 @@ TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {
 TEST_F(VyrhostTest, LooksForItsPartsBesideItselfAndNotInTheCurrentFolder) {
   const auto beside = std::filesystem::path(VYRHOST_PATH).parent_path() / "libinmem.nsp.so";
   ASSERT_TRUE(std::filesystem::equivalent(beside, INMEM_PLUGIN_PATH));
-  const TOutcome here = Run({"classes"});
+  const TOutcome here = Execute({"classes"});
   const auto earlier = std::filesystem::current_path();
-  for (const char* library : {"libgcc_s.so.1", "libvyrcore.so.1"}) vyrhost_.Write(library, "no");
-  std::filesystem::current_path(vyrhost_.GetRoot());
-  EXPECT_EQ(vyrhost_.Run({"classes"}).output, here.output);
+  for (const char* library : {"libgcc_s.so.1", "libvyrcore.so.1"}) Write(library, "no");
+  std::filesystem::current_path(GetRoot());
+  EXPECT_EQ(Execute({"classes"}).output, here.output);
   std::filesystem::current_path(earlier);
 }
 
@@ -140,12 +77,12 @@ TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
   for (int i = 0; i < 3000; ++i) {
     chain += "class MY_" + std::to_string(i + 1) + " : MY_" + std::to_string(i) + " {};\n";
   }
-  const std::string file = vyrhost_.Write("chain.mof", chain);
+  const std::string file = Write("chain.mof", chain);
   rlimit earlier{};
   getrlimit(RLIMIT_STACK, &earlier);
   const rlimit small{rlim_t{256} * 1024, earlier.rlim_max};
   setrlimit(RLIMIT_STACK, &small);
-  const auto lines = Lines(Run({"classes", "MY_0", "--tree", "--mof", file}).output);
+  const auto lines = Lines(Execute({"classes", "MY_0", "--tree", "--mof", file}).output);
   setrlimit(RLIMIT_STACK, &earlier);
   ASSERT_EQ(lines.size(), 3001U);
   EXPECT_EQ(lines[2], "    └── MY_2");
@@ -153,7 +90,7 @@ TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
 }
 
 TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {
-  const TOutcome full = Run({"classes"}, ">/dev/full");
+  const TOutcome full = Execute({"classes"}, ">/dev/full");
   EXPECT_EQ(full.status, 1);
   EXPECT_EQ(full.errors, "vyrhost: error: standard output: No space left on device\n");
 
@@ -163,7 +100,7 @@ TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {
   dup2(ends[1], 9);
   close(ends[0]);
   close(ends[1]);
-  const TOutcome broken = Run({"classes"}, ">&9");
+  const TOutcome broken = Execute({"classes"}, ">&9");
   close(9);
   EXPECT_EQ(broken.status, 1);
   EXPECT_EQ(broken.errors, "");

@@ -36,14 +36,14 @@ struct TCIMReferenceTest : testing::Test {
 TEST_F(TCIMReferenceTest, RemakesTheTextAfterEveryChange) {
   TCIMReference path = MakePath(all, {{"Second", 1}});
   EXPECT_EQ(path.GetPath(), "All.second=1");
-  path.AddKeyValue("First", 2);
+  path.AddKeyValue("Sec", 2);
   path.AddKeyValue("SECOND", 3);
-  EXPECT_EQ(path.GetPath(), "All.first=2,second=3");
+  EXPECT_EQ(path.GetPath(), "All.sec=2,second=3");
   path.SetClass(MakeClass("B"));
-  EXPECT_EQ(path.GetPath(), "B.first=2,second=3");
-  EXPECT_EQ(path.ToString(), "B.Second=3,First=2");
+  EXPECT_EQ(path.GetPath(), "B.sec=2,second=3");
+  EXPECT_EQ(path.ToString(), "B.Second=3,Sec=2");
   path.AddKeyValue("a=1,b", TCIMValue::Array(TType::kString, {"1", "2"}));
-  EXPECT_EQ(path.GetPath(), "B.\"a=1,b\"={\"1\",\"2\",},first=2,second=3");
+  EXPECT_EQ(path.GetPath(), "B.\"a=1,b\"={\"1\",\"2\",},sec=2,second=3");
 }
 
 TEST_F(TCIMReferenceTest, GivesDifferentKeysDifferentTexts) {

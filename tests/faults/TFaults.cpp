@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdlib>
 #include <new>
-#include <utility>
 
 namespace NZELVYR20 {
 namespace {
@@ -31,9 +30,6 @@ bool TFaults::Strikes(EKind kind) {
 }
 
 long TFaults::CountLiveAllocations() { return live; }
-
-TFaults::TPause::TPause() : kind_(std::exchange(armed, EKind::kNone)) {}
-TFaults::TPause::~TPause() { armed = kind_; }
 
 }  // namespace NZELVYR20
 

@@ -21,18 +21,6 @@ class TFaults {
 
   /// Those of new.
   static long CountLiveAllocations();
-
-  /// Nothing fails as long as it lives: for the host's side of a call.
-  class TPause {
-   public:
-    TPause();
-    TPause(const TPause&) = delete;
-    TPause& operator=(const TPause&) = delete;
-    ~TPause();
-
-   private:
-    EKind kind_;
-  };
 };
 
 }  // namespace NZELVYR20

@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
-#include <fstream>
 #include <map>
 #include <string>
 #include <thread>
@@ -16,14 +14,7 @@ namespace {
 
 using EKind = TFaults::EKind;
 
-const char* const kModel = R"(
-class MY_Rack { [Key] string TagOfTheRack; [Units("Watts")] uint16 Power = 42; uint32 Reset(boolean Force); };
-class MY_RackOfTheHall : MY_Rack { [Values{"No power", "Power"}, ValueMap{"0", "1"}] uint8 State; };
-[Association] class MY_Beside { [Key] MY_Rack ref Left; [Key] MY_Rack ref Right; };
-instance of MY_Rack as $a { TagOfTheRack = "the first of the racks"; };
-instance of MY_RackOfTheHall as $b { TagOfTheRack = "the second of the racks"; State = 1; };
-instance of MY_Beside { Left = $a; Right = $b; };
-)";
+const char* const kModel = DATA_DIR "/racks.mof";
 
 struct TRun {
   int status;
@@ -39,14 +30,11 @@ struct TRun {
 /// plug-in and out of it.
 class TProgramFaultTest : public ::testing::Test {
  protected:
-  TProgramFaultTest() { std::ofstream(file_) << kModel; }
-  ~TProgramFaultTest() override { std::remove(file_.c_str()); }
-
   /// Runs the command with the n-th event of the kind failing; tells whether it came to that. In a
   /// thread of its own, for which the plug-in has what threads have each for themselves to make.
   bool Run(const std::vector<std::string>& command, EKind kind, int n) {
     std::vector<std::string> words = {"vyrhost", "--empty", "--plugin", INMEM_PLUGIN_PATH,
-                                      "--mof",   file_,     "--quiet"};
+                                      "--mof",   kModel,    "--quiet"};
     words.insert(words.end(), command.begin(), command.end());
     std::vector<char*> argv(words.size());
     std::transform(words.begin(), words.end(), argv.begin(),
@@ -66,7 +54,6 @@ class TProgramFaultTest : public ::testing::Test {
     return isStruck;
   }
 
-  const std::string file_ = ::testing::TempDir() + "vyr_program_fault_test.mof";
   TRun run_{};
 };
 

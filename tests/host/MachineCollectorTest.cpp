@@ -125,10 +125,10 @@ TEST(PoorMachine, AnIdentityFromTheDeviceTree) {
   const TSampleTree tree;
   tree.Write("/proc/device-tree/model", std::string("Sample Board 4\0", 15));
   const THostNamespace host(tree.GetRoot());
-  EXPECT_EQ("Sample Board 4|", host.Show(kChassis, "Model"));
+  EXPECT_EQ("ElementName=Sample Board 4|Model=Sample Board 4", host.ShowAll(kChassis));
   EXPECT_NE("/sys/class/dmi/id", host.GetNoted().at(1));
   tree.WriteValues("/sys/class/dmi/id/", "product_serial=S1 product_version=V2");
-  EXPECT_EQ("S1|V2|", THostNamespace(tree.GetRoot()).Show(kChassis, "SerialNumber Version"));
+  EXPECT_EQ("SerialNumber=S1|Version=V2", THostNamespace(tree.GetRoot()).ShowAll(kChassis));
 }
 
 TEST(ThisMachine, IsCollected) {

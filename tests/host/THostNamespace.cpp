@@ -71,17 +71,6 @@ boost::shared_ptr<ICIMInstance> THostNamespace::Find(const std::string& path) co
   return instance;
 }
 
-std::string THostNamespace::Show(const std::string& path, const std::string& properties) const {
-  std::istringstream names(properties);
-  std::string shown;
-  for (std::string name; names >> name; shown += '|') {
-    const boost::shared_ptr<ICIMProperty> property = Find(path)->GetProperty(name, {});
-    const std::string text = property->ToString();
-    shown += text.empty() && property->GetValue({}).IsNull() ? "<null>" : text;
-  }
-  return shown;
-}
-
 std::string THostNamespace::ShowAll(const std::string& path) const {
   std::string shown;
   Find(path)->EnumerateProperties(

@@ -25,9 +25,6 @@ class THostNamespace {
 
   /// The instance of that path; fails the test when there is none.
   boost::shared_ptr<ICIMInstance> Find(const std::string& path) const;
-  /// The properties that are named between blanks as people read them, each with a "|" after it;
-  /// "<null>" for a null that nothing stands for.
-  std::string Show(const std::string& path, const std::string& properties) const;
   /// All that is set but the keys, in order of names: "Name=value|Name=value". A reference shows as
   /// the name of the element to which it leads.
   std::string ShowAll(const std::string& path) const;

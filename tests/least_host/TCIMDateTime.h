@@ -6,8 +6,6 @@ namespace NZELVYR20 {
 
 class TCIMDateTime {
  public:
-  TCIMDateTime();
-
   void Set(unsigned int days, unsigned short hours, unsigned short minutes, unsigned short seconds,
            unsigned int microseconds);
   std::string ToUIString() const;

@@ -10,8 +10,6 @@ class ICIMNamespace;
 class TCIMReference {
  public:
   TCIMReference(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TCIMContext& context);
-  TCIMReference(const TCIMReference& other);
-  ~TCIMReference();
 
   void SetClass(const boost::shared_ptr<ICIMClass>& cimClass);
   void AddKeyValue(const std::string& name, const TCIMValue& value);

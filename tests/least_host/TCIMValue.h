@@ -41,9 +41,6 @@ class TCIMValue {
   TCIMValue(const std::string& value);
   TCIMValue(unsigned short value);
   TCIMValue(const TCIMDateTime& value);
-  TCIMValue(const TCIMValue& other);
-  TCIMValue& operator=(const TCIMValue& other);
-  ~TCIMValue();
 
   bool IsNull() const;
   bool IsArray() const;

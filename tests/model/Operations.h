@@ -27,14 +27,8 @@ inline void AllocateClass(TWorld& w) {
     if (boost::algorithm::iequals(at->GetName({}), name)) return;
   }
   w.c[w.a] = w.N()->AllocateClass(name, super, {});
-  const TFaults::TPause pause;  // a class that lost its superclass is not refreshed twice alike
+  TFaults::Disarm();  // a class that lost its superclass is not refreshed twice alike
   w.out << w.Text(w.c(w.a));
-}
-
-inline void GetInstance(TWorld& w) {
-  const auto found = w.N()->GetInstance(static_cast<TCIMReference>(w.Value()), {});
-  w.out << w.Text(found);
-  if (found) w.i[w.b] = found;
 }
 
 inline void Forget(TWorld& w) {
@@ -42,11 +36,6 @@ inline void Forget(TWorld& w) {
   if (w.flag % 4 == 1) w.i[w.b] = {};
   if (w.flag % 4 == 2) w.d[w.b] = {}, w.m[w.b] = {};
   if (w.flag % 4 == 3) w.q[w.a] = {}, w.p[w.a] = {};
-}
-
-inline void HostAnswers(TWorld& w) {
-  w.answered = w.i(w.b);
-  w.answer = w.flag;
 }
 
 inline void ShowInstance(TWorld& w) {
@@ -69,34 +58,6 @@ inline void UseProperty(TWorld& w) {
   if (w.flag % 4 == 1) property->SetPrevValue(w.Value());
   if (w.flag % 4 == 2) property->SetValue(w.Value(), {});
 }
-
-// The first rows are those that recipes name.
-enum ERow {
-  kSpace,
-  kClass,
-  kAddClass,
-  kDeclare,
-  kAddDeclared,
-  kAttach,
-  kProperty,
-  kAddProperty,
-  kInstance,
-  kSet,
-  kAddInstance,
-  kMethod,
-  kAddMethod,
-  kReferences,
-  kAssociators,
-  kGetClass,
-  kGetInstance,
-  kDelete,
-  kForget,
-  kRemoveClass,
-  kRemoveProperty,
-  kSubClasses,
-  kParameter,
-  kAddParameter,
-};
 
 #define MODEL_ROW(weight, kind, ...)                                       \
   {                                                                        \
@@ -130,7 +91,8 @@ inline const TOperation kOperations[] = {
                       take, w.Maybe(kClasses, w.name), kClasses[w.a * w.a / 8],
                       w.Maybe(kProperties, w.value), w.Maybe(kProperties, w.flag), {})),
     MODEL_SHOW(1, w.out << w.Text(w.c[w.a] = w.N()->GetClass(w.In(kClasses), {}))),
-    MODEL_SHOW(2, GetInstance(w)),
+    MODEL_SHOW(2, const auto found = w.N()->GetInstance(static_cast<TCIMReference>(w.Value()), {});
+               w.out << w.Text(found); if (found) w.i[w.b] = found),
     MODEL_DO(1, w.I()->Delete({})),
     MODEL_SHOW(1, Forget(w)),
     MODEL_DO(1, w.C()->RemoveFromNamespace({})),
@@ -172,7 +134,7 @@ inline const TOperation kOperations[] = {
                w.out << w.p(w.a)->GetType({}) << w.p(w.a)->IsArray({})),
     MODEL_WALK(2, TCIMParameterDeclCallback callback = take;
                w.M()->EnumerateParameterDecls(callback, {})),
-    MODEL_SHOW(2, HostAnswers(w)),
+    MODEL_SHOW(2, w.answered = w.i(w.b); w.answer = w.flag),
     MODEL_DO(1, w.I()->Validate({})),
     MODEL_SHOW(6, UseProperty(w)),
     MODEL_DO(3, w.out << w.C()->IsSubclassOf(w.c(w.b), {})),
@@ -192,10 +154,13 @@ inline const TOperation kOperations[] = {
     MODEL_SHOW(1, if (w.flag == 0) w.N()->ClearInstances()),
     MODEL_SHOW(0, w.Clear()),
 };
-constexpr int kLetGo = static_cast<int>(std::size(kOperations)) - 1;
-
-inline bool IsWalk(const TStep& step) {
-  return kOperations[step.operation].kind == TOperation::kWalks;
+inline bool IsWalk(int row) { return kOperations[row].kind == TOperation::kWalks; }
+/// The first row with that in it.
+inline int FindRow(const std::string& part) {
+  const auto has = [&](const TOperation& operation) { return Contains(operation.text, part); };
+  const auto* const found = std::find_if(std::begin(kOperations), std::end(kOperations), has);
+  if (found == std::end(kOperations)) throw std::invalid_argument(part);
+  return static_cast<int>(found - kOperations);
 }
 
 inline std::string ToText(const TStep& s) {

@@ -6,19 +6,16 @@
 
 namespace NZELVYR20 {
 
-struct TModelInstance;
-
 inline TPtr<TModelClass> ReferencedClass(const TCIMValue& value);
 
 struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
-  using ICIMClass::operator=;
   boost::weak_ptr<TModelStore> space = {};
   boost::weak_ptr<TModelClass> super = {};
   const void* identity = nullptr;  ///< the address of the plug-in's class
   TTable<std::string, TModelPropertyDecl> properties = {};
   TTable<unsigned, TModelClass> subClasses = {};
   TTable<const void*, TModelClass> associations = {};  ///< by identity
-  TTable<std::string, TModelInstance> instances = {};
+  TTable<std::string, ICIMInstance> instances = {};
   TTable<std::string, TModelMethodDecl> methods = {};
   bool isInNamespace = false;
 
@@ -119,7 +116,6 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
     }
     Refuse(7, 3, "Class " + name + " has no keys");
   }
-  TText GetName(TAny) const override { return name; }
   TPtr<ICIMNamespace> GetNamespace(TAny) const override { return space.lock(); }
   bool IsAssociation(TAny) const override { return IsSet("ASSOCIATION"); }
   bool IsAbstract(TAny) const override { return IsSet("ABSTRACT"); }
@@ -224,11 +220,20 @@ struct TModelClass : TModelNamed<EModelKind::kClass, ICIMClass, TModelClass> {
   void EnumerateStaticProperties(const TCIMPropertyCallback&, TAny) override {}
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
   TPtr<ICIMInstance> AllocateInstance(TAny) override;
-  void AddInstance(TPtr<ICIMInstance> added) override;
+  void AddInstance(TPtr<ICIMInstance> added) override {
+    instances.Put(added->GetReference({}).GetPath(), added);
+  }
   void RemoveInstance(TPtr<ICIMInstance> removed) override {
     instances.Erase(removed->GetReference({}).GetPath());
   }
-  void EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TAny) override;
+  void EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TAny) override {
+    instances.Walk(false, false, callback);
+    if (!deep) return;
+    subClasses.Walk(false, false, [&](const TPtr<TModelClass>& subClass) {
+      subClass->EnumerateInstances(callback, true, {});
+      return true;
+    });
+  }
 
   void AddPropertyDecl(TPtr<ICIMPropertyDecl> given) override;
   void RemovePropertyDecl(TPtr<ICIMPropertyDecl> removed) override {

@@ -20,7 +20,6 @@ struct TModelQualifierDecl;
 
 /// What a namespace keeps.
 struct TModelStore : ICIMNamespace {
-  using ICIMNamespace::operator=;
   bool redefines = false;
   TPtr<TModelClass> root = {};
   TTable<std::string, TModelQualifierDecl> qualifierDecls = {};
@@ -35,7 +34,6 @@ struct TModelStore : ICIMNamespace {
 
 struct TModelQualifierDecl : TModelOf<ICIMQualifierDecl>,
                              boost::enable_shared_from_this<TModelQualifierDecl> {
-  using ICIMQualifierDecl::operator=;
   boost::weak_ptr<TModelStore> space = {};
   std::string name = {};
   TCIMValue value = {};
@@ -62,7 +60,6 @@ struct TModelQualifierDecl : TModelOf<ICIMQualifierDecl>,
 };
 
 struct TModelQualifier : TModelOf<ICIMQualifier>, boost::enable_shared_from_this<TModelQualifier> {
-  using ICIMQualifier::operator=;
   boost::weak_ptr<ICIMNamedElement> owner = {};
   TPtr<const ICIMQualifierDecl> declaration = {};
   TCIMValue value = {};
@@ -97,7 +94,6 @@ enum class EModelKind { kClass, kProperty, kMethod, kParameter };
 /// A class or a declaration: what has a name and qualifiers.
 template <EModelKind kKind, class TInterface, class TSelf>
 struct TModelNamed : TModelOf<TInterface>, boost::enable_shared_from_this<TSelf> {
-  using TInterface::operator=;
   static constexpr bool kIsClass = kKind == EModelKind::kClass;
   static constexpr bool kIsOfMethod =
       kKind == EModelKind::kMethod || kKind == EModelKind::kParameter;
@@ -150,7 +146,6 @@ struct TModelNamed : TModelOf<TInterface>, boost::enable_shared_from_this<TSelf>
 /// The declaration of a property, a method or a parameter.
 template <EModelKind kKind, class TInterface, class TSelf, class TOwner>
 struct TModelDecl : TModelNamed<kKind, TInterface, TSelf> {
-  using TInterface::operator=;
   boost::weak_ptr<TOwner> owner = {};
   TCIMValue value = {};  ///< of a property the default, of the others a null of their type
 
@@ -166,7 +161,6 @@ struct TModelDecl : TModelNamed<kKind, TInterface, TSelf> {
 
 struct TModelPropertyDecl
     : TModelDecl<EModelKind::kProperty, ICIMPropertyDecl, TModelPropertyDecl, ICIMClass> {
-  using ICIMPropertyDecl::operator=;
   TPtr<ICIMClass> GetClass(TAny) const override { return owner.lock(); }
   void AddToClass(TAny) override { owner.lock()->AddPropertyDecl(shared_from_this()); }
   void RemoveFromClass(TAny) override {}
@@ -180,7 +174,6 @@ struct TModelMethodDecl;
 
 struct TModelParameterDecl
     : TModelDecl<EModelKind::kParameter, ICIMParameterDecl, TModelParameterDecl, TModelMethodDecl> {
-  using ICIMParameterDecl::operator=;
   void AddToMethod(TAny) override;
   TPtr<ICIMMethodDecl> GetMethodDecl(TAny) const override;
   TType GetType(TAny) const override { return value.GetType(); }
@@ -189,7 +182,6 @@ struct TModelParameterDecl
 
 struct TModelMethodDecl
     : TModelDecl<EModelKind::kMethod, ICIMMethodDecl, TModelMethodDecl, ICIMClass> {
-  using ICIMMethodDecl::operator=;
   TTable<std::string, TModelParameterDecl> parameters = {};
 
   TPtr<ICIMClass> GetClass(TAny) const override { return owner.lock(); }

@@ -11,15 +11,10 @@
 namespace NZELVYR20 {
 
 struct TModelProperty : TModelOf<ICIMProperty> {
-  using ICIMProperty::operator=;
-  TPtr<TModelPropertyDecl> declaration = {};
+  TPtr<TModelPropertyDecl> declaration;
   std::optional<TCIMValue> value = {}, previous = {};
 
-  static TPtr<TModelProperty> Make(const TPtr<TModelPropertyDecl>& declared) {
-    auto made = boost::make_shared<TModelProperty>();
-    made->declaration = declared;
-    return made;
-  }
+  explicit TModelProperty(const TPtr<TModelPropertyDecl>& declared) : declaration(declared) {}
   TPtr<const ICIMPropertyDecl> GetDeclaration(TAny) const override { return declaration; }
   TType GetType(TAny) const override { return declaration->GetType({}); }
   bool IsArray(TAny) const override { return declaration->IsArray({}); }
@@ -60,13 +55,12 @@ struct TModelProperty : TModelOf<ICIMProperty> {
 };
 
 struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<TModelInstance> {
-  using ICIMInstance::operator=;
   TPtr<TModelClass> cimClass = {};
   TTable<std::string, TModelProperty> properties = {};
 
   void Initialize() {
     for (const auto& [key, entry] : cimClass->properties.entries) {
-      properties.Insert(key, TModelProperty::Make(entry.element));
+      properties.Insert(key, boost::make_shared<TModelProperty>(entry.element));
     }
     try {
       cimClass->GetPropertyDecl("DateTimeOfCollection", {});
@@ -133,7 +127,7 @@ struct TModelInstance : TModelOf<ICIMInstance>, boost::enable_shared_from_this<T
   TCIMValue InvokeMethod(TText, TCIMContext&, TAny) override { return {}; }
   TPtr<ICIMProperty> Derive(TText name, const TCIMValue& value) const {
     cimClass->AddPropertyDecl(cimClass->AllocatePropertyDecl(name, value, {}));
-    return TModelProperty::Make(Demand(cimClass->properties.Find(name)));
+    return boost::make_shared<TModelProperty>(Demand(cimClass->properties.Find(name)));
   }
   static TPtr<ICIMInstance> Resolve(const TCIMValue& reference) {
     const auto found = static_cast<TCIMReference>(reference).GetCIMElement(false);
@@ -211,20 +205,6 @@ inline TPtr<ICIMInstance> TModelClass::AllocateInstance(TAny) {
   made->cimClass = shared_from_this();
   made->Initialize();
   return made;
-}
-
-inline void TModelClass::AddInstance(TPtr<ICIMInstance> added) {
-  instances.Put(added->GetReference({}).GetPath(),
-                boost::static_pointer_cast<TModelInstance>(added));
-}
-
-inline void TModelClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TAny) {
-  instances.Walk(false, false, callback);
-  if (!deep) return;
-  subClasses.Walk(false, false, [&](const TPtr<TModelClass>& subClass) {
-    subClass->EnumerateInstances(callback, true, {});
-    return true;
-  });
 }
 
 }  // namespace NZELVYR20

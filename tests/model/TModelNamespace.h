@@ -83,7 +83,6 @@ struct TModelNamespace : TModelStore, boost::enable_shared_from_this<TModelNames
 
 /// A host's own namespace, in which paths lead where the world says.
 struct TModelHost : TModelNamespace {
-  using TModelNamespace::operator=;
   std::function<TPtr<ICIMInstance>(const TCIMReference&)> answer = {};
 
   TPtr<ICIMInstance> GetInstance(const TCIMReference& path, TAny) override { return answer(path); }

@@ -43,12 +43,13 @@ inline const std::vector<TCIMValue>& GetConstants() {
                                                    TCIMValue::Array(TType::kBoolean, {true, false}),
                                                    TCIMValue::Null(TType::kUInt16Array),
                                                    TCIMDateTime(),
-                                                   TCIMValue::Null(TType::kDateTime)};
+                                                   TCIMValue::Null(TType::kDateTime),
+                                                   TCIMValue::Null(TType::kReference)};
   return constants;
 }
 /// Of 32 values; then come null references to classes, references to instances in two forms, one in
 /// an array, and paths.
-constexpr int kConstants = 21;
+constexpr int kConstants = 22;
 constexpr int kReference = 24;
 
 inline TCIMValue TWorld::Value() const {

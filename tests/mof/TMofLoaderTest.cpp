@@ -10,11 +10,7 @@
 
 namespace NZELVYR20 {
 
-static const std::string kBase =
-    ReadData("qualifiers.mof") +
-    "class Ok { [Key] string Id; };\n"
-    "[Association] class Link { [Key] Ok REF Left; [Key] Ok REF Right; };\n"
-    "instance of Ok { Id = \"1\"; };";
+static const std::string kBase = ReadData("qualifiers.mof") + ReadData("base.mof");
 
 /// The first error or warning, as a strict load says it.
 static std::string FindFirstFault(const std::string& messages) {

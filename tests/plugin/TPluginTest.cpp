@@ -10,6 +10,7 @@
 #include "ICIMNamespace.h"
 #include "INamespaceProvider.h"
 #include "INamespaceProviderManager.h"
+#include "PluginNamespace.h"
 #include "SmallSchema.h"
 #include "TCIMReference.h"
 #include "TRootObject.h"
@@ -30,38 +31,32 @@ class TPluginTest : public ::testing::Test {
     ASSERT_NE(library, nullptr) << dlerror();
   }
 
-  static boost::shared_ptr<INamespaceProvider> GetProvider() {
-    return TRootObject::GetNamespaceProviderManager()->FindNamespaceProvider("inmem");
-  }
-
-  static TSpace NewNamespace() { return GetProvider()->AllocateNamespace({}, false); }
-
   static inline TNames namesBefore;
   static inline void* library = nullptr;
 };
 
 TEST_F(TPluginTest, RegistersItsProviderWhenLoaded) {
   EXPECT_EQ(namesBefore, TNames{});
-  EXPECT_EQ(TRootObject::GetNamespaceProviderManager()->GetNamespaceProviderNames(),
-            TNames{"inmem"});
-  const auto provider = GetProvider();
+  const auto manager = TRootObject::GetNamespaceProviderManager();
+  EXPECT_EQ(manager->GetNamespaceProviderNames(), TNames{"inmem"});
+  const auto provider = manager->FindNamespaceProvider("inmem");
   EXPECT_EQ(provider->GetName({}), "inmem");
   EXPECT_EQ(&provider->GetName({}), &provider->GetName({}));
   EXPECT_EQ(provider->GetType({}), 2);
   EXPECT_FALSE(provider->IsIndicationsSupported({}));
-  EXPECT_EQ(NewNamespace()->GetNamespaceProvider({}), provider);
+  EXPECT_EQ(AllocatePluginNamespace()->GetNamespaceProvider({}), provider);
 }
 
 TEST_F(TPluginTest, NamespacesLiveThroughTheInterfacesAndApart) {
-  const auto space = NewNamespace();
+  const auto space = AllocatePluginNamespace();
   EXPECT_EQ(UseNamespace(space), kAllIsWell);
   EXPECT_TRUE(space->GetClass("PORT", {}));
-  EXPECT_THROW(NewNamespace()->GetClass("Port", {}), TVYRException);
+  EXPECT_THROW(AllocatePluginNamespace()->GetClass("Port", {}), TVYRException);
 }
 
 TEST_F(TPluginTest, NamesAndTextsOfAMegabyteAndPathsInPaths) {
   constexpr std::size_t kMegabyte = 1U << 20U;
-  const auto space = NewNamespace();
+  const auto space = AllocatePluginNamespace();
   const std::string name(kMegabyte, 'N');
   const std::string text(kMegabyte, '"');
   const auto cimClass = AddClass(space, name, "");
@@ -74,7 +69,7 @@ TEST_F(TPluginTest, NamesAndTextsOfAMegabyteAndPathsInPaths) {
   const auto leaf = AddInstance(AddClass(space, "Leaf", ""), "a");
   const auto nested = AddNestedInstances(space, leaf, 5)->GetReference({});
   EXPECT_EQ(TCIMReference::Parse(nested.ToString(), space).GetPath(), nested.GetPath());
-  const auto other = NewNamespace();
+  const auto other = AllocatePluginNamespace();
   const auto otherLeaf = AddInstance(AddClass(other, "Leaf", ""), "a");
   EXPECT_THROW(AddNestedInstances(other, otherLeaf, 30), std::length_error);
 }

@@ -14,23 +14,19 @@ namespace {
 std::vector<boost::shared_ptr<NZELVYR20::ICIMNamespace>> kept;
 std::mutex keptMutex;
 
-bool Use() {
-  const auto manager = NZELVYR20::TRootObject::GetNamespaceProviderManager();
-  const auto space = manager->FindNamespaceProvider("inmem")->AllocateNamespace({}, false);
-  const std::string seen = UseNamespace(space);
-  const std::lock_guard<std::mutex> lock(keptMutex);
-  kept.push_back(space);
-  if (seen != NZELVYR20::kAllIsWell) std::fprintf(stderr, "%s", seen.c_str());
-  return seen == NZELVYR20::kAllIsWell;
-}
-
 }  // namespace
 
 /// Makes, uses and keeps a namespace. False, with the reason on standard error, where something is
 /// not as it should be.
 extern "C" VYR_EXPORT bool UseRepository() {
   try {
-    return Use();
+    const auto manager = NZELVYR20::TRootObject::GetNamespaceProviderManager();
+    const auto space = manager->FindNamespaceProvider("inmem")->AllocateNamespace({}, false);
+    const std::string seen = NZELVYR20::UseNamespace(space);
+    const std::lock_guard<std::mutex> lock(keptMutex);
+    kept.push_back(space);
+    if (seen != NZELVYR20::kAllIsWell) std::fprintf(stderr, "%s", seen.c_str());
+    return seen == NZELVYR20::kAllIsWell;
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
     return false;

@@ -159,6 +159,8 @@ TEST_F(TInmemElementsTest, AWalkGoesOnAfterWhatItTakesOut) {
   const auto takeOut = [&](const TInstance& instance) {
     ids.push_back(instance->GetProperty("Id", {})->ToString());
     instance->Delete({});
+    if (ids.size() == 1) AddInstance(port, "z");
+    port->EnumerateInstances([](const TInstance&) { return true; }, false, {});
     return true;
   };
   port->EnumerateInstances(takeOut, false, {});

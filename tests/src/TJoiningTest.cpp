@@ -79,19 +79,6 @@ TEST_F(TJoiningTest, ReferencesAreThoseOfTheTimeWhenEachIsDue) {
   EXPECT_EQ(AssociationsOf(late[0]), TNames{});
 }
 
-TEST_F(TJoiningTest, AClassReplacedOnTheWayUpNoLongerLeadsThere) {
-  TClass middle = MakeClass(space, "Middle", "", end);
-  const TClass replacement = MakeClass(space, "Middle", "", end);
-  const TClass low = NewClass("Low", middle);
-  middle->AddToNamespace({}), low->AddToNamespace({});
-  middle.reset();
-  replacement->AddToNamespace({});
-  EXPECT_EQ(low->GetSuperClass({}), nullptr);
-  EXPECT_EQ(NewClass("Low"), low);
-  EXPECT_EQ(low->GetSuperClass({}), root) << "what is allocated again comes under the root";
-  EXPECT_EQ(SubClassesOf(replacement), TNames{"Low"}) << "which the others are not told";
-}
-
 TEST_F(TJoiningTest, AMissingSuperclassIsNoticedLast) {
   const auto orphan = [this](const char* name) {
     auto made = NewClass(name, NewClass("Gone"));

@@ -70,7 +70,8 @@ class TReferenceIndexTest : public TRedefinitionTest {
     return host->asked;
   }
 
-  TClass element = DefineClass("CIM_Element");
+  const TClass twin = MakeClass(space, "CIM_Element", TCIMValue::Null(TType::kString));
+  const TClass element = DefineClass("CIM_Element");
   const TClass link = DefineAssociation("CIM_Link", {{"System", element}, {"Part", element}});
   const boost::shared_ptr<THostNamespace> host = boost::make_shared<THostNamespace>();
   const TInstance a = AddInstance(element, "a");
@@ -103,14 +104,14 @@ TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
       {"takes the end out", [&] { a->Delete({}); }},
       {"adds the instance", [&] { link->AddInstance(pending); }},
       {"takes the instance out", [&] { pending->Delete({}); }},
-      {"replaces the class of the end", [&] { element = DefineClass("CIM_Element"); }},
+      {"replaces the class of the end", [&] { twin->AddToNamespace({}); }},
       {"clears", [&] { space->ClearInstances(); }},
       {"walks", [&] { ReferencesOf(a), AssociatorsOf(b); }},
   };
   for (const auto& [description, act] : acts) {
     for (const bool isAdded : {false, true}) {
       SCOPED_TRACE(description + std::string(isAdded ? ", in a walk" : ", while it is added"));
-      space->ClearInstances();
+      element->AddToNamespace({}), space->ClearInstances();
       link->GetPropertyDecl("Part", {})->SetDefaultValue(TCIMValue::NullReference(element), {});
       a->AddToNamespace({}), b->AddToNamespace({});
       pending = NewLink("1", HostPath("a"), RefTo(a));

@@ -136,8 +136,7 @@ class TRepositoryTest : public ::testing::Test {
 };
 
 /// The same in a namespace that allows redefinition.
-class TRedefinitionTest : public TRepositoryTest {
- protected:
+struct TRedefinitionTest : TRepositoryTest {
   TRedefinitionTest() { space = NewNamespace(true); }
 };
 

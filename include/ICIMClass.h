@@ -231,4 +231,7 @@ class VYR_EXPORT ICIMClass : public ICIMElement, public ICIMNamedElement {
   /// @}
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMClass& left, ICIMClass& right) { return left.operator==(right); }
+
 }  // namespace NZELVYR20

@@ -106,4 +106,7 @@ class VYR_EXPORT ICIMInstance : public ICIMElement {
   virtual ICIMInstance& operator=(const ICIMInstance& other) = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMInstance& left, ICIMInstance& right) { return left.operator==(right); }
+
 }  // namespace NZELVYR20

@@ -63,4 +63,9 @@ class VYR_EXPORT ICIMMethodDecl : public ICIMNamedElement {
   virtual ICIMMethodDecl& operator=(const ICIMMethodDecl& other) = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMMethodDecl& left, ICIMMethodDecl& right) {
+  return left.operator==(right);
+}
+
 }  // namespace NZELVYR20

@@ -48,4 +48,9 @@ class VYR_EXPORT ICIMParameterDecl : public ICIMNamedElement {
   virtual ICIMParameterDecl& operator=(const ICIMParameterDecl& other) = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMParameterDecl& left, ICIMParameterDecl& right) {
+  return left.operator==(right);
+}
+
 }  // namespace NZELVYR20

@@ -73,4 +73,7 @@ class VYR_EXPORT ICIMProperty {
   virtual std::vector<std::string> ToStringVector() const = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMProperty& left, ICIMProperty& right) { return left.operator==(right); }
+
 }  // namespace NZELVYR20

@@ -57,4 +57,9 @@ class VYR_EXPORT ICIMPropertyDecl : public ICIMNamedElement {
   virtual ICIMPropertyDecl& operator=(const ICIMPropertyDecl& other) = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMPropertyDecl& left, ICIMPropertyDecl& right) {
+  return left.operator==(right);
+}
+
 }  // namespace NZELVYR20

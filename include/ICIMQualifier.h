@@ -69,4 +69,7 @@ class VYR_EXPORT ICIMQualifier {
   virtual ICIMQualifier& operator=(const ICIMQualifier& other) = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMQualifier& left, ICIMQualifier& right) { return left.operator==(right); }
+
 }  // namespace NZELVYR20

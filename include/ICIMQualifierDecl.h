@@ -88,6 +88,11 @@ class VYR_EXPORT ICIMQualifierDecl {
   virtual ICIMQualifierDecl& operator=(const ICIMQualifierDecl& other) = 0;
 };
 
+/// The same as the member; since C++20 that alone could be read in either direction.
+inline bool operator==(ICIMQualifierDecl& left, ICIMQualifierDecl& right) {
+  return left.operator==(right);
+}
+
 /// The bits of both.
 constexpr ICIMQualifierDecl::EScope operator|(ICIMQualifierDecl::EScope left,
                                               ICIMQualifierDecl::EScope right) {

@@ -20,7 +20,7 @@ namespace {
 
 using TNamespacePtr = boost::shared_ptr<ICIMNamespace>;
 
-constexpr auto kVersion = "vyrhost " VYR_VERSION;
+constexpr auto kVersion = "vyrhost " PROGRAM_VERSION;
 
 constexpr auto kFooter =
     "An object path is a class name with key values, as 'instances' prints it:\n"

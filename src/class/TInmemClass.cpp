@@ -109,7 +109,8 @@ void TInmemClass::RemoveFromNamespace(TCIMContext) {
 template <class TVisit>
 void TInmemClass::ForEachRegistration(TVisit visit) const {
   TPropertyDecls::TCursor cursor(propertyDecls_, TPropertyDecls::EAdded::kVisited);
-  while (const auto declaration = cursor.Next()) {
+  while (cursor.Next()) {
+    const auto& declaration = cursor.GetCurrent();
     const auto target = declaration->GetReferencedClass();
     if (target && !IsReferenceSkipped(*declaration, target)) visit(*target);
   }
@@ -121,7 +122,8 @@ bool TInmemClass::IsReferenceSkipped(const TInmemPropertyDecl& reference,
                                      const boost::shared_ptr<ICIMClass>& target) const {
   bool isPassed = false;
   TPropertyDecls::TCursor cursor(propertyDecls_, TPropertyDecls::EAdded::kVisited);
-  while (const auto declaration = cursor.Next()) {
+  while (cursor.Next()) {
+    const auto& declaration = cursor.GetCurrent();
     if (declaration.get() == &reference) {
       isPassed = true;
       continue;

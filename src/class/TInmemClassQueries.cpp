@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <forward_list>
-#include <unordered_set>
+#include <deque>
+#include <utility>
 
 #include "Failures.h"
 #include "Names.h"
@@ -33,8 +33,8 @@ bool TInmemClass::IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMCon
 
 /// One class on the way down, held, and what is left of its subclasses.
 struct TInmemClass::TLevel {
-  explicit TLevel(const boost::shared_ptr<TInmemClass>& parent)
-      : cimClass(parent), cursor(parent->subClasses_) {}
+  TLevel(const boost::shared_ptr<TInmemClass>& parent, const void* walk)
+      : cimClass(parent), cursor(parent->subClasses_, TSubClasses::EAdded::kSkipped, walk) {}
 
   boost::shared_ptr<TInmemClass> cimClass;
   TSubClasses::TCursor cursor;
@@ -46,18 +46,17 @@ struct TInmemClass::TLevel {
 /// that one's subclasses over.
 template <class TVisit>
 void TInmemClass::WalkDown(TVisit visit) {
-  std::forward_list<TLevel> way;
-  std::unordered_set<const TInmemClass*> onTheWay{this};
-  way.emplace_front(shared_from_this());
+  std::deque<TLevel> way;
+  way.emplace_back(shared_from_this(), &way);
   while (!way.empty()) {
-    const auto subClass = way.front().cursor.Next();
-    const EStep step = subClass ? visit(subClass) : EStep::kUp;
+    auto& cursor = way.back().cursor;
+    const EStep step = cursor.Next() ? visit(cursor.GetCurrent()) : EStep::kUp;
     if (step == EStep::kUp) {
-      onTheWay.erase(way.front().cimClass.get());
-      way.pop_front();
-    } else if (step == EStep::kDown && !subClass->subClasses_.IsEmpty() &&
-               onTheWay.insert(subClass.get()).second) {
-      way.emplace_front(subClass);
+      way.pop_back();
+    } else if (step == EStep::kDown) {
+      const auto& subClass = cursor.GetCurrent();
+      const TSubClasses& below = subClass->subClasses_;
+      if (!below.IsEmpty() && !below.IsEnteredBy(&way)) way.emplace_back(subClass, &way);
     }
   }
 }
@@ -74,8 +73,8 @@ void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool de
 
 void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TCIMContext) {
   const auto self = shared_from_this();
-  const auto visit = [&](const TInstanceTable::TPointer& instance) {
-    return callback(boost::static_pointer_cast<TInmemInstance>(instance));
+  const auto visit = [&](TInstanceTable::TPointer instance) {
+    return callback(boost::static_pointer_cast<TInmemInstance>(std::move(instance)));
   };
   Enumerate(self, instances_, kVisitsAllAndDiscards, visit);
   if (!deep) return;

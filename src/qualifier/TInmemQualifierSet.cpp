@@ -26,8 +26,9 @@ void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) 
     if (Conflicts(*attached, *qualifier)) throw Failure::QualifierConflict();
     return;  // the same again: the attached object stays
   }
-  qualifiers_.Put(key, InMemory<TInmemQualifier>(qualifier));
-  NoteKey();
+  const auto added = InMemory<TInmemQualifier>(qualifier);
+  qualifiers_.Put(key, added);
+  if (key == QualifierKey::kKey) key_ = added.get();
 }
 
 bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,

@@ -34,10 +34,11 @@ bool TInmemClass::IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMCon
 /// One class on the way down, held, and what is left of its subclasses.
 struct TInmemClass::TLevel {
   TLevel(const boost::shared_ptr<TInmemClass>& parent, const void* walk)
-      : cimClass(parent), cursor(parent->subClasses_, TSubClasses::EAdded::kSkipped, walk) {}
+      : cimClass(parent),
+        cursor(parent->subClasses_.Get(), TSubClasses::TTable::EAdded::kSkipped, walk) {}
 
   boost::shared_ptr<TInmemClass> cimClass;
-  TSubClasses::TCursor cursor;
+  TSubClasses::TTable::TCursor cursor;
 };
 
 /// Calls `visit` for every class below this one, each before its descendants and these before the
@@ -55,14 +56,14 @@ void TInmemClass::WalkDown(TVisit visit) {
       way.pop_back();
     } else if (step == EStep::kDown) {
       const auto& subClass = cursor.GetCurrent();
-      const TSubClasses& below = subClass->subClasses_;
+      const auto& below = subClass->subClasses_.Get();
       if (!below.IsEmpty() && !below.IsEnteredBy(&way)) way.emplace_back(subClass, &way);
     }
   }
 }
 
 void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool deep, TCIMContext) {
-  if (!deep) return Enumerate(shared_from_this(), subClasses_, kStopsAndDiscards, callback);
+  if (!deep) return Enumerate(shared_from_this(), subClasses_.Get(), kStopsAndDiscards, callback);
   WalkDown([&](const boost::shared_ptr<TInmemClass>& subClass) {
     bool isWanted = false;  // nor are a class's descendants when the callback throws
     const auto call = [&] { return isWanted = callback(subClass); };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
 #include <functional>
@@ -189,17 +188,16 @@ class TOrderedTable {
   /// whole again.
   template <class TLookup>
   bool Erase(const TLookup& key) {
-    return EraseEntry(entries_.find(key));
-  }
-
-  /// Takes out the first entry of which `matches(key, element)` is true; tells whether there was
-  /// one.
-  template <class TMatches>
-  bool EraseFirst(TMatches matches) {
-    const auto isMatch = [&](const auto& entry) {
-      return matches(entry.first, *entry.second.element);
-    };
-    return EraseEntry(std::find_if(entries_.begin(), entries_.end(), isMatch));
+    const auto entry = entries_.find(key);
+    if (entry == entries_.end()) return false;
+    for (TCursor& cursor : cursors_) {
+      if (cursor.place_ != entry) continue;
+      cursor.HoldCurrent();
+      cursor.MoveTo(std::next(entry));
+    }
+    ++revision_;
+    const auto removed = entries_.extract(entry);
+    return true;
   }
 
   void Clear() noexcept {
@@ -258,18 +256,6 @@ class TOrderedTable {
       if (cursor.place_ == entry) cursor.HoldCurrent();
     }
     entry->second.element.swap(element);
-  }
-
-  bool EraseEntry(typename TEntries::const_iterator entry) {
-    if (entry == entries_.end()) return false;
-    for (TCursor& cursor : cursors_) {
-      if (cursor.place_ != entry) continue;
-      cursor.HoldCurrent();
-      cursor.MoveTo(std::next(entry));
-    }
-    ++revision_;
-    const auto removed = entries_.extract(entry);
-    return true;
   }
 
   TEntries entries_;

@@ -75,13 +75,13 @@ void TInmemClass::ReleaseLinks() {
 void TInmemClass::AddToNamespace(TCIMContext) {
   Validate({});
   const auto self = shared_from_this();
-  TSubClasses::TSpare listing(self);
+  TSubClasses::TSpare listing(self, name_);
   std::vector<TAssociationClasses::TSpare> registrations;
   propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
     if (declaration->GetDefaultValue({}).IsReference()) registrations.emplace_back(self);
   });
   namespace_.lock()->AddClass(self);
-  superClass_.lock()->List(std::move(listing), *this);
+  superClass_.lock()->List(std::move(listing), name_);
   isInNamespace_ = true;
   if (!IsAssociation({})) return;
   ForEachRegistration([&](ICIMClass& target) {
@@ -109,7 +109,8 @@ void TInmemClass::RemoveFromNamespace(TCIMContext) {
 template <class TVisit>
 void TInmemClass::ForEachRegistration(TVisit visit) const {
   TPropertyDecls::TCursor cursor(propertyDecls_, TPropertyDecls::EAdded::kVisited);
-  while (const auto declaration = cursor.Next()) {
+  while (cursor.Next()) {
+    const auto& declaration = cursor.GetCurrent();
     const auto target = declaration->GetReferencedClass();
     if (target && !IsReferenceSkipped(*declaration, target)) visit(*target);
   }
@@ -121,7 +122,8 @@ bool TInmemClass::IsReferenceSkipped(const TInmemPropertyDecl& reference,
                                      const boost::shared_ptr<ICIMClass>& target) const {
   bool isPassed = false;
   TPropertyDecls::TCursor cursor(propertyDecls_, TPropertyDecls::EAdded::kVisited);
-  while (const auto declaration = cursor.Next()) {
+  while (cursor.Next()) {
+    const auto& declaration = cursor.GetCurrent();
     if (declaration.get() == &reference) {
       isPassed = true;
       continue;
@@ -160,31 +162,28 @@ bool TInmemClass::operator<(ICIMClass& other) const { return name_ < other.GetNa
 
 void TInmemClass::AddChildClass(boost::shared_ptr<ICIMClass> subClass) {
   const auto added = InMemory<TInmemClass>(subClass);
-  List(TSubClasses::TSpare(added), *added);
+  List(TSubClasses::TSpare(added, added->name_), added->name_);
 }
 
-/// Puts the subclass at the end, as `listing` has it.
-void TInmemClass::List(TSubClasses::TSpare listing, const TInmemClass& subClass) {
+/// Puts the subclass of that name at the end, as `listing` has it.
+void TInmemClass::List(TSubClasses::TSpare listing, std::string_view name) {
   const bool mayRedefine = namespace_.lock()->IsRedefinitionAllowed();
-  const std::uint64_t position = nextSubClass_++;
-  subClasses_.Insert(position, std::move(listing));
+  const std::uint64_t position = subClasses_.Add(std::move(listing));
   if (!mayRedefine) return;
-  subClasses_.EraseFirst([&](std::uint64_t other, const TInmemClass& present) {
-    return other != position && present.name_ == subClass.name_;
-  });
+  subClasses_.EraseFirst(
+      name, [&](std::uint64_t other, const TInmemClass&) { return other != position; });
 }
 
 void TInmemClass::RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) {
-  subClasses_.EraseFirst(
-      [&](std::uint64_t, const TInmemClass& present) { return &present == subClass.get(); });
+  const auto* const removed = dynamic_cast<const TInmemClass*>(subClass.get());
+  if (!removed) return;
+  subClasses_.EraseFirst(removed->name_, [&](std::uint64_t, const TInmemClass& present) {
+    return &present == removed;
+  });
 }
 
 void TInmemClass::TakeOverSubClasses(const TInmemClass& replaced) {
-  if (this == &replaced) return;
-  auto taken = TSubClasses().GetMissing(replaced.subClasses_);
-  subClasses_.Clear();
-  subClasses_.Insert(std::move(taken));
-  nextSubClass_ = replaced.nextSubClass_;
+  if (this != &replaced) subClasses_.Assign(replaced.subClasses_);
 }
 
 void TInmemClass::AddAssociationClass(boost::shared_ptr<ICIMClass> association) {

@@ -5,6 +5,7 @@
 #include <boost/weak_ptr.hpp>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ICIMClass.h"
@@ -15,6 +16,7 @@
 #include "TInmemQualifiedElement.h"
 #include "TInstanceTable.h"
 #include "TOrderedTable.h"
+#include "TSubClasses.h"
 
 namespace NZELVYR20 {
 
@@ -170,8 +172,6 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   using TPropertyDeclPointer = boost::shared_ptr<TInmemPropertyDecl>;
   using TPropertyDecls = TDeclarationTable<TInmemPropertyDecl>;
   using TMethodDeclPointer = boost::shared_ptr<TInmemMethodDecl>;
-  /// Subclasses in order of addition.
-  using TSubClasses = TOrderedTable<std::uint64_t, TInmemClass>;
   using TAssociationClasses = TOrderedTable<const ICIMClass*, TInmemClass>;
 
   /// Where a walk down the hierarchy goes from a class.
@@ -186,7 +186,7 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   void ForEachRegistration(TVisit visit) const;
   bool IsReferenceSkipped(const TInmemPropertyDecl& reference,
                           const boost::shared_ptr<ICIMClass>& target) const;
-  void List(TSubClasses::TSpare listing, const TInmemClass& subClass);
+  void List(TSubClasses::TSpare listing, std::string_view name);
 
   bool IsPropertyDeclAccepted(const ICIMPropertyDecl& declaration, const std::string& key,
                               const TPropertyDeclPointer& existing) const;
@@ -207,7 +207,6 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   boost::weak_ptr<TInmemClass> superClass_;
   TPropertyDecls propertyDecls_;
   TSubClasses subClasses_;
-  std::uint64_t nextSubClass_ = 0;
   TAssociationClasses associationClasses_;
   TInstanceTable instances_;
   std::uint64_t referenceChanges_ = 0;

@@ -37,8 +37,8 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
   const auto self = shared_from_this();
   TPropertyDecls::TCursor cursor(propertyDecls_);
   try {
-    while (const auto declaration = cursor.Next(IsKey)) {
-      if (!callback(&declaration->GetName({}))) return;
+    while (cursor.Next(IsKey)) {
+      if (!callback(&cursor.GetCurrent()->GetName({}))) return;
     }
   } catch (const TVYRException& failure) {
     throw Failure::SameStatus(failure);

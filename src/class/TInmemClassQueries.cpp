@@ -1,6 +1,6 @@
 #include <algorithm>
-#include <forward_list>
-#include <unordered_set>
+#include <deque>
+#include <utility>
 
 #include "Failures.h"
 #include "Names.h"
@@ -33,11 +33,12 @@ bool TInmemClass::IsSubclassOf(boost::shared_ptr<const ICIMClass> other, TCIMCon
 
 /// One class on the way down, held, and what is left of its subclasses.
 struct TInmemClass::TLevel {
-  explicit TLevel(const boost::shared_ptr<TInmemClass>& parent)
-      : cimClass(parent), cursor(parent->subClasses_) {}
+  TLevel(const boost::shared_ptr<TInmemClass>& parent, const void* walk)
+      : cimClass(parent),
+        cursor(parent->subClasses_.Get(), TSubClasses::TTable::EAdded::kSkipped, walk) {}
 
   boost::shared_ptr<TInmemClass> cimClass;
-  TSubClasses::TCursor cursor;
+  TSubClasses::TTable::TCursor cursor;
 };
 
 /// Calls `visit` for every class below this one, each before its descendants and these before the
@@ -46,24 +47,23 @@ struct TInmemClass::TLevel {
 /// that one's subclasses over.
 template <class TVisit>
 void TInmemClass::WalkDown(TVisit visit) {
-  std::forward_list<TLevel> way;
-  std::unordered_set<const TInmemClass*> onTheWay{this};
-  way.emplace_front(shared_from_this());
+  std::deque<TLevel> way;
+  way.emplace_back(shared_from_this(), &way);
   while (!way.empty()) {
-    const auto subClass = way.front().cursor.Next();
-    const EStep step = subClass ? visit(subClass) : EStep::kUp;
+    auto& cursor = way.back().cursor;
+    const EStep step = cursor.Next() ? visit(cursor.GetCurrent()) : EStep::kUp;
     if (step == EStep::kUp) {
-      onTheWay.erase(way.front().cimClass.get());
-      way.pop_front();
-    } else if (step == EStep::kDown && !subClass->subClasses_.IsEmpty() &&
-               onTheWay.insert(subClass.get()).second) {
-      way.emplace_front(subClass);
+      way.pop_back();
+    } else if (step == EStep::kDown) {
+      const auto& subClass = cursor.GetCurrent();
+      const auto& below = subClass->subClasses_.Get();
+      if (!below.IsEmpty() && !below.IsEnteredBy(&way)) way.emplace_back(subClass, &way);
     }
   }
 }
 
 void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool deep, TCIMContext) {
-  if (!deep) return Enumerate(shared_from_this(), subClasses_, kStopsAndDiscards, callback);
+  if (!deep) return Enumerate(shared_from_this(), subClasses_.Get(), kStopsAndDiscards, callback);
   WalkDown([&](const boost::shared_ptr<TInmemClass>& subClass) {
     bool isWanted = false;  // nor are a class's descendants when the callback throws
     const auto call = [&] { return isWanted = callback(subClass); };
@@ -74,8 +74,8 @@ void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool de
 
 void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TCIMContext) {
   const auto self = shared_from_this();
-  const auto visit = [&](const TInstanceTable::TPointer& instance) {
-    return callback(boost::static_pointer_cast<TInmemInstance>(instance));
+  const auto visit = [&](TInstanceTable::TPointer instance) {
+    return callback(boost::static_pointer_cast<TInmemInstance>(std::move(instance)));
   };
   Enumerate(self, instances_, kVisitsAllAndDiscards, visit);
   if (!deep) return;

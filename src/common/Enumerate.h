@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "Swallow.h"
 
 namespace NZELVYR20 {
@@ -30,8 +32,11 @@ void Enumerate(const TOwner& owner, const TTable& table, TEnumerationRule rule,
                const TCallback& callback) {
   const TOwner held(owner);
   typename TTable::TCursor cursor(table);
-  while (auto element = cursor.Next()) {
-    if (!CallBack(rule, [&] { return callback(element); })) return;
+  for (;;) {
+    auto&& element = cursor.Next();
+    if (!element) return;
+    const auto call = [&] { return callback(std::forward<decltype(element)>(element)); };
+    if (!CallBack(rule, call)) return;
   }
 }
 

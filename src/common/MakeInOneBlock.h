@@ -9,7 +9,7 @@
 namespace NZELVYR20 {
 
 /// So much of a block is in front of the object, for what its pointers share.
-constexpr std::size_t kSharedSize = 48;
+constexpr std::size_t kSharedSize = 8 + 4 * sizeof(void*);
 
 /// Hands out the front of one block, and frees the block with it.
 template <class TShared>

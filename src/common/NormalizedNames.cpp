@@ -1,20 +1,35 @@
 #include "NormalizedNames.h"
 
-#include <algorithm>
+#include <array>
 
 #include "Failures.h"
 #include "Names.h"
 
 namespace NZELVYR20 {
 
-bool IsName(const std::string& name) {
-  return name.empty() ||
-         (IsNameStart(name.front()) && std::all_of(name.begin() + 1, name.end(), IsNamePart));
-}
+namespace {
 
+/// What each character of names folds to; null for those that are of no name.
+constexpr auto kFolded = [] {
+  std::array<char, 256> folded{};
+  for (unsigned char character = 0; character < 128; ++character) {
+    const char part = static_cast<char>(character);
+    if (IsNamePart(part)) folded[character] = FoldCharacter(part);
+  }
+  return folded;
+}();
+
+}  // namespace
+
+/// Every look-up begins here, so each character is looked at once.
 std::string NormalizeName(const std::string& name) {
-  std::string folded = FoldName(name);
-  if (!IsName(folded)) {
+  std::string folded(name);
+  bool isName = name.empty() || IsNameStart(name.front());
+  for (char& character : folded) {
+    character = kFolded[static_cast<unsigned char>(character)];
+    isName = isName && character != '\0';
+  }
+  if (!isName) {
     LogValidationFailure("Inmem: CIM name '" + name + "' is invalid");
     throw Failure::InvalidName();
   }

@@ -4,11 +4,9 @@
 
 namespace NZELVYR20 {
 
-/// The rule for names. Whether the name is a CIM name; an empty one counts as such.
-bool IsName(const std::string& name);
-
-/// The key under which tables keep a name: folded to lower case, alike in every locale. An empty
-/// name is its own key. A name that is no CIM name is logged at level 0 and thrown as status 25.
+/// The rule for names, and the key under which tables keep one: folded to lower case, alike in
+/// every locale. An empty name is its own key. A name that is no CIM name is logged at level 0 and
+/// thrown as status 25.
 std::string NormalizeName(const std::string& name);
 
 /// How declarations and qualifiers compare: by normalized name and nothing else. The left name is

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
 #include <functional>
@@ -36,10 +35,13 @@ class TOrderedTable {
   /// Stands on the element that a walk has come to, or before the next one where that was removed.
   class TCursor {
    public:
-    explicit TCursor(const TOrderedTable& table, EAdded added = EAdded::kSkipped)
+    /// `walk` may tell of which walk through several tables the cursor is.
+    explicit TCursor(const TOrderedTable& table, EAdded added = EAdded::kSkipped,
+                     const void* walk = nullptr)
         : table_(table),
           place_(table.entries_.begin()),
-          lastSerial_(added == EAdded::kVisited ? kEverySerial : table.revision_) {
+          lastSerial_(added == EAdded::kVisited ? kEverySerial : table.revision_),
+          walk_(walk) {
       table.cursors_.Add(*this);
     }
 
@@ -48,27 +50,37 @@ class TOrderedTable {
 
     ~TCursor() { table_.cursors_.Remove(*this); }
 
-    /// The next element, held; empty at the end.
-    TPointer Next() {
+    /// The next element, which is then the current one; empty at the end.
+    const TPointer& Next() {
       return Next([](const TElement&) { return true; });
     }
 
     /// The next element that `matches`, which must not lead to a change of the table.
     template <class TMatches>
-    TPointer Next(TMatches matches) {
+    const TPointer& Next(TMatches matches) {
       if (isOnPlace_) ++place_;
-      for (isOnPlace_ = false; place_ != table_.entries_.end(); ++place_) {
+      isOnPlace_ = false;
+      removed_.reset();  // with it may go what changes the table
+      for (; place_ != table_.entries_.end(); ++place_) {
         const TEntry& entry = place_->second;
         if (entry.serial > lastSerial_ || !matches(*entry.element)) continue;
         isOnPlace_ = true;
         return entry.element;
       }
-      return TPointer();
+      return removed_;
+    }
+
+    /// What Next returned last. It is held: by the table as long as it stands there, since holding
+    /// it once more would cost as much as the rest of a step, and from then on by the cursor.
+    const TPointer& GetCurrent() const {
+      return isOnPlace_ && !removed_ ? place_->second.element : removed_;
     }
 
    private:
     friend class TOrderedTable;
     static constexpr std::uint64_t kEverySerial = ~std::uint64_t{0};
+
+    void HoldCurrent() { removed_ = GetCurrent(); }
 
     void MoveTo(typename TEntries::const_iterator next) {
       place_ = next;
@@ -78,7 +90,9 @@ class TOrderedTable {
     const TOrderedTable& table_;
     typename TEntries::const_iterator place_;
     bool isOnPlace_ = false;  ///< else the element there is the next one
+    TPointer removed_;        ///< the current element where it is no longer on the place
     std::uint64_t lastSerial_;
+    const void* walk_;
     TChainLink ofTable_;
   };
 
@@ -87,7 +101,7 @@ class TOrderedTable {
   class TDraft {
    public:
     void Add(const TKey& key, const TPointer& element) {
-      entries_.emplace(key, TEntry{element, 0});
+      entries_.emplace_hint(entries_.end(), key, TEntry{element, 0});
     }
 
     /// Calls `visit(element)` for every entry.
@@ -126,6 +140,12 @@ class TOrderedTable {
 
   bool IsEmpty() const { return entries_.empty(); }
 
+  /// Whether a cursor of that walk is here; asked by the walk itself, whose cursors came after all
+  /// that are not of a walk within it.
+  bool IsEnteredBy(const void* walk) const {
+    return !cursors_.IsEmpty() && cursors_.GetFirst().walk_ == walk;
+  }
+
   /// Differs after every change from what it was before.
   std::uint64_t GetRevision() const { return revision_; }
 
@@ -155,37 +175,39 @@ class TOrderedTable {
   /// Inserts, or puts the element in place of the one that is there. An allocation that fails
   /// leaves the table as it was.
   void Put(const TKey& key, TPointer element) {
-    const auto entry = entries_.find(key);
-    if (entry == entries_.end()) {
-      Insert(key, element);
-      return;
+    const auto entry = entries_.lower_bound(key);
+    if (entry == entries_.end() || key < entry->first) {
+      entries_.emplace_hint(entry, key, TEntry{std::move(element), revision_ + 1});
+    } else {
+      Replace(entry, element);
     }
     ++revision_;
-    entry->second.element.swap(element);
   }
 
   /// Takes an element out; tells whether there was one. The element goes last, when the table is
   /// whole again.
   template <class TLookup>
   bool Erase(const TLookup& key) {
-    return EraseEntry(entries_.find(key));
-  }
-
-  /// Takes out the first entry of which `matches(key, element)` is true; tells whether there was
-  /// one.
-  template <class TMatches>
-  bool EraseFirst(TMatches matches) {
-    const auto isMatch = [&](const auto& entry) {
-      return matches(entry.first, *entry.second.element);
-    };
-    return EraseEntry(std::find_if(entries_.begin(), entries_.end(), isMatch));
+    const auto entry = entries_.find(key);
+    if (entry == entries_.end()) return false;
+    for (TCursor& cursor : cursors_) {
+      if (cursor.place_ != entry) continue;
+      cursor.HoldCurrent();
+      cursor.MoveTo(std::next(entry));
+    }
+    ++revision_;
+    const auto removed = entries_.extract(entry);
+    return true;
   }
 
   void Clear() noexcept {
     TEntries removed;
     removed.swap(entries_);
     ++revision_;
-    for (TCursor& cursor : cursors_) cursor.MoveTo(entries_.end());
+    for (TCursor& cursor : cursors_) {
+      cursor.HoldCurrent();
+      cursor.MoveTo(entries_.end());
+    }
   }
 
   /// Inserts what the draft has under keys that are free here.
@@ -193,15 +215,17 @@ class TOrderedTable {
     if (draft.entries_.empty()) return;
     ++revision_;
     for (auto& made : draft.entries_) made.second.serial = revision_;
-    entries_.merge(draft.entries_);
+    if (!entries_.empty()) return entries_.merge(draft.entries_);
+    entries_.swap(draft.entries_);
+    for (TCursor& cursor : cursors_) cursor.MoveTo(entries_.end());
   }
 
   /// Puts what `replace(element)` returns in place of each element for which it returns one.
   template <class TReplace>
   void ReplaceEach(TReplace replace) {
-    for (auto& [key, entry] : entries_) {
-      TPointer replacement = replace(*entry.element);
-      if (replacement) entry.element.swap(replacement);
+    for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
+      TPointer replacement = replace(*entry->second.element);
+      if (replacement) Replace(entry, replacement);
     }
     ++revision_;
   }
@@ -209,6 +233,10 @@ class TOrderedTable {
   /// What the other table has under keys that are free here.
   TDraft GetMissing(const TOrderedTable& other) const {
     TDraft missing;
+    if (entries_.empty()) {
+      missing.entries_ = other.entries_;  // at once, which compares no keys
+      return missing;
+    }
     for (const auto& [key, entry] : other.entries_) {
       if (entries_.find(key) == entries_.end()) missing.Add(key, entry.element);
     }
@@ -223,14 +251,11 @@ class TOrderedTable {
   }
 
  private:
-  bool EraseEntry(typename TEntries::const_iterator entry) {
-    if (entry == entries_.end()) return false;
+  void Replace(typename TEntries::iterator entry, TPointer& element) {
     for (TCursor& cursor : cursors_) {
-      if (cursor.place_ == entry) cursor.MoveTo(std::next(entry));
+      if (cursor.place_ == entry) cursor.HoldCurrent();
     }
-    ++revision_;
-    const auto removed = entries_.extract(entry);
-    return true;
+    entry->second.element.swap(element);
   }
 
   TEntries entries_;

@@ -3,6 +3,7 @@
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
+#include <utility>
 
 #include "TInmemQualifierSet.h"
 
@@ -19,20 +20,21 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   TInmemQualifiedElement& operator=(const TInmemQualifiedElement&) { return *this; }
 
   void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TCIMContext) override {
-    qualifiers_.Add(qualifier);
+    qualifiers_.Add(std::move(qualifier));
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       TCIMContext) override {
-    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), declaration, value);
+    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), std::move(declaration),
+                                               value);
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       ICIMQualifierDecl::EFlavor flavor, TCIMContext) override {
-    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), declaration, value,
-                                               flavor);
+    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), std::move(declaration),
+                                               value, flavor);
   }
 
   const TInmemQualifierSet& GetQualifiers() const { return qualifiers_; }

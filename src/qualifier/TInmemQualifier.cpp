@@ -1,6 +1,7 @@
 #include "TInmemQualifier.h"
 
 #include <boost/make_shared.hpp>
+#include <utility>
 
 #include "ICIMNamedElement.h"
 #include "NormalizedNames.h"
@@ -9,18 +10,22 @@
 namespace NZELVYR20 {
 
 TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                                 const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
+                                 boost::shared_ptr<const ICIMQualifierDecl> declaration,
                                  const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor)
     : owner_(owner),
-      declaration_(declaration),
+      declaration_(std::move(declaration)),
       value_(value),
       flavor_(flavor),
       propagated_(false) {}
 
 TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                                 const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
+                                 boost::shared_ptr<const ICIMQualifierDecl> declaration,
                                  const TCIMValue& value)
-    : TInmemQualifier(owner, declaration, value, declaration->GetFlavor({})) {}
+    : owner_(owner),
+      declaration_(std::move(declaration)),
+      value_(value),
+      flavor_(declaration_->GetFlavor({})),
+      propagated_(false) {}
 
 TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
                                  const boost::shared_ptr<const ICIMQualifier>& source)
@@ -49,8 +54,8 @@ boost::shared_ptr<TInmemQualifier> TInmemQualifier::CopyWithoutClasses() const {
 }
 
 void TInmemQualifier::AddToClassOrProperty(TCIMContext) const {
-  const auto self = boost::const_pointer_cast<TInmemQualifier>(shared_from_this());
-  GetClassOrProperty({})->AddQualifier(self, {});
+  auto self = boost::const_pointer_cast<TInmemQualifier>(shared_from_this());
+  GetClassOrProperty({})->AddQualifier(std::move(self), {});
 }
 
 void TInmemQualifier::Validate(TCIMContext) {}

@@ -15,13 +15,12 @@ class TInmemQualifier : public ICIMQualifier,
                         public boost::enable_shared_from_this<TInmemQualifier> {
  public:
   TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                  const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
-                  const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor);
+                  boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
+                  ICIMQualifierDecl::EFlavor flavor);
 
   /// With the flavor of the declaration.
   TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                  const boost::shared_ptr<const ICIMQualifierDecl>& declaration,
-                  const TCIMValue& value);
+                  boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value);
 
   /// A copy for another element. The propagated mark is carried over as it is: whoever passes a
   /// qualifier down sets it.

@@ -19,15 +19,17 @@ bool HasFlavor(const ICIMQualifier& qualifier, ICIMQualifierDecl::EFlavor flavor
 
 }  // namespace
 
-void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) {
+void TInmemQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
   const std::string key = NormalizeName(qualifier->GetName({}));
   const auto attached = qualifiers_.Find(key);
   if (attached && !HasFlavor(*attached, ICIMQualifierDecl::kOverridable)) {
     if (Conflicts(*attached, *qualifier)) throw Failure::QualifierConflict();
     return;  // the same again: the attached object stays
   }
-  qualifiers_.Put(key, InMemory<TInmemQualifier>(qualifier));
-  NoteKey();
+  auto added = InMemory<TInmemQualifier>(std::move(qualifier));
+  const TInmemQualifier* const now = added.get();
+  qualifiers_.Put(key, std::move(added));
+  if (key == QualifierKey::kKey) key_ = now;
 }
 
 bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,

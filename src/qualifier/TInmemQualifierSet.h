@@ -29,7 +29,7 @@ class TInmemQualifierSet {
   explicit TInmemQualifierSet(EMatch match) : match_(match) {}
 
   /// ICIMNamedElement::AddQualifier: status 25, then 28; a failure changes nothing.
-  void Add(const boost::shared_ptr<ICIMQualifier>& qualifier);
+  void Add(boost::shared_ptr<ICIMQualifier> qualifier);
 
   /// Takes out the qualifier of that name; status 15 when there is none.
   void Remove(const std::string& name);

@@ -36,6 +36,20 @@ TEST_F(TDepthTest, AChainThatOnlyItsHeadHolds) {
   EXPECT_TRUE(last.expired());
 }
 
+/// Neither adding, replacing nor removing a class may look through its siblings.
+TEST_F(TDepthTest, AHundredThousandSiblings) {
+  const auto replaced = MakeClass(space, "Again", "x");
+  const auto replacement = MakeClass(space, "Again", "x");
+  replaced->AddToNamespace({});
+  std::vector<TClass> siblings;
+  for (int i = 0; i < 100000; ++i) siblings.push_back(DefineClass("C" + std::to_string(i)));
+  replacement->AddToNamespace({});
+  siblings.push_back(replacement);
+  for (; siblings.size() > 1; siblings.pop_back()) siblings.back()->RemoveFromNamespace({});
+  EXPECT_EQ(NamesOf([&](const TNamer& note) { space->EnumerateRootClasses(note, {}); }),
+            TNames{"C0"});
+}
+
 /// A class that replaces its own ancestor takes over that one's subclasses and so stands below
 /// itself.
 TEST_F(TDepthTest, AClassBelowItselfIsEnteredOnce) {

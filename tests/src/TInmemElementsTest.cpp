@@ -176,6 +176,20 @@ TEST_F(TInmemElementsTest, AWalkGoesOnAfterWhatItTakesOut) {
   EXPECT_EQ(names, ids);
 }
 
+TEST_F(TInmemElementsTest, AWalkHoldsWhatIsReplacedInItsTurn) {
+  DeclareProperty(port, "PORTTYPE", 1U, {"Key"});
+  const boost::weak_ptr<ICIMPropertyDecl> replaced = port->GetPropertyDecl("PORTTYPE", {});
+  const auto replace = [&](const std::string* name) {
+    DeclareProperty(port, "PortType", 1U);
+    EXPECT_FALSE(replaced.expired());
+    EXPECT_EQ(*name, "PORTTYPE");
+    return false;
+  };
+  port->EnumerateKeyNames([&](const std::string* name) { return *name == "Id" || replace(name); },
+                          {});
+  EXPECT_TRUE(replaced.expired());
+}
+
 TEST_F(TInmemElementsTest, AnInstanceIsStampedWithTheTimeOfItsMaking) {
   DeclareProperty(port, "dateTimeOFcollection", TCIMValue::Null(TType::kDateTime));
   const TCIMValue before(TOSSpecific::GetLocalTime());

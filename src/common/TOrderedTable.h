@@ -199,11 +199,11 @@ class TOrderedTable {
   /// Puts what `replace(element)` returns in place of each element for which it returns one.
   template <class TReplace>
   void ReplaceEach(TReplace replace) {
+    ++revision_;
     for (auto& [key, entry] : entries_) {
       TPointer replacement = replace(*entry.element);
       if (replacement) entry.element.swap(replacement);
     }
-    ++revision_;
   }
 
   /// What the other table has under keys that are free here.

@@ -27,7 +27,7 @@ void TInmemQualifierSet::Add(const boost::shared_ptr<ICIMQualifier>& qualifier) 
     return;  // the same again: the attached object stays
   }
   qualifiers_.Put(key, InMemory<TInmemQualifier>(qualifier));
-  NoteKey();
+  NoteChange();
 }
 
 bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
@@ -38,7 +38,7 @@ bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
 
 void TInmemQualifierSet::Remove(const std::string& name) {
   if (!qualifiers_.Erase(NormalizeName(name))) throw Failure::NotFound();
-  NoteKey();
+  NoteChange();
 }
 
 boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name) const {
@@ -77,7 +77,7 @@ void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
         copies.Add(key, copy);
       });
   qualifiers_.Insert(std::move(copies));
-  NoteKey();
+  NoteChange();
 }
 
 void TInmemQualifierSet::ReleaseClasses() noexcept {
@@ -89,7 +89,7 @@ void TInmemQualifierSet::ReleaseClasses() noexcept {
   } catch (const std::bad_alloc&) {
     // A namespace goes, and nobody is there to be told that some of it stays.
   }
-  NoteKey();
+  NoteChange();
 }
 
 }  // namespace NZELVYR20

@@ -142,13 +142,11 @@ const TInmemPropertyDecl* TInmemPropertyBase::FindOwnDeclaration() const {
   return isOwn ? static_cast<const TInmemPropertyDecl*>(&declaration) : nullptr;
 }
 
-/// A miss is ordinary, several for each rendered value, and so it does not throw on the way. The
-/// pointer holds what a host's declaration answers; the repository's hold theirs.
+/// A miss is ordinary, several for each rendered value, and so it does not throw on the way.
 boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
     const TDisplayQualifier& name) const {
-  using TPointer = boost::shared_ptr<const ICIMQualifier>;
   if (const auto* const own = FindOwnDeclaration()) {
-    return TPointer(TPointer(), own->GetQualifiers().FindRare(name.key, name.bit));
+    return own->GetQualifiers().FindRare(name.key, name.bit);
   }
   const auto declaration = GetDeclaration({});
   try {

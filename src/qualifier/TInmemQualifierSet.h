@@ -44,11 +44,11 @@ class TInmemQualifierSet {
   }
 
   /// The same for one of a few names, each marked by a bit, that are asked for again and again and
-  /// are rarely there: a miss is noted until the next change. The set keeps the qualifier.
-  const TInmemQualifier* FindRare(std::string_view key, std::uint8_t bit) const {
-    if ((missing_ & bit) != 0) return nullptr;
-    const TInmemQualifier* const qualifier = FindKey(key).get();
-    if (qualifier == nullptr) missing_ |= bit;
+  /// are rarely there: a miss is noted until the next change.
+  boost::shared_ptr<TInmemQualifier> FindRare(std::string_view key, std::uint8_t bit) const {
+    if ((missing_ & bit) != 0) return {};
+    auto qualifier = FindKey(key);
+    if (!qualifier) missing_ |= bit;
     return qualifier;
   }
 

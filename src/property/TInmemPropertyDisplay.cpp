@@ -118,6 +118,7 @@ std::string TInmemPropertyBase::ToStringWithQualifiers(const TCIMValue& value) c
   const auto number = ReadUnsigned(value);
   if (!number) return ToStringWithBase(value);
   const std::string units = FindText(DisplayQualifier::kUnits);
+  if (units.empty()) return ToStringWithBase(value);
   std::string_view unit = units;
   const int scale = SplitPrefix(unit);
   if (unit == "Seconds") return RenderTime(*number, scale);

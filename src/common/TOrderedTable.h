@@ -223,11 +223,11 @@ class TOrderedTable {
   /// Puts what `replace(element)` returns in place of each element for which it returns one.
   template <class TReplace>
   void ReplaceEach(TReplace replace) {
+    ++revision_;
     for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
       TPointer replacement = replace(*entry->second.element);
       if (replacement) Replace(entry, replacement);
     }
-    ++revision_;
   }
 
   /// What the other table has under keys that are free here.

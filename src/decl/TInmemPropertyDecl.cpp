@@ -2,6 +2,7 @@
 
 #include "Failures.h"
 #include "TInmemClass.h"
+#include "TValueMapTable.h"
 
 namespace NZELVYR20 {
 

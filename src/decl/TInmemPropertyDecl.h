@@ -3,6 +3,7 @@
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "ICIMPropertyDecl.h"
@@ -12,6 +13,7 @@
 namespace NZELVYR20 {
 
 class TInmemClass;
+class TValueMapTable;
 
 /// The declaration of a property. It has no type of its own: type and array-ness are those of the
 /// default value.
@@ -40,6 +42,9 @@ class TInmemPropertyDecl : public TInmemFeatureDecl<ICIMPropertyDecl, TInmemProp
   /// How often the default was set.
   std::uint64_t GetDefaultRevision() const { return defaultRevision_; }
 
+  /// Room for what the display of values keeps with the declaration.
+  std::unique_ptr<TValueMapTable>& GetValueMapTable() const { return valueMapTable_; }
+
   /// Lets go of the classes that the default and the qualifiers hold.
   void ReleaseClasses() noexcept;
 
@@ -64,6 +69,7 @@ class TInmemPropertyDecl : public TInmemFeatureDecl<ICIMPropertyDecl, TInmemProp
   const boost::weak_ptr<TInmemClass> class_;
   TTypedValue default_;
   std::uint64_t defaultRevision_ = 0;
+  mutable std::unique_ptr<TValueMapTable> valueMapTable_;
 };
 
 }  // namespace NZELVYR20

@@ -3,6 +3,7 @@
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "DisplayQualifiers.h"
@@ -11,6 +12,8 @@
 namespace NZELVYR20 {
 
 class ICIMQualifier;
+class TInmemPropertyDecl;
+class TValueMapTable;
 
 /// One property of one instance, whatever links it to its declaration: its values, their checks
 /// and their renderings. Whoever hands a property out sees to it that something keeps the
@@ -86,6 +89,9 @@ class TInmemPropertyBase : public ICIMProperty {
  private:
   void Check(const TCIMValue& value, const char* operation) const;
 
+  const TInmemPropertyDecl* FindOwnDeclaration() const;
+  boost::shared_ptr<TValueMapTable> FindTable(const TCIMValue& value, int arrayBit) const;
+  TValueMapTable* FindKeptTable(const TInmemPropertyDecl& declaration) const;
   boost::shared_ptr<const ICIMQualifier> FindQualifier(const TDisplayQualifier& name) const;
   boost::shared_ptr<const ICIMQualifier> FindUsableQualifier(const TDisplayQualifier& name,
                                                              TCIMValue::TCIMType type) const;
@@ -94,8 +100,8 @@ class TInmemPropertyBase : public ICIMProperty {
 
   std::string Render(const TCIMValue& value) const;
   std::string RenderTime(std::uint64_t number, int scale) const;
-  std::string RenderScaled(std::uint64_t number, const std::string& unit, int scale) const;
-  std::string RenderUnit(const std::string& unit, int scale) const;
+  std::string RenderScaled(std::uint64_t number, std::string_view unit, int scale) const;
+  std::string RenderUnit(std::string_view unit, int scale) const;
   int GetScaleLimit() const;
 };
 

@@ -1,11 +1,14 @@
+#include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
+#include <string_view>
 
 #include "ICIMQualifier.h"
+#include "Names.h"
 #include "Swallow.h"
 #include "TCIMDateTime.h"
 #include "TInmemPropertyBase.h"
+#include "TValueMapTable.h"
 #include "UnsignedNumber.h"
 
 namespace NZELVYR20 {
@@ -19,14 +22,14 @@ constexpr int kUnscaled = 5;
 constexpr int kMilli = 6;
 constexpr int kMicro = 7;
 constexpr int kNano = 8;
-constexpr std::array<const char*, kScales> kLongPrefixes{"Peta", "Tera",  "Giga",  "Mega", "Kilo",
-                                                         "",     "Milli", "Micro", "Nano"};
-constexpr std::array<const char*, kScales> kShortPrefixes{"P", "T", "G", "M", "K",
-                                                          "",  "m", "u", "n"};
+constexpr std::array<std::string_view, kScales> kLongPrefixes{
+    "Peta", "Tera", "Giga", "Mega", "Kilo", "", "Milli", "Micro", "Nano"};
+constexpr std::array<std::string_view, kScales> kShortPrefixes{"P", "T", "G", "M", "K",
+                                                               "",  "m", "u", "n"};
 
 struct TAbbreviation {
-  const char* unit;
-  const char* text;
+  std::string_view unit;
+  std::string_view text;
 };
 
 /// The first match counts. The second entry, which never does, stands for the place where "Bits"
@@ -38,7 +41,7 @@ constexpr std::array<TAbbreviation, 4> kAbbreviations{{
     {"Bits per Second", "bps"},
 }};
 
-std::string Abbreviate(const std::string& unit) {
+std::string_view Abbreviate(std::string_view unit) {
   for (const TAbbreviation& abbreviation : kAbbreviations) {
     if (unit == abbreviation.unit) return abbreviation.text;
   }
@@ -46,7 +49,7 @@ std::string Abbreviate(const std::string& unit) {
 }
 
 /// By what the unit is scaled; 0 for a unit that is not.
-float GetDivisor(const std::string& unit) {
+float GetDivisor(std::string_view unit) {
   constexpr float kBinary = 1024;
   constexpr float kDecimal = 1000;
   if (unit == "Bytes" || unit == "Bits" || unit == "Bytes per Second") return kBinary;
@@ -54,11 +57,11 @@ float GetDivisor(const std::string& unit) {
 }
 
 /// Cuts a long prefix off the unit and returns its scale.
-int SplitPrefix(std::string& unit) {
+int SplitPrefix(std::string_view& unit) {
   for (int scale = 0; scale < kScales; ++scale) {
-    const std::string prefix = kLongPrefixes[scale];
-    if (prefix.empty() || unit.compare(0, prefix.size(), prefix) != 0) continue;
-    unit.erase(0, prefix.size());
+    const std::string_view prefix = kLongPrefixes[scale];
+    if (prefix.empty() || unit.substr(0, prefix.size()) != prefix) continue;
+    unit.remove_prefix(prefix.size());
     return scale;
   }
   return kUnscaled;
@@ -96,20 +99,6 @@ TCIMDateTime MakeInterval(std::uint64_t number, std::uint64_t perSecond) {
   return interval;
 }
 
-bool IsTranslatable(const TCIMValue& value, int arrayBit) {
-  if (value.IsNull()) return false;
-  switch (static_cast<int>(value.GetType()) - arrayBit) {
-    case TType::kBoolean:
-    case TType::kUInt8:
-    case TType::kUInt16:
-    case TType::kUInt32:
-    case TType::kUInt64:
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace
 
 /// Empty where the qualifier is absent, null or no string.
@@ -128,7 +117,9 @@ std::string TInmemPropertyBase::ToStringWithQualifiers(const TCIMValue& value) c
   if (value.IsNull()) return FindText(DisplayQualifier::kNullDisplay);
   const auto number = ReadUnsigned(value);
   if (!number) return ToStringWithBase(value);
-  std::string unit = FindText(DisplayQualifier::kUnits);
+  const std::string units = FindText(DisplayQualifier::kUnits);
+  if (units.empty()) return ToStringWithBase(value);
+  std::string_view unit = units;
   const int scale = SplitPrefix(unit);
   if (unit == "Seconds") return RenderTime(*number, scale);
   if (GetDivisor(unit) == 0) return ToStringWithBase(value);
@@ -157,7 +148,7 @@ int TInmemPropertyBase::GetScaleLimit() const {
   return 0;
 }
 
-std::string TInmemPropertyBase::RenderScaled(std::uint64_t number, const std::string& unit,
+std::string TInmemPropertyBase::RenderScaled(std::uint64_t number, std::string_view unit,
                                              int scale) const {
   const float divisor = GetDivisor(unit);
   const int limit = GetScaleLimit();
@@ -169,24 +160,19 @@ std::string TInmemPropertyBase::RenderScaled(std::uint64_t number, const std::st
   return FormatNumber(scaled) + " " + RenderUnit(unit, scale);
 }
 
-std::string TInmemPropertyBase::RenderUnit(const std::string& unit, int scale) const {
+std::string TInmemPropertyBase::RenderUnit(std::string_view unit, int scale) const {
   if (IsQualifierSet(DisplayQualifier::kAbbreviate)) {
-    return kShortPrefixes[scale] + Abbreviate(unit);
+    return std::string(kShortPrefixes[scale]).append(Abbreviate(unit));
   }
-  std::string text = kLongPrefixes[scale] + unit;
-  for (std::size_t i = 1; i < text.size(); ++i) {
-    text[i] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[i])));
-  }
+  std::string text = std::string(kLongPrefixes[scale]).append(unit);
+  std::transform(text.begin() + 1, text.end(), text.begin() + 1, FoldCharacter);
   return text;
 }
 
 std::string TInmemPropertyBase::Render(const TCIMValue& value) const {
-  std::vector<TValueMapEntry> table;
-  std::string otherText;
-  if (!IsTranslatable(value, 0) || !BuildValueMapEntryArray(table, otherText)) {
-    return ToStringWithQualifiers(value);
-  }
-  return LookupInTable(value, table, otherText);
+  const auto table = FindTable(value, 0);
+  if (!table) return ToStringWithQualifiers(value);
+  return LookupInTable(value, table->entries, table->otherText);
 }
 
 std::string TInmemPropertyBase::ToString() const { return Render(GetValue({})); }
@@ -194,15 +180,12 @@ std::string TInmemPropertyBase::ToString() const { return Render(GetValue({})); 
 std::string TInmemPropertyBase::PrevValueToString() const { return Render(GetPrevValue()); }
 
 std::vector<std::string> TInmemPropertyBase::ToStringVector() const {
-  std::vector<TValueMapEntry> table;
-  std::string otherText;
-  if (!IsTranslatable(GetValue({}), TType::kArray) || !BuildValueMapEntryArray(table, otherText)) {
-    return ToStringVectorWithBase();
-  }
+  const auto table = FindTable(GetValue({}), TType::kArray);
+  if (!table) return ToStringVectorWithBase();
   TCIMValue array(GetValue({}));
   std::vector<std::string> texts;
   for (const TCIMValue& element : static_cast<std::vector<TCIMValue>&>(array)) {
-    texts.push_back(LookupInTable(element, table, otherText));
+    texts.push_back(LookupInTable(element, table->entries, table->otherText));
   }
   return texts;
 }

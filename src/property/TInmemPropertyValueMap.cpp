@@ -1,13 +1,16 @@
+#include <boost/make_shared.hpp>
 #include <charconv>
 #include <limits>
 #include <locale>
 #include <optional>
 #include <sstream>
+#include <typeinfo>
 
 #include "Failures.h"
 #include "ICIMQualifier.h"
 #include "TInmemPropertyBase.h"
 #include "TInmemPropertyDecl.h"
+#include "TValueMapTable.h"
 #include "UnsignedNumber.h"
 
 namespace NZELVYR20 {
@@ -109,6 +112,20 @@ void NumberTexts(const std::vector<TCIMValue>& texts, TTable& table) {
   }
 }
 
+bool IsTranslatable(const TCIMValue& value, int arrayBit) {
+  if (value.IsNull()) return false;
+  switch (static_cast<int>(value.GetType()) - arrayBit) {
+    case TType::kBoolean:
+    case TType::kUInt8:
+    case TType::kUInt16:
+    case TType::kUInt32:
+    case TType::kUInt64:
+      return true;
+    default:
+      return false;
+  }
+}
+
 std::uint64_t ToNumber(const TCIMValue& value) {
   if (value.GetType() == TType::kBoolean) return static_cast<bool>(value) ? 1 : 0;
   const auto number = ReadUnsigned(value);
@@ -118,13 +135,20 @@ std::uint64_t ToNumber(const TCIMValue& value) {
 
 }  // namespace
 
+/// The declaration, where it is one of the repository's; empty where it is a host's.
+const TInmemPropertyDecl* TInmemPropertyBase::FindOwnDeclaration() const {
+  const ICIMPropertyDecl& declaration = Declaration();
+  const bool isOwn = typeid(declaration) == typeid(TInmemPropertyDecl);  // a cast takes much longer
+  return isOwn ? static_cast<const TInmemPropertyDecl*>(&declaration) : nullptr;
+}
+
 /// A miss is ordinary, several for each rendered value, and so it does not throw on the way.
 boost::shared_ptr<const ICIMQualifier> TInmemPropertyBase::FindQualifier(
     const TDisplayQualifier& name) const {
-  const auto declaration = GetDeclaration({});
-  if (const auto own = boost::dynamic_pointer_cast<const TInmemPropertyDecl>(declaration)) {
-    return own->GetQualifiers().FindKey(name.key);
+  if (const auto* const own = FindOwnDeclaration()) {
+    return own->GetQualifiers().FindRare(name.key, name.bit);
   }
+  const auto declaration = GetDeclaration({});
   try {
     return declaration->GetQualifier(name.name, {});
   } catch (const TVYRException& failure) {
@@ -163,6 +187,31 @@ bool TInmemPropertyBase::BuildValueMapEntryArray(std::vector<TValueMapEntry>& ta
     }
   }
   return true;
+}
+
+/// Empty where none translates the value. The pointer holds what a host's declaration makes; the
+/// repository's keep theirs.
+boost::shared_ptr<TValueMapTable> TInmemPropertyBase::FindTable(const TCIMValue& value,
+                                                                int arrayBit) const {
+  using TPointer = boost::shared_ptr<TValueMapTable>;
+  if (!IsTranslatable(value, arrayBit)) return TPointer();
+  const TInmemPropertyDecl* const own = FindOwnDeclaration();
+  if (own != nullptr) return TPointer(TPointer(), FindKeptTable(*own));
+  auto made = boost::make_shared<TValueMapTable>();
+  return BuildValueMapEntryArray(made->entries, made->otherText) ? made : TPointer();
+}
+
+TValueMapTable* TInmemPropertyBase::FindKeptTable(const TInmemPropertyDecl& declaration) const {
+  const TInmemQualifierSet& qualifiers = declaration.GetQualifiers();
+  std::unique_ptr<TValueMapTable>& kept = declaration.GetValueMapTable();
+  if (!kept || !kept->IsCurrent(qualifiers)) {
+    kept.reset();
+    if (!FindQualifier(DisplayQualifier::kValues)) return nullptr;
+    auto made = std::make_unique<TValueMapTable>(qualifiers);
+    made->isUsable = BuildValueMapEntryArray(made->entries, made->otherText);
+    kept = std::move(made);
+  }
+  return kept->isUsable ? kept.get() : nullptr;
 }
 
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): one of three const operations

@@ -79,6 +79,7 @@ boost::shared_ptr<const ICIMQualifierDecl> TInmemQualifier::GetDeclaration(TCIMC
 const TCIMValue& TInmemQualifier::GetValue(TCIMContext) const { return value_.Get(); }
 
 void TInmemQualifier::SetValue(const TCIMValue& value, TCIMContext) {
+  if (revision_ != kLastRevision) ++revision_;
   value_.Set(value);
   propagated_ = false;
 }

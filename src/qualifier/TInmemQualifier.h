@@ -3,6 +3,8 @@
 #include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
+#include <cstdint>
+#include <limits>
 #include <string>
 
 #include "ICIMQualifier.h"
@@ -31,6 +33,10 @@ class TInmemQualifier : public ICIMQualifier,
   ~TInmemQualifier() override;
 
   void SetPropagated(bool propagated) { propagated_ = propagated; }
+
+  /// How often the value was set; the last revision stands for any number from there on.
+  static constexpr std::uint16_t kLastRevision = std::numeric_limits<std::uint16_t>::max();
+  std::uint16_t GetRevision() const { return revision_; }
 
   /// Whether the value, or the declaration's default, may hold classes.
   bool MayHoldClasses() const;
@@ -64,6 +70,7 @@ class TInmemQualifier : public ICIMQualifier,
   TTypedValue value_;
   ICIMQualifierDecl::EFlavor flavor_;
   bool propagated_;
+  std::uint16_t revision_ = 0;  ///< as wide as there is room after the mark
 };
 
 }  // namespace NZELVYR20

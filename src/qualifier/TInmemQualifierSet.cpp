@@ -29,6 +29,7 @@ void TInmemQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
   auto added = InMemory<TInmemQualifier>(std::move(qualifier));
   const TInmemQualifier* const now = added.get();
   qualifiers_.Put(key, std::move(added));
+  missing_ = 0;
   if (key == QualifierKey::kKey) key_ = now;
 }
 
@@ -40,7 +41,7 @@ bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
 
 void TInmemQualifierSet::Remove(const std::string& name) {
   if (!qualifiers_.Erase(NormalizeName(name))) throw Failure::NotFound();
-  NoteKey();
+  NoteChange();
 }
 
 boost::shared_ptr<TInmemQualifier> TInmemQualifierSet::Find(const std::string& name) const {
@@ -79,7 +80,7 @@ void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
         copies.Add(key, copy);
       });
   qualifiers_.Insert(std::move(copies));
-  NoteKey();
+  NoteChange();
 }
 
 void TInmemQualifierSet::ReleaseClasses() noexcept {
@@ -91,7 +92,7 @@ void TInmemQualifierSet::ReleaseClasses() noexcept {
   } catch (const std::bad_alloc&) {
     // A namespace goes, and nobody is there to be told that some of it stays.
   }
-  NoteKey();
+  NoteChange();
 }
 
 }  // namespace NZELVYR20

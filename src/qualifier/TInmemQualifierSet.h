@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -24,7 +25,7 @@ constexpr std::string_view kOverride = "override";
 class TInmemQualifierSet {
  public:
   /// What an attached qualifier that may not be replaced is compared by.
-  enum class EMatch { kValue, kValueAndFlavor };
+  enum class EMatch : std::uint8_t { kValue, kValueAndFlavor };
 
   explicit TInmemQualifierSet(EMatch match) : match_(match) {}
 
@@ -41,6 +42,18 @@ class TInmemQualifierSet {
   boost::shared_ptr<TInmemQualifier> FindKey(std::string_view key) const {
     return qualifiers_.Find(key);
   }
+
+  /// The same for one of a few names, each marked by a bit, that are asked for again and again and
+  /// are rarely there: a miss is noted until the next change.
+  boost::shared_ptr<TInmemQualifier> FindRare(std::string_view key, std::uint8_t bit) const {
+    if ((missing_ & bit) != 0) return {};
+    auto qualifier = FindKey(key);
+    if (!qualifier) missing_ |= bit;
+    return qualifier;
+  }
+
+  /// Differs after a qualifier was attached or taken out from what it was before.
+  std::uint64_t GetRevision() const { return qualifiers_.GetRevision(); }
 
   /// ICIMNamedElement::GetQualifier with the found flag.
   boost::shared_ptr<TInmemQualifier> Find(const std::string& name, bool& found) const;
@@ -73,10 +86,14 @@ class TInmemQualifierSet {
  private:
   static bool IsTrue(const TInmemQualifier& qualifier);
   bool Conflicts(const ICIMQualifier& attached, const ICIMQualifier& added) const;
-  void NoteKey() { key_ = FindKey(QualifierKey::kKey).get(); }
+  void NoteChange() {
+    key_ = FindKey(QualifierKey::kKey).get();
+    missing_ = 0;
+  }
 
   TNameTable<TInmemQualifier> qualifiers_;
   const TInmemQualifier* key_ = nullptr;  ///< the qualifier "key" among them
+  mutable std::uint8_t missing_ = 0;      ///< what FindRare did not find
   const EMatch match_;
 };
 

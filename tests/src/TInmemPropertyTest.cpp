@@ -1,8 +1,11 @@
 #include "TInmemProperty.h"
 
 #include <limits>
+#include <map>
 
+#include "InMemory.h"
 #include "TForeignDecl.h"
+#include "TInmemPropertyDecl.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
@@ -91,6 +94,49 @@ TEST_F(TInmemPropertyTest, TextsAloneAreNumberedFromZero) {
   EXPECT_EQ(RangesOf(table), "7-7 0-0 1-1 ");
   EXPECT_EQ(Try([&] { property.LookupInTable(1, table, other); }), Quiet(1)) << "it is signed";
   EXPECT_EQ(property.ToStringVector(), TNames{"1"}) << "a scalar has no texts there";
+}
+
+TEST_F(TInmemPropertyTest, ShowsWhatTheQualifiersSayNow) {
+  const auto declaration = InMemory<TInmemPropertyDecl>(Declare(1U));
+  const auto other = Declare(1U);  // a qualifier need not be attached to its own element alone
+  enum class EChange { kAttach, kSet, kSetOften, kRemove };
+  const struct {
+    EChange change;
+    const char* name;
+    TCIMValue value;
+    const char* shown;
+  } rows[] = {
+      {EChange::kAttach, "Units", "Bytes", "1 Bytes"},
+      {EChange::kAttach, "Values", Texts({"Off", "On"}), "On"},
+      {EChange::kSet, "Values", Texts({"No", "Yes"}), "Yes"},
+      {EChange::kAttach, "ValueMap", Texts({"1", "0"}), "No"},
+      {EChange::kSet, "ValueMap", Texts({"0", "1"}), "Yes"},
+      {EChange::kSet, "ValueMap", Texts({"0..", ".."}), "1 Bytes"},
+      {EChange::kSet, "ValueMap", Texts({"0", nullptr}), "status 14"},
+      {EChange::kSet, "ValueMap", Texts({"0"}), "1 Bytes"},
+      {EChange::kRemove, "ValueMap", {}, "Yes"},
+      {EChange::kSet, "Values", "Yes", "1 Bytes"},
+      {EChange::kSetOften, "Values", Texts({"A", "B"}), "B"},
+      {EChange::kSet, "Values", Texts({"C", "D"}), "D"},
+      {EChange::kAttach, "VALUES", Texts({"Down", "Up"}), "Up"},
+      {EChange::kSet, "Values", Texts({"E", "F"}), "Up"},  // of the one that was replaced
+      {EChange::kRemove, "Values", {}, "1 Bytes"},
+  };
+  std::map<std::string, TQualifier> made;
+  const TInmemProperty property(declaration);
+  EXPECT_EQ(property.ToString(), "1");
+  for (const auto& [change, name, value, shown] : rows) {
+    if (change == EChange::kAttach) made[name] = NewQualifier(space, *other, name, value);
+    if (change == EChange::kAttach) declaration->AddQualifier(made[name], {});
+    if (change == EChange::kRemove) declaration->RemoveQualifier(made[name]);
+    const int times = change == EChange::kSetOften ? 1 << 16 : change == EChange::kSet ? 1 : 0;
+    for (int time = 0; time < times; ++time) made[name]->SetValue(value, {});
+    for (const char* time : {"first", "second"}) {
+      std::string text;
+      const auto outcome = Try([&] { text = property.ToString(); });
+      EXPECT_EQ(text.empty() ? outcome : text, shown) << name << ' ' << time;
+    }
+  }
 }
 
 TEST_F(TInmemPropertyTest, OnlyAMissingQualifierIsNoFailureWhenShown) {

@@ -74,8 +74,8 @@ void TInmemClass::EnumerateSubClasses(const TCIMClassCallback& callback, bool de
 
 void TInmemClass::EnumerateInstances(const TCIMInstanceCallback& callback, bool deep, TCIMContext) {
   const auto self = shared_from_this();
-  const auto visit = [&](const TInstanceTable::TPointer& instance) {
-    return callback(boost::static_pointer_cast<TInmemInstance>(instance));
+  const auto visit = [&](TInstanceTable::TPointer instance) {
+    return callback(boost::static_pointer_cast<TInmemInstance>(std::move(instance)));
   };
   Enumerate(self, instances_, kVisitsAllAndDiscards, visit);
   if (!deep) return;

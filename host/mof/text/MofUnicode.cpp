@@ -78,11 +78,12 @@ std::string DecodeUtf16(std::string_view bytes, std::size_t highByte) {
 
 }  // namespace
 
-std::string DecodeMofText(const std::string& bytes) {
+std::string DecodeMofText(std::string bytes) {
   if (StartsWith(bytes, kUtf16LittleEndianMark)) return DecodeUtf16(bytes, 1);
   if (StartsWith(bytes, kUtf16BigEndianMark)) return DecodeUtf16(bytes, 0);
   CheckUtf8(bytes);
-  return StartsWith(bytes, kUtf8Mark) ? bytes.substr(kUtf8Mark.size()) : bytes;
+  if (StartsWith(bytes, kUtf8Mark)) bytes.erase(0, kUtf8Mark.size());
+  return bytes;
 }
 
 void AppendUtf8(std::string& text, std::uint32_t code) {

@@ -198,7 +198,6 @@ std::size_t TInmemInstance::FindPosition(const std::string& name) const {
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
-  values_.Prefetch(position);
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): who reads an instance gets what sets it
   auto& instance = const_cast<TInmemInstance&>(*this);
   for (THeldProperty& held : instance.held_) {

@@ -25,12 +25,6 @@ class TInmemValues {
     return AreOwn()[position] ? GetPlaces() + position : nullptr;
   }
 
-  /// Asks for the memory of what will be looked at.
-  void Prefetch(std::size_t position) const {
-    __builtin_prefetch(AreOwn() + position);
-    __builtin_prefetch(GetPlaces() + position);
-  }
-
   void Set(std::size_t position, const TCIMValue& value);
 
  private:

@@ -83,6 +83,7 @@ void TMofInstances::AddAll(const TProgress& onProgress) {
 
 std::vector<std::size_t> TMofInstances::GetAliasNeeds(std::size_t index) const {
   std::vector<std::size_t> needs;
+  if (byAlias_.empty()) return needs;
   for (const TMofAssignment& assignment : drafts_[index].syntax->assignments) {
     for (const TMofLiteral& literal : assignment.value.literals) {
       if (literal.kind != TMofLiteral::kAlias) continue;

@@ -15,7 +15,8 @@ namespace NZELVYR20 {
 /// for collections that tell owners apart.
 ///
 /// It is itself what its pointers share, and so can make one more of them without a weak pointer to
-/// itself, which would cost as many atomic operations as all else.
+/// itself, which would cost as many atomic operations as all else. Boost has no public way to do
+/// so.
 class THeldProperty final : public TInmemInstanceProperty, private boost::detail::sp_counted_base {
   TChainLink ofInstance_;
 

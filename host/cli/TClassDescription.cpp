@@ -30,9 +30,7 @@ std::string QualifierText(const ICIMQualifier& qualifier) {
 
 std::vector<std::string> QualifierTexts(const ICIMNamedElement& element) {
   std::vector<std::string> texts;
-  for (const auto& qualifier : ListQualifiers(element)) {
-    texts.push_back(QualifierText(*qualifier));
-  }
+  for (const auto& qualifier : ListQualifiers(element)) texts.push_back(QualifierText(*qualifier));
   return texts;
 }
 
@@ -120,9 +118,7 @@ std::string TClassDescription::Properties() const {
 
 std::string TClassDescription::Methods() const {
   TTable table(kIndent);
-  for (const auto& method : ListMethodDecls(*class_)) {
-    AddMethod(*method, table);
-  }
+  for (const auto& method : ListMethodDecls(*class_)) AddMethod(*method, table);
   return Section("Methods", table);
 }
 

@@ -22,9 +22,7 @@ namespace {
 
 std::vector<std::string> ListClassNames(ICIMNamespace& nameSpace) {
   std::vector<std::string> names;
-  for (const auto& cimClass : ListAllClasses(nameSpace)) {
-    names.push_back(cimClass->GetName({}));
-  }
+  for (const auto& cimClass : ListAllClasses(nameSpace)) names.push_back(cimClass->GetName({}));
   return names;
 }
 

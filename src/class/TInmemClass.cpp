@@ -208,7 +208,8 @@ void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
   // An instance and its class hold each other. Without the namespace, which would part them in the
   // end, they would hold for ever.
   if (namespace_.expired()) return;
-  const std::string path = instance->GetReference({}).GetPath();
+  const TCIMReference reference = instance->GetReference({});
+  const std::string& path = reference.GetPath();
   // What was found holds for the references as they were.
   const bool holds = found.changes == referenceChanges_;
   if (holds) return instances_.Put(path, instance, found);

@@ -26,7 +26,8 @@ bool CallBack(TEnumerationRule rule, TCall call) {
 }
 
 /// Hands every element of the table to the callback. `owner` is what holds the table; the walk
-/// keeps it, since a callback may drop the last other reference to it.
+/// keeps it, since a callback may drop the last other reference to it. The element is the
+/// callback's.
 template <class TOwner, class TTable, class TCallback>
 void Enumerate(const TOwner& owner, const TTable& table, TEnumerationRule rule,
                const TCallback& callback) {

@@ -31,14 +31,16 @@ struct TFrontAllocator {
   void* block;
 };
 
-/// An object and what its pointers share, in one block, as boost::make_shared makes it. But when
-/// the last pointer goes, `letGo(object)` decides when the object is destroyed; where it is later,
-/// a weak pointer keeps the block until the object is. And it takes four atomic operations less.
+/// An object and what its pointers share, in one block, as boost::make_shared makes it, with `room`
+/// bytes after it for the object's use. But when the last pointer goes, `letGo(object)` decides
+/// when the object is destroyed; where it is later, a weak pointer keeps the block until the object
+/// is. And it takes four atomic operations less.
 template <class TObject, class TLetGo, class... TArgs>
-boost::shared_ptr<TObject> MakeInOneBlock(TLetGo letGo, TArgs&&... args) {
+boost::shared_ptr<TObject> MakeInOneBlock(TLetGo letGo, std::size_t room, TArgs&&... args) {
   static_assert(kSharedSize % alignof(TObject) == 0);
   const auto free = [](void* block) { ::operator delete(block); };
-  std::unique_ptr<void, decltype(free)> block(::operator new(kSharedSize + sizeof(TObject)), free);
+  const std::size_t size = kSharedSize + sizeof(TObject) + room;
+  std::unique_ptr<void, decltype(free)> block(::operator new(size), free);
   void* const place = static_cast<char*>(block.get()) + kSharedSize;
   auto* const object = new (place) TObject(std::forward<TArgs>(args)...);
   return boost::shared_ptr<TObject>(object, letGo, TFrontAllocator<TObject>(block.release()));

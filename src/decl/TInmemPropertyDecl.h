@@ -35,6 +35,8 @@ class TInmemPropertyDecl : public TInmemFeatureDecl<ICIMPropertyDecl, TInmemProp
   /// Takes out the qualifier of that name, whichever object it is; status 15 when there is none.
   void RemoveQualifier(const boost::shared_ptr<ICIMQualifier>& qualifier);
 
+  bool IsReference() const { return default_.GetType() == TCIMValue::TCIMType::kReference; }
+
   /// The class to which the declaration refers; empty where it is no reference, or one that names
   /// no class.
   boost::shared_ptr<ICIMClass> GetReferencedClass() const;

@@ -18,11 +18,13 @@ class TIndexedInstance {
   TIndexedInstance(const TIndexedInstance&) = delete;
   TIndexedInstance& operator=(const TIndexedInstance&) = delete;
 
-  /// What its pointers share stands in front of it; to be asked for ahead, as the instance is.
-  /// Empty where there is none.
-  static const void* GetShared(const TIndexedInstance* instance) {
-    constexpr std::ptrdiff_t kShared = 64;
-    return instance == nullptr ? nullptr : reinterpret_cast<const char*>(instance) - kShared;
+  /// What a processor gets from memory at once.
+  static constexpr std::ptrdiff_t kLine = 64;
+
+  /// Where the block of an instance begins, to be asked for ahead: first what its pointers share,
+  /// the instance after that, then its values. Empty where there is no instance.
+  static const char* GetBlock(const TIndexedInstance* instance) {
+    return instance == nullptr ? nullptr : reinterpret_cast<const char*>(instance) - kLine;
   }
 
   /// The declarations that the instance was made with.

@@ -14,7 +14,7 @@ using TEntryPointer = std::unique_ptr<TInstanceEntry>;
 
 /// Entries that were taken out may bear the path of a later one.
 bool IsBefore(const TInstanceEntry& left, const TInstanceEntry& right) {
-  const int order = left.path.compare(right.path);
+  const int order = left.GetPath().compare(right.GetPath());
   return order < 0 || (order == 0 && left.serial < right.serial);
 }
 
@@ -45,13 +45,16 @@ TInstanceTable::TCursor::~TCursor() { table_.cursors_.Remove(*this); }
 /// its own, since compilers leave out calls of such as return nothing and change nothing.
 TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
   constexpr std::size_t kAhead = 8;
+  constexpr std::ptrdiff_t kLines = 4;
   const TOrder& order = table_.order_;
   while (next_ < table_.sorted_) {
     if (next_ + 2 * kAhead < order.size()) {
-      const TIndexedInstance* const instance = order[next_ + kAhead]->instance.get();
       __builtin_prefetch(order[next_ + 2 * kAhead].get());
-      __builtin_prefetch(instance);
-      __builtin_prefetch(TIndexedInstance::GetShared(instance));
+      const char* const instance =
+          TIndexedInstance::GetBlock(order[next_ + kAhead]->instance.get());
+      for (std::ptrdiff_t line = 0; line < kLines; ++line) {
+        __builtin_prefetch(instance + line * TIndexedInstance::kLine);
+      }
     }
     const TInstanceEntry& entry = *order[next_++];
     if (entry.instance && entry.serial <= limit_) return entry.instance;
@@ -63,8 +66,10 @@ TInstanceTable::~TInstanceTable() { Clear(); }
 
 /// The link to the entry of that path, or the one at the end of its chain.
 TInstanceEntry** TInstanceTable::FindPlace(std::string_view path, std::size_t hash) const {
-  TInstanceEntry** link = &buckets_[hash & (buckets_.size() - 1)];
-  while (*link && ((*link)->hash != hash || (*link)->path != path)) link = &(*link)->nextInBucket;
+  TInstanceEntry** link = &GetChain(hash);
+  while (*link && ((*link)->hash != hash || (*link)->GetPath() != path)) {
+    link = &(*link)->nextInBucket;
+  }
   return link;
 }
 
@@ -77,7 +82,7 @@ TInstanceTable::TPointer TInstanceTable::Find(std::string_view path) const {
   return entry ? entry->instance : TPointer();
 }
 
-void TInstanceTable::Put(const std::string& path, const TPointer& instance,
+void TInstanceTable::Put(std::string_view path, const TPointer& instance,
                          const TFoundReferences& found) {
   MakeRoom();
   const std::size_t hash = GetHash(path);
@@ -97,24 +102,24 @@ void TInstanceTable::MakeRoom() {
   buckets_.swap(buckets);
   for (TInstanceEntry* entry : buckets) {
     while (entry) {
-      TInstanceEntry*& chain = buckets_[entry->hash & (buckets_.size() - 1)];
+      TInstanceEntry*& chain = GetChain(entry->hash);
       TInstanceEntry* const next = std::exchange(entry->nextInBucket, chain);
       chain = std::exchange(entry, next);
     }
   }
 }
 
-void TInstanceTable::Insert(const std::string& path, std::size_t hash, const TPointer& instance,
+void TInstanceTable::Insert(std::string_view path, std::size_t hash, const TPointer& instance,
                             const TFoundReferences& found) {
-  auto entry = std::make_unique<TInstanceEntry>();
-  entry->path = path;
+  auto entry = TInstanceEntry::Make(path);
   entry->hash = hash;
   entry->serial = serial_ + 1;
   index_.Add(*entry, *instance, found);
   ++serial_;
   entry->instance = instance;
   instance->GetEntries().Add(*entry);
-  *FindPlace(path, hash) = entry.get();
+  TInstanceEntry*& chain = GetChain(hash);
+  entry->nextInBucket = std::exchange(chain, entry.get());
   order_.push_back(std::move(entry));
 }
 

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -57,7 +56,7 @@ class TInstanceTable {
 
   /// Inserts, or puts the instance in place of the one that is there. `found` may tell where its
   /// references lead. An allocation that fails leaves the table as it was.
-  void Put(const std::string& path, const TPointer& instance, const TFoundReferences& found);
+  void Put(std::string_view path, const TPointer& instance, const TFoundReferences& found);
 
   /// Takes an instance out. It goes last, when the table is whole again.
   void Erase(std::string_view path);
@@ -93,9 +92,12 @@ class TInstanceTable {
  private:
   using TOrder = std::vector<std::unique_ptr<TInstanceEntry>>;
 
+  TInstanceEntry*& GetChain(std::size_t hash) const {
+    return buckets_[hash & (buckets_.size() - 1)];
+  }
   TInstanceEntry** FindPlace(std::string_view path, std::size_t hash) const;
   void MakeRoom();
-  void Insert(const std::string& path, std::size_t hash, const TPointer& instance,
+  void Insert(std::string_view path, std::size_t hash, const TPointer& instance,
               const TFoundReferences& found);
   void Replace(TInstanceEntry& entry, const TPointer& instance, const TFoundReferences& found);
   void Sort() const noexcept;

@@ -1,22 +1,26 @@
 #include "THeldProperty.h"
 
-#include "MakeInOneBlock.h"
 #include "TInmemInstance.h"
 
 namespace NZELVYR20 {
 
 THeldProperty::TPointer THeldProperty::Make(TInmemInstance& instance, std::size_t position) {
-  const auto letGo = [](THeldProperty* property) { property->~THeldProperty(); };
-  auto property = MakeInOneBlock<THeldProperty>(letGo, instance, position);
-  property->self_ = property;
-  return property;
+  auto* const property = new THeldProperty(instance, position);
+  instance.NoteHeld(*property);
+  return property->GetCounted();
 }
 
-THeldProperty::THeldProperty(TInmemInstance& instance, std::size_t position)
-    : TInmemInstanceProperty(instance, position) {
-  instance.NoteHeld(*this);
+THeldProperty::TPointer THeldProperty::Share() {
+  add_ref_copy();
+  return GetCounted();
 }
 
-THeldProperty::~THeldProperty() { GetInstance().NoteLetGo(*this); }
+THeldProperty::TPointer THeldProperty::GetCounted() {
+  boost::detail::sp_counted_base* const count = this;
+  return TPointer(boost::detail::sp_internal_constructor_tag(), this,
+                  boost::detail::shared_count(count));
+}
+
+void THeldProperty::dispose() noexcept { GetInstance().NoteLetGo(*this); }
 
 }  // namespace NZELVYR20

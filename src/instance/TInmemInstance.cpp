@@ -6,7 +6,6 @@
 
 #include "Enumerate.h"
 #include "Failures.h"
-#include "InMemory.h"
 #include "MakeInOneBlock.h"
 #include "NormalizedNames.h"
 #include "TCIMDateTime.h"
@@ -59,12 +58,10 @@ bool IsStatusName(const std::string& name) {
 
 }  // namespace
 
-TInmemInstance::TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags)
-    : TInmemInstance(InMemory<TInmemClass>(cimClass), validationFlags) {}
-
-TInmemInstance::TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags)
+TInmemInstance::TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass,
+                               TDeclaredPointer declared, int validationFlags)
     : TInstanceClass{cimClass},
-      TIndexedInstance(cimClass->GetDeclaredProperties()),
+      TIndexedInstance(std::move(declared)),
       validationFlags_(validationFlags),
       values_(CountProperties()) {
   StampCollectionTime();
@@ -75,7 +72,10 @@ TInmemInstance::~TInmemInstance() = default;
 boost::shared_ptr<TInmemInstance> TInmemInstance::Make(
     const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags) {
   const auto letGo = [](TInmemInstance* instance) { instance->LetGo(); };
-  return MakeInOneBlock<TInmemInstance>(letGo, cimClass, validationFlags);
+  TDeclaredPointer declared = cimClass->GetDeclaredProperties();
+  const std::size_t room = TInmemValues::GetRoom(declared->GetEntries().size());
+  return MakeInOneBlock<TInmemInstance>(letGo, room, cimClass, std::move(declared),
+                                        validationFlags);
 }
 
 void TInmemInstance::LetGo() noexcept {
@@ -130,12 +130,13 @@ void TInmemInstance::StampCollectionTime() {
   }
 }
 
-/// Calls `use` with the value of the property of that name. A property that the instance lacks may
+/// Calls `use` with the value of the key of that name. A property that the instance lacks may
 /// be declared on the spot, or is status 15.
 template <class TUse>
 auto TInmemInstance::UseValue(const std::string& name, TUse use) const {
-  const std::size_t position = FindPosition(name);
+  const std::size_t position = GetDeclared()->FindKeyName(name);
   if (position != CountProperties()) return use(GetValueAt(position));
+  NormalizeName(name);
   const auto derived = DeriveProperty(name);
   return use(derived->GetValue({}));
 }
@@ -197,12 +198,12 @@ std::size_t TInmemInstance::FindPosition(const std::string& name) const {
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::ShareProperty(std::size_t position) const {
-  values_.Prefetch(position);
-  for (const THeldProperty& held : held_) {
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): who reads an instance gets what sets it
+  auto& instance = const_cast<TInmemInstance&>(*this);
+  for (THeldProperty& held : instance.held_) {
     if (held.GetPosition() == position) return held.Share();
   }
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): who reads an instance gets what sets it
-  return THeldProperty::Make(const_cast<TInmemInstance&>(*this), position);
+  return THeldProperty::Make(instance, position);
 }
 
 boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& name,

@@ -34,10 +34,10 @@ struct TInstanceClass {
 /// TInmemInstance.cpp holds its life and properties, TInmemInstanceReferences.cpp its references,
 /// if it is one of an association, and where they lead, TInmemInstanceTraversal.cpp the walks along
 /// associations.
-class TInmemInstance : public ICIMInstance,
-                       private TInstanceClass,
-                       public TIndexedInstance,
-                       public boost::enable_shared_from_this<TInmemInstance> {
+class TInmemInstance final : public ICIMInstance,
+                             private TInstanceClass,
+                             public TIndexedInstance,
+                             public boost::enable_shared_from_this<TInmemInstance> {
  public:
   /// What Validate looks at, as bits.
   static constexpr int kValidateKeys = 1;
@@ -49,9 +49,9 @@ class TInmemInstance : public ICIMInstance,
   static boost::shared_ptr<TInmemInstance> Make(const boost::shared_ptr<TInmemClass>& cimClass,
                                                 int validationFlags);
 
-  /// Of a TInmemClass; any other class is a programming error.
-  TInmemInstance(const boost::shared_ptr<ICIMClass>& cimClass, int validationFlags);
-  TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags);
+  /// Only Make makes it.
+  TInmemInstance(const boost::shared_ptr<TInmemClass>& cimClass, TDeclaredPointer declared,
+                 int validationFlags);
   TInmemInstance(const TInmemInstance&) = delete;
   ~TInmemInstance() override;
 
@@ -186,10 +186,10 @@ class TInmemInstance : public ICIMInstance,
               const std::string& roleKey) const;
 
   const int validationFlags_;
-  TInmemValues values_;                                               ///< one for each declaration
-  std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
   bool isLetGo_ = false;
+  std::unique_ptr<std::map<std::size_t, TCIMValue>> previousValues_;  ///< few hosts record any
   THeldProperty::TList held_;  ///< the properties that somebody holds
+  TInmemValues values_;        ///< has to be the last: room for one for each declaration follows
 };
 
 }  // namespace NZELVYR20

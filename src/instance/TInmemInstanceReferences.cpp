@@ -23,10 +23,11 @@ std::optional<std::size_t> TInmemInstance::CountReferences() const {
   std::size_t count = 0;
   bool mayHave = false;
   for (std::size_t i = 0; i < CountProperties(); ++i) {
-    const auto& declaration = *GetDeclared()->GetEntries()[i].declaration;
+    const bool isDeclared = GetDeclared()->GetEntries()[i].declaration->IsReference();
+    if (!isDeclared && !FindOwnValue(i)) continue;
     const bool isReference = GetValueAt(i).IsReference();
     count += isReference ? 1 : 0;
-    mayHave |= isReference || declaration.GetType({}) == TCIMValue::TCIMType::kReference;
+    mayHave |= isReference || isDeclared;
   }
   return mayHave ? std::optional(count) : std::nullopt;
 }

@@ -1,24 +1,28 @@
 #include "TInmemValues.h"
 
 #include <memory>
-#include <new>
 
 namespace NZELVYR20 {
 
-TInmemValues::TInmemValues(std::size_t count)
-    : count_(count),
-      values_(static_cast<TCIMValue*>(::operator new(count*(sizeof(TCIMValue) + sizeof(bool))))) {
-  std::uninitialized_default_construct_n(values_, count);
+static_assert(alignof(TInmemValues) % alignof(TCIMValue) == 0);
+
+TInmemValues::TInmemValues(std::size_t count) : count_(count) {
   std::uninitialized_value_construct_n(AreOwn(), count);
 }
 
 TInmemValues::~TInmemValues() {
-  std::destroy_n(values_, count_);
-  ::operator delete(values_);
+  for (std::size_t i = 0; i < count_; ++i) {
+    if (AreOwn()[i]) std::destroy_at(GetPlaces() + i);
+  }
 }
 
+/// A place holds nothing before the first value.
 void TInmemValues::Set(std::size_t position, const TCIMValue& value) {
-  values_[position] = value;
+  if (AreOwn()[position]) {
+    GetPlaces()[position] = value;
+    return;
+  }
+  new (GetPlaces() + position) TCIMValue(value);
   AreOwn()[position] = true;
 }
 

@@ -18,8 +18,8 @@ TResolution::~TResolution() {
 /// Rule 3 of TReferenceIndex.
 boost::shared_ptr<ICIMElement> TResolution::Resolve(const TCIMReference& path) {
   auto element = path.GetCIMElement(false);
-  const bool isGiven =
-      standing_.IsCurrent() && given_ == element.get() && standing_.entry->path == path.GetPath();
+  const bool isGiven = standing_.IsCurrent() && given_ == element.get() &&
+                       standing_.entry->GetPath() == path.GetPath();
   if (!isGiven) standing_ = TStanding();
   return element;
 }

@@ -42,7 +42,8 @@ class TIndexCheck {
 
   void CheckOrder() {
     const auto isBefore = [](const auto& left, const auto& right) {
-      return std::tie(left->path, left->serial) < std::tie(right->path, right->serial);
+      const auto order = left->GetPath().compare(right->GetPath());
+      return order < 0 || (order == 0 && left->serial < right->serial);
     };
     const auto first = table_.order_.begin();
     const auto end = first + static_cast<std::ptrdiff_t>(table_.sorted_);
@@ -51,14 +52,14 @@ class TIndexCheck {
 
   void CheckRemoved(const TInstanceEntry& entry) {
     Expect(!entry.references && entry.asEnd.IsEmpty(), "nothing is known of what was taken out");
-    Expect(table_.FindEntry(entry.path) != &entry, "what was taken out is not found");
+    Expect(table_.FindEntry(entry.GetPath()) != &entry, "what was taken out is not found");
   }
 
   void CheckEntry(const TInstanceEntry& entry) {
     std::size_t places = 0;
     for (const TInstanceEntry& own : entry.instance->GetEntries()) places += &own == &entry ? 1 : 0;
     Expect(places == 1, "an instance knows its place, once");
-    Expect(table_.FindEntry(entry.path) == &entry, "an instance is found under its path");
+    Expect(table_.FindEntry(entry.GetPath()) == &entry, "an instance is found under its path");
     if (!index_.isStale_ && index_.countReferences_(*entry.instance)) {
       Expect(index_.IsStale() || entry.references, "what may have references is in the index");
     }

@@ -1,5 +1,7 @@
 #include <set>
 
+#include "InMemory.h"
+#include "TInmemClass.h"
 #include "TInmemInstance.h"
 #include "TInmemMethodDecl.h"
 #include "TInmemParameterDecl.h"
@@ -123,10 +125,10 @@ TEST_F(TInmemElementsTest, InstancesValidateWhatTheirFlagsAskFor) {
   const auto link = DefineAssociation("Link", {{"From", port}});
   const auto lost = RefTo(NewInstance(port, {{"Id", "b"}}));
   for (const auto& [flags, status] : {std::pair{0, 0}, {1, 18}, {2, 15}, {3, 18}}) {
-    TInmemInstance instance(link, flags);
-    instance.SetPropertyValue("Id", TCIMValue::Null(TType::kString), {});
-    instance.SetPropertyValue("From", lost, {});
-    const std::string outcome = Try([&] { instance.Validate({}); });
+    const auto instance = TInmemInstance::Make(InMemory<TInmemClass>(link), flags);
+    instance->SetPropertyValue("Id", TCIMValue::Null(TType::kString), {});
+    instance->SetPropertyValue("From", lost, {});
+    const std::string outcome = Try([&] { instance->Validate({}); });
     EXPECT_EQ(outcome.substr(0, outcome.find('\n')), Quiet(status)) << flags;
   }
 }

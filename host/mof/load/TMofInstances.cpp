@@ -22,14 +22,15 @@ std::string AliasKey(const std::string& alias) { return '$' + FoldName(alias); }
 
 TMofInstances::TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace,
                              TMofDiagnostics& diagnostics, TMofSummary& summary,
-                             TMofLeftOut& leftOut, const std::vector<TMofInstance>& instances)
+                             TMofLeftOut& leftOut, std::vector<TMofInstance> instances)
     : namespace_(std::move(nameSpace)),
       diagnostics_(diagnostics),
       summary_(summary),
       leftOut_(leftOut),
-      values_(namespace_, [this](const TMofLiteral& alias) { return GetAliasPath(alias); }) {
-  drafts_.reserve(instances.size());
-  for (const TMofInstance& instance : instances) {
+      values_(namespace_, [this](const TMofLiteral& alias) { return GetAliasPath(alias); }),
+      instances_(std::move(instances)) {
+  drafts_.reserve(instances_.size());
+  for (TMofInstance& instance : instances_) {
     drafts_.push_back({&instance, {}, {}});
     RegisterAlias(drafts_.size() - 1);
   }
@@ -43,18 +44,29 @@ void TMofInstances::RegisterAlias(std::size_t index) {
 }
 
 void TMofInstances::Enter(const TProgress& onProgress) {
-  FillAll();
+  RegisterPaths(FillAll());
   AddAll(onProgress);
 }
 
 /// A path is known only when the key values are, which may be aliases themselves.
-void TMofInstances::FillAll() {
-  const auto order =
+std::vector<std::size_t> TMofInstances::FillAll() {
+  auto order =
       OrderByNeeds(drafts_.size(), [this](std::size_t index) { return GetAliasNeeds(index); });
   for (const std::size_t index : order) {
     TDraft& draft = drafts_[index];
     FillOrReport(draft);
-    if (draft.instance) byPath_[draft.instance->GetReference({}).GetPath()] = index;
+    // What has been said is in the instance now: for many, it would take more memory than these.
+    if (draft.referred.empty()) draft.syntax->assignments = {};
+  }
+  return order;
+}
+
+void TMofInstances::RegisterPaths(const std::vector<std::size_t>& order) {
+  const auto refers = [](const TDraft& draft) { return !draft.referred.empty(); };
+  if (std::none_of(drafts_.begin(), drafts_.end(), refers)) return;
+  for (const std::size_t index : order) {
+    const auto& instance = drafts_[index].instance;
+    if (instance) byPath_[instance->GetReference({}).GetPath()] = index;
   }
 }
 
@@ -71,6 +83,7 @@ void TMofInstances::AddAll(const TProgress& onProgress) {
 
 std::vector<std::size_t> TMofInstances::GetAliasNeeds(std::size_t index) const {
   std::vector<std::size_t> needs;
+  if (byAlias_.empty()) return needs;
   for (const TMofAssignment& assignment : drafts_[index].syntax->assignments) {
     for (const TMofLiteral& literal : assignment.value.literals) {
       if (literal.kind != TMofLiteral::kAlias) continue;
@@ -131,31 +144,39 @@ void TMofInstances::Fill(TDraft& draft) {
     throw TMofFault(className.place, "there is no class " + className.text);
   }
   const auto instance = cimClass->AllocateInstance({});
+  std::vector<const ICIMPropertyDecl*> assigned;
+  assigned.reserve(draft.syntax->assignments.size());
   for (const TMofAssignment& assignment : draft.syntax->assignments) {
-    Assign(draft, *instance, assignment);
+    const ICIMPropertyDecl& declaration = GetDeclaration(*cimClass, assignment.property);
+    const bool isFirst =
+        std::find(assigned.begin(), assigned.end(), &declaration) == assigned.end();
+    if (isFirst) assigned.push_back(&declaration);
+    Assign(draft, *instance, assignment, declaration, isFirst);
   }
   draft.instance = instance;
 }
 
-void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance,
-                           const TMofAssignment& assignment) {
-  const TMofName& name = assignment.property;
-  // The class is asked: an instance answers for some properties that nobody declared.
-  const auto declaration =
-      FindOrNothing([&] { return instance.GetClass({})->GetPropertyDecl(name.text, {}); });
+/// The class is asked: an instance answers for some properties that nobody declared. It is asked
+/// once, since no class changes while instances are filled.
+const ICIMPropertyDecl& TMofInstances::GetDeclaration(const ICIMClass& cimClass,
+                                                      const TMofName& name) {
+  auto& declaration = declarations_[&cimClass][name.text];
+  if (!declaration) {
+    declaration = FindOrNothing([&] { return cimClass.GetPropertyDecl(name.text, {}); });
+  }
   if (!declaration) throw TMofFault(name.place, "the class has no property " + name.text);
-  TCIMValue value = values_.Make(assignment.value, declaration->GetType({}));
+  return *declaration;
+}
+
+void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment,
+                           const ICIMPropertyDecl& declaration, bool isFirst) {
+  const TMofName& name = assignment.property;
+  TCIMValue value = values_.Make(assignment.value, declaration.GetType({}));
   if (value.IsReference() && value.IsNull()) {
-    value = TCIMValue::NullReference(declaration->GetDefaultValue({}).GetReferencedClass());
+    value = TCIMValue::NullReference(declaration.GetDefaultValue({}).GetReferencedClass());
   } else if (value.IsReference()) {
     draft.referred.push_back({static_cast<TCIMReference>(value).GetPath(), &assignment});
   }
-  const auto isSame = [folded = FoldName(name.text)](const TMofAssignment& one) {
-    return FoldName(one.property.text) == folded;
-  };
-  const auto& assignments = draft.syntax->assignments;
-  const bool isFirst =
-      &*std::find_if(assignments.begin(), assignments.end(), isSame) == &assignment;
   try {
     if (!isFirst && !(instance.GetProperty(name.text, {})->GetValue({}) == value)) {
       diagnostics_.Warning(name.place,

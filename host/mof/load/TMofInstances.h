@@ -25,8 +25,7 @@ class TMofInstances {
 
   /// The instances outlive this object, as do the others.
   TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnostics& diagnostics,
-                TMofSummary& summary, TMofLeftOut& leftOut,
-                const std::vector<TMofInstance>& instances);
+                TMofSummary& summary, TMofLeftOut& leftOut, std::vector<TMofInstance> instances);
 
   void Enter(const TProgress& onProgress);
 
@@ -36,13 +35,17 @@ class TMofInstances {
     std::string path;
     const TMofAssignment* assignment;
   };
+  using TDeclarations =
+      std::unordered_map<std::string, boost::shared_ptr<const ICIMPropertyDecl>>;  ///< by name
+
   struct TDraft {
-    const TMofInstance* syntax;
+    TMofInstance* syntax;
     boost::shared_ptr<ICIMInstance> instance;  ///< empty before it is filled, or where it is wrong
     std::vector<TReferred> referred;
   };
 
-  void FillAll();
+  std::vector<std::size_t> FillAll();
+  void RegisterPaths(const std::vector<std::size_t>& order);
   void AddAll(const TProgress& onProgress);
   void RegisterAlias(std::size_t index);
   std::vector<std::size_t> GetAliasNeeds(std::size_t index) const;
@@ -51,7 +54,9 @@ class TMofInstances {
 
   void FillOrReport(TDraft& draft);
   void Fill(TDraft& draft);
-  void Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment);
+  const ICIMPropertyDecl& GetDeclaration(const ICIMClass& cimClass, const TMofName& name);
+  void Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment,
+              const ICIMPropertyDecl& declaration, bool isFirst);
   void AddOrReport(const TDraft& draft);
   void AddOne(const TDraft& draft);
   void Refuse(const TDraft& draft, const TMofPlace& place, const std::string& why);
@@ -64,9 +69,11 @@ class TMofInstances {
   TMofSummary& summary_;
   TMofLeftOut& leftOut_;
   TMofValues values_;
+  std::unordered_map<const ICIMClass*, TDeclarations> declarations_;
+  std::vector<TMofInstance> instances_;
   std::vector<TDraft> drafts_;
   std::unordered_map<std::string, std::size_t> byAlias_;  ///< folded
-  std::unordered_map<std::string, std::size_t> byPath_;
+  std::unordered_map<std::string, std::size_t> byPath_;   ///< empty where none refers to another
 };
 
 }  // namespace NZELVYR20

@@ -95,7 +95,7 @@ void TMofLoader::TImpl::EnterBatch() {
   TMofClasses(namespace_, diagnostics_, summary_, qualifiers_, leftOut, *options_.referenceClasses,
               batch.classes)
       .Enter([this](std::size_t done, std::size_t all) { progress_("classes", done, all); });
-  TMofInstances(namespace_, diagnostics_, summary_, leftOut, batch.instances)
+  TMofInstances(namespace_, diagnostics_, summary_, leftOut, reader_.TakeInstances())
       .Enter([this](std::size_t done, std::size_t all) { progress_("instances", done, all); });
 }
 

@@ -67,10 +67,10 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenFile(const fs::path& path,
                                                           const TMofPlace& place) {
   std::string why;
   try {
-    const std::string bytes = files_.Read(path);
+    std::string bytes = files_.Read(path);
     ++fileCount_;
     onFile_(fileCount_);
-    if (!bytes.empty()) return TOpenFile{path, Parse(path.string(), bytes, place)};
+    if (!bytes.empty()) return TOpenFile{path, Parse(path.string(), std::move(bytes), place)};
     why = "The file is empty";
   } catch (const std::system_error& error) {
     why = error.code().message();
@@ -81,10 +81,10 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenFile(const fs::path& path,
   return std::nullopt;
 }
 
-std::vector<TMofDeclaration> TMofReader::Parse(const std::string& name, const std::string& bytes,
+std::vector<TMofDeclaration> TMofReader::Parse(const std::string& name, std::string bytes,
                                                const TMofPlace& place) {
   try {
-    sources_.push_back(std::make_unique<TMofSource>(name, DecodeMofText(bytes)));
+    sources_.push_back(std::make_unique<TMofSource>(name, DecodeMofText(std::move(bytes))));
   } catch (const std::invalid_argument& error) {
     Fail(name, place, error.what());
     return {};

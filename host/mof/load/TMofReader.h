@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "MofSyntax.h"
@@ -37,6 +38,8 @@ class TMofReader {
 
   /// What was read so far. Its places are valid until Clear().
   const TMofBatch& GetBatch() const { return batch_; }
+  /// The same instances, which are no longer in the batch.
+  std::vector<TMofInstance> TakeInstances() { return std::move(batch_.instances); }
   void Clear();
 
  private:
@@ -50,7 +53,7 @@ class TMofReader {
   void ReadNamed(const std::filesystem::path& path);
   void ReadWithIncludes(TOpenFile file);
   std::optional<TOpenFile> OpenFile(const std::filesystem::path& path, const TMofPlace& place);
-  std::vector<TMofDeclaration> Parse(const std::string& name, const std::string& bytes,
+  std::vector<TMofDeclaration> Parse(const std::string& name, std::string bytes,
                                      const TMofPlace& place);
   std::optional<TOpenFile> OpenIncluded(const TMofPragma& pragma,
                                         const std::vector<TOpenFile>& open);

@@ -25,13 +25,13 @@ struct TMofLiteral {
   enum EKind { kNull, kBoolean, kInteger, kReal, kCharacter, kText, kAlias };
 
   EKind kind = kNull;
+  bool isNegative = false;  ///< kInteger
   TMofPlace place;
   /// kText: with escapes resolved and neighbouring strings joined, in UTF-8, but
   /// for single bytes that escapes stand for; kAlias: the name
   /// after the "$"; kReal: the digits, with "." and "e" where they stand there.
   std::string text;
   std::uint64_t number = 0;  ///< kInteger: without sign; kCharacter: the code; kBoolean: 0 or 1
-  bool isNegative = false;   ///< kInteger
 };
 
 /// The value of a property, a qualifier or a default.

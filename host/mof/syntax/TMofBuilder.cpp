@@ -76,6 +76,7 @@ void TMofBuilder::Reset() {
   qualifiers_.clear();
   class_ = {};
   instance_ = {};
+  assignments_.clear();
   qualifierDeclaration_ = {};
   pragma_ = {};
 }
@@ -212,11 +213,16 @@ void TMofBuilder::ReadInstanceClass() {
 void TMofBuilder::ReadInstanceAlias() { instance_.alias = TakeName(); }
 
 void TMofBuilder::ReadAssignedName() {
-  instance_.assignments.push_back({TakeName(), {}, !TakeQualifiers().empty()});
+  assignments_.push_back({TakeName(), {}, !TakeQualifiers().empty()});
 }
 
-void TMofBuilder::EndAssignment() { instance_.assignments.back().value = *TakeValue(); }
-void TMofBuilder::EndInstance() { declarations_.emplace_back(std::move(instance_)); }
+void TMofBuilder::EndAssignment() { assignments_.back().value = *TakeValue(); }
+
+void TMofBuilder::EndInstance() {
+  instance_.assignments.assign(std::move_iterator(assignments_.begin()),
+                               std::move_iterator(assignments_.end()));
+  declarations_.emplace_back(std::move(instance_));
+}
 
 // What both end with
 

@@ -93,6 +93,7 @@ class TMofBuilder : public TMofLiteralBuilder {
   TMofClass class_;
   TMofMethod method_;
   TMofInstance instance_;
+  std::vector<TMofAssignment> assignments_;  ///< of instance_; keeps its room for the next
   TMofQualifierDeclaration qualifierDeclaration_;
   TMofPragma pragma_;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <boost/locale/utf.hpp>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <stdexcept>
 #include <vector>
@@ -38,15 +40,30 @@ bool NeedsLook(char byte) {
   return byte == '\0' || (static_cast<unsigned char>(byte) & 0x80U) != 0;
 }
 
+/// The next byte that needs a look, from `at` on. Most texts have none: eight are looked at at
+/// once.
+std::string::const_iterator FindLook(std::string::const_iterator at,
+                                     std::string::const_iterator end) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101U;
+  constexpr std::uint64_t kHighBits = kOnes << 7U;
+  std::uint64_t eight = 0;
+  for (; end - at >= static_cast<std::ptrdiff_t>(sizeof eight); at += sizeof eight) {
+    std::memcpy(&eight, &*at, sizeof eight);
+    // One less than a NUL has the high bit; below a NUL nothing borrows.
+    if (((eight | (eight - kOnes)) & kHighBits) != 0) break;
+  }
+  return std::find_if(at, end, NeedsLook);
+}
+
 void CheckUtf8(const std::string& bytes) {
-  auto at = std::find_if(bytes.begin(), bytes.end(), NeedsLook);
+  auto at = FindLook(bytes.begin(), bytes.end());
   while (at != bytes.end()) {
     const auto byte = static_cast<std::size_t>(at - bytes.begin());
     if (*at == '\0') RefuseUtf8("not a text: there is a NUL", bytes, byte);
     if (!utf::is_valid_codepoint(TUtf8::decode(at, bytes.end()))) {
       RefuseUtf8("not UTF-8: there is no character", bytes, byte);
     }
-    at = std::find_if(at, bytes.end(), NeedsLook);
+    at = FindLook(at, bytes.end());
   }
 }
 
@@ -78,11 +95,12 @@ std::string DecodeUtf16(std::string_view bytes, std::size_t highByte) {
 
 }  // namespace
 
-std::string DecodeMofText(const std::string& bytes) {
+std::string DecodeMofText(std::string bytes) {
   if (StartsWith(bytes, kUtf16LittleEndianMark)) return DecodeUtf16(bytes, 1);
   if (StartsWith(bytes, kUtf16BigEndianMark)) return DecodeUtf16(bytes, 0);
   CheckUtf8(bytes);
-  return StartsWith(bytes, kUtf8Mark) ? bytes.substr(kUtf8Mark.size()) : bytes;
+  if (StartsWith(bytes, kUtf8Mark)) bytes.erase(0, kUtf8Mark.size());
+  return bytes;
 }
 
 void AppendUtf8(std::string& text, std::uint32_t code) {

@@ -9,7 +9,7 @@ namespace NZELVYR20 {
 /// The bytes of a file as UTF-8 without a mark: UTF-8 with or without one, or UTF-16 with one.
 /// Throws std::invalid_argument, naming what is wrong and where, if they are neither; a NUL
 /// character is wrong in any case.
-std::string DecodeMofText(const std::string& bytes);
+std::string DecodeMofText(std::string bytes);
 
 /// Adds the character of that code, which is no half of a pair, in UTF-8.
 void AppendUtf8(std::string& text, std::uint32_t code);

@@ -29,9 +29,11 @@ class TMofSource {
   std::string GetLine(std::size_t offset) const;
 
  private:
+  const std::vector<std::size_t>& GetLineStarts() const;
+
   std::string name_;
   std::string text_;
-  std::vector<std::size_t> lineStarts_;
+  mutable std::vector<std::size_t> lineStarts_;  ///< empty until something is located
 };
 
 /// A byte of a source. Without a source it is nowhere: what is said of it is said of the whole.

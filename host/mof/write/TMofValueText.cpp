@@ -50,11 +50,10 @@ std::string Escape(char character, char quote) {
 /// What a terminal would obey is escaped; NUL, and bytes that are no UTF-8, would make the text
 /// unreadable.
 std::string EscapeText(const char* next, const char* end) {
-  using TUtf8 = boost::locale::utf::utf_traits<char>;
   std::string escaped;
   while (next != end) {
     const char* const start = next;
-    const boost::locale::utf::code_point code = TUtf8::decode(next, end);
+    const auto code = boost::locale::utf::utf_traits<char>::decode(next, end);
     if (code == 0) {
       escaped += HexEscape(kReplacement);
     } else if (code < 0x80) {

@@ -41,8 +41,9 @@ TEST_F(TDepthTest, AHundredThousandSiblings) {
   const auto replaced = MakeClass(space, "Again", "x");
   const auto replacement = MakeClass(space, "Again", "x");
   replaced->AddToNamespace({});
-  std::vector<TClass> siblings;
-  for (int i = 0; i < 100000; ++i) siblings.push_back(DefineClass("C" + std::to_string(i)));
+  std::vector<TClass> siblings(100000);
+  int number = 0;
+  for (TClass& sibling : siblings) sibling = DefineClass("C" + std::to_string(number++));
   replacement->AddToNamespace({});
   siblings.push_back(replacement);
   for (; siblings.size() > 1; siblings.pop_back()) siblings.back()->RemoveFromNamespace({});

@@ -118,7 +118,8 @@ void TInmemClass::EnumerateAssociationClasses(const TCIMClassCallback& callback,
                                               const std::string& resultClass,
                                               const std::string& role, TCIMContext) {
   const auto filterClass = FindFilterClass(resultClass);
-  boost::shared_ptr<TInmemClass> current = shared_from_this();
+  const auto self = shared_from_this();  // as all walks do, here too when it has gone on upward
+  auto current = self;
   do {
     const auto held = current;  // a cursor goes before its table
     decltype(associationClasses_)::TCursor cursor(current->associationClasses_);

@@ -18,13 +18,13 @@ class TIndexedInstance {
   TIndexedInstance(const TIndexedInstance&) = delete;
   TIndexedInstance& operator=(const TIndexedInstance&) = delete;
 
-  /// What a processor gets from memory at once.
-  static constexpr std::ptrdiff_t kLine = 64;
-
-  /// Where the block of an instance begins, to be asked for ahead: first what its pointers share,
-  /// the instance after that, then its values. Empty where there is no instance.
-  static const char* GetBlock(const TIndexedInstance* instance) {
-    return instance == nullptr ? nullptr : reinterpret_cast<const char*>(instance) - kLine;
+  /// A line of the block of an instance, as a processor gets it from memory at once, to be asked
+  /// for ahead: first what its pointers share, the instance after that, then its values. Empty
+  /// where there is no instance.
+  static const char* GetLine(const TIndexedInstance* instance, std::ptrdiff_t line) {
+    constexpr std::ptrdiff_t kLine = 64;
+    return instance == nullptr ? nullptr
+                               : reinterpret_cast<const char*>(instance) + (line - 1) * kLine;
   }
 
   /// The declarations that the instance was made with.

@@ -50,10 +50,9 @@ TInstanceTable::TPointer TInstanceTable::TCursor::Next() {
   while (next_ < table_.sorted_) {
     if (next_ + 2 * kAhead < order.size()) {
       __builtin_prefetch(order[next_ + 2 * kAhead].get());
-      const char* const instance =
-          TIndexedInstance::GetBlock(order[next_ + kAhead]->instance.get());
+      const TIndexedInstance* const instance = order[next_ + kAhead]->instance.get();
       for (std::ptrdiff_t line = 0; line < kLines; ++line) {
-        __builtin_prefetch(instance + line * TIndexedInstance::kLine);
+        __builtin_prefetch(TIndexedInstance::GetLine(instance, line));
       }
     }
     const TInstanceEntry& entry = *order[next_++];

@@ -140,9 +140,9 @@ void TReferrerWalk::PrefetchCandidates() const {
   const auto* const end = first + std::min(kAhead, candidates_.size() - next_);
   for (const auto* entry = first; entry != end; ++entry) __builtin_prefetch(*entry);
   for (const auto* entry = first; entry != end; ++entry) {
-    const char* const instance = TIndexedInstance::GetBlock((*entry)->instance.get());
-    __builtin_prefetch(instance);
-    __builtin_prefetch(instance + TIndexedInstance::kLine);
+    const TIndexedInstance* const instance = (*entry)->instance.get();
+    __builtin_prefetch(TIndexedInstance::GetLine(instance, 0));
+    __builtin_prefetch(TIndexedInstance::GetLine(instance, 1));
     if (follows_ == EFollows::kFarEnds) __builtin_prefetch((*entry)->references.get());
   }
   if (follows_ == EFollows::kFarEnds) PrefetchEnds(first, end);

@@ -2,23 +2,18 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
-#include "TAssociationCommands.h"
-#include "TClassCommands.h"
+#include "AddCommands.h"
 #include "TCommandError.h"
-#include "TInstanceCommands.h"
+#include "TCommandSet.h"
 #include "TMofArguments.h"
-#include "TMofCommands.h"
 #include "TSuggestion.h"
 
 namespace NZELVYR20 {
 namespace {
-
-using TNamespacePtr = boost::shared_ptr<ICIMNamespace>;
 
 constexpr auto kVersion = "vyrhost " PROGRAM_VERSION;
 
@@ -28,18 +23,6 @@ constexpr auto kFooter =
     "Options may also follow the command.\n"
     "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line.";
 
-/// What follows the name of a command.
-struct TArguments {
-  std::string name;
-  bool isDeep = true;
-  bool isTree = false;
-  bool isInherited = false;
-  TInstanceCommands::EShow show = TInstanceCommands::EShow::kDisplay;
-  TTraversal traversal;
-};
-
-using TCommand = std::function<std::string(const TNamespacePtr&, const TArguments&)>;
-
 class TParser {
  public:
   TParser();
@@ -48,17 +31,8 @@ class TParser {
 
  private:
   void AddHostOptions();
-  void AddInstanceCommands();
-  void AddClassCommands();
-  void AddMofCommand();
-  void AddAssociationCommands();
-  void AddTraversalOptions(CLI::App& command, const std::string& resultClassHelp,
-                           const std::string& roleHelp);
-  CLI::App* AddCommand(const std::string& name, const std::string& help, ENeeds needs,
-                       TCommand command);
 
   CLI::App* FindNamedCommand() const;
-  ENeeds GetNeeds() const;
   TInvocation Print(const std::string& text) const;
   std::vector<std::string> ListOptions() const;
   std::string Suggest(const std::string& surplus) const;
@@ -67,11 +41,7 @@ class TParser {
 
   CLI::App app_;
   THostOptions options_;
-  TArguments arguments_;
-  ENeeds needs_ = ENeeds::kInstances;
-  TCommand command_ = [](const TNamespacePtr& nameSpace, const TArguments&) {
-    return TInstanceCommands(nameSpace).Overview();
-  };
+  TCommandSet commands_{app_, options_};
 };
 
 TParser::TParser()
@@ -90,9 +60,10 @@ TParser::TParser()
   app_.set_version_flag("--version", kVersion, "Print the version");
   AddHostOptions();
   TMofArguments::AddTo(app_, options_);
-  AddInstanceCommands();
-  AddClassCommands();
-  AddAssociationCommands();
+  AddInstanceCommands(commands_);
+  AddClassCommands(commands_);
+  AddMofCommand(commands_);
+  AddAssociationCommands(commands_);
 }
 
 void TParser::AddHostOptions() {
@@ -109,109 +80,6 @@ void TParser::AddHostOptions() {
                 "Do not report what could not be read; of MOF, report errors only");
 }
 
-CLI::App* TParser::AddCommand(const std::string& name, const std::string& help, ENeeds needs,
-                              TCommand command) {
-  CLI::App* subCommand = app_.add_subcommand(name, help)->group("Commands");
-  // Unlike a plain callback, this one also runs for a command that stands after "--".
-  subCommand->parse_complete_callback([this, needs, command] {
-    needs_ = needs;
-    command_ = command;
-  });
-  return subCommand;
-}
-
-void TParser::AddInstanceCommands() {
-  CLI::App* instances =
-      AddCommand("instances", "List the instances of a class and its subclasses",
-                 ENeeds::kInstances, [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                   return TInstanceCommands(nameSpace).List(given.name, given.isDeep);
-                 });
-  instances->add_option("CLASS", arguments_.name, "The class")->required()->type_name("");
-  instances->add_flag("--deep,!--no-deep", arguments_.isDeep,
-                      "With or without the instances of subclasses (default: with)");
-
-  CLI::App* show =
-      AddCommand("show", "Show one instance with all its properties", ENeeds::kInstances,
-                 [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                   return TInstanceCommands(nameSpace).Show(given.name, given.show);
-                 });
-  show->add_option("OBJECT-PATH", arguments_.name, "The instance")->required()->type_name("");
-  CLI::Option* raw = show->add_flag_callback(
-      "--raw", [this] { arguments_.show = TInstanceCommands::EShow::kRaw; },
-      "Print values as they are stored, without texts and units");
-  show->add_flag_callback(
-          "--json", [this] { arguments_.show = TInstanceCommands::EShow::kJson; },
-          "Print stored values and texts as JSON")
-      ->excludes(raw);
-}
-
-void TParser::AddClassCommands() {
-  CLI::App* classes =
-      AddCommand("classes", "List the classes, or draw their hierarchy", ENeeds::kSchema,
-                 [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                   const TClassCommands commands(nameSpace);
-                   return given.isTree ? commands.Tree(given.name) : commands.List(given.name);
-                 });
-  classes->add_option("CLASS", arguments_.name, "This class and its subclasses only")
-      ->type_name("");
-  classes->add_flag("--tree", arguments_.isTree, "Draw the hierarchy");
-
-  CLI::App* describe = AddCommand("class", "Describe one class", ENeeds::kSchema,
-                                  [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                                    return TClassCommands(nameSpace).Describe(given.name);
-                                  });
-  describe->add_option("CLASS", arguments_.name, "The class")->required()->type_name("");
-  AddMofCommand();
-}
-
-void TParser::AddMofCommand() {
-  CLI::App* mof =
-      AddCommand("mof", "Print one class, or everything, as MOF", ENeeds::kInstances,
-                 [classes = options_.mofOptions.referenceClasses](const TNamespacePtr& nameSpace,
-                                                                  const TArguments& given) {
-                   return TMofCommands(nameSpace, *classes).Write(given.name, given.isInherited);
-                 });
-  CLI::Option* name = mof->add_option("CLASS", arguments_.name, "This class only")->type_name("");
-  mof->add_flag("--inherited", arguments_.isInherited, "With what the class inherited")
-      ->needs(name);
-}
-
-void TParser::AddAssociationCommands() {
-  CLI::App* associators =
-      AddCommand("associators", "List the instances that are associated with one",
-                 ENeeds::kInstances, [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                   return TAssociationCommands(nameSpace).Associators(given.traversal);
-                 });
-  AddTraversalOptions(*associators, "Only results of this class or a subclass",
-                      "The property of the association that is the given instance's end");
-  associators
-      ->add_option("--assoc-class", arguments_.traversal.assocClass,
-                   "Only through associations of this class or a subclass")
-      ->type_name("CLASS");
-  associators
-      ->add_option("--result-role", arguments_.traversal.resultRole,
-                   "The property of the association that is the results' end")
-      ->type_name("PROPERTY");
-
-  CLI::App* references =
-      AddCommand("references", "List the association instances that refer to one",
-                 ENeeds::kInstances, [](const TNamespacePtr& nameSpace, const TArguments& given) {
-                   return TAssociationCommands(nameSpace).References(given.traversal);
-                 });
-  AddTraversalOptions(*references, "Only associations of this class or a subclass",
-                      "Only where this property of the association refers to the instance");
-}
-
-void TParser::AddTraversalOptions(CLI::App& command, const std::string& resultClassHelp,
-                                  const std::string& roleHelp) {
-  command.add_option("OBJECT-PATH", arguments_.traversal.path, "The instance to start from")
-      ->required()
-      ->type_name("");
-  command.add_option("--result-class", arguments_.traversal.resultClass, resultClassHelp)
-      ->type_name("CLASS");
-  command.add_option("--role", arguments_.traversal.role, roleHelp)->type_name("PROPERTY");
-}
-
 TInvocation TParser::Parse(int argc, char** argv) {
   try {
     app_.parse(argc, argv);
@@ -222,19 +90,12 @@ TInvocation TParser::Parse(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw TUsageError(DescribeError(error), HelpCommand());
   }
-  return {options_, GetNeeds(),
-          [command = command_, arguments = arguments_](const TNamespacePtr& nameSpace) {
-            return command(nameSpace, arguments);
-          }};
-}
-
-/// One class can be written without instances, everything cannot.
-ENeeds TParser::GetNeeds() const {
-  return app_.got_subcommand("mof") && !arguments_.name.empty() ? ENeeds::kSchema : needs_;
+  return {options_, commands_.GetNeeds(), commands_.GetCommand()};
 }
 
 TInvocation TParser::Print(const std::string& text) const {
-  return {options_, ENeeds::kNothing, [text](const TNamespacePtr&) { return text; }};
+  return {options_, ENeeds::kNothing,
+          TCommandSet::Render([text](const TCommandSet::TNamespacePtr&) { return text; })};
 }
 
 /// Empty when the error came before a command.

@@ -8,8 +8,12 @@
 
 #include "ICIMNamespace.h"
 #include "TMofOptions.h"
+#include "TTerminal.h"
+#include "TWriteText.h"
 
 namespace NZELVYR20 {
+
+class TRepository;
 
 /// The options that all commands share.
 struct THostOptions {
@@ -25,12 +29,24 @@ struct THostOptions {
 /// How much of the repository a command needs; each step includes the ones before.
 enum class ENeeds { kNothing, kSchema, kInstances };
 
+/// What a command works on.
+struct TCommandContext {
+  const THostOptions& options;
+  /// Empty for ENeeds::kNothing, and so is the next.
+  TRepository* repository;
+  boost::shared_ptr<ICIMNamespace> nameSpace;
+  TWriteText write;
+  TTerminal terminal;
+};
+
+/// Writes the output and returns the exit status; throws TCommandError.
+using TCommand = std::function<int(const TCommandContext& context)>;
+
 /// What the user asked for.
 struct TInvocation {
   THostOptions options;
   ENeeds needs = ENeeds::kInstances;
-  /// Renders the whole output; throws TCommandError. The namespace is empty for ENeeds::kNothing.
-  std::function<std::string(const boost::shared_ptr<ICIMNamespace>& nameSpace)> command;
+  TCommand command;
 };
 
 }  // namespace NZELVYR20

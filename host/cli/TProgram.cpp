@@ -12,6 +12,7 @@
 #include "TMachineCollector.h"
 #include "TMemoryWatch.h"
 #include "TMofInput.h"
+#include "TOutput.h"
 #include "TRepository.h"
 #include "TRootObject.h"
 #include "TScopedLogger.h"
@@ -29,28 +30,34 @@ void Report(const TCollectorNote& note) {
   Report("note", note.area + ": " + note.what + ": " + note.why);
 }
 
-int Finish(const std::string& output, const std::vector<TCollectorNote>& notes) {
-  if (!TStandardStreams::WriteOutput(output)) return 1;
-  for (const auto& note : notes) Report(note);
-  return 0;
-}
-
 /// Instances of the user's own may refer to the machine's.
 bool NeedsMachine(const TInvocation& invocation) {
   const THostOptions& options = invocation.options;
   return !options.isEmpty && (invocation.needs == ENeeds::kInstances || !options.mofFiles.empty());
 }
 
-/// The whole output or none.
-std::string Render(const TInvocation& invocation, const boost::shared_ptr<ICIMNamespace>& nameSpace,
-                   const TMemoryWatch& watch) {
-  std::string output = invocation.command(nameSpace);
-  watch.Check();
-  return output;
+int Perform(const TInvocation& invocation, TRepository* repository, const TMemoryWatch& watch) {
+  TOutput output(watch);
+  const int status = invocation.command(
+      {invocation.options, repository,
+       repository ? repository->GetNamespace() : boost::shared_ptr<ICIMNamespace>(),
+       [&output](const std::string& text) { output.Write(text); },
+       TStandardStreams::DescribeOutput()});
+  output.Flush();
+  return status;
+}
+
+int PerformAndReport(const TInvocation& invocation, TRepository& repository,
+                     const TMemoryWatch& watch) {
+  const int status = Perform(invocation, &repository, watch);
+  if (!invocation.options.isQuiet) {
+    for (const auto& note : repository.GetNotes()) Report(note);
+  }
+  return status;
 }
 
 int Execute(const TInvocation& invocation, const TMemoryWatch& watch, TProgram::TLeave leave) {
-  if (invocation.needs == ENeeds::kNothing) return Finish(Render(invocation, {}, watch), {});
+  if (invocation.needs == ENeeds::kNothing) return Perform(invocation, nullptr, watch);
   if (invocation.options.logLevel) TRootObject::SetLogThreshold(*invocation.options.logLevel);
   const TScopedLogger visibly([](ICoreLogger& earlier, int level, const std::string& message) {
     earlier.Log(level, TText::OneLine(message));
@@ -58,11 +65,10 @@ int Execute(const TInvocation& invocation, const TMemoryWatch& watch, TProgram::
   TRepository repository(invocation.options);
   if (NeedsMachine(invocation)) repository.Collect();
   const bool isWhole = TMofInput::LoadFiles(repository.GetNamespace(), invocation.options);
-  const std::string output = Render(invocation, repository.GetNamespace(), watch);
-  const int status = Finish(
-      output, invocation.options.isQuiet ? std::vector<TCollectorNote>() : repository.GetNotes());
-  if (leave) leave(isWhole ? status : 1);
-  return isWhole ? status : 1;
+  const int performed = PerformAndReport(invocation, repository, watch);
+  const int status = isWhole ? performed : 1;
+  if (leave) leave(status);
+  return status;
 }
 
 /// Whatever the failure says, a lack of memory is the reason where there was one.
@@ -70,6 +76,8 @@ int ExecuteAndReport(int argc, char** argv, TProgram::TLeave leave) {
   const TMemoryWatch watch;
   try {
     return Execute(TCommandLine::Parse(argc, argv), watch, leave);
+  } catch (const TReaderGone&) {
+    return 1;
   } catch (const TUsageError& error) {
     watch.Check();
     Report("error", error.what());

@@ -1,5 +1,8 @@
 #include "TStandardStreams.h"
 
+#include <langinfo.h>
+#include <locale.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -28,6 +31,16 @@ int WriteAll(int descriptor, std::string_view text) noexcept {
   return 0;
 }
 
+/// By the user's environment; the program itself works in the locale of C.
+bool IsUnicodeLocale() {
+  const locale_t locale = newlocale(LC_CTYPE_MASK, "", nullptr);
+  if (locale == nullptr) return false;
+  const std::string_view codes = nl_langinfo_l(CODESET, locale);
+  const bool isUnicode = codes == "UTF-8";
+  freelocale(locale);
+  return isUnicode;
+}
+
 }  // namespace
 
 bool TStandardStreams::WriteOutput(const std::string& text) {
@@ -36,6 +49,17 @@ bool TStandardStreams::WriteOutput(const std::string& text) {
     throw TCommandError("standard output: " + std::generic_category().message(error));
   }
   return error == 0;
+}
+
+TTerminal TStandardStreams::DescribeOutput() {
+  TTerminal terminal;
+  terminal.isTerminal = isatty(STDOUT_FILENO) == 1;
+  terminal.isUnicode = IsUnicodeLocale();
+  winsize size{};
+  if (terminal.isTerminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+    terminal.width = size.ws_col;
+  }
+  return terminal;
 }
 
 void TStandardStreams::WriteErrorLine(const std::string& line) {

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "TTerminal.h"
+
 namespace NZELVYR20 {
 
 /// Standard output and standard error, written without buffers so that every failure shows.
@@ -13,6 +15,9 @@ class TStandardStreams {
   /// Writes everything. False when nobody reads any more; every other failure throws
   /// TCommandError.
   static bool WriteOutput(const std::string& text);
+
+  /// What reads standard output: whether it is a terminal, how wide, and in what locale.
+  static TTerminal DescribeOutput();
 
   /// Writes one line, and adds the line end. Failures have nowhere to go and are dropped.
   static void WriteErrorLine(const std::string& line);

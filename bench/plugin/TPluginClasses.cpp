@@ -1,5 +1,7 @@
 #include "TPluginClasses.h"
 
+#include <utility>
+
 #include "ICIMInstance.h"
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
@@ -26,10 +28,11 @@ TPluginClasses::TPluginClasses(const TClassRows& rows) : space_(AllocatePluginNa
       ->AllocateQualifierDecl(kDescription, TCIMValue::Null(TType::kString), TDecl::kAny,
                               TDecl::kToSubclass, {})
       ->AddToNamespace({});
+  classes_.reserve(rows.classes.size());
   for (const auto& row : rows.classes) {
     const bool isTop = classes_.empty();
-    const auto parent = isTop ? boost::shared_ptr<ICIMClass>() : classes_[row.parent];
-    const auto made = space_->AllocateClass(row.name, parent, {});
+    auto parent = isTop ? boost::shared_ptr<ICIMClass>() : classes_[row.parent];
+    auto made = space_->AllocateClass(row.name, std::move(parent), {});
     DescribeAndMark(space_, *made);
     for (const std::string& name : row.properties) {
       const auto declaration =
@@ -39,7 +42,7 @@ TPluginClasses::TPluginClasses(const TClassRows& rows) : space_(AllocatePluginNa
       declaration->AddToClass({});
     }
     made->AddToNamespace({});
-    classes_.push_back(made);
+    classes_.push_back(std::move(made));
   }
 }
 

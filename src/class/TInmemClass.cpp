@@ -78,14 +78,14 @@ void TInmemClass::AddToNamespace(TCIMContext) {
   TSubClasses::TSpare listing(self, name_);
   std::vector<TAssociationClasses::TSpare> registrations;
   propertyDecls_.ForEach([&](const std::string&, const TPropertyDeclPointer& declaration) {
-    if (declaration->GetDefaultValue({}).IsReference()) registrations.emplace_back(self);
+    if (declaration->IsReference()) registrations.emplace_back(self);
   });
   namespace_.lock()->AddClass(self);
   superClass_.lock()->List(std::move(listing), name_);
   isInNamespace_ = true;
   if (!IsAssociation({})) return;
   ForEachRegistration([&](ICIMClass& target) {
-    auto* const own = dynamic_cast<TInmemClass*>(&target);
+    auto* const own = FindInMemory<TInmemClass>(&target);
     if (!own || registrations.empty()) return target.AddAssociationClass(self);
     own->associationClasses_.Insert(this, std::move(registrations.back()));
     registrations.pop_back();
@@ -175,7 +175,7 @@ void TInmemClass::List(TSubClasses::TSpare listing, std::string_view name) {
 }
 
 void TInmemClass::RemoveChildClass(boost::shared_ptr<ICIMClass> subClass) {
-  const auto* const removed = dynamic_cast<const TInmemClass*>(subClass.get());
+  const auto* const removed = FindInMemory<TInmemClass>(subClass.get());
   if (!removed) return;
   subClasses_.EraseFirst(removed->name_, [&](std::uint64_t, const TInmemClass& present) {
     return &present == removed;

@@ -90,8 +90,7 @@ class TInmemClass : public TInmemQualifiedElement<ICIMClass, TInmemClass> {
   TDeclaredPointer GetDeclaredProperties();
 
   /// AddPropertyDecl; returns the declaration that then stands under the name, this one or another.
-  boost::shared_ptr<TInmemPropertyDecl> Declare(
-      const boost::shared_ptr<ICIMPropertyDecl>& declaration);
+  boost::shared_ptr<TInmemPropertyDecl> Declare(boost::shared_ptr<ICIMPropertyDecl> declaration);
 
   /// Lets go of instances, subclasses, associations and of what its qualifiers, and declarations
   /// that no other class needs, refer to: its namespace goes, and these hold one another.

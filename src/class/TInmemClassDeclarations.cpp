@@ -1,10 +1,12 @@
 #include <boost/make_shared.hpp>
+#include <utility>
 
 #include "Failures.h"
 #include "InMemory.h"
 #include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
+#include "TOneBlock.h"
 
 namespace NZELVYR20 {
 
@@ -33,7 +35,7 @@ void LogOverrideFailure(const char* kind, const std::string& name, const std::st
 /// qualifier, as most, costs a throw.
 template <class TOwn, class TInterface>
 bool HasOverride(const TInterface& declaration) {
-  if (const auto* const own = dynamic_cast<const TOwn*>(&declaration)) {
+  if (const auto* const own = FindInMemory<const TOwn>(&declaration)) {
     return own->GetQualifiers().FindKey(QualifierKey::kOverride) != nullptr;
   }
   return declaration.GetQualifier(kOverride, {}) != nullptr;
@@ -46,11 +48,11 @@ bool TInmemClass::IsDeclaredHere(const boost::shared_ptr<ICIMClass>& declaringCl
 }
 
 void TInmemClass::AddPropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
-  Declare(declaration);
+  Declare(std::move(declaration));
 }
 
 boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
-    const boost::shared_ptr<ICIMPropertyDecl>& declaration) {
+    boost::shared_ptr<ICIMPropertyDecl> declaration) {
   const auto self = shared_from_this();
   const std::string& name = declaration->GetName({});
   if (declaration->GetType({}) == TCIMValue::TCIMType::kReference && !IsAssociation({})) {
@@ -61,7 +63,7 @@ boost::shared_ptr<TInmemPropertyDecl> TInmemClass::Declare(
   const std::string key = NormalizeName(name);
   auto existing = propertyDecls_.Find(key);
   if (!IsPropertyDeclAccepted(*declaration, key, existing)) return existing;
-  auto added = InMemory<TInmemPropertyDecl>(declaration);
+  auto added = InMemory<TInmemPropertyDecl>(std::move(declaration));
   if (existing) {
     propertyDecls_.Put(key, added);
   } else if (!propertyDecls_.Insert(key, added)) {
@@ -112,7 +114,7 @@ void TInmemClass::RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declara
 boost::shared_ptr<ICIMPropertyDecl> TInmemClass::AllocatePropertyDecl(const std::string& name,
                                                                       const TCIMValue& defaultValue,
                                                                       TCIMContext) {
-  return boost::make_shared<TInmemPropertyDecl>(shared_from_this(), name, defaultValue);
+  return TOneBlock<TInmemPropertyDecl>::Make(0, weak_from_this(), name, defaultValue);
 }
 
 boost::shared_ptr<ICIMPropertyDecl> TInmemClass::GetPropertyDecl(const std::string& name,
@@ -143,7 +145,7 @@ void TInmemClass::AddMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
   const std::string key = NormalizeName(declaration->GetName({}));
   const auto existing = methodDecls_.Find(key);
   CheckMethodDecl(*declaration, existing);
-  const auto added = InMemory<TInmemMethodDecl>(declaration);
+  const auto added = InMemory<TInmemMethodDecl>(std::move(declaration));
   existing ? methodDecls_.Put(key, added) : static_cast<void>(methodDecls_.Insert(key, added));
 }
 

@@ -174,10 +174,10 @@ class TOrderedTable {
 
   /// Inserts, or puts the element in place of the one that is there. An allocation that fails
   /// leaves the table as it was.
-  void Put(const TKey& key, TPointer element) {
+  void Put(TKey key, TPointer element) {
     const auto entry = entries_.lower_bound(key);
     if (entry == entries_.end() || key < entry->first) {
-      entries_.emplace_hint(entry, key, TEntry{std::move(element), revision_ + 1});
+      entries_.emplace_hint(entry, std::move(key), TEntry{std::move(element), revision_ + 1});
     } else {
       Replace(entry, element);
     }

@@ -1,14 +1,16 @@
 #include "TInmemPropertyDecl.h"
 
+#include <utility>
+
 #include "Failures.h"
 #include "TInmemClass.h"
 #include "TValueMapTable.h"
 
 namespace NZELVYR20 {
 
-TInmemPropertyDecl::TInmemPropertyDecl(const boost::shared_ptr<TInmemClass>& owner,
-                                       const std::string& name, const TCIMValue& defaultValue)
-    : TInmemFeatureDecl(name), class_(owner), default_(defaultValue) {}
+TInmemPropertyDecl::TInmemPropertyDecl(boost::weak_ptr<TInmemClass> owner, const std::string& name,
+                                       const TCIMValue& defaultValue)
+    : TInmemFeatureDecl(name), class_(std::move(owner)), default_(defaultValue) {}
 
 TInmemPropertyDecl::TInmemPropertyDecl(const boost::shared_ptr<const TInmemClass>&,
                                        const boost::shared_ptr<const ICIMPropertyDecl>&)

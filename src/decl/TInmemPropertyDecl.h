@@ -19,7 +19,7 @@ class TValueMapTable;
 /// default value.
 class TInmemPropertyDecl : public TInmemFeatureDecl<ICIMPropertyDecl, TInmemPropertyDecl> {
  public:
-  TInmemPropertyDecl(const boost::shared_ptr<TInmemClass>& owner, const std::string& name,
+  TInmemPropertyDecl(boost::weak_ptr<TInmemClass> owner, const std::string& name,
                      const TCIMValue& defaultValue);
 
   /// Copies nothing: the declaration has no name, class, default or qualifiers.
@@ -49,6 +49,9 @@ class TInmemPropertyDecl : public TInmemFeatureDecl<ICIMPropertyDecl, TInmemProp
 
   /// Lets go of the classes that the default and the qualifiers hold.
   void ReleaseClasses() noexcept;
+
+  /// The last pointer to it has gone, where a TOneBlock made it.
+  void LetGo() noexcept { this->~TInmemPropertyDecl(); }
 
   boost::shared_ptr<ICIMQualifier> GetQualifier(const std::string& name,
                                                 TCIMContext context) const override;

@@ -6,13 +6,13 @@
 
 #include "Enumerate.h"
 #include "Failures.h"
-#include "MakeInOneBlock.h"
 #include "NormalizedNames.h"
 #include "TCIMDateTime.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
 #include "TInmemProperty.h"
 #include "TOSSpecific.h"
+#include "TOneBlock.h"
 
 namespace NZELVYR20 {
 
@@ -71,11 +71,9 @@ TInmemInstance::~TInmemInstance() = default;
 
 boost::shared_ptr<TInmemInstance> TInmemInstance::Make(
     const boost::shared_ptr<TInmemClass>& cimClass, int validationFlags) {
-  const auto letGo = [](TInmemInstance* instance) { instance->LetGo(); };
   TDeclaredPointer declared = cimClass->GetDeclaredProperties();
   const std::size_t room = TInmemValues::GetRoom(declared->GetEntries().size());
-  return MakeInOneBlock<TInmemInstance>(letGo, room, cimClass, std::move(declared),
-                                        validationFlags);
+  return TOneBlock<TInmemInstance>::Make(room, cimClass, std::move(declared), validationFlags);
 }
 
 void TInmemInstance::LetGo() noexcept {

@@ -73,6 +73,9 @@ class TInmemInstance final : public ICIMInstance,
   void NoteHeld(THeldProperty& property) noexcept { held_.Add(property); }
   void NoteLetGo(THeldProperty& property) noexcept;
 
+  /// The last pointer to it has gone.
+  void LetGo() noexcept;
+
   /// Adds the value of the key of that name to the path.
   void AddKeyTo(TCIMReference& path, const std::string& keyName) const;
 
@@ -148,7 +151,6 @@ class TInmemInstance final : public ICIMInstance,
     boost::shared_ptr<ICIMProperty> derived;  ///< in place of a property of the instance
   };
 
-  void LetGo() noexcept;
   void StampCollectionTime();
   std::size_t CountProperties() const { return GetDeclared()->GetEntries().size(); }
   std::size_t FindPosition(const std::string& name) const;

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <boost/make_shared.hpp>
+#include <utility>
 
 #include "Enumerate.h"
 #include "Failures.h"
+#include "InMemory.h"
 #include "NormalizedNames.h"
 #include "Swallow.h"
 #include "TCIMReference.h"
@@ -73,8 +75,7 @@ boost::shared_ptr<ICIMClass> TInmemNamespace::AllocateClass(const std::string& n
   }
   if (!superClass) superClass = rootClass_;
   const boost::shared_ptr<TInmemClass> made(
-      new TInmemClass(shared_from_this(), name,
-                      boost::dynamic_pointer_cast<TInmemClass>(superClass)),
+      new TInmemClass(shared_from_this(), name, FindInMemory<TInmemClass>(std::move(superClass))),
       &TInmemClass::Delete);
   Track(made);
   made->Initialize();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <boost/enable_shared_from_this.hpp>
-#include <boost/make_shared.hpp>
 #include <boost/shared_ptr.hpp>
 #include <utility>
 
@@ -26,15 +25,14 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       TCIMContext) override {
-    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), std::move(declaration),
-                                               value);
+    const auto flavor = declaration->GetFlavor({});
+    return TInmemQualifier::Make(GetOwner(), std::move(declaration), value, flavor);
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       ICIMQualifierDecl::EFlavor flavor, TCIMContext) override {
-    return boost::make_shared<TInmemQualifier>(this->shared_from_this(), std::move(declaration),
-                                               value, flavor);
+    return TInmemQualifier::Make(GetOwner(), std::move(declaration), value, flavor);
   }
 
   const TInmemQualifierSet& GetQualifiers() const { return qualifiers_; }
@@ -47,6 +45,10 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   ~TInmemQualifiedElement() override = default;
 
   TInmemQualifierSet qualifiers_;
+
+ private:
+  /// This, as its qualifiers know it.
+  TInmemQualifier::TOwner GetOwner() { return {this->weak_from_this(), this}; }
 };
 
 }  // namespace NZELVYR20

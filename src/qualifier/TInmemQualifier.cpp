@@ -1,35 +1,41 @@
 #include "TInmemQualifier.h"
 
-#include <boost/make_shared.hpp>
 #include <utility>
 
 #include "ICIMNamedElement.h"
 #include "NormalizedNames.h"
 #include "TInmemQualifierDecl.h"
+#include "TOneBlock.h"
 
 namespace NZELVYR20 {
 
-TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
+boost::shared_ptr<TInmemQualifier> TInmemQualifier::Make(
+    TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
+    ICIMQualifierDecl::EFlavor flavor) {
+  return TOneBlock<TInmemQualifier>::Make(0, std::move(owner), std::move(declaration), value,
+                                          flavor);
+}
+
+TInmemQualifier::TInmemQualifier(TOwner owner,
                                  boost::shared_ptr<const ICIMQualifierDecl> declaration,
                                  const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor)
-    : owner_(owner),
+    : owner_(std::move(owner)),
       declaration_(std::move(declaration)),
       value_(value),
       flavor_(flavor),
       propagated_(false) {}
 
-TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
+TInmemQualifier::TInmemQualifier(TOwner owner,
                                  boost::shared_ptr<const ICIMQualifierDecl> declaration,
                                  const TCIMValue& value)
-    : owner_(owner),
+    : owner_(std::move(owner)),
       declaration_(std::move(declaration)),
       value_(value),
       flavor_(declaration_->GetFlavor({})),
       propagated_(false) {}
 
-TInmemQualifier::TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                                 const boost::shared_ptr<const ICIMQualifier>& source)
-    : owner_(owner),
+TInmemQualifier::TInmemQualifier(TOwner owner, const boost::shared_ptr<const ICIMQualifier>& source)
+    : owner_(std::move(owner)),
       declaration_(source->GetDeclaration({})),
       value_(source->GetValue({})),
       flavor_(source->GetFlavor({})),
@@ -46,15 +52,21 @@ boost::shared_ptr<TInmemQualifier> TInmemQualifier::CopyWithoutClasses() const {
   auto declaration = declaration_;
   const auto* const own = dynamic_cast<const TInmemQualifierDecl*>(declaration.get());
   if (own != nullptr && own->MayHoldClasses()) declaration = own->CopyWithoutClasses();
-  auto copy =
-      boost::make_shared<TInmemQualifier>(owner_.lock(), declaration, value_.Get(), flavor_);
+  auto copy = Make(owner_, std::move(declaration), value_.Get(), flavor_);
   copy->value_.ReleaseClasses();
   copy->propagated_ = propagated_;
   return copy;
 }
 
+boost::shared_ptr<TInmemQualifier> TInmemQualifier::PassDown(TOwner owner) const {
+  auto copy = Make(std::move(owner), declaration_, value_.Get(), flavor_);
+  copy->propagated_ = true;
+  return copy;
+}
+
 void TInmemQualifier::AddToClassOrProperty(TCIMContext) const {
-  auto self = boost::const_pointer_cast<TInmemQualifier>(shared_from_this());
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): elements take what they may change
+  auto self = TOneBlock<TInmemQualifier>::Share(const_cast<TInmemQualifier&>(*this));
   GetClassOrProperty({})->AddQualifier(std::move(self), {});
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <boost/enable_shared_from_this.hpp>
 #include <boost/shared_ptr.hpp>
 #include <boost/weak_ptr.hpp>
 #include <cstdint>
@@ -13,26 +12,36 @@
 namespace NZELVYR20 {
 
 /// One qualifier of one element. It knows the element weakly and holds its declaration.
-class TInmemQualifier : public ICIMQualifier,
-                        public boost::enable_shared_from_this<TInmemQualifier> {
+class TInmemQualifier : public ICIMQualifier {
  public:
-  TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                  boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
-                  ICIMQualifierDecl::EFlavor flavor);
+  using TOwner = boost::weak_ptr<const ICIMNamedElement>;
+
+  /// Only what this makes may be attached: there are many qualifiers, and so they are small.
+  static boost::shared_ptr<TInmemQualifier> Make(
+      TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
+      ICIMQualifierDecl::EFlavor flavor);
+
+  TInmemQualifier(TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration,
+                  const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor);
 
   /// With the flavor of the declaration.
-  TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                  boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value);
+  TInmemQualifier(TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration,
+                  const TCIMValue& value);
 
   /// A copy for another element. The propagated mark is carried over as it is: whoever passes a
   /// qualifier down sets it.
-  TInmemQualifier(const boost::shared_ptr<const ICIMNamedElement>& owner,
-                  const boost::shared_ptr<const ICIMQualifier>& source);
+  TInmemQualifier(TOwner owner, const boost::shared_ptr<const ICIMQualifier>& source);
 
   TInmemQualifier(const TInmemQualifier&) = delete;
   ~TInmemQualifier() override;
 
   void SetPropagated(bool propagated) { propagated_ = propagated; }
+
+  /// A propagated copy for another element.
+  boost::shared_ptr<TInmemQualifier> PassDown(TOwner owner) const;
+
+  /// The last pointer has gone.
+  void LetGo() noexcept { this->~TInmemQualifier(); }
 
   /// How often the value was set; the last revision stands for any number from there on.
   static constexpr std::uint16_t kLastRevision = std::numeric_limits<std::uint16_t>::max();
@@ -65,7 +74,7 @@ class TInmemQualifier : public ICIMQualifier,
   TInmemQualifier& operator=(const TInmemQualifier& other);
 
  private:
-  const boost::weak_ptr<const ICIMNamedElement> owner_;
+  const TOwner owner_;
   const boost::shared_ptr<const ICIMQualifierDecl> declaration_;
   TTypedValue value_;
   ICIMQualifierDecl::EFlavor flavor_;

@@ -1,6 +1,5 @@
 #include "TInmemQualifierSet.h"
 
-#include <boost/make_shared.hpp>
 #include <new>
 #include <utility>
 
@@ -20,7 +19,7 @@ bool HasFlavor(const ICIMQualifier& qualifier, ICIMQualifierDecl::EFlavor flavor
 }  // namespace
 
 void TInmemQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
-  const std::string key = NormalizeName(qualifier->GetName({}));
+  std::string key = NormalizeName(qualifier->GetName({}));
   const auto attached = qualifiers_.Find(key);
   if (attached && !HasFlavor(*attached, ICIMQualifierDecl::kOverridable)) {
     if (Conflicts(*attached, *qualifier)) throw Failure::QualifierConflict();
@@ -28,9 +27,10 @@ void TInmemQualifierSet::Add(boost::shared_ptr<ICIMQualifier> qualifier) {
   }
   auto added = InMemory<TInmemQualifier>(std::move(qualifier));
   const TInmemQualifier* const now = added.get();
-  qualifiers_.Put(key, std::move(added));
+  const bool isKey = key == QualifierKey::kKey;
+  qualifiers_.Put(std::move(key), std::move(added));
   missing_ = 0;
-  if (key == QualifierKey::kKey) key_ = now;
+  if (isKey) key_ = now;
 }
 
 bool TInmemQualifierSet::Conflicts(const ICIMQualifier& attached,
@@ -74,10 +74,7 @@ void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
       [&](const std::string& key, const boost::shared_ptr<TInmemQualifier>& qualifier) {
         if (inherit == EInherit::kAllButAbstract && key == QualifierKey::kAbstract) return;
         if (!HasFlavor(*qualifier, ICIMQualifierDecl::kToSubclass) || FindKey(key)) return;
-        const boost::shared_ptr<const ICIMQualifier> source(qualifier);
-        const auto copy = boost::make_shared<TInmemQualifier>(owner, source);
-        copy->SetPropagated(true);
-        copies.Add(key, copy);
+        copies.Add(key, qualifier->PassDown(owner));
       });
   qualifiers_.Insert(std::move(copies));
   NoteChange();

@@ -1,5 +1,7 @@
 #include "SmallSchema.h"
 
+#include <utility>
+
 #include "ICIMQualifier.h"
 #include "TCIMReference.h"
 
@@ -19,7 +21,7 @@ void Qualify(const TSpace& space, ICIMNamedElement& element, const std::string& 
                                                ICIMQualifierDecl::kNoFlavor, {});
     declaration->AddToNamespace({});
   }
-  element.AllocateQualifier(declaration, true, {})->AddToClassOrProperty({});
+  element.AllocateQualifier(std::move(declaration), true, {})->AddToClassOrProperty({});
 }
 
 TPropertyDecl Declare(const TSpace& space, const TClass& cimClass, const std::string& name,

@@ -33,7 +33,9 @@ class TMachineFiles {
   /// The place itself, whatever is there: for questions that need no more, not for reading.
   TDescriptor Find(const std::string& path) const;
 
-  /// The last component of what a symbolic link points to; empty for anything else.
+  /// What a symbolic link points to, as it stands there; empty for anything else.
+  std::string ReadLink(const std::string& path) const;
+  /// The last component of that.
   std::string ReadLinkName(const std::string& path) const;
 
  private:

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "BlockDeviceText.h"
@@ -12,6 +14,17 @@ namespace NZELVYR20 {
 /// The storage extents by their names in /sys/block, such as "sda1".
 using TExtents = std::map<std::string, TCIMReference>;
 
+/// The processors, by the numbers of the logical ones that they have.
+using TProcessorsByIndex = std::map<std::uint32_t, TCIMReference>;
+
+/// The functions on PCI buses, by their addresses.
+using TPciFunctions = std::map<std::string, TCIMReference>;
+
+/// Links a device with the PCI function that provides it, by the symbolic link in /sys that leads
+/// to the device; where it is no function's there is nothing to link.
+void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
+                    const std::string& link, const TCIMReference& device);
+
 /// Sets the size of a disk, a part of one, or memory: in blocks, and in bytes for people.
 void SetSize(TInstanceDraft& draft, const TExtentSize& size);
 
@@ -19,13 +32,18 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size);
 // first, because all else belongs to it.
 
 void CollectComputerSystem(TCollection& collection);
-void CollectChassis(TCollection& collection);
+/// Returns the box, where there is something to say of it.
+std::optional<TCIMReference> CollectChassis(TCollection& collection);
 void CollectOperatingSystem(TCollection& collection);
-void CollectProcessors(TCollection& collection);
-void CollectNetworkPorts(TCollection& collection);
-void CollectPciDevices(TCollection& collection);
+TProcessorsByIndex CollectProcessors(TCollection& collection);
+void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,
+                   const TProcessorsByIndex& processors);
+TPciFunctions CollectPciDevices(TCollection& collection);
+void CollectSensors(TCollection& collection, const TPciFunctions& functions);
+void CollectPower(TCollection& collection);
+void CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
 /// Returns what file systems can reside on.
-TExtents CollectBlockDevices(TCollection& collection);
+TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions);
 void CollectFileSystems(TCollection& collection, const TExtents& extents);
 
 }  // namespace NZELVYR20

@@ -30,8 +30,9 @@ struct TDevice {
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
-  explicit TBlockDevices(TCollection& collection)
+  TBlockDevices(TCollection& collection, const TPciFunctions& functions)
       : collection_(collection),
+        functions_(functions),
         dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))) {}
 
   void AddDevice(const std::string& name, TMachineFolder folder);
@@ -48,6 +49,7 @@ class TBlockDevices {
   void LinkPartition(const std::string& disk, const TDevice& partition);
 
   TCollection& collection_;
+  const TPciFunctions& functions_;
   std::set<std::string> dvdDrives_;
   TExtents extents_;
   std::vector<std::pair<std::string, std::string>> layers_;  ///< each with one of what is below it
@@ -107,6 +109,7 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
         .Set("MaxMediaSize", drive.size->blocks * drive.size->blockSize / 1024);
   }
   const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_SystemDevice");
+  if (path) LinkToFunction(collection_, functions_, kDevicesFolder + ('/' + drive.name), *path);
   const auto medium = extents_.find(drive.name);
   if (path && medium != extents_.end()) {
     collection_.Link(collection_.DraftDependency("CIM_MediaPresent", *path, medium->second)
@@ -187,9 +190,9 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
   }
 }
 
-TExtents CollectBlockDevices(TCollection& collection) {
+TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions) {
   const TMachineFolder folder = collection.Enter(kDevicesFolder);
-  TBlockDevices devices(collection);
+  TBlockDevices devices(collection, functions);
   for (const std::string& name : folder.GetNames()) devices.AddDevice(name, folder.Enter(name));
   devices.LinkLayers();
   return devices.GetExtents();

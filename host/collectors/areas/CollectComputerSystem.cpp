@@ -36,7 +36,8 @@ std::string ReadFirmware(TCollection& collection, const TMachineFolder& fields,
   return CleanFirmwareText(std::string(Trim(collection.Read(kFirmwareFolder + ("/" + name)))));
 }
 
-void AddChassis(TCollection& collection, TInstanceDraft& draft, const std::string& model) {
+std::optional<TCIMReference> AddChassis(TCollection& collection, TInstanceDraft& draft,
+                                        const std::string& model) {
   draft.Set("Tag", "chassis0").Set("CreationClassName", "CIM_Chassis");
   draft.SetText("Model", model).SetText("ElementName", model);
   const std::optional<TCIMReference> chassis = collection.Add(draft);
@@ -44,6 +45,7 @@ void AddChassis(TCollection& collection, TInstanceDraft& draft, const std::strin
     collection.Link(
         collection.DraftDependency("CIM_ComputerSystemPackage", *chassis, *collection.GetSystem()));
   }
+  return chassis;
 }
 
 }  // namespace
@@ -56,7 +58,7 @@ void CollectComputerSystem(TCollection& collection) {
   collection.AddSystem(draft, name);
 }
 
-void CollectChassis(TCollection& collection) {
+std::optional<TCIMReference> CollectChassis(TCollection& collection) {
   const TMachineFiles& files = collection.GetFiles();
   const TMachineFolder firmware(files, kFirmwareFolder);
   const auto read = [&](const char* name) { return ReadFirmware(collection, firmware, name); };
@@ -76,6 +78,7 @@ void CollectChassis(TCollection& collection) {
   const std::string model = files.ReadValue("/proc/device-tree/model");
   if (!model.empty()) return AddChassis(collection, draft, model);
   collection.Note(kFirmwareFolder, firmware.GetReason());
+  return std::nullopt;
 }
 
 }  // namespace NZELVYR20

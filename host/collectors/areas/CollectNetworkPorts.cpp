@@ -24,7 +24,8 @@ void SetAddresses(TInstanceDraft& draft, const TMachineFolder& folder) {
   if (folder.ReadValue("addr_assign_type") == "0") draft.Set("PermanentAddress", address);
 }
 
-void AddPort(TCollection& collection, const std::string& name, const TMachineFolder& folder) {
+std::optional<TCIMReference> AddPort(TCollection& collection, const std::string& name,
+                                     const TMachineFolder& folder) {
   const TLinkKind link = FindLinkKind(folder);
   const TPortState state = ParsePortState(folder.ReadValue("operstate"), folder.ReadValue("flags"));
   TInstanceDraft draft = collection.DraftDevice(
@@ -41,16 +42,19 @@ void AddPort(TCollection& collection, const std::string& name, const TMachineFol
       .Set("FullDuplex", ParseFullDuplex(folder.ReadValue("duplex")))
       .Set("ActiveMaximumTransmissionUnit", ParseUnsigned(folder.ReadValue("mtu")));
   SetAddresses(draft, folder);
-  collection.AddPart(draft, "CIM_SystemDevice");
+  return collection.AddPart(draft, "CIM_SystemDevice");
 }
 
 }  // namespace
 
-void CollectNetworkPorts(TCollection& collection) {
+void CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions) {
   const TMachineFolder ports = collection.Enter(kPortsFolder);
   for (const std::string& name : ports.GetNames()) {
     // Settings of drivers stand here, too, as plain files.
-    if (ports.HasFolder(name)) AddPort(collection, name, ports.Enter(name));
+    if (!ports.HasFolder(name)) continue;
+    if (const auto port = AddPort(collection, name, ports.Enter(name))) {
+      LinkToFunction(collection, functions, kPortsFolder + ('/' + name), *port);
+    }
   }
 }
 

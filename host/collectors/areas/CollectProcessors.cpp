@@ -203,7 +203,8 @@ std::vector<TLogicalProcessor> FindProcessors(TCollection& collection) {
 
 }  // namespace
 
-void CollectProcessors(TCollection& collection) {
+TProcessorsByIndex CollectProcessors(TCollection& collection) {
+  TProcessorsByIndex byIndex;
   for (const auto& [number, package] :
        GroupByPackage(collection.GetFiles(), FindProcessors(collection))) {
     const std::vector<std::string> cores = NameCores(collection.GetFiles(), number, package);
@@ -212,7 +213,9 @@ void CollectProcessors(TCollection& collection) {
     if (!processor) continue;
     AddCores(collection, *processor, cores);
     AddCaches(collection, *processor, package);
+    for (const TLogicalProcessor& logical : package) byIndex.emplace(logical.index, *processor);
   }
+  return byIndex;
 }
 
 }  // namespace NZELVYR20

@@ -43,10 +43,12 @@ TMemoryFacts ParseMemory(std::string_view text) {
     const std::vector<std::string_view> words = SplitWords(field->value);
     if (words.size() != 2 || words[1] != "kB") continue;
     const std::optional<std::uint64_t> size = ParseUnsigned(words[0]);
-    if (field->name == "MemTotal") facts.total = size;
-    if (field->name == "MemFree") facts.free = size;
-    if (field->name == "SwapTotal") facts.swapTotal = size;
-    if (field->name == "SwapFree") facts.swapFree = size;
+    // A node of the memory says its number before each name.
+    const std::string_view name = field->name.substr(field->name.find_last_of(' ') + 1);
+    if (name == "MemTotal") facts.total = size;
+    if (name == "MemFree") facts.free = size;
+    if (name == "SwapTotal") facts.swapTotal = size;
+    if (name == "SwapFree") facts.swapFree = size;
   }
   return facts;
 }

@@ -18,7 +18,7 @@ struct TReleaseFacts {
 /// Reads NAME=value lines, with the quotes and back-slashes of a shell.
 TReleaseFacts ParseRelease(std::string_view text);
 
-/// What /proc/meminfo tells, in KiB.
+/// What /proc/meminfo tells, or that of one node of the memory, in KiB.
 struct TMemoryFacts {
   std::optional<std::uint64_t> total;
   std::optional<std::uint64_t> free;

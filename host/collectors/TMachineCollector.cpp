@@ -28,7 +28,9 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   collection.BeginArea("power");
   CollectPower(collection);
   collection.BeginArea("network ports");
-  CollectNetworkPorts(collection, functions);
+  const TNetworkPorts ports = CollectNetworkPorts(collection, functions);
+  collection.BeginArea("addresses");
+  CollectAddresses(collection, ports);
   collection.BeginArea("block devices");
   const TExtents extents = CollectBlockDevices(collection, functions);
   collection.BeginArea("file systems");

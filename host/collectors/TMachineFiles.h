@@ -22,6 +22,8 @@ class TMachineFiles {
 
   /// The content of a regular file of at most 16 MiB.
   std::optional<std::string> Read(const std::string& path, std::string& why) const;
+  /// The same for what many machines lack without loss; empty then.
+  std::string ReadTable(const std::string& path) const;
   /// The same, trimmed, for the many files of /sys that may well be absent; empty then, and for
   /// more than such a file can hold.
   std::string ReadValue(const std::string& path) const;

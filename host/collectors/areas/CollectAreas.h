@@ -20,6 +20,9 @@ using TProcessorsByIndex = std::map<std::uint32_t, TCIMReference>;
 /// The functions on PCI buses, by their addresses.
 using TPciFunctions = std::map<std::string, TCIMReference>;
 
+/// The network ports, by their names.
+using TNetworkPorts = std::map<std::string, TCIMReference>;
+
 /// Links a device with the PCI function that provides it, by the symbolic link in /sys that leads
 /// to the device; where it is no function's there is nothing to link.
 void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
@@ -41,7 +44,8 @@ void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& 
 TPciFunctions CollectPciDevices(TCollection& collection);
 void CollectSensors(TCollection& collection, const TPciFunctions& functions);
 void CollectPower(TCollection& collection);
-void CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
+TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
+void CollectAddresses(TCollection& collection, const TNetworkPorts& ports);
 /// Returns what file systems can reside on.
 TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions);
 void CollectFileSystems(TCollection& collection, const TExtents& extents);

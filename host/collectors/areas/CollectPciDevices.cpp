@@ -57,11 +57,9 @@ std::map<TPciNumbers, TPciNames> ReadNames(const TMachineFiles& files,
   std::set<TPciNumbers> wanted;
   for (const auto& [name, function] : functions) wanted.insert(function.numbers);
   if (wanted.empty()) return {};
-  std::string why;
-  for (const char* path : {"/usr/share/misc/pci.ids", "/usr/share/hwdata/pci.ids"}) {
-    if (const auto list = files.Read(path, why)) return FindPciNames(*list, wanted);
-  }
-  return {};
+  std::string list = files.ReadTable("/usr/share/misc/pci.ids");
+  if (list.empty()) list = files.ReadTable("/usr/share/hwdata/pci.ids");
+  return FindPciNames(list, wanted);
 }
 
 TInstanceDraft DraftFunction(const TCollection& collection, const std::string& name,

@@ -15,6 +15,7 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   collection.BeginArea("computer system");
   CollectComputerSystem(collection);
   const std::optional<TCIMReference> chassis = CollectChassis(collection);
+  CollectFirmware(collection, chassis);
   collection.BeginArea("operating system");
   CollectOperatingSystem(collection);
   collection.BeginArea("processors");

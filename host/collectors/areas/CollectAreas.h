@@ -38,6 +38,7 @@ void CollectComputerSystem(TCollection& collection);
 /// Returns the box, where there is something to say of it.
 std::optional<TCIMReference> CollectChassis(TCollection& collection);
 void CollectOperatingSystem(TCollection& collection);
+void CollectFirmware(TCollection& collection, const std::optional<TCIMReference>& chassis);
 TProcessorsByIndex CollectProcessors(TCollection& collection);
 void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,
                    const TProcessorsByIndex& processors);

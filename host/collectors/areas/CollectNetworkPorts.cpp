@@ -1,5 +1,6 @@
 #include "CollectAreas.h"
 #include "NetworkText.h"
+#include "TIdentities.h"
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -30,22 +31,13 @@ void SetAddresses(TInstanceDraft& draft, const TMachineFolder& folder) {
 /// How a port that is made of others works.
 void SetLayer(TInstanceDraft& draft, const TMachineFolder& folder,
               const std::string& virtualNetwork) {
-  std::vector<std::string> kinds;
-  std::vector<std::string> texts;
   const std::string mode =
       folder.HasFolder("bonding") ? folder.Enter("bonding").ReadValue("mode") : std::string();
-  if (!mode.empty()) {
-    kinds.emplace_back("Bonding mode");
-    // After the word stands its number.
-    texts.push_back(mode.substr(0, mode.find(' ')));
-  }
-  if (!virtualNetwork.empty()) {
-    kinds.emplace_back("VLAN");
-    texts.push_back(virtualNetwork);
-  }
-  if (!kinds.empty()) {
-    draft.SetTexts("IdentifyingDescriptions", kinds).SetTexts("OtherIdentifyingInfo", texts);
-  }
+  // After the word stands its number.
+  TIdentities()
+      .Add("Bonding mode", mode.substr(0, mode.find(' ')))
+      .Add("VLAN", virtualNetwork)
+      .SetIn(draft);
 }
 
 std::optional<TCIMReference> AddPort(TCollection& collection, const std::string& name,

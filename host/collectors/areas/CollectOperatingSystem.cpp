@@ -38,6 +38,13 @@ std::optional<std::uint32_t> CountProcesses(const TMachineFiles& files) {
   return static_cast<std::uint32_t>(count);
 }
 
+std::optional<std::uint32_t> CountUsersOf(const TMachineFiles& files) {
+  const std::string path = "/run/utmp";
+  std::string why;
+  const std::optional<std::string> records = files.Read(path, why);
+  return records ? CountUsers(*records) : std::nullopt;
+}
+
 void SetMemory(TInstanceDraft& draft, const TMemoryFacts& memory) {
   draft.Set("TotalVisibleMemorySize", memory.total)
       .Set("FreePhysicalMemory", memory.free)
@@ -86,6 +93,7 @@ void CollectOperatingSystem(TCollection& collection) {
       .SetText("Version", release)
       .SetText("Description", files.ReadValue("/proc/version"))
       .Set("NumberOfProcesses", CountProcesses(files))
+      .Set("NumberOfUsers", CountUsersOf(files))
       .Set("MaxNumberOfProcesses",
            ParseNumber<std::uint32_t>(files.ReadValue("/proc/sys/kernel/pid_max")));
   SetMemory(draft, ParseMemory(collection.Read("/proc/meminfo")));

@@ -1,5 +1,6 @@
 #include "CollectAreas.h"
 #include "PciText.h"
+#include "TIdentities.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -77,12 +78,9 @@ TInstanceDraft DraftFunction(const TCollection& collection, const std::string& n
       .Set("SubsystemID", ReadWord(folder, "subsystem_device"))
       .Set("RevisionID", ReadRevision(folder, "revision"))
       .Set("ClassCode", ReadClassCode(folder, "class"));
-  const std::string driver =
-      collection.GetFiles().ReadLinkName(kDevicesFolder + ('/' + name) + "/driver");
-  if (!driver.empty()) {
-    draft.SetTexts("IdentifyingDescriptions", {"Driver"})
-        .SetTexts("OtherIdentifyingInfo", {driver});
-  }
+  TIdentities()
+      .Add("Driver", collection.GetFiles().ReadLinkName(kDevicesFolder + ('/' + name) + "/driver"))
+      .SetIn(draft);
   return draft;
 }
 

@@ -73,6 +73,25 @@ std::set<std::string> ListSet(const THostNamespace& host, const TTexts& paths) {
   return names;
 }
 
+/// Whether a row of the document has both the class and the property.
+bool IsDocumented(const std::string& name) {
+  static const std::string kDocument = ReadFile(COLLECTED_DOCUMENT);
+  const std::size_t dot = name.find('.');
+  std::istringstream rows(kDocument);
+  for (std::string row; std::getline(rows, row);) {
+    TTexts cells;
+    boost::split(cells, row, boost::is_any_of("|"));
+    const auto has = [&cells](std::size_t cell, const std::string& word) {
+      TTexts words;
+      boost::split(words, cells[cell], boost::is_any_of(", "));
+      return std::count(words.begin(), words.end(), word) > 0;
+    };
+    if (cells.size() > 3 && has(1, name.substr(0, dot)) && has(2, name.substr(dot + 1)))
+      return true;
+  }
+  return false;
+}
+
 /// A case is an instance, with what it shows; an association, with what it links; or any other
 /// class, with the paths of its instances.
 TEST_F(MachineCollector, AddsAllThatThereIs) {
@@ -88,6 +107,9 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
     }
     return boost::join(lines, "\n");
   });
+  for (const std::string& name : ListSet(host_, shown)) {
+    EXPECT_TRUE(IsDocumented(name)) << name << " is in no row of the document";
+  }
   std::set<std::string> unseen = ListSet(host_, host_.ListPaths("CIM_ManagedElement"));
   for (const std::string& seen : ListSet(host_, shown)) unseen.erase(seen);
   EXPECT_EQ(std::set<std::string>(), unseen) << "set, and in no case";

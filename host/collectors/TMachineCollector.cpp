@@ -24,6 +24,8 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   CollectMemory(collection, chassis, processors);
   collection.BeginArea("PCI devices");
   const TPciFunctions functions = CollectPciDevices(collection);
+  collection.BeginArea("USB devices");
+  CollectUsbDevices(collection, functions);
   collection.BeginArea("sensors");
   CollectSensors(collection, functions);
   collection.BeginArea("power");

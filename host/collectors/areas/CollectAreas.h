@@ -43,6 +43,7 @@ TProcessorsByIndex CollectProcessors(TCollection& collection);
 void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,
                    const TProcessorsByIndex& processors);
 TPciFunctions CollectPciDevices(TCollection& collection);
+void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions);
 void CollectSensors(TCollection& collection, const TPciFunctions& functions);
 void CollectPower(TCollection& collection);
 TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);

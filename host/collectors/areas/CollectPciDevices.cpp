@@ -1,5 +1,7 @@
 #include "CollectAreas.h"
+#include "DeviceNames.h"
 #include "PciText.h"
+#include "ReadDeviceNames.h"
 #include "TIdentities.h"
 
 namespace NZELVYR20 {
@@ -32,7 +34,7 @@ std::optional<std::uint8_t> ReadRevision(const TMachineFolder& folder, std::stri
 struct TFunction {
   TPciAddress address;
   TMachineFolder folder;
-  TPciNumbers numbers;
+  TDeviceNumbers numbers;
 };
 
 using TFunctions = std::map<std::string, TFunction>;
@@ -45,26 +47,22 @@ TFunctions ListFunctions(const TMachineFiles& files) {
     const std::optional<TPciAddress> address = ParsePciAddress(name);
     if (!address) continue;
     TMachineFolder folder = devices.Enter(name);
-    const TPciNumbers numbers(ReadWord(folder, "vendor").value_or(0),
-                              ReadWord(folder, "device").value_or(0));
+    const TDeviceNumbers numbers(ReadWord(folder, "vendor").value_or(0),
+                                 ReadWord(folder, "device").value_or(0));
     functions.emplace(name, TFunction{*address, std::move(folder), numbers});
   }
   return functions;
 }
 
-/// By the machine's own list, where it is installed.
-std::map<TPciNumbers, TPciNames> ReadNames(const TMachineFiles& files,
-                                           const TFunctions& functions) {
-  std::set<TPciNumbers> wanted;
+std::map<TDeviceNumbers, TDeviceNames> ReadNames(const TMachineFiles& files,
+                                                 const TFunctions& functions) {
+  std::set<TDeviceNumbers> wanted;
   for (const auto& [name, function] : functions) wanted.insert(function.numbers);
-  if (wanted.empty()) return {};
-  std::string list = files.ReadTable("/usr/share/misc/pci.ids");
-  if (list.empty()) list = files.ReadTable("/usr/share/hwdata/pci.ids");
-  return FindPciNames(list, wanted);
+  return ReadDeviceNames(files, "pci.ids", wanted);
 }
 
 TInstanceDraft DraftFunction(const TCollection& collection, const std::string& name,
-                             const TFunction& function, const TPciNames& names) {
+                             const TFunction& function, const TDeviceNames& names) {
   const auto& [address, folder, numbers] = function;
   TInstanceDraft draft = collection.DraftDevice("CIM_PCIDevice", name);
   draft.Set("ElementName", names.device.empty() ? name : names.device)
@@ -94,7 +92,7 @@ TPciFunctions CollectPciDevices(TCollection& collection) {
     const auto known = names.find(function.numbers);
     const auto path =
         collection.AddPart(DraftFunction(collection, name, function,
-                                         known == names.end() ? TPciNames() : known->second),
+                                         known == names.end() ? TDeviceNames() : known->second),
                            "CIM_SystemDevice");
     if (path) added.emplace(name, *path);
   }

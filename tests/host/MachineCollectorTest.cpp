@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <boost/algorithm/string.hpp>
+#include <cstdlib>
 #include <set>
 #include <sstream>
 
@@ -174,6 +175,15 @@ TEST(ThisMachine, IsCollected) {
     EXPECT_NEAR(status.f_bavail * status.f_frsize, get("AvailableSpace"), 1 << 30) << path;
     EXPECT_NEAR(status.f_files - status.f_ffree, get("NumberOfFiles"), 1 << 20) << path;
   }
+}
+
+TEST(ThisMachine, IsTheSameWhenItWasSaved) {
+  const TSampleTree tree;
+  const std::string saved = tree.GetRoot() + "/saved";
+  ASSERT_EQ(0, std::system((SAVE_MACHINE " --with-serials " + saved).c_str()));
+  EXPECT_EQ(THostNamespace("/").ListPaths("CIM_ManagedElement"),
+            THostNamespace(saved).ListPaths("CIM_ManagedElement"));
+  EXPECT_NE(0, std::system((SAVE_MACHINE " " + saved + " 2>/dev/null").c_str()));
 }
 
 }  // namespace

@@ -62,6 +62,16 @@ TInstanceDraft TCollection::DraftAccessPoint(const std::string& className,
       .Set("Name", name);
 }
 
+TInstanceDraft TCollection::DraftOf(const std::string& operatingSystem,
+                                    const std::string& className) const {
+  return Draft(className)
+      .Set("CreationClassName", className)
+      .Set("CSCreationClassName", kSystemClass)
+      .Set("CSName", systemName_)
+      .Set("OSCreationClassName", "CIM_OperatingSystem")
+      .Set("OSName", operatingSystem);
+}
+
 void TCollection::Link(const TInstanceDraft& draft) {
   draft.AddAnyway();
   for (const TInstanceDraft::TSlip& slip : draft.GetSlips()) Note(slip.what, slip.why);

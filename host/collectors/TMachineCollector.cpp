@@ -7,7 +7,8 @@
 
 namespace NZELVYR20 {
 
-TMachineCollector::TMachineCollector(std::string root) : root_(std::move(root)) {}
+TMachineCollector::TMachineCollector(std::string root, TExtraAreas extras)
+    : root_(std::move(root)), extras_(extras) {}
 
 std::vector<TCollectorNote> TMachineCollector::Collect(
     const boost::shared_ptr<ICIMNamespace>& nameSpace) const {
@@ -17,7 +18,15 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   const std::optional<TCIMReference> chassis = CollectChassis(collection);
   CollectFirmware(collection, chassis);
   collection.BeginArea("operating system");
-  CollectOperatingSystem(collection);
+  const auto operatingSystem = CollectOperatingSystem(collection);
+  if (operatingSystem && extras_.processes) {
+    collection.BeginArea("processes");
+    CollectProcesses(collection, *operatingSystem);
+  }
+  if (extras_.packages) {
+    collection.BeginArea("packages");
+    CollectPackages(collection);
+  }
   collection.BeginArea("processors");
   const TProcessorsByIndex processors = CollectProcessors(collection);
   collection.BeginArea("memory");

@@ -53,7 +53,7 @@ TEST(Schema, EveryClassIsDescribed) {
 class MachineCollector : public testing::Test {
  protected:
   const TSampleMachine tree_;
-  const THostNamespace host_{tree_.GetRoot()};
+  const THostNamespace host_{tree_.GetRoot(), {true, true}};
 };
 
 TEST_F(MachineCollector, NotesWhatItCannotRead) {
@@ -118,7 +118,7 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
 
 TEST_F(MachineCollector, CollectingAgainReplaces) {
   const TTexts paths = host_.ListPaths("CIM_ManagedElement");
-  TMachineCollector(tree_.GetRoot()).Collect(host_.Get());
+  TMachineCollector(tree_.GetRoot(), {true, true}).Collect(host_.Get());
   EXPECT_EQ(paths, host_.ListPaths("CIM_ManagedElement"));
 }
 

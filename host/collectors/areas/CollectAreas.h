@@ -20,6 +20,12 @@ using TProcessorsByIndex = std::map<std::uint32_t, TCIMReference>;
 /// The functions on PCI buses, by their addresses.
 using TPciFunctions = std::map<std::string, TCIMReference>;
 
+/// The operating system, and the name that is one of its keys.
+struct TOperatingSystem {
+  TCIMReference path;
+  std::string name;
+};
+
 /// The network ports, by their names.
 using TNetworkPorts = std::map<std::string, TCIMReference>;
 
@@ -37,7 +43,9 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size);
 void CollectComputerSystem(TCollection& collection);
 /// Returns the box, where there is something to say of it.
 std::optional<TCIMReference> CollectChassis(TCollection& collection);
-void CollectOperatingSystem(TCollection& collection);
+std::optional<TOperatingSystem> CollectOperatingSystem(TCollection& collection);
+void CollectProcesses(TCollection& collection, const TOperatingSystem& operatingSystem);
+void CollectPackages(TCollection& collection);
 void CollectFirmware(TCollection& collection, const std::optional<TCIMReference>& chassis);
 TProcessorsByIndex CollectProcessors(TCollection& collection);
 void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,

@@ -73,6 +73,19 @@ void TParser::AddHostOptions() {
   app_.add_option("--root", options_.root,
                   "Read a saved tree of a machine's files instead of this machine's")
       ->type_name("DIR");
+  app_.add_option_function<std::vector<std::string>>(
+          "--with",
+          [this](const std::vector<std::string>& areas) {
+            for (const std::string& area : areas) {
+              (area == "processes" ? options_.extras.processes : options_.extras.packages) = true;
+            }
+          },
+          "Also collect what runs (processes), or what is installed (packages)")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->check(CLI::IsMember({"processes", "packages"}).description(""))
+      ->type_name("AREA");
   app_.add_option("--log-level", options_.logLevel,
                   "The highest level of log messages to print (default: 3; -1 for none)")
       ->type_name("N");

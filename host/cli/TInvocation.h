@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ICIMNamespace.h"
+#include "TMachineCollector.h"
 #include "TMofOptions.h"
 #include "TTerminal.h"
 #include "TWriteText.h"
@@ -19,6 +20,7 @@ class TRepository;
 struct THostOptions {
   std::optional<std::string> plugin;  ///< none: the plug-in beside the program
   std::string root = "/";
+  TExtraAreas extras;
   std::optional<int> logLevel;  ///< none: the logger's own threshold
   bool isQuiet = false;
   bool isEmpty = false;               ///< neither the program's schema nor the machine's data

@@ -25,7 +25,8 @@ std::string CheckRoot(const std::string& root) {
 }  // namespace
 
 TRepository::TRepository(const THostOptions& options)
-    : collector_(CheckRoot(options.root)), namespace_(OpenNamespace(options.plugin)) {
+    : collector_(CheckRoot(options.root), options.extras),
+      namespace_(OpenNamespace(options.plugin)) {
   if (!options.isEmpty) LoadSchema(namespace_, options.mofOptions);
 }
 

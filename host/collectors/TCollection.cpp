@@ -53,6 +53,25 @@ TInstanceDraft TCollection::DraftElement(const std::string& className,
       .Set("Name", name);
 }
 
+TInstanceDraft TCollection::DraftAccessPoint(const std::string& className,
+                                             const std::string& name) const {
+  return Draft(className)
+      .Set("CreationClassName", className)
+      .Set("SystemCreationClassName", kSystemClass)
+      .Set("SystemName", systemName_)
+      .Set("Name", name);
+}
+
+TInstanceDraft TCollection::DraftOf(const std::string& operatingSystem,
+                                    const std::string& className) const {
+  return Draft(className)
+      .Set("CreationClassName", className)
+      .Set("CSCreationClassName", kSystemClass)
+      .Set("CSName", systemName_)
+      .Set("OSCreationClassName", "CIM_OperatingSystem")
+      .Set("OSName", operatingSystem);
+}
+
 void TCollection::Link(const TInstanceDraft& draft) {
   draft.AddAnyway();
   for (const TInstanceDraft::TSlip& slip : draft.GetSlips()) Note(slip.what, slip.why);

@@ -36,6 +36,12 @@ class TCollection {
   TInstanceDraft DraftDevice(const std::string& className, const std::string& deviceId) const;
   TInstanceDraft DraftElement(const std::string& className, const std::string& name) const;
 
+  /// The same for where a service can be reached.
+  TInstanceDraft DraftAccessPoint(const std::string& className, const std::string& name) const;
+
+  /// The same for what belongs to the operating system of that name.
+  TInstanceDraft DraftOf(const std::string& operatingSystem, const std::string& className) const;
+
   /// Adds the instance, and notes it where the namespace refuses it.
   std::optional<TCIMReference> Add(const TInstanceDraft& draft);
   /// The same, with an association of that class that makes it a part of the computer.

@@ -7,24 +7,44 @@
 
 namespace NZELVYR20 {
 
-TMachineCollector::TMachineCollector(std::string root) : root_(std::move(root)) {}
+TMachineCollector::TMachineCollector(std::string root, TExtraAreas extras)
+    : root_(std::move(root)), extras_(extras) {}
 
 std::vector<TCollectorNote> TMachineCollector::Collect(
     const boost::shared_ptr<ICIMNamespace>& nameSpace) const {
   TCollection collection(root_, nameSpace);
   collection.BeginArea("computer system");
   CollectComputerSystem(collection);
-  CollectChassis(collection);
+  const std::optional<TCIMReference> chassis = CollectChassis(collection);
+  CollectFirmware(collection, chassis);
   collection.BeginArea("operating system");
-  CollectOperatingSystem(collection);
+  const auto operatingSystem = CollectOperatingSystem(collection);
+  if (operatingSystem && extras_.processes) {
+    collection.BeginArea("processes");
+    CollectProcesses(collection, *operatingSystem);
+  }
+  if (extras_.packages) {
+    collection.BeginArea("packages");
+    CollectPackages(collection);
+  }
   collection.BeginArea("processors");
-  CollectProcessors(collection);
-  collection.BeginArea("network ports");
-  CollectNetworkPorts(collection);
+  const TProcessorsByIndex processors = CollectProcessors(collection);
+  collection.BeginArea("memory");
+  CollectMemory(collection, chassis, processors);
   collection.BeginArea("PCI devices");
-  CollectPciDevices(collection);
+  const TPciFunctions functions = CollectPciDevices(collection);
+  collection.BeginArea("USB devices");
+  CollectUsbDevices(collection, functions);
+  collection.BeginArea("sensors");
+  CollectSensors(collection, functions);
+  collection.BeginArea("power");
+  CollectPower(collection);
+  collection.BeginArea("network ports");
+  const TNetworkPorts ports = CollectNetworkPorts(collection, functions);
+  collection.BeginArea("addresses");
+  CollectAddresses(collection, ports);
   collection.BeginArea("block devices");
-  const TExtents extents = CollectBlockDevices(collection);
+  const TExtents extents = CollectBlockDevices(collection, functions);
   collection.BeginArea("file systems");
   CollectFileSystems(collection, extents);
   return collection.GetNotes();

@@ -15,11 +15,17 @@ struct TCollectorNote {
   std::string why;   ///< such as "No such file or directory"
 };
 
+/// What is collected only where it is asked for, since it is much.
+struct TExtraAreas {
+  bool processes = false;  ///< what runs
+  bool packages = false;   ///< what is installed
+};
+
 /// Fills a namespace with the data of one machine: this one, or a saved tree of its files.
 class TMachineCollector {
  public:
   /// `root` stands before every path that is read; "/" is this machine.
-  explicit TMachineCollector(std::string root = "/");
+  explicit TMachineCollector(std::string root = "/", TExtraAreas extras = {});
 
   /// Reads the machine and adds what it finds as instances, of classes that the namespace has to
   /// know (schema/vyr.mof). What cannot be read is no failure: it becomes a note.
@@ -27,6 +33,7 @@ class TMachineCollector {
 
  private:
   std::string root_;
+  TExtraAreas extras_;
 };
 
 }  // namespace NZELVYR20

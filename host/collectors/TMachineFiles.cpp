@@ -61,8 +61,17 @@ bool TMachineFiles::IsFolder(const std::string& path) const {
   return root_.Open(path, O_PATH | O_DIRECTORY).IsOpen();
 }
 
+std::string TMachineFiles::ReadTable(const std::string& path) const {
+  std::string why;
+  return Read(path, why).value_or(std::string());
+}
+
+std::string TMachineFiles::ReadLink(const std::string& path) const {
+  return NZELVYR20::ReadLink(root_.Open(path, O_PATH | O_NOFOLLOW));
+}
+
 std::string TMachineFiles::ReadLinkName(const std::string& path) const {
-  const std::string target = ReadLink(root_.Open(path, O_PATH | O_NOFOLLOW));
+  const std::string target = ReadLink(path);
   return target.substr(target.rfind('/') + 1);
 }
 

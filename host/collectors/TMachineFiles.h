@@ -22,6 +22,8 @@ class TMachineFiles {
 
   /// The content of a regular file of at most 16 MiB.
   std::optional<std::string> Read(const std::string& path, std::string& why) const;
+  /// The same for what many machines lack without loss; empty then.
+  std::string ReadTable(const std::string& path) const;
   /// The same, trimmed, for the many files of /sys that may well be absent; empty then, and for
   /// more than such a file can hold.
   std::string ReadValue(const std::string& path) const;
@@ -33,7 +35,9 @@ class TMachineFiles {
   /// The place itself, whatever is there: for questions that need no more, not for reading.
   TDescriptor Find(const std::string& path) const;
 
-  /// The last component of what a symbolic link points to; empty for anything else.
+  /// What a symbolic link points to, as it stands there; empty for anything else.
+  std::string ReadLink(const std::string& path) const;
+  /// The last component of that.
   std::string ReadLinkName(const std::string& path) const;
 
  private:

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <boost/algorithm/string.hpp>
+#include <cstdlib>
 #include <set>
 #include <sstream>
 
@@ -52,7 +53,7 @@ TEST(Schema, EveryClassIsDescribed) {
 class MachineCollector : public testing::Test {
  protected:
   const TSampleMachine tree_;
-  const THostNamespace host_{tree_.GetRoot()};
+  const THostNamespace host_{tree_.GetRoot(), {true, true}};
 };
 
 TEST_F(MachineCollector, NotesWhatItCannotRead) {
@@ -73,6 +74,25 @@ std::set<std::string> ListSet(const THostNamespace& host, const TTexts& paths) {
   return names;
 }
 
+/// Whether a row of the document has both the class and the property.
+bool IsDocumented(const std::string& name) {
+  static const std::string kDocument = ReadFile(COLLECTED_DOCUMENT);
+  const std::size_t dot = name.find('.');
+  std::istringstream rows(kDocument);
+  for (std::string row; std::getline(rows, row);) {
+    TTexts cells;
+    boost::split(cells, row, boost::is_any_of("|"));
+    const auto has = [&cells](std::size_t cell, const std::string& word) {
+      TTexts words;
+      boost::split(words, cells[cell], boost::is_any_of(", "));
+      return std::count(words.begin(), words.end(), word) > 0;
+    };
+    if (cells.size() > 3 && has(1, name.substr(0, dot)) && has(2, name.substr(dot + 1)))
+      return true;
+  }
+  return false;
+}
+
 /// A case is an instance, with what it shows; an association, with what it links; or any other
 /// class, with the paths of its instances.
 TEST_F(MachineCollector, AddsAllThatThereIs) {
@@ -88,6 +108,9 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
     }
     return boost::join(lines, "\n");
   });
+  for (const std::string& name : ListSet(host_, shown)) {
+    EXPECT_TRUE(IsDocumented(name)) << name << " is in no row of the document";
+  }
   std::set<std::string> unseen = ListSet(host_, host_.ListPaths("CIM_ManagedElement"));
   for (const std::string& seen : ListSet(host_, shown)) unseen.erase(seen);
   EXPECT_EQ(std::set<std::string>(), unseen) << "set, and in no case";
@@ -95,7 +118,7 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
 
 TEST_F(MachineCollector, CollectingAgainReplaces) {
   const TTexts paths = host_.ListPaths("CIM_ManagedElement");
-  TMachineCollector(tree_.GetRoot()).Collect(host_.Get());
+  TMachineCollector(tree_.GetRoot(), {true, true}).Collect(host_.Get());
   EXPECT_EQ(paths, host_.ListPaths("CIM_ManagedElement"));
 }
 
@@ -152,6 +175,15 @@ TEST(ThisMachine, IsCollected) {
     EXPECT_NEAR(status.f_bavail * status.f_frsize, get("AvailableSpace"), 1 << 30) << path;
     EXPECT_NEAR(status.f_files - status.f_ffree, get("NumberOfFiles"), 1 << 20) << path;
   }
+}
+
+TEST(ThisMachine, IsTheSameWhenItWasSaved) {
+  const TSampleTree tree;
+  const std::string saved = tree.GetRoot() + "/saved";
+  ASSERT_EQ(0, std::system((SAVE_MACHINE " --with-serials " + saved).c_str()));
+  EXPECT_EQ(THostNamespace("/").ListPaths("CIM_ManagedElement"),
+            THostNamespace(saved).ListPaths("CIM_ManagedElement"));
+  EXPECT_NE(0, std::system((SAVE_MACHINE " " + saved + " 2>/dev/null").c_str()));
 }
 
 }  // namespace

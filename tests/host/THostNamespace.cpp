@@ -43,10 +43,11 @@ std::string ShowEnd(const TCIMValue& reference) {
 
 }  // namespace
 
-THostNamespace::THostNamespace(const std::string& root) : namespace_(AllocateNamespace()) {
+THostNamespace::THostNamespace(const std::string& root, TExtraAreas extras)
+    : namespace_(AllocateNamespace()) {
   LoadSchema(namespace_);
   if (root.empty()) return;
-  for (const TCollectorNote& note : TMachineCollector(root).Collect(namespace_)) {
+  for (const TCollectorNote& note : TMachineCollector(root, extras).Collect(namespace_)) {
     EXPECT_FALSE(note.area.empty() || note.why.empty()) << note.what;
     noted_.push_back(note.what);
   }

@@ -6,6 +6,7 @@
 
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
+#include "TMachineCollector.h"
 
 namespace NZELVYR20 {
 
@@ -14,7 +15,7 @@ namespace NZELVYR20 {
 class THostNamespace {
  public:
   /// `root` is that of the machine to collect; empty for the schema alone.
-  explicit THostNamespace(const std::string& root);
+  explicit THostNamespace(const std::string& root, TExtraAreas extras = {});
 
   const boost::shared_ptr<ICIMNamespace>& Get() const { return namespace_; }
   /// The "what" of each of the collector's notes.

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <utmpx.h>
 
 #include <boost/algorithm/string.hpp>
 #include <functional>
@@ -6,11 +7,15 @@
 #include <optional>
 #include <sstream>
 
+#include "AddressText.h"
 #include "BlockDeviceText.h"
 #include "Cases.h"
+#include "HostKindText.h"
 #include "MountText.h"
 #include "NetworkText.h"
+#include "PciText.h"
 #include "ProcessorText.h"
+#include "SensorText.h"
 #include "SystemText.h"
 #include "TextFields.h"
 
@@ -139,6 +144,39 @@ const std::map<std::string, TParser> kParsers = {
        return FindDriveClass(given[0], given[1], ParseDvdDrives(given[2]));
      }},
     {"mapper", One(ParseMapperKind)},
+    {"swaps", One([](const std::string& text) { return boost::join(ParseSwaps(text), " "); })},
+    {"bus", One(FindBus)},
+    {"PCI function", One(FindPciFunction)},
+    {"reading",
+     [](const TTexts& given) {
+       const auto kind = FindSensorKind(given[0]);
+       const auto reading = kind ? ParseReading(given[1], kind->divisor) : std::nullopt;
+       return reading ? DescribeReading(*reading, *kind) : "-";
+     }},
+    {"battery",
+     [](const TTexts& given) {
+       return Row(ParseBatteryStatus(given[0], ParseNumber<std::uint16_t>(given[1])));
+     }},
+    {"host kind",
+     [](const TTexts& given) {
+       return DescribeHostKind({given[0], given[1], given[2], given[3], given[4] == "yes"});
+     }},
+    {"firmware date", One([](const std::string& text) {
+       const auto date = ParseFirmwareDate(text);
+       return date ? date->ToCIMString() : "-";
+     })},
+    {"load", [](const TTexts& given) { return Row(ParseLoadPercentage(given[0], 2)); }},
+    {"users",
+     [](const TTexts& given) {
+       std::string records;
+       for (const std::string& type : given) {
+         utmpx record = {};
+         record.ut_type = static_cast<short>(std::stoi(type));
+         records.append(reinterpret_cast<const char*>(&record), sizeof record);
+       }
+       return Row(CountUsers(records), CountUsers(records + "x"));
+     }},
+    {"address type", One(FindAddressType6)},
     {"mounts", One(ShowMounts)},
     {"selected", [](const TTexts& given) { return ShowSelected(given[0], given[1]); }}};
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "BlockDeviceText.h"
@@ -12,6 +14,26 @@ namespace NZELVYR20 {
 /// The storage extents by their names in /sys/block, such as "sda1".
 using TExtents = std::map<std::string, TCIMReference>;
 
+/// The processors, by the numbers of the logical ones that they have.
+using TProcessorsByIndex = std::map<std::uint32_t, TCIMReference>;
+
+/// The functions on PCI buses, by their addresses.
+using TPciFunctions = std::map<std::string, TCIMReference>;
+
+/// The operating system, and the name that is one of its keys.
+struct TOperatingSystem {
+  TCIMReference path;
+  std::string name;
+};
+
+/// The network ports, by their names.
+using TNetworkPorts = std::map<std::string, TCIMReference>;
+
+/// Links a device with the PCI function that provides it, by the symbolic link in /sys that leads
+/// to the device; where it is no function's there is nothing to link.
+void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
+                    const std::string& link, const TCIMReference& device);
+
 /// Sets the size of a disk, a part of one, or memory: in blocks, and in bytes for people.
 void SetSize(TInstanceDraft& draft, const TExtentSize& size);
 
@@ -19,13 +41,23 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size);
 // first, because all else belongs to it.
 
 void CollectComputerSystem(TCollection& collection);
-void CollectChassis(TCollection& collection);
-void CollectOperatingSystem(TCollection& collection);
-void CollectProcessors(TCollection& collection);
-void CollectNetworkPorts(TCollection& collection);
-void CollectPciDevices(TCollection& collection);
+/// Returns the box, where there is something to say of it.
+std::optional<TCIMReference> CollectChassis(TCollection& collection);
+std::optional<TOperatingSystem> CollectOperatingSystem(TCollection& collection);
+void CollectProcesses(TCollection& collection, const TOperatingSystem& operatingSystem);
+void CollectPackages(TCollection& collection);
+void CollectFirmware(TCollection& collection, const std::optional<TCIMReference>& chassis);
+TProcessorsByIndex CollectProcessors(TCollection& collection);
+void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,
+                   const TProcessorsByIndex& processors);
+TPciFunctions CollectPciDevices(TCollection& collection);
+void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions);
+void CollectSensors(TCollection& collection, const TPciFunctions& functions);
+void CollectPower(TCollection& collection);
+TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
+void CollectAddresses(TCollection& collection, const TNetworkPorts& ports);
 /// Returns what file systems can reside on.
-TExtents CollectBlockDevices(TCollection& collection);
+TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions);
 void CollectFileSystems(TCollection& collection, const TExtents& extents);
 
 }  // namespace NZELVYR20

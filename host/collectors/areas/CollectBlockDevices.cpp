@@ -3,6 +3,7 @@
 
 #include "BlockDeviceText.h"
 #include "CollectAreas.h"
+#include "TIdentities.h"
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -30,9 +31,11 @@ struct TDevice {
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
-  explicit TBlockDevices(TCollection& collection)
+  TBlockDevices(TCollection& collection, const TPciFunctions& functions)
       : collection_(collection),
-        dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))) {}
+        functions_(functions),
+        dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))),
+        swaps_(ParseSwaps(collection.GetFiles().ReadTable("/proc/swaps"))) {}
 
   void AddDevice(const std::string& name, TMachineFolder folder);
   /// Links devices that the kernel makes from others, when all of them have been added.
@@ -42,13 +45,17 @@ class TBlockDevices {
 
  private:
   void AddDrive(const TDevice& drive, const std::string& rotational);
+  void SetIdentities(TInstanceDraft& draft, const TDevice& drive,
+                     const TMachineFolder& folder) const;
   void AddPartition(const TDevice& disk, const std::string& name);
   TInstanceDraft DraftExtent(const std::string& className, const TDevice& device) const;
   void AddExtent(const TInstanceDraft& draft, const TDevice& device);
   void LinkPartition(const std::string& disk, const TDevice& partition);
 
   TCollection& collection_;
+  const TPciFunctions& functions_;
   std::set<std::string> dvdDrives_;
+  std::set<std::string> swaps_;
   TExtents extents_;
   std::vector<std::pair<std::string, std::string>> layers_;  ///< each with one of what is below it
 };
@@ -106,12 +113,29 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
     draft.Set("DefaultBlockSize", drive.size->blockSize)
         .Set("MaxMediaSize", drive.size->blocks * drive.size->blockSize / 1024);
   }
+  SetIdentities(draft, drive, folder);
   const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_SystemDevice");
+  if (path) LinkToFunction(collection_, functions_, kDevicesFolder + ('/' + drive.name), *path);
   const auto medium = extents_.find(drive.name);
   if (path && medium != extents_.end()) {
     collection_.Link(collection_.DraftDependency("CIM_MediaPresent", *path, medium->second)
                          .Set("FixedMedia", !isRemovable));
   }
+}
+
+/// Each bus has its own places for these.
+void TBlockDevices::SetIdentities(TInstanceDraft& draft, const TDevice& drive,
+                                  const TMachineFolder& folder) const {
+  const auto first = [&folder, &drive](const char* name, const char* otherName) {
+    const std::string text = folder.ReadValue(name);
+    return text.empty() ? drive.folder.ReadValue(otherName) : text;
+  };
+  TIdentities()
+      .Add("Serial number", first("serial", "serial"))
+      .Add("World wide name", first("wwid", "wwid"))
+      .Add("Firmware", folder.ReadValue(folder.Has("firmware_rev") ? "firmware_rev" : "rev"))
+      .Add("Bus", FindBus(collection_.GetFiles().ReadLink(kDevicesFolder + ('/' + drive.name))))
+      .SetIn(draft);
 }
 
 void TBlockDevices::AddPartition(const TDevice& disk, const std::string& name) {
@@ -142,6 +166,7 @@ TInstanceDraft TBlockDevices::DraftExtent(const std::string& className,
       .Set("ElementName", device.mapped.empty() ? device.name : device.mapped)
       .SetText("Description", ParseMapperKind(device.folder.Enter("dm").ReadValue("uuid")));
   if (device.size) SetSize(draft, *device.size);
+  if (swaps_.count(device.name) > 0) draft.Set("Purpose", "Swap space");
   if (!device.readOnly.empty()) draft.SetCode("Access", device.readOnly == "0" ? 3 : 1);
   if (device.folder.HasFolder("md")) SetArray(draft, device.folder.Enter("md"));
   return draft;
@@ -187,9 +212,9 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
   }
 }
 
-TExtents CollectBlockDevices(TCollection& collection) {
+TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions) {
   const TMachineFolder folder = collection.Enter(kDevicesFolder);
-  TBlockDevices devices(collection);
+  TBlockDevices devices(collection, functions);
   for (const std::string& name : folder.GetNames()) devices.AddDevice(name, folder.Enter(name));
   devices.LinkLayers();
   return devices.GetExtents();

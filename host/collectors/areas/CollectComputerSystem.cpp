@@ -3,13 +3,14 @@
 #include <array>
 
 #include "CollectAreas.h"
+#include "HostKindText.h"
+#include "ProcessorText.h"
 #include "SystemText.h"
-#include "TextFields.h"
+#include "TFirmwareFields.h"
+#include "TIdentities.h"
 
 namespace NZELVYR20 {
 namespace {
-
-const char* const kFirmwareFolder = "/sys/class/dmi/id";
 
 std::string GetLiveName() {
   std::array<char, 256> name = {};
@@ -28,15 +29,26 @@ std::string FindName(TCollection& collection) {
   return name;
 }
 
-/// A field of the firmware's tables. Serial numbers are for the superuser only, and a refusal is
-/// worth a note; that a field is not there is not.
-std::string ReadFirmware(TCollection& collection, const TMachineFolder& fields,
-                         const std::string& name) {
-  if (!fields.Has(name)) return {};
-  return CleanFirmwareText(std::string(Trim(collection.Read(kFirmwareFolder + ("/" + name)))));
+/// How the managers of containers leave their names.
+std::string FindContainer(const TMachineFiles& files) {
+  const std::string name = files.ReadValue("/run/systemd/container");
+  if (!name.empty()) return name;
+  if (files.Find("/.dockerenv").IsOpen()) return "docker";
+  return files.Find("/run/.containerenv").IsOpen() ? "podman" : "";
 }
 
-void AddChassis(TCollection& collection, TInstanceDraft& draft, const std::string& model) {
+std::string FindHostKind(const TMachineFiles& files, const TFirmwareFields& firmware) {
+  THostSigns signs;
+  signs.container = FindContainer(files);
+  signs.maker = firmware.Read("sys_vendor");
+  signs.product = firmware.Read("product_name");
+  signs.hypervisor = files.ReadValue("/sys/hypervisor/type");
+  signs.isUnderHypervisor = HasProcessorFlag(files.ReadTable("/proc/cpuinfo"), "hypervisor");
+  return DescribeHostKind(signs);
+}
+
+std::optional<TCIMReference> AddChassis(TCollection& collection, TInstanceDraft& draft,
+                                        const std::string& model) {
   draft.Set("Tag", "chassis0").Set("CreationClassName", "CIM_Chassis");
   draft.SetText("Model", model).SetText("ElementName", model);
   const std::optional<TCIMReference> chassis = collection.Add(draft);
@@ -44,6 +56,7 @@ void AddChassis(TCollection& collection, TInstanceDraft& draft, const std::strin
     collection.Link(
         collection.DraftDependency("CIM_ComputerSystemPackage", *chassis, *collection.GetSystem()));
   }
+  return chassis;
 }
 
 }  // namespace
@@ -53,29 +66,35 @@ void CollectComputerSystem(TCollection& collection) {
   TInstanceDraft draft = collection.Draft("CIM_ComputerSystem");
   draft.Set("CreationClassName", "CIM_ComputerSystem").Set("Name", name).Set("ElementName", name);
   draft.Set("NameFormat", "Other").SetCode("EnabledState", 2);
+  const TFirmwareFields firmware(collection);
+  draft.SetText("Description", FindHostKind(collection.GetFiles(), firmware));
+  TIdentities()
+      .Add("UUID", firmware.ReadQuietly("product_uuid"))
+      .Add("Asset tag", firmware.Read("chassis_asset_tag"))
+      .SetIn(draft);
   collection.AddSystem(draft, name);
 }
 
-void CollectChassis(TCollection& collection) {
+std::optional<TCIMReference> CollectChassis(TCollection& collection) {
   const TMachineFiles& files = collection.GetFiles();
-  const TMachineFolder firmware(files, kFirmwareFolder);
-  const auto read = [&](const char* name) { return ReadFirmware(collection, firmware, name); };
+  const TFirmwareFields firmware(collection);
   TInstanceDraft draft = collection.Draft("CIM_Chassis");
-  if (firmware.IsThere()) {
-    draft.SetText("Manufacturer", read("sys_vendor"))
-        .SetText("Version", read("product_version"))
-        .SetText("SKU", read("product_sku"))
-        .SetText("SerialNumber", read("product_serial"));
-    if (const auto form = ParseChassisForm(read("chassis_type"))) {
+  if (firmware.GetFolder().IsThere()) {
+    draft.SetText("Manufacturer", firmware.Read("sys_vendor"))
+        .SetText("Version", firmware.Read("product_version"))
+        .SetText("SKU", firmware.Read("product_sku"))
+        .SetText("SerialNumber", firmware.Read("product_serial"));
+    if (const auto form = ParseChassisForm(firmware.Read("chassis_type"))) {
       draft.SetCode("ChassisPackageType", form->type)
           .SetText("ChassisTypeDescription", form->other);
     }
-    return AddChassis(collection, draft, read("product_name"));
+    return AddChassis(collection, draft, firmware.Read("product_name"));
   }
   // Machines without firmware tables mostly describe themselves by a device tree.
   const std::string model = files.ReadValue("/proc/device-tree/model");
   if (!model.empty()) return AddChassis(collection, draft, model);
-  collection.Note(kFirmwareFolder, firmware.GetReason());
+  collection.Note(TFirmwareFields::kFolder, firmware.GetFolder().GetReason());
+  return std::nullopt;
 }
 
 }  // namespace NZELVYR20

@@ -1,5 +1,6 @@
 #include "CollectAreas.h"
 #include "NetworkText.h"
+#include "TIdentities.h"
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -9,6 +10,9 @@ const char* const kPortsFolder = "/sys/class/net";
 
 constexpr std::uint16_t kEthernet = 2;
 constexpr std::uint16_t kWirelessLan = 11;
+
+/// Ports, each with one of those below it.
+using TLayers = std::vector<std::pair<std::string, std::string>>;
 
 TLinkKind FindLinkKind(const TMachineFolder& folder) {
   // A wireless port says that it is an Ethernet, too.
@@ -24,7 +28,21 @@ void SetAddresses(TInstanceDraft& draft, const TMachineFolder& folder) {
   if (folder.ReadValue("addr_assign_type") == "0") draft.Set("PermanentAddress", address);
 }
 
-void AddPort(TCollection& collection, const std::string& name, const TMachineFolder& folder) {
+/// How a port that is made of others works.
+void SetLayer(TInstanceDraft& draft, const TMachineFolder& folder,
+              const std::string& virtualNetwork) {
+  const std::string mode =
+      folder.HasFolder("bonding") ? folder.Enter("bonding").ReadValue("mode") : std::string();
+  // After the word stands its number.
+  TIdentities()
+      .Add("Bonding mode", mode.substr(0, mode.find(' ')))
+      .Add("VLAN", virtualNetwork)
+      .SetIn(draft);
+}
+
+std::optional<TCIMReference> AddPort(TCollection& collection, const std::string& name,
+                                     const TMachineFolder& folder,
+                                     const std::string& virtualNetwork) {
   const TLinkKind link = FindLinkKind(folder);
   const TPortState state = ParsePortState(folder.ReadValue("operstate"), folder.ReadValue("flags"));
   TInstanceDraft draft = collection.DraftDevice(
@@ -41,17 +59,85 @@ void AddPort(TCollection& collection, const std::string& name, const TMachineFol
       .Set("FullDuplex", ParseFullDuplex(folder.ReadValue("duplex")))
       .Set("ActiveMaximumTransmissionUnit", ParseUnsigned(folder.ReadValue("mtu")));
   SetAddresses(draft, folder);
-  collection.AddPart(draft, "CIM_SystemDevice");
+  SetLayer(draft, folder, virtualNetwork);
+  return collection.AddPart(draft, "CIM_SystemDevice");
+}
+
+/// The kernel counts with 64 bits where the standard has 32: counts that do not fit stay open.
+std::optional<std::uint32_t> Narrow(std::uint64_t count) {
+  return count > UINT32_MAX ? std::nullopt : std::optional(static_cast<std::uint32_t>(count));
+}
+
+void AddCounts(TCollection& collection, const std::string& name, const TCIMReference& port,
+               const TPortCounts& counts) {
+  const bool isEthernet = port.GetClass()->GetName({}) == "CIM_EthernetPort";
+  TInstanceDraft draft =
+      collection.Draft(isEthernet ? "CIM_EthernetPortStatistics" : "CIM_NetworkPortStatistics");
+  draft.Set("InstanceID", "statistics/" + name)
+      .Set("ElementName", "Statistics of " + name)
+      .Set("BytesReceived", counts.bytesReceived)
+      .Set("BytesTransmitted", counts.bytesTransmitted)
+      .Set("PacketsReceived", counts.packetsReceived)
+      .Set("PacketsTransmitted", counts.packetsTransmitted);
+  if (isEthernet) {
+    draft.Set("InternalMACReceiveErrors", Narrow(counts.receiveErrors))
+        .Set("InternalMACTransmitErrors", Narrow(counts.transmitErrors))
+        .Set("AlignmentErrors", Narrow(counts.alignmentErrors))
+        .Set("CarrierSenseErrors", Narrow(counts.carrierErrors));
+  }
+  const std::optional<TCIMReference> path = collection.Add(draft);
+  if (!path) return;
+  collection.Link(collection.Draft("CIM_ElementStatisticalData")
+                      .Set("ManagedElement", port)
+                      .Set("Stats", *path));
+}
+
+/// The ports that one is made of.
+std::vector<std::string> ListBelow(const TMachineFolder& folder) {
+  static const std::string kBelow = "lower_";
+  std::vector<std::string> names;
+  for (const std::string& entry : folder.GetNames()) {
+    if (entry.compare(0, kBelow.size(), kBelow) == 0) names.push_back(entry.substr(kBelow.size()));
+  }
+  return names;
+}
+
+void LinkLayers(TCollection& collection, const TLayers& layers, const TNetworkPorts& ports) {
+  for (const auto& [name, below] : layers) {
+    const auto upper = ports.find(name);
+    const auto lower = ports.find(below);
+    if (upper == ports.end() || lower == ports.end()) continue;
+    collection.Link(
+        collection.DraftDependency("CIM_ConcreteDependency", lower->second, upper->second));
+  }
 }
 
 }  // namespace
 
-void CollectNetworkPorts(TCollection& collection) {
-  const TMachineFolder ports = collection.Enter(kPortsFolder);
-  for (const std::string& name : ports.GetNames()) {
+TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions) {
+  const TMachineFiles& files = collection.GetFiles();
+  const TMachineFolder folders = collection.Enter(kPortsFolder);
+  const auto networks = ParseVirtualNetworks(files.ReadTable("/proc/net/vlan/config"));
+  const auto counts = ParsePortCounts(files.ReadTable("/proc/net/dev"));
+  TNetworkPorts ports;
+  TLayers layers;
+  for (const std::string& name : folders.GetNames()) {
     // Settings of drivers stand here, too, as plain files.
-    if (ports.HasFolder(name)) AddPort(collection, name, ports.Enter(name));
+    if (!folders.HasFolder(name)) continue;
+    const auto network = networks.find(name);
+    const TMachineFolder folder = folders.Enter(name);
+    for (const std::string& below : ListBelow(folder)) layers.emplace_back(name, below);
+    const auto port = AddPort(collection, name, folder,
+                              network == networks.end() ? std::string() : network->second);
+    if (!port) continue;
+    ports.emplace(name, *port);
+    LinkToFunction(collection, functions, kPortsFolder + ('/' + name), *port);
+    if (const auto count = counts.find(name); count != counts.end()) {
+      AddCounts(collection, name, *port, count->second);
+    }
   }
+  LinkLayers(collection, layers, ports);
+  return ports;
 }
 
 }  // namespace NZELVYR20

@@ -38,6 +38,13 @@ std::optional<std::uint32_t> CountProcesses(const TMachineFiles& files) {
   return static_cast<std::uint32_t>(count);
 }
 
+std::optional<std::uint32_t> CountUsersOf(const TMachineFiles& files) {
+  const std::string path = "/run/utmp";
+  std::string why;
+  const std::optional<std::string> records = files.Read(path, why);
+  return records ? CountUsers(*records) : std::nullopt;
+}
+
 void SetMemory(TInstanceDraft& draft, const TMemoryFacts& memory) {
   draft.Set("TotalVisibleMemorySize", memory.total)
       .Set("FreePhysicalMemory", memory.free)
@@ -70,29 +77,31 @@ void AddToComputer(TCollection& collection, const TCIMReference& operatingSystem
 
 }  // namespace
 
-void CollectOperatingSystem(TCollection& collection) {
+std::optional<TOperatingSystem> CollectOperatingSystem(TCollection& collection) {
   const TMachineFiles& files = collection.GetFiles();
   const std::string release = FindKernelRelease(files);
   const std::string name = FindName(files);
   if (name.empty()) collection.Note("/etc/os-release", "It names no operating system");
   if (release.empty()) collection.Note("/proc/sys/kernel/osrelease", "It names no release");
-  if (name.empty() && release.empty()) return;
+  if (name.empty() && release.empty()) return std::nullopt;
 
-  TInstanceDraft draft =
-      collection.DraftElement("CIM_OperatingSystem", name.empty() ? "Linux" : name);
+  const std::string known = name.empty() ? "Linux" : name;
+  TInstanceDraft draft = collection.DraftElement("CIM_OperatingSystem", known);
   draft.SetCode("OSType", kLinuxType)
       .SetCode("EnabledState", 2)
       .SetText("ElementName", name)
       .SetText("Version", release)
       .SetText("Description", files.ReadValue("/proc/version"))
       .Set("NumberOfProcesses", CountProcesses(files))
+      .Set("NumberOfUsers", CountUsersOf(files))
       .Set("MaxNumberOfProcesses",
            ParseNumber<std::uint32_t>(files.ReadValue("/proc/sys/kernel/pid_max")));
   SetMemory(draft, ParseMemory(collection.Read("/proc/meminfo")));
   SetTimes(collection, draft);
-  if (const std::optional<TCIMReference> path = collection.Add(draft)) {
-    AddToComputer(collection, *path);
-  }
+  const std::optional<TCIMReference> path = collection.Add(draft);
+  if (!path) return std::nullopt;
+  AddToComputer(collection, *path);
+  return TOperatingSystem{*path, known};
 }
 
 }  // namespace NZELVYR20

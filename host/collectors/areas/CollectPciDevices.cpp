@@ -1,5 +1,8 @@
 #include "CollectAreas.h"
+#include "DeviceNames.h"
 #include "PciText.h"
+#include "ReadDeviceNames.h"
+#include "TIdentities.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -27,10 +30,43 @@ std::optional<std::uint8_t> ReadRevision(const TMachineFolder& folder, std::stri
   return number ? std::make_optional(static_cast<std::uint8_t>(*number)) : std::nullopt;
 }
 
-void AddDevice(TCollection& collection, const std::string& name, const TPciAddress& address,
-               const TMachineFolder& folder) {
+/// A function, and what its files say.
+struct TFunction {
+  TPciAddress address;
+  TMachineFolder folder;
+  TDeviceNumbers numbers;
+};
+
+using TFunctions = std::map<std::string, TFunction>;
+
+TFunctions ListFunctions(const TMachineFiles& files) {
+  // Many machines have no PCI at all: that the folder is missing is not worth a note.
+  const TMachineFolder devices(files, kDevicesFolder);
+  TFunctions functions;
+  for (const std::string& name : devices.GetNames()) {
+    const std::optional<TPciAddress> address = ParsePciAddress(name);
+    if (!address) continue;
+    TMachineFolder folder = devices.Enter(name);
+    const TDeviceNumbers numbers(ReadWord(folder, "vendor").value_or(0),
+                                 ReadWord(folder, "device").value_or(0));
+    functions.emplace(name, TFunction{*address, std::move(folder), numbers});
+  }
+  return functions;
+}
+
+std::map<TDeviceNumbers, TDeviceNames> ReadNames(const TMachineFiles& files,
+                                                 const TFunctions& functions) {
+  std::set<TDeviceNumbers> wanted;
+  for (const auto& [name, function] : functions) wanted.insert(function.numbers);
+  return ReadDeviceNames(files, "pci.ids", wanted);
+}
+
+TInstanceDraft DraftFunction(const TCollection& collection, const std::string& name,
+                             const TFunction& function, const TDeviceNames& names) {
+  const auto& [address, folder, numbers] = function;
   TInstanceDraft draft = collection.DraftDevice("CIM_PCIDevice", name);
-  draft.Set("ElementName", name)
+  draft.Set("ElementName", names.device.empty() ? name : names.device)
+      .SetText("Description", names.vendor)
       .Set("BusNumber", address.bus)
       .Set("DeviceNumber", address.device)
       .Set("FunctionNumber", address.function)
@@ -40,19 +76,34 @@ void AddDevice(TCollection& collection, const std::string& name, const TPciAddre
       .Set("SubsystemID", ReadWord(folder, "subsystem_device"))
       .Set("RevisionID", ReadRevision(folder, "revision"))
       .Set("ClassCode", ReadClassCode(folder, "class"));
-  collection.AddPart(draft, "CIM_SystemDevice");
+  TIdentities()
+      .Add("Driver", collection.GetFiles().ReadLinkName(kDevicesFolder + ('/' + name) + "/driver"))
+      .SetIn(draft);
+  return draft;
 }
 
 }  // namespace
 
-void CollectPciDevices(TCollection& collection) {
-  // Many machines have no PCI at all: that the folder is missing is not worth a note.
-  const TMachineFolder devices(collection.GetFiles(), kDevicesFolder);
-  for (const std::string& name : devices.GetNames()) {
-    if (const std::optional<TPciAddress> address = ParsePciAddress(name)) {
-      AddDevice(collection, name, *address, devices.Enter(name));
-    }
+TPciFunctions CollectPciDevices(TCollection& collection) {
+  const TFunctions functions = ListFunctions(collection.GetFiles());
+  const auto names = ReadNames(collection.GetFiles(), functions);
+  TPciFunctions added;
+  for (const auto& [name, function] : functions) {
+    const auto known = names.find(function.numbers);
+    const auto path =
+        collection.AddPart(DraftFunction(collection, name, function,
+                                         known == names.end() ? TDeviceNames() : known->second),
+                           "CIM_SystemDevice");
+    if (path) added.emplace(name, *path);
   }
+  return added;
+}
+
+void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
+                    const std::string& link, const TCIMReference& device) {
+  const auto function = functions.find(FindPciFunction(collection.GetFiles().ReadLink(link)));
+  if (function == functions.end()) return;
+  collection.Link(collection.DraftDependency("CIM_ControlledBy", function->second, device));
 }
 
 }  // namespace NZELVYR20

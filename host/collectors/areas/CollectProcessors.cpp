@@ -5,6 +5,8 @@
 
 #include "CollectAreas.h"
 #include "ProcessorText.h"
+#include "SystemText.h"
+#include "TIdentities.h"
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -47,22 +49,33 @@ std::map<std::uint32_t, TPackage> GroupByPackage(const TMachineFiles& files,
   return packages;
 }
 
-/// A name for each core. Logical processors of one core say the same about their siblings; where
-/// nothing is said, they have the core's number. Boards count cores anew in each cluster, so that
-/// the number alone names only the first of them.
-std::vector<std::string> NameCores(const TMachineFiles& files, std::uint32_t number,
-                                   const TPackage& package) {
-  std::set<std::string> known;
-  std::vector<std::string> names;
+/// A core, and the numbers of its logical processors.
+struct TCore {
+  std::string name;
+  std::vector<std::uint32_t> threads;
+};
+
+/// Logical processors of one core say the same about their siblings; where nothing is said, they
+/// have the core's number. Boards count cores anew in each cluster, so that the number alone names
+/// only the first of them.
+std::vector<TCore> ListCores(const TMachineFiles& files, std::uint32_t number,
+                             const TPackage& package) {
+  std::map<std::string, std::size_t> bySiblings;
+  std::set<std::string> names;
+  std::vector<TCore> cores;
   for (const TLogicalProcessor& processor : package) {
     std::string name = GetPackageId(number) + "/core" + std::to_string(*processor.core);
     const std::string siblings =
         files.ReadValue(GetFolder(processor) + "topology/thread_siblings_list");
-    if (!known.insert(siblings.empty() ? "of " + name : siblings).second) continue;
-    if (!known.insert(name).second) name += "/cpu" + std::to_string(processor.index);
-    names.push_back(name);
+    const auto [place, isNew] =
+        bySiblings.emplace(siblings.empty() ? "of " + name : siblings, cores.size());
+    if (isNew) {
+      if (!names.insert(name).second) name += "/cpu" + std::to_string(processor.index);
+      cores.push_back({name, {}});
+    }
+    cores[place->second].threads.push_back(processor.index);
   }
-  return names;
+  return cores;
 }
 
 /// Of the fastest: a package may have cores of several kinds.
@@ -107,20 +120,39 @@ TInstanceDraft DraftProcessor(const TCollection& collection, std::uint32_t numbe
       .SetCode("CPUStatus", 1)
       .SetCode("EnabledState", 2)
       .SetCode("NumberOfEnabledCores", static_cast<unsigned>(coreCount));
+  TIdentities()
+      .Add("Microcode", first.microcode)
+      .Add("Virtualization", first.virtualization)
+      .Add("Governor",
+           collection.GetFiles().ReadValue(GetFolder(first) + "cpufreq/scaling_governor"))
+      .SetIn(draft);
   if (family == kOther) {
     draft.SetText("OtherFamilyDescription", first.isa.empty() ? model : "RISC-V " + first.isa);
   }
   return draft;
 }
 
+void AddThreads(TCollection& collection, const TCIMReference& core,
+                const std::vector<std::uint32_t>& threads) {
+  for (const std::uint32_t index : threads) {
+    const std::string name = "cpu" + std::to_string(index);
+    TInstanceDraft draft = collection.Draft("CIM_HardwareThread");
+    draft.Set("InstanceID", name).Set("ElementName", name).SetCode("EnabledState", 2);
+    if (const std::optional<TCIMReference> path = collection.Add(draft)) {
+      collection.Link(collection.DraftComponent("CIM_ConcreteComponent", core, *path));
+    }
+  }
+}
+
 void AddCores(TCollection& collection, const TCIMReference& processor,
-              const std::vector<std::string>& names) {
-  for (const std::string& name : names) {
+              const std::vector<TCore>& cores) {
+  for (const auto& [name, threads] : cores) {
     TInstanceDraft draft = collection.Draft("CIM_ProcessorCore");
     draft.Set("InstanceID", name).Set("ElementName", name);
     draft.SetCode("CoreEnabledState", 2).SetCode("EnabledState", 2);
     if (const std::optional<TCIMReference> path = collection.Add(draft)) {
       collection.Link(collection.DraftComponent("CIM_ConcreteComponent", processor, *path));
+      AddThreads(collection, *path, threads);
     }
   }
 }
@@ -203,16 +235,22 @@ std::vector<TLogicalProcessor> FindProcessors(TCollection& collection) {
 
 }  // namespace
 
-void CollectProcessors(TCollection& collection) {
-  for (const auto& [number, package] :
-       GroupByPackage(collection.GetFiles(), FindProcessors(collection))) {
-    const std::vector<std::string> cores = NameCores(collection.GetFiles(), number, package);
+TProcessorsByIndex CollectProcessors(TCollection& collection) {
+  const TMachineFiles& files = collection.GetFiles();
+  const std::vector<TLogicalProcessor> processors = FindProcessors(collection);
+  const auto load = ParseLoadPercentage(files.ReadValue("/proc/loadavg"), processors.size());
+  TProcessorsByIndex byIndex;
+  for (const auto& [number, package] : GroupByPackage(files, processors)) {
+    const std::vector<TCore> cores = ListCores(files, number, package);
     const std::optional<TCIMReference> processor = collection.AddPart(
-        DraftProcessor(collection, number, package, cores.size()), "CIM_SystemDevice");
+        DraftProcessor(collection, number, package, cores.size()).Set("LoadPercentage", load),
+        "CIM_SystemDevice");
     if (!processor) continue;
     AddCores(collection, *processor, cores);
     AddCaches(collection, *processor, package);
+    for (const TLogicalProcessor& logical : package) byIndex.emplace(logical.index, *processor);
   }
+  return byIndex;
 }
 
 }  // namespace NZELVYR20

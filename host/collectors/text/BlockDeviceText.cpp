@@ -119,4 +119,32 @@ std::string GetDeviceName(const std::string& deviceFile) {
   return name;
 }
 
+std::set<std::string> ParseSwaps(std::string_view text) {
+  std::set<std::string> names;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::vector<std::string_view> words = SplitWords(line);
+    if (words.size() > 1 && words[1] == "partition") {
+      names.insert(GetDeviceName(std::string(words[0])));
+    }
+  }
+  return names;
+}
+
+std::string FindBus(std::string_view link) {
+  // A disk on USB is on SCSI, too: the first that fits counts.
+  static constexpr std::array<std::pair<std::string_view, const char*>, 8> kBuses = {
+      {{"/usb", "USB"},
+       {"/nvme", "NVMe"},
+       {"/virtio", "virtio"},
+       {"/ata", "SATA"},
+       {"/mmc", "MMC"},
+       {"/vbd-", "Xen"},
+       {"/session", "iSCSI"},
+       {"/host", "SCSI"}}};
+  for (const auto& [part, name] : kBuses) {
+    if (link.find(part) != std::string_view::npos) return name;
+  }
+  return {};
+}
+
 }  // namespace NZELVYR20

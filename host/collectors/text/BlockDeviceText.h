@@ -54,4 +54,12 @@ std::string GetDeviceFile(const std::string& name);
 /// The name in /sys/block for a device file; empty for any other path.
 std::string GetDeviceName(const std::string& deviceFile);
 
+/// The devices that hold swap space: the lines of /proc/swaps. A name of the device mapper's is the
+/// kernel's own there.
+std::set<std::string> ParseSwaps(std::string_view text);
+
+/// By which bus a drive is reached, such as "SATA": what the link to its folder leads through.
+/// Empty where that does not tell.
+std::string FindBus(std::string_view link);
+
 }  // namespace NZELVYR20

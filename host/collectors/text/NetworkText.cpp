@@ -105,4 +105,35 @@ TPortState ParsePortState(std::string_view operationalState, std::string_view fl
   return state;
 }
 
+std::map<std::string, TPortCounts> ParsePortCounts(std::string_view text) {
+  constexpr std::size_t kColumns = 16;
+  std::map<std::string, TPortCounts> counts;
+  for (const std::string_view line : SplitLines(text)) {
+    // Further addresses of old kinds have a colon in their names.
+    const std::size_t colon = line.rfind(':');
+    if (colon == std::string_view::npos) continue;
+    std::vector<std::uint64_t> numbers;
+    for (const std::string_view word : SplitWords(line.substr(colon + 1))) {
+      if (const auto number = ParseUnsigned(word)) numbers.push_back(*number);
+    }
+    if (numbers.size() < kColumns) continue;
+    counts[std::string(Trim(line.substr(0, colon)))] = {numbers[0],  numbers[1], numbers[2],
+                                                        numbers[5],  numbers[8], numbers[9],
+                                                        numbers[10], numbers[14]};
+  }
+  return counts;
+}
+
+std::map<std::string, std::string> ParseVirtualNetworks(std::string_view text) {
+  std::map<std::string, std::string> numbers;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> name = SplitField(line, '|');
+    const std::optional<TField> number = name ? SplitField(name->value, '|') : std::nullopt;
+    if (number && ParseUnsigned(number->name)) {
+      numbers.emplace(name->name, number->name);
+    }
+  }
+  return numbers;
+}
+
 }  // namespace NZELVYR20

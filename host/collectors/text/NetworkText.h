@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,5 +38,24 @@ struct TPortState {
 
 /// From the files "operstate" and "flags".
 TPortState ParsePortState(std::string_view operationalState, std::string_view flags);
+
+/// What the kernel counts of a port.
+struct TPortCounts {
+  std::uint64_t bytesReceived = 0;
+  std::uint64_t packetsReceived = 0;
+  std::uint64_t receiveErrors = 0;
+  std::uint64_t alignmentErrors = 0;
+  std::uint64_t bytesTransmitted = 0;
+  std::uint64_t packetsTransmitted = 0;
+  std::uint64_t transmitErrors = 0;
+  std::uint64_t carrierErrors = 0;
+};
+
+/// The lines of /proc/net/dev, by the names of the ports.
+std::map<std::string, TPortCounts> ParsePortCounts(std::string_view text);
+
+/// The numbers of virtual networks, by the ports that stand for them: the lines of
+/// /proc/net/vlan/config.
+std::map<std::string, std::string> ParseVirtualNetworks(std::string_view text);
 
 }  // namespace NZELVYR20

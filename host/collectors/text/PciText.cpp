@@ -1,5 +1,7 @@
 #include "PciText.h"
 
+#include <algorithm>
+
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -32,6 +34,16 @@ std::optional<std::uint64_t> ParsePciNumber(std::string_view text, unsigned bits
   if (trimmed.substr(0, 2) != "0x") return std::nullopt;
   const std::optional<std::uint64_t> number = ParseUnsigned(trimmed.substr(2), kHexadecimal);
   return number && *number >> bits == 0 ? number : std::nullopt;
+}
+
+std::string FindPciFunction(std::string_view link) {
+  std::string found;
+  while (!link.empty()) {
+    const std::string_view part = link.substr(0, link.find('/'));
+    if (ParsePciAddress(part)) found = part;
+    link.remove_prefix(std::min(part.size() + 1, link.size()));
+  }
+  return found;
 }
 
 }  // namespace NZELVYR20

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace NZELVYR20 {
@@ -15,6 +16,10 @@ struct TPciAddress {
 
 /// From a name in /sys/bus/pci/devices such as "0000:3b:00.1"; nothing for any other.
 std::optional<TPciAddress> ParsePciAddress(std::string_view name);
+
+/// The address of the last function on the way of a link such as
+/// "../../devices/pci0000:00/0000:00:03.0/virtio2/net/eth0"; empty where there is none.
+std::string FindPciFunction(std::string_view link);
 
 /// A number of at most `bits` bits as these files write it, such as "0x1af4"; nothing for anything
 /// else.

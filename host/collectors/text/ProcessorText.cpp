@@ -62,6 +62,16 @@ void SetName(TLogicalProcessor& processor, std::string_view name, std::string_vi
   if (IsOneOf(name, {"stepping", "CPU revision"})) processor.stepping = value;
 }
 
+bool HasWord(std::string_view text, std::string_view word) {
+  const std::vector<std::string_view> words = SplitWords(text);
+  return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+std::string FindVirtualization(std::string_view flags) {
+  if (HasWord(flags, "vmx")) return "VT-x";
+  return HasWord(flags, "svm") ? "AMD-V" : "";
+}
+
 void SetField(TLogicalProcessor& processor, const TField& field) {
   const std::string_view name = field.name;
   const std::string_view value = field.value;
@@ -73,7 +83,11 @@ void SetField(TLogicalProcessor& processor, const TField& field) {
   if (IsOneOf(name, {"cpu MHz", "CPU MHz", "cpu MHz dynamic", "clock"})) {
     processor.megaHertz = ParseMegaHertz(value);
   }
-  if (name == "flags") processor.addressBits = FindAddressBitsByFlags(value);
+  if (name == "flags") {
+    processor.addressBits = FindAddressBitsByFlags(value);
+    processor.virtualization = FindVirtualization(value);
+  }
+  if (name == "microcode") processor.microcode = value;
   if (name == "isa") {
     processor.isa = value;
     processor.addressBits = value.substr(0, 4) == "rv64" ? 64 : 32;
@@ -164,6 +178,14 @@ TProcessorList ParseProcessors(std::string_view text) {
   }
   NameArm(list.shared);
   return list;
+}
+
+bool HasProcessorFlag(std::string_view text, std::string_view flag) {
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> field = SplitField(line, ':');
+    if (field && field->name == "flags") return HasWord(field->value, flag);
+  }
+  return false;
 }
 
 std::uint16_t FindProcessorFamily(const TLogicalProcessor& processor) {

@@ -15,6 +15,8 @@ struct TLogicalProcessor {
   std::string modelName;
   std::string stepping;
   std::string isa;  ///< of RISC-V
+  std::string microcode;
+  std::string virtualization;  ///< what it offers for virtual machines
   std::optional<std::uint32_t> package;
   std::optional<std::uint32_t> core;  ///< within the package, or within a cluster of it
   std::optional<std::uint32_t> megaHertz;
@@ -33,6 +35,9 @@ struct TProcessorList {
 /// Reads the records of x86, ARM, POWER, RISC-V, LoongArch and s390x; other machines yield what has
 /// the same names. What stands outside of the records, as on older ARM, holds for each.
 TProcessorList ParseProcessors(std::string_view text);
+
+/// Whether any of the processors has that word among its flags.
+bool HasProcessorFlag(std::string_view text, std::string_view flag);
 
 /// The standard's Family: one of its own numbers for what it lists, 1 (other) for what it does
 /// not, 2 (unknown) where nothing tells.

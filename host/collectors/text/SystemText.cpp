@@ -1,8 +1,11 @@
 #include "SystemText.h"
 
+#include <utmpx.h>
+
 #include <algorithm>
 #include <array>
 #include <boost/date_time/gregorian/greg_date.hpp>
+#include <cstring>
 
 #include "FoldName.h"
 #include "TextFields.h"
@@ -43,10 +46,12 @@ TMemoryFacts ParseMemory(std::string_view text) {
     const std::vector<std::string_view> words = SplitWords(field->value);
     if (words.size() != 2 || words[1] != "kB") continue;
     const std::optional<std::uint64_t> size = ParseUnsigned(words[0]);
-    if (field->name == "MemTotal") facts.total = size;
-    if (field->name == "MemFree") facts.free = size;
-    if (field->name == "SwapTotal") facts.swapTotal = size;
-    if (field->name == "SwapFree") facts.swapFree = size;
+    // A node of the memory says its number before each name.
+    const std::string_view name = field->name.substr(field->name.find_last_of(' ') + 1);
+    if (name == "MemTotal") facts.total = size;
+    if (name == "MemFree") facts.free = size;
+    if (name == "SwapTotal") facts.swapTotal = size;
+    if (name == "SwapFree") facts.swapFree = size;
   }
   return facts;
 }
@@ -90,6 +95,44 @@ std::optional<TChassisForm> ParseChassisForm(std::string_view text) {
   if (*type == 29) return TChassisForm{28, {}};
   if (*type > kLast) return TChassisForm{1, "Firmware's number " + std::to_string(*type)};
   return TChassisForm{*type, {}};
+}
+
+std::optional<TCIMDateTime> ParseFirmwareDate(std::string_view text) {
+  const std::optional<TField> month = SplitField(text, '/');
+  const std::optional<TField> day = month ? SplitField(month->value, '/') : std::nullopt;
+  if (!day) return std::nullopt;
+  const auto monthNumber = ParseNumber<std::uint16_t>(month->name);
+  const auto dayNumber = ParseNumber<std::uint16_t>(day->name);
+  const auto year = ParseNumber<std::uint16_t>(day->value);
+  if (!monthNumber || !dayNumber || !year || *year < 1980 || *year > 9999 || *monthNumber < 1 ||
+      *monthNumber > 12 || *dayNumber < 1 ||
+      *dayNumber > boost::gregorian::gregorian_calendar::end_of_month_day(*year, *monthNumber)) {
+    return std::nullopt;
+  }
+  TCIMDateTime date;
+  date.SetTimeStamp(*year, *monthNumber, *dayNumber, 0, 0, 0, 0, 0);
+  return date;
+}
+
+std::optional<std::uint32_t> CountUsers(std::string_view records) {
+  if (records.size() % sizeof(utmpx) != 0) return std::nullopt;
+  std::uint32_t count = 0;
+  for (; !records.empty(); records.remove_prefix(sizeof(utmpx))) {
+    utmpx record = {};
+    std::memcpy(&record, records.data(), sizeof record);
+    if (record.ut_type == USER_PROCESS) ++count;
+  }
+  return count;
+}
+
+std::optional<std::uint16_t> ParseLoadPercentage(std::string_view text, std::size_t processors) {
+  constexpr std::uint64_t kAll = 100;
+  const std::optional<TField> load = SplitField(text.substr(0, text.find(' ')), '.');
+  // It has two digits after the point.
+  if (!load || load->value.size() != 2 || processors == 0) return std::nullopt;
+  const auto percent = Add(Multiply(ParseUnsigned(load->name), kAll), ParseUnsigned(load->value));
+  if (!percent) return std::nullopt;
+  return static_cast<std::uint16_t>(std::min(*percent / processors, kAll));
 }
 
 std::string CleanFirmwareText(const std::string& text) {

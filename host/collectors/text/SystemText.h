@@ -18,7 +18,7 @@ struct TReleaseFacts {
 /// Reads NAME=value lines, with the quotes and back-slashes of a shell.
 TReleaseFacts ParseRelease(std::string_view text);
 
-/// What /proc/meminfo tells, in KiB.
+/// What /proc/meminfo tells, or that of one node of the memory, in KiB.
 struct TMemoryFacts {
   std::optional<std::uint64_t> total;
   std::optional<std::uint64_t> free;
@@ -45,6 +45,17 @@ struct TChassisForm {
 
 /// By the number that firmware gives to it; nothing where it gives none.
 std::optional<TChassisForm> ParseChassisForm(std::string_view text);
+
+/// A date such as "04/01/2014", month first, at midnight in UTC.
+std::optional<TCIMDateTime> ParseFirmwareDate(std::string_view text);
+
+/// How many are logged in: the records of /run/utmp that are users'. Nothing where it is no such
+/// file.
+std::optional<std::uint32_t> CountUsers(std::string_view records);
+
+/// The first number of /proc/loadavg, for so many processors: how busy each was in the last minute,
+/// in percent.
+std::optional<std::uint16_t> ParseLoadPercentage(std::string_view text, std::size_t processors);
 
 /// The text, or nothing where firmware only filled in a placeholder.
 std::string CleanFirmwareText(const std::string& text);

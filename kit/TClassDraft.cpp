@@ -53,7 +53,7 @@ void DeclareStandardQualifiers(ICIMNamespace& nameSpace) {
 
 TClassDraft::TClassDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::string& name,
                          const std::string& superClass)
-    : namespace_(nameSpace), name_(name) {
+    : namespace_(Given(nameSpace, name, "namespace")), name_(name) {
   const std::string subject = "class " + name;
   // The repository would hand out the class that is there.
   if (Named(subject, [&] { return IsDeclared(*nameSpace, name); })) {

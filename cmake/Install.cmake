@@ -48,6 +48,8 @@ install(FILES host/cli/completion/vyrhost.bash
 
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)
+# The API reference, where scripts/package or scripts/docs has written it.
+install(DIRECTORY build/docs/html DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md cmake/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # vyr_install_compressed(<file> <folder>): as Debian wants manual pages and change logs.

@@ -52,6 +52,14 @@ class VYR_EXPORT TCIMReference {
   /// between threads needs a lock even for reading.
   const std::string& GetPath() const;
 
+  /// That of a temporary, whose text would go with it: the caller's own. A template, since beside
+  /// the operation above no other could tell temporaries from the rest.
+  template <class = void>
+  std::string GetPath() && {
+    const TCIMReference& path = *this;
+    return path.GetPath();
+  }
+
   /// The path as people read it: as GetPath(), but with the key names as they were given and in
   /// the order in which they were added.
   std::string ToString() const;

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "FoldName.h"
+#include "NamedRefusal.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -57,7 +58,8 @@ std::vector<TAssociationEnd> ListEnds(ICIMInstance& association) {
 
 TInstanceList ListAssociators(const TInstancePtr& source, const TAssociationFilter& filter) {
   TInstanceList found;
-  for (const auto& association : ListAssociations(*source, filter.assocClass)) {
+  for (const auto& association :
+       ListAssociations(*Given(source, "associators", "instance"), filter.assocClass)) {
     AddFarEnds(*association, source, filter, found);
   }
   const auto nameSpace = source->GetClass({})->GetNamespace({});
@@ -73,7 +75,8 @@ TInstanceList ListAssociators(const TInstancePtr& source, const TAssociationFilt
 TInstanceList ListReferences(const TInstancePtr& source, const std::string& assocClass,
                              const std::string& role) {
   TInstanceList found;
-  for (const auto& association : ListAssociations(*source, assocClass)) {
+  for (const auto& association :
+       ListAssociations(*Given(source, "references", "instance"), assocClass)) {
     const std::vector<TAssociationEnd> ends = ListEnds(*association);
     const bool standsThere = std::any_of(ends.begin(), ends.end(), [&](const auto& end) {
       return end.instance == source && HasRole(end, role);

@@ -31,11 +31,12 @@ std::vector<TAssociationEnd> ListEnds(ICIMInstance& association);
 
 /// The instances at the other ends of all associations with `source`. Roles are the ends at which
 /// instances truly stand: of an association with three ends both others are found, and an instance
-/// as often as it is associated. Throws status 15 for an unknown class.
+/// as often as it is associated. Throws status 15 for an unknown class, TKitError without a source.
 TInstanceList ListAssociators(const boost::shared_ptr<ICIMInstance>& source,
                               const TAssociationFilter& filter = {});
 
-/// The associations' instances with an end at `source`, of that class and in that role.
+/// The associations' instances with an end at `source`, of that class and in that role. Throws as
+/// ListAssociators.
 TInstanceList ListReferences(const boost::shared_ptr<ICIMInstance>& source,
                              const std::string& assocClass = {}, const std::string& role = {});
 

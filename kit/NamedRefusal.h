@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/shared_ptr.hpp>
 #include <string>
 
 #include "TKitError.h"
@@ -15,6 +16,14 @@ auto Named(const std::string& subject, const TCall& call) {
   } catch (const TVYRException& refusal) {
     throw TKitError(subject + ": " + refusal.what());
   }
+}
+
+/// The element; where there is none, a failure that says for what it was wanted.
+template <class TElement>
+const boost::shared_ptr<TElement>& Given(const boost::shared_ptr<TElement>& element,
+                                         const std::string& subject, const char* what) {
+  if (!element) throw TKitError(subject + ": no " + what + " was given");
+  return element;
 }
 
 }  // namespace NZELVYR20

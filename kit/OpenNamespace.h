@@ -12,8 +12,9 @@ namespace NZELVYR20 {
 /// Loads the repository's plug-in, for the life of the process, and gives the provider "inmem" that
 /// it registers. No path means the library beside the program, or in ../lib/vyr from there, or in
 /// the same places from libvyrcore.so, or else on the dynamic linker's path. A name without
-/// slash is a file of the working directory or else looked for on that path. Where a provider of
-/// another copy is registered already, that one stays. Throws TKitError.
+/// slash is a file of the working directory or else looked for on that path. Throws TKitError,
+/// which names both files, where another copy of the plug-in has registered its provider, whichever
+/// of the two came first; that provider then stays.
 boost::shared_ptr<INamespaceProvider> LoadProvider(const std::optional<std::string>& path = {});
 
 /// A new namespace of it, in which nothing is declared and nothing may be redefined. It lives as

@@ -53,7 +53,7 @@ void DeclareStandardQualifiers(ICIMNamespace& nameSpace) {
 
 TClassDraft::TClassDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::string& name,
                          const std::string& superClass)
-    : namespace_(nameSpace), name_(name) {
+    : namespace_(Given(nameSpace, name, "namespace")), name_(name) {
   const std::string subject = "class " + name;
   // The repository would hand out the class that is there.
   if (Named(subject, [&] { return IsDeclared(*nameSpace, name); })) {
@@ -64,13 +64,14 @@ TClassDraft::TClassDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace, cons
 
 void TClassDraft::Attach(ICIMNamedElement& element, const std::string& subject,
                          const TNamedValues& qualifiers) const {
-  for (const auto& [name, value] : qualifiers) {
+  const auto attach = [&](const std::string& name, const TCIMValue& value) {
+    const std::string part = subject + ": qualifier " + name;
     const auto declaration = namespace_->GetQualifierDecl(name, {});
-    if (!declaration) throw TKitError(subject + ": qualifier " + name + ": not declared");
-    Named(subject + ": qualifier " + name, [&, &given = value] {
-      element.AllocateQualifier(declaration, given, {})->AddToClassOrProperty({});
-    });
-  }
+    if (!declaration) throw TKitError(part + ": not declared");
+    Named(part,
+          [&] { element.AllocateQualifier(declaration, value, {})->AddToClassOrProperty({}); });
+  };
+  for (const auto& [name, value] : qualifiers) attach(name, value);
 }
 
 TClassDraft& TClassDraft::Qualify(const std::string& qualifier, const TCIMValue& value) {

@@ -34,7 +34,7 @@ void DeclareStandardQualifiers(ICIMNamespace& nameSpace);
 /// that names the part; the class can then not be added any more.
 class TClassDraft {
  public:
-  /// Below that superclass, or directly below the root class.
+  /// Below that superclass, or directly below the root class. A namespace has to be there.
   TClassDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::string& name,
               const std::string& superClass = {});
 

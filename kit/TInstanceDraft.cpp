@@ -35,9 +35,10 @@ bool LeadsSomewhere(const TCIMValue& reference) {
 
 TInstanceDraft::TInstanceDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace,
                                const std::string& className)
-    : className_(className), namespace_(nameSpace), instance_(Named("class " + className, [&] {
-        return nameSpace->GetClass(className, {})->AllocateInstance({});
-      })) {}
+    : className_(className),
+      namespace_(Given(nameSpace, className, "namespace")),
+      instance_(Named("class " + className,
+                      [&] { return nameSpace->GetClass(className, {})->AllocateInstance({}); })) {}
 
 TInstanceDraft& TInstanceDraft::Set(const std::string& name, const TCIMValue& value) {
   try {

@@ -22,7 +22,7 @@ class TInstanceDraft {
     std::string why;   ///< such as "the type does not match (uint32)"
   };
 
-  /// Throws TKitError where there is no such class.
+  /// Throws TKitError where there is no such class, or no namespace.
   TInstanceDraft(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::string& className);
 
   /// The value has to be of the property's very type. Otherwise, as where there is no such

@@ -1,11 +1,14 @@
-// A consumer: names no class itself. It walks the hierarchy, prints every instance as people read
-// it and follows the associations from there.
-#include <ICIMPropertyDecl.h>
+// A consumer: draws the tree of the classes and, along an association from the parts that stand in
+// no other, the tree of these, with values as people read them.
 #include <ListAssociators.h>
 #include <ListElements.h>
+#include <ReadValue.h>
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
+#include <set>
+#include <string>
 
 #include "Disks.h"
 
@@ -13,21 +16,50 @@ namespace vyr = NZELVYR20;
 
 namespace {
 
-/// ToString applies units and value maps; GetValue is what was stored.
-void Print(const boost::shared_ptr<vyr::ICIMInstance>& instance) {
-  std::cout << "  " << instance->GetReference({}).ToString() << '\n';
-  for (const auto& property : vyr::ListProperties(*instance)) {
-    std::cout << "    " << property->GetDeclaration({})->GetName({}) << ": " << property->ToString()
-              << '\n';
-  }
-  for (const auto& other : vyr::ListAssociators(instance)) {
-    std::cout << "    -> " << other->GetReference({}).ToString() << '\n';
+using TInstancePtr = boost::shared_ptr<vyr::ICIMInstance>;
+
+/// A line for the node, and below it what `list` gives for it.
+template <class TNode, class TText, class TList>
+void Draw(const TNode& node, const TText& getText, const TList& list,
+          const std::string& indent = {}) {
+  std::cout << getText(*node) << '\n';
+  const auto below = list(node);
+  for (const auto& child : below) {
+    const bool isLast = &child == &below.back();
+    std::cout << indent << (isLast ? "└── " : "├── ");
+    Draw(child, getText, list, indent + (isLast ? "    " : "│   "));
   }
 }
 
-void Print(vyr::ICIMClass& cimClass) {
-  std::cout << cimClass.GetName({}) << '\n';
-  for (const auto& instance : vyr::ListInstances(cimClass, /*deep=*/false)) Print(instance);
+void DrawClasses(vyr::ICIMNamespace& nameSpace) {
+  Draw(
+      nameSpace.GetClass("", {}), [](vyr::ICIMClass& one) { return one.GetName({}); },
+      [](const auto& one) { return vyr::ListSubClasses(*one, /*deep=*/false); });
+}
+
+/// Units and value maps are applied; ReadValue would give what was stored.
+std::string GetLine(vyr::ICIMInstance& part) {
+  std::string line = part.GetReference({}).ToString();
+  for (const char* name : {"Capacity", "State"}) {
+    const std::string text = vyr::ReadText(part, name);
+    if (!text.empty()) line += ", " + text;
+  }
+  return line;
+}
+
+void DrawParts(vyr::ICIMNamespace& nameSpace) {
+  // What stands in several is drawn in the first of them; so a ring has an end, too.
+  std::set<TInstancePtr> drawn;
+  const auto list = [&drawn](const TInstancePtr& box) {
+    auto parts = vyr::ListAssociators(box, {"Demo_PartInBox", "", "Box", "Part"});
+    const auto isDrawn = [&drawn](const auto& part) { return !drawn.insert(part).second; };
+    parts.erase(std::remove_if(parts.begin(), parts.end(), isDrawn), parts.end());
+    return parts;
+  };
+  for (const auto& part : vyr::ListInstances(*nameSpace.GetClass("Demo_Part", {}), true)) {
+    const bool isTop = vyr::ListReferences(part, "Demo_PartInBox", "Part").empty();
+    if (isTop) Draw(part, GetLine, list);
+  }
 }
 
 }  // namespace
@@ -38,10 +70,8 @@ int main(int argc, char** argv) try {
     return 2;
   }
   const auto nameSpace = examples::CollectDisks(argv[1]);
-  for (const auto& top : vyr::ListTopClasses(*nameSpace)) {
-    Print(*top);
-    for (const auto& cimClass : vyr::ListSubClasses(*top, /*deep=*/true)) Print(*cimClass);
-  }
+  DrawClasses(*nameSpace);
+  DrawParts(*nameSpace);
   return 0;
 } catch (const std::exception& error) {
   std::cerr << "consumer: " << error.what() << '\n';

@@ -14,7 +14,7 @@ docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
 abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
 memcheck_packages=("${test_packages[@]}" valgrind)
-package_packages=("${run_packages[@]}" dpkg-dev file pkgconf clang)
+package_packages=("${run_packages[@]}" doxygen dpkg-dev file pkgconf clang)
 
 fail() {
   echo "$(basename "$0"): $*" >&2

@@ -46,6 +46,11 @@ TEST_F(TCIMReferenceTest, RemakesTheTextAfterEveryChange) {
   EXPECT_EQ(path.GetPath(), "B.\"a=1,b\"={\"1\",\"2\",},sec=2,second=3");
 }
 
+TEST_F(TCIMReferenceTest, TheTextOfATemporaryOutlivesIt) {
+  const std::string& text = MakePath(all, {{"Second", "longer than a text in place"}}).GetPath();
+  EXPECT_EQ(text, "All.second=\"longer than a text in place\"");
+}
+
 TEST_F(TCIMReferenceTest, GivesDifferentKeysDifferentTexts) {
   const TValues values = {TCIMValue(),   true,   1,      "NULL", "TRUE", "\",b=\"",
                           "\\\",b=\\\"", "",     "\"",   "\\",   "a\"",  "\"a",

@@ -1,17 +1,23 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <boost/make_shared.hpp>
 #include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <iostream>
 #include <new>
 #include <string>
 #include <vector>
 
+#include "INamespaceProviderManager.h"
 #include "ListAssociators.h"
 #include "ListElements.h"
 #include "OpenNamespace.h"
 #include "ReadValue.h"
 #include "TClassDraft.h"
+#include "TForwardingNamespace.h"
 #include "TInstanceDraft.h"
 #include "TKitError.h"
 #include "TRootObject.h"
@@ -98,8 +104,12 @@ TEST_F(KitTest, FailuresNameTheirSubject) {
        [](auto& space) { TClassDraft(space, "Bulb", "Lamp").AddMethod("Turn", TType::kUInt8); }},
       {"qualifier Key: The name is already defined.",
        [](auto& space) { DeclareQualifier(*space, "Key", false); }},
-      {"cannot load the plug-in: /nowhere/x.so: cannot open shared object file: No such file or "
-       "directory",
+      {"Lamp: no namespace was given", [](auto&) { TClassDraft({}, "Lamp"); }},
+      {"Lamp: no namespace was given", [](auto&) { TInstanceDraft({}, "Lamp"); }},
+      {"forwarding: no namespace was given", [](auto&) { TForwardingNamespace({}); }},
+      {"associators: no instance was given", [](auto&) { ListAssociators({}); }},
+      {"references: no instance was given", [](auto&) { ListReferences({}); }},
+      {"/nowhere/x.so: the provider \"inmem\" is that of " INMEM_PLUGIN_PATH,
        [](auto&) { OpenNamespace("/nowhere/x.so"); }},
   };
   for (const TFailure& failure : failures) {
@@ -172,12 +182,68 @@ TEST_F(KitTest, ListsPassOnWhatTheWalkDiscards) {
   EXPECT_EQ(calls, 2);
 }
 
-TEST_F(KitTest, AnotherCopyOfThePlugInIsRefused) {
-  const std::string copy = testing::TempDir() + "another_inmem.nsp.so";
-  std::filesystem::copy_file(INMEM_PLUGIN_PATH, copy);
-  EXPECT_THROW(OpenNamespace(copy), TKitError);
-  std::filesystem::remove(copy);
+/// A copy of the plug-in, in a file of its own.
+struct TCopy {
+  TCopy() { std::filesystem::copy_file(INMEM_PLUGIN_PATH, path); }
+  ~TCopy() { std::filesystem::remove(path); }
+  const std::string path = testing::TempDir() + "another_inmem.nsp.so";
+};
+
+TEST_F(KitTest, AnotherCopyOfThePlugInIsNotLoaded) {
+  const TCopy copy;
+  for (int time = 0; time < 2; ++time) EXPECT_THROW(OpenNamespace(copy.path), TKitError);
+  EXPECT_EQ(dlopen(copy.path.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
   EXPECT_EQ(LoadProvider(INMEM_PLUGIN_PATH), space_->GetNamespaceProvider({}));
+}
+
+TEST_F(KitTest, AnotherCopyThatWasLoadedIsNotTakenForThePlugIn) {
+  const TCopy copy;
+  const auto own = LoadProvider(INMEM_PLUGIN_PATH);
+  ASSERT_NE(dlopen(copy.path.c_str(), RTLD_NOW), nullptr);
+  EXPECT_THROW(OpenNamespace(INMEM_PLUGIN_PATH), TKitError);
+  EXPECT_NE(LoadProvider(copy.path), own);
+  TRootObject::GetNamespaceProviderManager()->RegisterNamespaceProvider(own);
+  EXPECT_THROW(OpenNamespace(copy.path), TKitError);
+}
+
+TEST(LoadProviderTest, SaysWhatCannotBeLoaded) {
+  const auto load = [] {
+    try {
+      LoadProvider("/nowhere/x.so");
+    } catch (const TKitError& error) {
+      std::cerr << error.what();
+      std::quick_exit(1);
+    }
+  };
+  GTEST_FLAG_SET(death_test_style, "threadsafe");  // in a process without the plug-in
+  EXPECT_EXIT(load(), testing::ExitedWithCode(1), "cannot load the plug-in: /nowhere/x.so: cannot");
+}
+
+TEST_F(KitTest, AHostsNamespacePassesOnWhatItDoesNotOverride) {
+  struct THall : TForwardingNamespace {
+    using TForwardingNamespace::TForwardingNamespace;
+    using TForwardingNamespace::operator=;
+    boost::shared_ptr<ICIMInstance> GetInstance(const TCIMReference&, TCIMContext) override {
+      return hall;
+    }
+    boost::shared_ptr<ICIMInstance> hall;
+  };
+  const auto host = boost::make_shared<THall>(space_);
+  DeclareQualifier(*host, "Colour", "red");
+  TClassDraft(host, "Attic", "Room").Add();
+  EXPECT_EQ(ListTopClasses(*host), ListTopClasses(*space_));
+  EXPECT_EQ(ListQualifierDecls(*host), ListQualifierDecls(*space_));
+  EXPECT_EQ(host->GetQualifierDecl("Colour", {}), space_->GetQualifierDecl("Colour", {}));
+  EXPECT_EQ(host->GetNamespaceProvider({}), space_->GetNamespaceProvider({}));
+  EXPECT_THROW(host->DeleteInstance(AddNamed("Room", "cellar"), {}), TVYRException);
+
+  host->hall = Find(AddNamed("Room", "hall"));
+  const auto attic = TCIMReference::Parse("Attic.Name=\"a\"", host);
+  const auto desk = AddNamed("Lamp", "desk");
+  TInstanceDraft(space_, "Switch").Set("First", desk).Set("Room", attic).Set("Second", desk).Add();
+  EXPECT_EQ(Names(ListAssociators(Find(desk), {"", "", "First", "Room"})), "hall ");
+  host->ClearInstances();
+  EXPECT_TRUE(ListInstances(*space_->GetClass("Room", {}), true).empty());
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <locale>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -19,96 +20,108 @@
 namespace NZELVYR20 {
 namespace {
 
-void CheckPlace(const TMofPlace& place) {
-  Require(place.source != nullptr, "a node has a source");
-  Require(place.offset <= place.source->GetText().size(), "a place lies in its text");
-  const TMofPosition position = place.source->Locate(place.offset);
-  Require(position.line > 0 && position.column > 0, "positions count from 1");
-}
+/// Looks at every node of what was read of a source.
+class TNodeCheck {
+ public:
+  explicit TNodeCheck(const TMofSource& source) : source_(source) {}
 
-void CheckName(const TMofName& name) {
-  CheckPlace(name.place);
-  Require(!name.text.empty(), "a name is not empty");
-  const std::string& text = name.place.source->GetText();
-  Require(text.compare(name.place.offset, name.text.size(), name.text) == 0,
-          "a name stands at its place");
-}
-
-void CheckNames(const std::vector<TMofName>& names) {
-  for (const TMofName& name : names) CheckName(name);
-}
-
-void CheckValue(const TMofValue& value) {
-  CheckPlace(value.place);
-  Require(value.isArray || value.literals.size() == 1, "a scalar is one literal");
-  for (const TMofLiteral& literal : value.literals) {
-    CheckPlace(literal.place);
-    Require(literal.text.find('\0') == std::string::npos, "no literal has a NUL");
+  void CheckPlace(const TMofPlace& place) const {
+    const std::string& text = source_.GetText();
+    const std::size_t offset = static_cast<std::size_t>(place.byte - text.data());
+    Require(place.byte != nullptr && offset <= text.size(), "a place lies in its text");
+    const TMofPosition position = source_.Locate(place);
+    Require(position.line > 0 && position.column > 0, "positions count from 1");
   }
-}
 
-void CheckType(const TMofType& type) {
-  CheckPlace(type.place);
-  if (type.type.GetElementType() == TCIMValue::TCIMType::kReference) {
-    CheckName(type.referencedClass);
+  void CheckName(const TMofName& name) const {
+    CheckPlace(name.GetPlace());
+    CheckPlace({name.text.data() + name.text.size()});
+    Require(!name.text.empty(), "a name is not empty");
   }
-}
 
-void CheckQualifiers(const std::vector<TMofQualifier>& qualifiers) {
-  for (const TMofQualifier& qualifier : qualifiers) {
-    CheckName(qualifier.name);
-    if (qualifier.value) CheckValue(*qualifier.value);
-    CheckNames(qualifier.flavors);
+  void CheckNames(const std::vector<TMofName>& names) const {
+    for (const TMofName& name : names) CheckName(name);
   }
-}
 
-template <class TElement>
-void CheckElement(const TElement& element) {
-  CheckName(element.name);
-  CheckType(element.type);
-  CheckQualifiers(element.qualifiers);
-}
-
-void CheckFeature(const TMofProperty& property) {
-  CheckElement(property);
-  if (property.defaultValue) CheckValue(*property.defaultValue);
-}
-
-void CheckFeature(const TMofMethod& method) {
-  CheckElement(method);
-  for (const TMofParameter& parameter : method.parameters) CheckElement(parameter);
-}
-
-void Check(const TMofPragma& pragma) {
-  CheckName(pragma.name);
-  CheckPlace(pragma.argument.place);
-}
-
-void Check(const TMofQualifierDeclaration& declaration) {
-  CheckName(declaration.name);
-  CheckType(declaration.type);
-  if (declaration.defaultValue) CheckValue(*declaration.defaultValue);
-  CheckNames(declaration.scopes);
-  CheckNames(declaration.flavors);
-}
-
-void Check(const TMofClass& declared) {
-  CheckName(declared.name);
-  if (declared.superClass) CheckName(*declared.superClass);
-  CheckQualifiers(declared.qualifiers);
-  for (const auto& feature : declared.features) {
-    std::visit([](const auto& one) { CheckFeature(one); }, feature);
+  void CheckValue(const TMofValue& value) const {
+    CheckPlace(value.GetPlace());
+    Require(value.IsArray() || value.GetSize() == 1, "a scalar is one literal");
+    for (const TMofLiteral& literal : value) {
+      CheckPlace(literal.place);
+      Require(literal.text.find('\0') == std::string_view::npos, "no literal has a NUL");
+    }
   }
-}
 
-void Check(const TMofInstance& instance) {
-  CheckName(instance.className);
-  if (instance.alias) CheckName(*instance.alias);
-  for (const TMofAssignment& assignment : instance.assignments) {
-    CheckName(assignment.property);
-    CheckValue(assignment.value);
+  void CheckType(const TMofType& type) const {
+    CheckPlace(type.place);
+    if (type.type.GetElementType() == TCIMValue::TCIMType::kReference) {
+      CheckName(type.referencedClass);
+    }
   }
-}
+
+  void CheckQualifiers(const std::vector<TMofQualifier>& qualifiers) const {
+    for (const TMofQualifier& qualifier : qualifiers) {
+      CheckName(qualifier.name);
+      if (qualifier.value) CheckValue(*qualifier.value);
+      CheckNames(qualifier.flavors);
+    }
+  }
+
+  template <class TElement>
+  void CheckElement(const TElement& element) const {
+    CheckName(element.name);
+    CheckType(element.type);
+    CheckQualifiers(element.qualifiers);
+  }
+
+  void CheckFeature(const TMofProperty& property) const {
+    CheckElement(property);
+    if (property.defaultValue) CheckValue(*property.defaultValue);
+  }
+
+  void CheckFeature(const TMofMethod& method) const {
+    CheckElement(method);
+    for (const TMofParameter& parameter : method.parameters) CheckElement(parameter);
+  }
+
+  void Check(const TMofPragma& pragma) const {
+    CheckName(pragma.name);
+    CheckPlace(pragma.argument.place);
+  }
+
+  void Check(const TMofQualifierDeclaration& declaration) const {
+    CheckName(declaration.name);
+    CheckType(declaration.type);
+    if (declaration.defaultValue) CheckValue(*declaration.defaultValue);
+    CheckNames(declaration.scopes);
+    CheckNames(declaration.flavors);
+  }
+
+  void Check(const TMofClass& declared) const {
+    CheckName(declared.name);
+    if (declared.superClass) CheckName(*declared.superClass);
+    CheckQualifiers(declared.qualifiers);
+    for (const auto& feature : declared.features) {
+      std::visit([this](const auto& one) { CheckFeature(one); }, feature);
+    }
+  }
+
+  void Check(const TMofInstanceRun& instances) const {
+    for (const TMofInstance& instance : instances) CheckInstance(instance);
+  }
+
+  void CheckInstance(const TMofInstance& instance) const {
+    CheckName(instance.className);
+    if (instance.alias) CheckName(*instance.alias);
+    for (const TMofAssignment& assignment : instance.assignments) {
+      CheckName(assignment.property);
+      CheckValue(assignment.value);
+    }
+  }
+
+ private:
+  const TMofSource& source_;
+};
 
 void Parse(const std::string& text) {
   const TMofSource source("input", text);
@@ -118,7 +131,7 @@ void Parse(const std::string& text) {
   });
   const std::vector<TMofDeclaration> declarations = TMofParser(diagnostics).Parse(source);
   for (const TMofDeclaration& declaration : declarations) {
-    std::visit([](const auto& one) { Check(one); }, declaration);
+    std::visit([&](const auto& one) { TNodeCheck(source).Check(one); }, declaration);
   }
 }
 

@@ -34,6 +34,8 @@ void TPluginStore::Fill(const std::vector<TDiskRow>& rows) {
   }
 }
 
+const char* TPluginStore::GetClassName() const { return kDisk; }
+
 TPluginStore::TPath TPluginStore::MakePath(const TDiskRow& row) const {
   TCIMReference path(space_, {});
   path.SetClass(disk_);

@@ -24,6 +24,10 @@ class TPluginStore {
 
   void Fill(const std::vector<TDiskRow>& rows);
 
+  /// For who fills it in another way.
+  const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return space_; }
+  const char* GetClassName() const;
+
   /// The path knows its text already, as the other stores' paths are texts.
   TPath MakePath(const TDiskRow& row) const;
   TInstance Get(const TPath& path) const { return space_->GetInstance(path, {}); }

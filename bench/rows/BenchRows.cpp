@@ -9,7 +9,7 @@ void RegisterAllRows(const TBenchSizes& sizes) {
   RegisterLinkRows(sizes);
   RegisterClassRows(sizes);
   RegisterDisplayRows();
-  RegisterMofRows();
+  RegisterMofRows(sizes);
 }
 
 std::size_t MeasureHeap() {

@@ -27,7 +27,7 @@ void RegisterInstanceRows(const TBenchSizes& sizes);
 void RegisterLinkRows(const TBenchSizes& sizes);
 void RegisterClassRows(const TBenchSizes& sizes);
 void RegisterDisplayRows();
-void RegisterMofRows();
+void RegisterMofRows(const TBenchSizes& sizes);
 /// @}
 void RegisterAllRows(const TBenchSizes& sizes);
 

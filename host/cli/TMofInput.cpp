@@ -40,7 +40,7 @@ bool TMofInput::LoadFiles(const boost::shared_ptr<ICIMNamespace>& nameSpace,
     TStandardStreams::WriteErrorLines(message);
   };
   const auto show = [&line](const char* what, std::size_t done, std::size_t all) {
-    line.Show(ProgressText(what, done, all));
+    if (line.IsDue()) line.Show(ProgressText(what, done, all));
   };
   TMofSummary summary;
   try {

@@ -24,12 +24,12 @@ TProgressLine::TProgressLine()
 
 TProgressLine::~TProgressLine() { Clear(); }
 
+bool TProgressLine::IsDue() const { return isTerminal_ && TClock::now() >= next_; }
+
 void TProgressLine::Show(const std::string& text) {
-  const TClock::time_point now = TClock::now();
-  if (!isTerminal_ || now < next_) return;
   TStandardStreams::RewriteErrorLine(text);
   isShown_ = true;
-  next_ = now + kPause;
+  next_ = TClock::now() + kPause;
 }
 
 void TProgressLine::Clear() {

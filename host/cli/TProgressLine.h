@@ -18,7 +18,9 @@ class TProgressLine {
   TProgressLine& operator=(const TProgressLine&) = delete;
   ~TProgressLine();
 
-  /// Puts a text in the place of the one before, unless that is too fresh to be read.
+  /// Whether a text would be read: not where there is no terminal, nor right after another one.
+  bool IsDue() const;
+  /// Puts a text in the place of the one before.
   void Show(const std::string& text);
 
   /// Takes the line away. To be called before anything else is written to standard error.

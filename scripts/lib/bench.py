@@ -19,7 +19,8 @@ import sys
 COLUMNS = {"plug-in": "plug-in", "map": "map of maps", "compact": "compact C++", "sqlite": "SQLite"}
 # Contenders that stand in another's column, under their own names.
 SHARED_COLUMN = {"adjacency": ("compact", "adjacency table"), "plain": ("compact", "plain code"),
-                 "scan": ("compact", "bare scan")}
+                 "scan": ("compact", "bare scan"),
+                 "interface": ("compact", "through the interface")}
 
 WORKS = {
     "instances/add": "make, fill (11 properties) and add an instance, keys shuffled",
@@ -41,6 +42,7 @@ WORKS = {
     "display/value-map": "ToString with a value map",
     "display/units": "ToString with units",
     "mof/load": "load MOF",
+    "mof/instances": "load instances of 11 properties from MOF",
 }
 
 # The plug-in's figure is at most this many times the contender's.
@@ -51,6 +53,7 @@ BARS = {
     "instances/enumerate": ("map", 1),
     "links/references": ("sqlite", 3),
     "links/associators": ("sqlite", 3),
+    "mof/instances": ("interface", 2),
 }
 
 # How much dearer each becomes from the smaller size to the larger: at most this many times as much as
@@ -203,7 +206,7 @@ class Table:
             return cells + ["", ""]
         against = self.median(work, size, floor)
         return cells + self.judge(work, size, self.median(work, size, "plug-in"), against, limit,
-                                  COLUMNS[floor])
+                                  COLUMNS.get(floor) or SHARED_COLUMN[floor][1])
 
     def growth(self, work, small, large, contender):
         before, after = self.median(work, small, contender), self.median(work, large, contender)

@@ -14,12 +14,18 @@ namespace NZELVYR20 {
 
 template <class TDeclaration>
 static std::string NameOf(const TDeclaration& declaration) {
-  return declaration.name.text;
+  return declaration.name.GetText();
 }
 static std::string NameOf(const TMofClass& declared) {
-  return declared.isUnreadable ? '(' + declared.name.text + ')' : declared.name.text;
+  return declared.isUnreadable ? '(' + declared.name.GetText() + ')' : declared.name.GetText();
 }
-static std::string NameOf(const TMofInstance& instance) { return instance.className.text; }
+static std::string NameOf(const TMofInstanceRun& instances) {
+  std::string names;
+  for (const TMofInstance& one : instances) {
+    names += (names.empty() ? "" : " ") + one.className.GetText();
+  }
+  return names;
+}
 
 /// The names of the declarations that a text holds, and then the messages, each on its own line.
 static std::string Parse(const std::string& text) {

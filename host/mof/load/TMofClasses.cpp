@@ -42,7 +42,7 @@ std::vector<std::size_t> GetPlaces(const std::vector<std::size_t>& numbers,
 }
 
 TMofFault NeedEachOther(const TMofName& name) {
-  return {name.place, "it and the class " + name.text + " need each other"};
+  return {name.GetPlace(), "it and the class " + name.GetText() + " need each other"};
 }
 
 }  // namespace
@@ -72,19 +72,19 @@ TMofClasses::TMofClasses(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagnos
 
 void TMofClasses::AddEntry(const TMofClass& cimClass) {
   const TMofName& name = cimClass.name;
-  if (FindOrNothing([&] { return namespace_->GetClass(name.text, {}); })) {
+  if (FindOrNothing([&] { return namespace_->GetClass(name.GetText(), {}); })) {
     ++summary_.classes.skipped;
-    return diagnostics_.Note(name.place,
-                             "the class " + name.text + " is there already, and stays as it is");
+    return diagnostics_.Note(
+        name.GetPlace(), "the class " + name.GetText() + " is there already, and stays as it is");
   }
   if (cimClass.isUnreadable) {
     ++summary_.classes.skipped;
-    return leftOut_.Add(FoldName(name.text), name.text);
+    return leftOut_.Add(FoldName(name.GetText()), name.GetText());
   }
-  if (!byName_.emplace(FoldName(name.text), entries_.size()).second) {
+  if (!byName_.emplace(FoldName(name.GetText()), entries_.size()).second) {
     ++summary_.classes.skipped;
-    return diagnostics_.Warning(name.place,
-                                "the class " + name.text + " stands twice; the first one counts");
+    return diagnostics_.Warning(
+        name.GetPlace(), "the class " + name.GetText() + " stands twice; the first one counts");
   }
   entries_.push_back({&cimClass, {}});
 }
@@ -97,7 +97,7 @@ const TMofClasses::TEntry* TMofClasses::FindEntry(const std::string& name) const
 std::vector<std::size_t> TMofClasses::GetNeeds(const std::vector<TMofName>& names) const {
   std::vector<std::size_t> needs;
   for (const TMofName& name : names) {
-    if (const TEntry* const need = FindEntry(name.text)) {
+    if (const TEntry* const need = FindEntry(name.GetText())) {
       needs.push_back(static_cast<std::size_t>(need - entries_.data()));
     }
   }
@@ -167,7 +167,7 @@ template <class TStep>
 void TMofClasses::Try(TEntry& entry, const TStep& step) {
   if (entry.state == EState::kLeftOut) return;
   const TMofName& name = entry.syntax->name;
-  const std::string key = FoldName(name.text);
+  const std::string key = FoldName(name.GetText());
   try {
     return step();
   } catch (const TMofNeed& need) {
@@ -175,24 +175,24 @@ void TMofClasses::Try(TEntry& entry, const TStep& step) {
     leftOut_.Count(key, need);
   } catch (const TMofFault& fault) {
     ++summary_.classes.skipped;
-    diagnostics_.Error(fault.GetPlace(), "class " + name.text + ": " + fault.what());
+    diagnostics_.Error(fault.GetPlace(), "class " + name.GetText() + ": " + fault.what());
   } catch (const TVYRException& refusal) {
     Refuse(name, refusal.what());
   }
   entry.state = EState::kLeftOut;
-  leftOut_.Add(key, name.text);
+  leftOut_.Add(key, name.GetText());
 }
 
 void TMofClasses::Refuse(const TMofName& name, const std::string& why) {
   ++summary_.classes.refused;
-  summary_.refusals.push_back({name.text, why});
-  diagnostics_.Error(name.place, "class " + name.text + " is refused: " + why);
+  summary_.refusals.push_back({name.GetText(), why});
+  diagnostics_.Error(name.GetPlace(), "class " + name.GetText() + " is refused: " + why);
 }
 
 void TMofClasses::Allocate(TEntry& entry) {
   const std::optional<TMofName>& superClass = entry.syntax->superClass;
   entry.cimClass = namespace_->AllocateClass(
-      entry.syntax->name.text,
+      entry.syntax->name.GetText(),
       superClass ? FindClass(*superClass, EState::kDeclared) : boost::shared_ptr<ICIMClass>(), {});
   entry.state = EState::kAllocated;
 }
@@ -211,7 +211,7 @@ void TMofClasses::Declare(TEntry& entry) {
 void TMofClasses::RequireAll(const std::vector<std::size_t>& group) const {
   for (const std::size_t number : group) {
     const TEntry& entry = entries_[number];
-    if (entry.state == EState::kLeftOut) leftOut_.Require(FoldName(entry.syntax->name.text));
+    if (entry.state == EState::kLeftOut) leftOut_.Require(FoldName(entry.syntax->name.GetText()));
   }
 }
 
@@ -223,15 +223,15 @@ void TMofClasses::Add(TEntry& entry) {
 
 /// A class of the batch that has come as far as `least`, or one that was there before.
 boost::shared_ptr<ICIMClass> TMofClasses::FindClass(const TMofName& name, EState least) const {
-  const TEntry* const entry = FindEntry(name.text);
+  const TEntry* const entry = FindEntry(name.GetText());
   if (entry != nullptr && entry->state >= least) return entry->cimClass;
   if (entry != nullptr && entry->state != EState::kLeftOut) throw NeedEachOther(name);
-  if (auto cimClass = FindOrNothing([&] { return namespace_->GetClass(name.text, {}); })) {
+  if (auto cimClass = FindOrNothing([&] { return namespace_->GetClass(name.GetText(), {}); })) {
     return cimClass;
   }
-  leftOut_.Require(FoldName(name.text));
-  leftOut_.Add(FoldName(name.text), name.text);
-  throw TMofFault(name.place, "there is no class " + name.text);
+  leftOut_.Require(FoldName(name.GetText()));
+  leftOut_.Add(FoldName(name.GetText()), name.GetText());
+  throw TMofFault(name.GetPlace(), "there is no class " + name.GetText());
 }
 
 bool TMofClasses::IsKnown(const std::string& name) const {

@@ -42,14 +42,14 @@ std::string DescribeConflict(const std::string& given, const std::string& inheri
 }
 
 TMofFault DeclaredTwice(const TMofName& name) {
-  return {name.place, name.text + " is declared twice"};
+  return {name.GetPlace(), name.GetText() + " is declared twice"};
 }
 
 /// Methods are not left out without a status, as properties are.
 TMofFault ExplainRefusal(const TMofMethod& method, const ICIMMethodDecl& declaration,
                          const ICIMMethodDecl& existing) {
   if (existing.GetClass({}) == declaration.GetClass({})) return DeclaredTwice(method.name);
-  return {method.name.place,
+  return {method.name.GetPlace(),
           DescribeConflict(DescribeMember(declaration, declaration.GetReturnType({})),
                            DescribeMember(existing, existing.GetReturnType({})),
                            IsOverride(method.qualifiers))};
@@ -68,7 +68,7 @@ TMofFeatures::TMofFeatures(boost::shared_ptr<ICIMNamespace> nameSpace, TMofDiagn
       isKnown_(std::move(isKnown)) {}
 
 void TMofFeatures::Declare(ICIMClass& cimClass, const TMofProperty& property) {
-  const std::string& name = property.name.text;
+  const std::string name = property.name.GetText();
   boost::shared_ptr<ICIMPropertyDecl> overridden;
   if (IsOverride(property.qualifiers)) {
     overridden = FindProperty(cimClass, name);
@@ -92,11 +92,11 @@ void TMofFeatures::ReportLeftOut(const TMofProperty& property, const ICIMPropert
                                  const ICIMPropertyDecl& kept) {
   const TMofName& name = property.name;
   if (kept.GetClass({}) == declaration.GetClass({})) {
-    return diagnostics_.Note(name.place,
-                             "the property " + name.text + " is named twice; the first one stays");
+    return diagnostics_.Note(
+        name.GetPlace(), "the property " + name.GetText() + " is named twice; the first one stays");
   }
   diagnostics_.Warning(
-      name.place,
+      name.GetPlace(),
       DescribeConflict(DescribeMember(declaration, declaration.GetType({})),
                        DescribeMember(kept, kept.GetType({})), IsOverride(property.qualifiers)) +
           ", and is left out");
@@ -110,7 +110,7 @@ void TMofFeatures::CheckType(const TMofType& type) {
 
 void TMofFeatures::NoteIfNothingOverridden(const TMofName& name, const void* overridden) {
   if (overridden == nullptr) {
-    diagnostics_.Note(name.place, name.text + " overrides nothing: no superclass has it");
+    diagnostics_.Note(name.GetPlace(), name.GetText() + " overrides nothing: no superclass has it");
   }
 }
 
@@ -132,11 +132,11 @@ TCIMValue TMofFeatures::MakeReferenceDefault(const TMofProperty& property) const
 void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
   boost::shared_ptr<ICIMMethodDecl> overridden;
   if (IsOverride(method.qualifiers)) {
-    overridden = cimClass.GetMethodDecl(method.name.text, {});
+    overridden = cimClass.GetMethodDecl(method.name.GetText(), {});
     NoteIfNothingOverridden(method.name, overridden.get());
   }
 
-  const auto declaration = cimClass.AllocateMethodDecl(method.name.text, method.type.type, {});
+  const auto declaration = cimClass.AllocateMethodDecl(method.name.GetText(), method.type.type, {});
   CheckResultOrParameter(*declaration, "", method.type);
   qualifiers_.Attach(*declaration, method.qualifiers, overridden.get());
   for (const TMofParameter& parameter : method.parameters) {
@@ -145,7 +145,7 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
   try {
     declaration->AddToClass({});
   } catch (const TVYRException&) {
-    const auto existing = cimClass.GetMethodDecl(method.name.text, {});
+    const auto existing = cimClass.GetMethodDecl(method.name.GetText(), {});
     if (existing) throw ExplainRefusal(method, *declaration, *existing);
     throw;
   }
@@ -153,7 +153,7 @@ void TMofFeatures::Declare(ICIMClass& cimClass, const TMofMethod& method) {
 
 void TMofFeatures::DeclareParameter(ICIMMethodDecl& method, const TMofParameter& parameter,
                                     const ICIMMethodDecl* overridden) {
-  const std::string& name = parameter.name.text;
+  const std::string name = parameter.name.GetText();
   boost::shared_ptr<ICIMParameterDecl> inherited;
   if (overridden != nullptr) {
     inherited = FindOrNothing([&] { return overridden->GetParameterDecl(name, {}); });
@@ -175,9 +175,9 @@ void TMofFeatures::CheckResultOrParameter(const ICIMMethodDecl& method,
   CheckType(type);
   if (type.type.GetElementType() != TCIMValue::TCIMType::kReference) return;
   const TMofName& name = type.referencedClass;
-  referenceClasses_.Set(method, parameter, name.text);
-  if (FoldName(name.text) == kAnyClass || isKnown_(name.text)) return;
-  diagnostics_.Warning(name.place, "there is no class " + name.text);
+  referenceClasses_.Set(method, parameter, name.GetText());
+  if (FoldName(name.GetText()) == kAnyClass || isKnown_(name.GetText())) return;
+  diagnostics_.Warning(name.GetPlace(), "there is no class " + name.GetText());
 }
 
 }  // namespace NZELVYR20

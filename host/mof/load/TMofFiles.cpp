@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <stdexcept>
@@ -42,16 +43,17 @@ void RequireFile(const fs::path& path) {
 
 using TFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
-std::string ReadAtMost(std::FILE* file, std::size_t limit) {
-  constexpr std::size_t kStep = std::size_t{64} * 1024;
+/// At once if the file is as long as it was; only what ends short of the room has ended.
+std::string ReadAtMost(std::FILE* file, std::uintmax_t length, std::size_t limit) {
   std::string bytes;
-  std::size_t count = 0;
-  do {
+  std::size_t step = static_cast<std::size_t>(std::min<std::uintmax_t>(length, limit)) + 1;
+  for (std::size_t count = step; count == step && bytes.size() <= limit;) {
     const std::size_t before = bytes.size();
-    bytes.resize(before + kStep);
-    count = std::fread(bytes.data() + before, 1, kStep, file);
+    if (before > 0) step = std::size_t{64} * 1024;
+    bytes.resize(before + step);
+    count = std::fread(bytes.data() + before, 1, step, file);
     bytes.resize(before + count);
-  } while (count == kStep && bytes.size() <= limit);
+  }
   return bytes;
 }
 
@@ -122,7 +124,7 @@ std::string TMofFiles::Read(const fs::path& file) const {
   RequireFile(file);
   const TFile stream(std::fopen(file.c_str(), "rb"), &std::fclose);
   if (!stream) throw GetSystemError();
-  std::string bytes = ReadAtMost(stream.get(), options_.largestFile);
+  std::string bytes = ReadAtMost(stream.get(), fs::file_size(file), options_.largestFile);
   if (std::ferror(stream.get()) != 0) throw GetSystemError();
   if (bytes.size() > options_.largestFile) {
     const std::size_t mebibytes = options_.largestFile / kMebibyte;

@@ -1,6 +1,7 @@
 #include "TMofInstances.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "FindOrNothing.h"
@@ -8,7 +9,6 @@
 #include "ICIMClass.h"
 #include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
-#include "OrderByNeeds.h"
 #include "TMofFault.h"
 #include "TVYRException.h"
 
@@ -16,7 +16,11 @@ namespace NZELVYR20 {
 namespace {
 
 /// No class and no path begins so.
-std::string AliasKey(const std::string& alias) { return '$' + FoldName(alias); }
+std::string AliasKey(const TMofName& alias) { return '$' + FoldName(alias.GetText()); }
+
+std::string DescribeInstance(const TMofInstance& instance) {
+  return "instance of " + instance.className.GetText();
+}
 
 }  // namespace
 
@@ -38,8 +42,9 @@ TMofInstances::TMofInstances(boost::shared_ptr<ICIMNamespace> nameSpace,
 
 void TMofInstances::RegisterAlias(std::size_t index) {
   const std::optional<TMofName>& alias = drafts_[index].syntax->alias;
-  if (alias && !byAlias_.emplace(FoldName(alias->text), index).second) {
-    diagnostics_.Error(alias->place, "the alias $" + alias->text + " stands for another instance");
+  if (alias && !byAlias_.emplace(FoldName(alias->GetText()), index).second) {
+    diagnostics_.Error(alias->GetPlace(),
+                       "the alias $" + alias->GetText() + " stands for another instance");
   }
 }
 
@@ -48,15 +53,23 @@ void TMofInstances::Enter(const TProgress& onProgress) {
   AddAll(onProgress);
 }
 
+/// Without targets, as the text has it.
+std::vector<std::size_t> TMofInstances::Order(const TTargets& targets,
+                                              const TGetNeeds& getNeeds) const {
+  if (!targets.empty()) return OrderByNeeds(drafts_.size(), getNeeds);
+  std::vector<std::size_t> order(drafts_.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  return order;
+}
+
 /// A path is known only when the key values are, which may be aliases themselves.
 std::vector<std::size_t> TMofInstances::FillAll() {
-  auto order =
-      OrderByNeeds(drafts_.size(), [this](std::size_t index) { return GetAliasNeeds(index); });
+  auto order = Order(byAlias_, [this](std::size_t index) { return GetAliasNeeds(index); });
   for (const std::size_t index : order) {
     TDraft& draft = drafts_[index];
     FillOrReport(draft);
     // What has been said is in the instance now: for many, it would take more memory than these.
-    if (draft.referred.empty()) draft.syntax->assignments = {};
+    if (draft.referred.empty()) std::vector<TMofAssignment>().swap(draft.syntax->assignments);
   }
   return order;
 }
@@ -72,8 +85,7 @@ void TMofInstances::RegisterPaths(const std::vector<std::size_t>& order) {
 
 /// An association is valid only once its ends are there.
 void TMofInstances::AddAll(const TProgress& onProgress) {
-  const auto order =
-      OrderByNeeds(drafts_.size(), [this](std::size_t index) { return GetPathNeeds(index); });
+  const auto order = Order(byPath_, [this](std::size_t index) { return GetPathNeeds(index); });
   std::size_t done = 0;
   for (const std::size_t index : order) {
     if (drafts_[index].instance) AddOrReport(drafts_[index]);
@@ -83,11 +95,10 @@ void TMofInstances::AddAll(const TProgress& onProgress) {
 
 std::vector<std::size_t> TMofInstances::GetAliasNeeds(std::size_t index) const {
   std::vector<std::size_t> needs;
-  if (byAlias_.empty()) return needs;
   for (const TMofAssignment& assignment : drafts_[index].syntax->assignments) {
-    for (const TMofLiteral& literal : assignment.value.literals) {
+    for (const TMofLiteral& literal : assignment.value) {
       if (literal.kind != TMofLiteral::kAlias) continue;
-      const auto found = byAlias_.find(FoldName(literal.text));
+      const auto found = byAlias_.find(FoldName(std::string(literal.text)));
       if (found != byAlias_.end()) needs.push_back(found->second);
     }
   }
@@ -104,24 +115,25 @@ std::vector<std::size_t> TMofInstances::GetPathNeeds(std::size_t index) const {
 }
 
 TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
-  const auto found = byAlias_.find(FoldName(alias.text));
+  const std::string name(alias.text);
+  const auto found = byAlias_.find(FoldName(name));
   if (found == byAlias_.end()) {
-    throw TMofFault(alias.place, "no instance has the alias $" + alias.text);
+    throw TMofFault(alias.place, "no instance has the alias $" + name);
   }
   const TDraft& draft = drafts_[found->second];
   if (!draft.instance) {
-    leftOut_.Require(AliasKey(alias.text));
+    leftOut_.Require(AliasKey({alias.text}));
     throw TMofFault(alias.place,
-                    "the instance with the alias $" + alias.text + " refers to this one in turn");
+                    "the instance with the alias $" + name + " refers to this one in turn");
   }
   return draft.instance->GetReference({});
 }
 
 void TMofInstances::FillOrReport(TDraft& draft) {
-  const TMofName& className = draft.syntax->className;
+  const TMofPlace place = draft.syntax->className.GetPlace();
   try {
     if (draft.syntax->hasQualifiers) {
-      diagnostics_.Note(className.place, "qualifiers of instances are not kept");
+      diagnostics_.Note(place, "qualifiers of instances are not kept");
     }
     Fill(draft);
   } catch (const TMofNeed& need) {
@@ -129,62 +141,62 @@ void TMofInstances::FillOrReport(TDraft& draft) {
   } catch (const TMofFault& fault) {
     ++summary_.instances.skipped;
     NoteLeftOut(draft);
-    diagnostics_.Error(fault.GetPlace(), "instance of " + className.text + ": " + fault.what());
+    diagnostics_.Error(fault.GetPlace(), DescribeInstance(*draft.syntax) + ": " + fault.what());
   } catch (const TVYRException& refusal) {
-    Refuse(draft, className.place, refusal.what());
+    Refuse(draft, place, refusal.what());
   }
 }
 
 void TMofInstances::Fill(TDraft& draft) {
-  const TMofName& className = draft.syntax->className;
-  const auto cimClass = FindOrNothing([&] { return namespace_->GetClass(className.text, {}); });
-  if (!cimClass) {
-    leftOut_.Require(FoldName(className.text));
-    leftOut_.Add(FoldName(className.text), className.text);
-    throw TMofFault(className.place, "there is no class " + className.text);
-  }
-  const auto instance = cimClass->AllocateInstance({});
-  std::vector<const ICIMPropertyDecl*> assigned;
-  assigned.reserve(draft.syntax->assignments.size());
+  TMofKnownClass& known = GetClass(draft.syntax->className);
+  const auto instance = known.AllocateInstance();
+  assigned_.clear();
   for (const TMofAssignment& assignment : draft.syntax->assignments) {
-    const ICIMPropertyDecl& declaration = GetDeclaration(*cimClass, assignment.property);
+    const TMember& member = known.GetMember(assignment.property);
+    const auto* const declaration = member.declaration.get();
     const bool isFirst =
-        std::find(assigned.begin(), assigned.end(), &declaration) == assigned.end();
-    if (isFirst) assigned.push_back(&declaration);
-    Assign(draft, *instance, assignment, declaration, isFirst);
+        std::find(assigned_.begin(), assigned_.end(), declaration) == assigned_.end();
+    if (isFirst) assigned_.push_back(declaration);
+    Assign(draft, *instance, assignment, member, isFirst);
   }
   draft.instance = instance;
 }
 
-/// The class is asked: an instance answers for some properties that nobody declared. It is asked
-/// once, since no class changes while instances are filled.
-const ICIMPropertyDecl& TMofInstances::GetDeclaration(const ICIMClass& cimClass,
-                                                      const TMofName& name) {
-  auto& declaration = declarations_[&cimClass][name.text];
-  if (!declaration) {
-    declaration = FindOrNothing([&] { return cimClass.GetPropertyDecl(name.text, {}); });
+TMofKnownClass& TMofInstances::GetClass(const TMofName& name) {
+  if (lastClass_ != nullptr && lastClass_->first == name.text) return lastClass_->second;
+  const std::string text = name.GetText();
+  auto known = classes_.find(text);
+  if (known == classes_.end()) {
+    const auto cimClass = FindOrNothing([&] { return namespace_->GetClass(text, {}); });
+    if (!cimClass) {
+      leftOut_.Require(FoldName(text));
+      leftOut_.Add(FoldName(text), text);
+      throw TMofFault(name.GetPlace(), "there is no class " + text);
+    }
+    known = classes_.try_emplace(text, cimClass).first;
   }
-  if (!declaration) throw TMofFault(name.place, "the class has no property " + name.text);
-  return *declaration;
+  lastClass_ = &*known;
+  return known->second;
 }
 
 void TMofInstances::Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment,
-                           const ICIMPropertyDecl& declaration, bool isFirst) {
-  const TMofName& name = assignment.property;
-  TCIMValue value = values_.Make(assignment.value, declaration.GetType({}));
-  if (value.IsReference() && value.IsNull()) {
-    value = TCIMValue::NullReference(declaration.GetDefaultValue({}).GetReferencedClass());
-  } else if (value.IsReference()) {
+                           const TMember& member, bool isFirst) {
+  const std::string& name = *member.name;
+  TCIMValue value = values_.Make(assignment.value, member.type);
+  const bool isReference = member.type == TCIMValue::TCIMType::kReference;
+  if (isReference && value.IsNull()) {
+    value = TCIMValue::NullReference(member.declaration->GetDefaultValue({}).GetReferencedClass());
+  } else if (isReference) {
     draft.referred.push_back({static_cast<TCIMReference>(value).GetPath(), &assignment});
   }
   try {
-    if (!isFirst && !(instance.GetProperty(name.text, {})->GetValue({}) == value)) {
-      diagnostics_.Warning(name.place,
-                           "the property " + name.text + " has a value already; this one counts");
+    if (!isFirst && !(instance.GetProperty(name, {})->GetValue({}) == value)) {
+      diagnostics_.Warning(assignment.property.GetPlace(),
+                           "the property " + name + " has a value already; this one counts");
     }
-    instance.SetPropertyValue(name.text, value, {});
+    instance.SetPropertyValue(name, value, {});
   } catch (const TVYRException& refusal) {
-    throw TMofFault(assignment.value.place, "property " + name.text + ": " + refusal.what());
+    throw TMofFault(assignment.value.GetPlace(), "property " + name + ": " + refusal.what());
   }
 }
 
@@ -201,7 +213,7 @@ void TMofInstances::AddOne(const TDraft& draft) {
   const TCIMReference path = draft.instance->GetReference({});
   const bool isReplacing = namespace_->GetInstance(path, {}) != nullptr;
   if (isReplacing) {
-    diagnostics_.Note(draft.syntax->className.place,
+    diagnostics_.Note(draft.syntax->className.GetPlace(),
                       "takes the place of the instance " + path.ToString());
   }
   draft.instance->AddToNamespace({});
@@ -221,12 +233,12 @@ void TMofInstances::AddOne(const TDraft& draft) {
 /// The repository says which rule is broken; the text shows by what.
 void TMofInstances::ExplainRefusal(const TDraft& draft, const std::string& why) {
   for (const auto& [path, assignment] : draft.referred) {
-    const std::string& name = assignment->property.text;
+    const std::string name = assignment->property.GetText();
     const TCIMValue& value = draft.instance->GetProperty(name, {})->GetValue({});
     if (value.IsNull()) continue;
     const auto referred = static_cast<TCIMReference>(value);
     if (!namespace_->GetInstance(referred, {})) {
-      return Refuse(draft, assignment->value.place,
+      return Refuse(draft, assignment->value.GetPlace(),
                     "property " + name + ": there is no instance " + referred.ToString());
     }
   }
@@ -237,12 +249,12 @@ void TMofInstances::ExplainRefusal(const TDraft& draft, const std::string& why) 
         return unset.empty();
       },
       {});
-  Refuse(draft, draft.syntax->className.place,
+  Refuse(draft, draft.syntax->className.GetPlace(),
          unset.empty() ? why : "the key " + unset + " has no value");
 }
 
 void TMofInstances::Refuse(const TDraft& draft, const TMofPlace& place, const std::string& why) {
-  const std::string name = "instance of " + draft.syntax->className.text;
+  const std::string name = DescribeInstance(*draft.syntax);
   ++summary_.instances.refused;
   summary_.refusals.push_back({name, why});
   NoteLeftOut(draft);
@@ -250,15 +262,15 @@ void TMofInstances::Refuse(const TDraft& draft, const TMofPlace& place, const st
 }
 
 void TMofInstances::NoteLeftOut(const TDraft& draft) {
-  const std::string name = "the instance of " + draft.syntax->className.text;
-  if (draft.syntax->alias) leftOut_.Add(AliasKey(draft.syntax->alias->text), name);
+  const std::string name = "the " + DescribeInstance(*draft.syntax);
+  if (draft.syntax->alias) leftOut_.Add(AliasKey(*draft.syntax->alias), name);
   if (draft.instance) leftOut_.Add(draft.instance->GetReference({}).GetPath(), name);
 }
 
 void TMofInstances::LeaveOut(const TDraft& draft, const TMofNeed& need) {
   ++summary_.instances.skipped;
   const auto& alias = draft.syntax->alias;
-  leftOut_.Count(alias ? AliasKey(alias->text) : std::string(), need);
+  leftOut_.Count(alias ? AliasKey(*alias) : std::string(), need);
   if (draft.instance) leftOut_.Add(draft.instance->GetReference({}).GetPath(), need.root);
 }
 

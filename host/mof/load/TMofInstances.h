@@ -10,8 +10,10 @@
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
 #include "MofSyntax.h"
+#include "OrderByNeeds.h"
 #include "TCIMReference.h"
 #include "TMofDiagnostics.h"
+#include "TMofKnownClass.h"
 #include "TMofLeftOut.h"
 #include "TMofSummary.h"
 #include "TMofValues.h"
@@ -35,8 +37,8 @@ class TMofInstances {
     std::string path;
     const TMofAssignment* assignment;
   };
-  using TDeclarations =
-      std::unordered_map<std::string, boost::shared_ptr<const ICIMPropertyDecl>>;  ///< by name
+  using TMember = TMofKnownClass::TMember;
+  using TTargets = std::unordered_map<std::string, std::size_t>;
 
   struct TDraft {
     TMofInstance* syntax;
@@ -44,6 +46,7 @@ class TMofInstances {
     std::vector<TReferred> referred;
   };
 
+  std::vector<std::size_t> Order(const TTargets& targets, const TGetNeeds& getNeeds) const;
   std::vector<std::size_t> FillAll();
   void RegisterPaths(const std::vector<std::size_t>& order);
   void AddAll(const TProgress& onProgress);
@@ -54,9 +57,9 @@ class TMofInstances {
 
   void FillOrReport(TDraft& draft);
   void Fill(TDraft& draft);
-  const ICIMPropertyDecl& GetDeclaration(const ICIMClass& cimClass, const TMofName& name);
+  TMofKnownClass& GetClass(const TMofName& name);
   void Assign(TDraft& draft, ICIMInstance& instance, const TMofAssignment& assignment,
-              const ICIMPropertyDecl& declaration, bool isFirst);
+              const TMember& member, bool isFirst);
   void AddOrReport(const TDraft& draft);
   void AddOne(const TDraft& draft);
   void Refuse(const TDraft& draft, const TMofPlace& place, const std::string& why);
@@ -69,11 +72,13 @@ class TMofInstances {
   TMofSummary& summary_;
   TMofLeftOut& leftOut_;
   TMofValues values_;
-  std::unordered_map<const ICIMClass*, TDeclarations> declarations_;
+  std::unordered_map<std::string, TMofKnownClass> classes_;  ///< by name, in every spelling
+  std::pair<const std::string, TMofKnownClass>* lastClass_ = nullptr;
   std::vector<TMofInstance> instances_;
   std::vector<TDraft> drafts_;
-  std::unordered_map<std::string, std::size_t> byAlias_;  ///< folded
-  std::unordered_map<std::string, std::size_t> byPath_;   ///< empty where none refers to another
+  std::vector<const ICIMPropertyDecl*> assigned_;  ///< in the instance that is being filled
+  TTargets byAlias_;                               ///< folded
+  TTargets byPath_;                                ///< empty where none refers to another
 };
 
 }  // namespace NZELVYR20

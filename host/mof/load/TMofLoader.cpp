@@ -57,11 +57,11 @@ void TMofLoader::TImpl::ReadMissingClasses() {
   std::size_t nextInstance = 0;
   while (nextClass < batch.classes.size() || nextInstance < batch.instances.size()) {
     if (nextInstance < batch.instances.size()) {
-      ReadMissing(batch.instances[nextInstance++].className.text);
+      ReadMissing(batch.instances[nextInstance++].className.GetText());
       continue;
     }
     for (const TMofName& name : GetNeededClasses(batch.classes[nextClass++])) {
-      ReadMissing(name.text);
+      ReadMissing(name.GetText());
     }
   }
 }
@@ -69,7 +69,7 @@ void TMofLoader::TImpl::ReadMissingClasses() {
 void TMofLoader::TImpl::ReadMissing(const std::string& className) {
   const TMofBatch& batch = reader_.GetBatch();
   while (learned_ < batch.classes.size()) {
-    known_.insert(FoldName(batch.classes[learned_++].name.text));
+    known_.insert(FoldName(batch.classes[learned_++].name.GetText()));
   }
   if (!known_.insert(FoldName(className)).second) return;
   if (!FindOrNothing([&] { return namespace_->GetClass(className, {}); })) {

@@ -49,13 +49,14 @@ TBit FindBit(const TWord<TBit> (&words)[kCount], const std::string& text) {
 
 D::EScope GetScope(const std::vector<TMofName>& words) {
   D::EScope scope = D::kNoScope;
-  for (const TMofName& word : words) scope = scope | FindBit(kScopes, word.text);
+  for (const TMofName& word : words) scope = scope | FindBit(kScopes, word.GetText());
   return scope;
 }
 
 D::EFlavor ApplyFlavors(D::EFlavor flavor, const std::vector<TMofName>& words) {
   for (const TMofName& word : words) {
-    flavor = (flavor - FindBit(kUnsetFlavors, word.text)) | FindBit(kSetFlavors, word.text);
+    flavor =
+        (flavor - FindBit(kUnsetFlavors, word.GetText())) | FindBit(kSetFlavors, word.GetText());
   }
   return flavor;
 }
@@ -83,8 +84,8 @@ T GetLiteralType(const TMofLiteral& literal) {
 T GuessType(const TMofQualifier& qualifier) {
   if (!qualifier.value) return T::kBoolean;
   const TMofValue& value = *qualifier.value;
-  const T element = value.literals.empty() ? T(T::kString) : GetLiteralType(value.literals.front());
-  return value.isArray ? T::ArrayOf(element) : element;
+  const T element = value.IsEmpty() ? T(T::kString) : GetLiteralType(*value.begin());
+  return value.IsArray() ? T::ArrayOf(element) : element;
 }
 
 TCIMValue MakeValue(const TMofValues& values, const TMofQualifier& qualifier, T type) {
@@ -113,7 +114,7 @@ TMofQualifiers::TMofQualifiers(boost::shared_ptr<ICIMNamespace> nameSpace,
 
 bool TMofQualifiers::Has(const std::vector<TMofQualifier>& qualifiers, const std::string& name) {
   return std::any_of(qualifiers.begin(), qualifiers.end(), [&name](const TMofQualifier& qualifier) {
-    return FoldName(qualifier.name.text) == name;
+    return FoldName(qualifier.name.GetText()) == name;
   });
 }
 
@@ -124,38 +125,39 @@ void TMofQualifiers::Declare(const std::vector<TMofQualifierDeclaration>& declar
       DeclareOne(declaration);
     } catch (const TMofFault& fault) {
       ++summary_.qualifiers.skipped;
-      diagnostics_.Error(fault.GetPlace(), "qualifier " + name.text + ": " + fault.what());
+      diagnostics_.Error(fault.GetPlace(), "qualifier " + name.GetText() + ": " + fault.what());
     } catch (const TVYRException& refusal) {
       ++summary_.qualifiers.refused;
-      summary_.refusals.push_back({name.text, refusal.what()});
-      diagnostics_.Error(name.place, "qualifier " + name.text + " is refused: " + refusal.what());
+      summary_.refusals.push_back({name.GetText(), refusal.what()});
+      diagnostics_.Error(name.GetPlace(),
+                         "qualifier " + name.GetText() + " is refused: " + refusal.what());
     }
   }
 }
 
 void TMofQualifiers::DeclareOne(const TMofQualifierDeclaration& declaration) {
   const TMofName& name = declaration.name;
-  if (namespace_->GetQualifierDecl(name.text, {})) {
+  if (namespace_->GetQualifierDecl(name.GetText(), {})) {
     ++summary_.qualifiers.skipped;
-    return diagnostics_.Note(
-        name.place, "the qualifier " + name.text + " is declared already, and stays as it is");
+    return diagnostics_.Note(name.GetPlace(), "the qualifier " + name.GetText() +
+                                                  " is declared already, and stays as it is");
   }
   const TCIMValue defaultValue =
       declaration.defaultValue ? values_.Make(*declaration.defaultValue, declaration.type.type)
                                : TCIMValue::Null(declaration.type.type);
   const TDeclarationPtr added =
-      namespace_->AllocateQualifierDecl(name.text, defaultValue, GetScope(declaration.scopes),
+      namespace_->AllocateQualifierDecl(name.GetText(), defaultValue, GetScope(declaration.scopes),
                                         ApplyFlavors(kDefaultFlavor, declaration.flavors), {});
   added->AddToNamespace({});
-  places_.emplace(added, name.place);
+  places_.emplace(added, name.GetPlace());
   ++summary_.qualifiers.declared;
 }
 
 TMofQualifiers::TDeclarationPtr TMofQualifiers::DeclareUndeclared(const TMofQualifier& qualifier) {
-  const std::string& name = qualifier.name.text;
+  const std::string name = qualifier.name.GetText();
   const T type = GuessType(qualifier);
   diagnostics_.Warning(
-      qualifier.name.place,
+      qualifier.name.GetPlace(),
       "the qualifier " + name + " is declared nowhere; it is taken for a " + TypeText(type));
   TDeclarationPtr added =
       namespace_->AllocateQualifierDecl(name, TCIMValue::Null(type), D::kAny, kDefaultFlavor, {});
@@ -166,13 +168,14 @@ TMofQualifiers::TDeclarationPtr TMofQualifiers::DeclareUndeclared(const TMofQual
 }
 
 TMofQualifiers::TDeclarationPtr TMofQualifiers::FindDeclaration(const TMofQualifier& qualifier) {
-  TDeclarationPtr declaration = namespace_->GetQualifierDecl(qualifier.name.text, {});
+  TDeclarationPtr declaration = namespace_->GetQualifierDecl(qualifier.name.GetText(), {});
   if (!declaration) return DeclareUndeclared(qualifier);
   const auto found = places_.find(declaration);
   if (found == places_.end()) return declaration;
-  const TMofPlace& place = qualifier.name.place;
-  if (found->second.source == place.source && found->second.offset > place.offset) {
-    diagnostics_.Note(place, "the qualifier " + qualifier.name.text + " is declared further down");
+  const TMofPlace place = qualifier.name.GetPlace();
+  if (diagnostics_.IsFurtherDown(found->second, place)) {
+    diagnostics_.Note(place,
+                      "the qualifier " + qualifier.name.GetText() + " is declared further down");
     places_.erase(found);  // Once is enough.
   }
   return declaration;
@@ -184,7 +187,7 @@ void TMofQualifiers::Attach(ICIMNamedElement& element, const std::vector<TMofQua
   std::vector<std::string> names;
   names.reserve(qualifiers.size());
   for (const TMofQualifier& qualifier : qualifiers) {
-    const std::string name = FoldName(qualifier.name.text);
+    const std::string name = FoldName(qualifier.name.GetText());
     const auto first = std::find(names.begin(), names.end(), name) - names.begin();
     const bool isNew = first == static_cast<std::ptrdiff_t>(names.size());
     AttachOne(element, qualifier, isNew ? nullptr : &qualifiers[static_cast<std::size_t>(first)]);
@@ -194,14 +197,14 @@ void TMofQualifiers::Attach(ICIMNamedElement& element, const std::vector<TMofQua
 
 void TMofQualifiers::AttachOne(ICIMNamedElement& element, const TMofQualifier& qualifier,
                                const TMofQualifier* before) {
-  const std::string& name = qualifier.name.text;
+  const std::string name = qualifier.name.GetText();
   const TDeclarationPtr declaration = FindDeclaration(qualifier);
   const T type = declaration->GetType({});
   try {
     const TCIMValue value = MakeValue(values_, qualifier, type);
     if (before == nullptr) return AttachValue(element, qualifier, declaration, value);
     if (MakeValue(values_, *before, type) == value) return;
-    diagnostics_.Warning(qualifier.name.place,
+    diagnostics_.Warning(qualifier.name.GetPlace(),
                          "the qualifier " + name + " has a value already, which stays");
   } catch (const TMofFault& fault) {
     if (guessed_.count(declaration) == 0) throw;
@@ -218,8 +221,9 @@ void TMofQualifiers::AttachValue(ICIMNamedElement& element, const TMofQualifier&
     attached->AddToClassOrProperty({});
   } catch (const TVYRException& refusal) {
     if (refusal.GetStatusCode() != TVYRStatusCode::kQualifierConflict) throw;
-    diagnostics_.Note(qualifier.name.place, "the qualifier " + qualifier.name.text +
-                                                " stays as it is, since it may not be overridden");
+    diagnostics_.Note(qualifier.name.GetPlace(),
+                      "the qualifier " + qualifier.name.GetText() +
+                          " stays as it is, since it may not be overridden");
   }
 }
 

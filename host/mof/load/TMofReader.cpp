@@ -1,6 +1,7 @@
 #include "TMofReader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <system_error>
 #include <type_traits>
@@ -15,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool IsInclude(const TMofPragma& pragma) { return FoldName(pragma.name.text) == "include"; }
+bool IsInclude(const TMofPragma& pragma) { return FoldName(pragma.name.GetText()) == "include"; }
 
 }  // namespace
 
@@ -56,7 +57,7 @@ void TMofReader::ReadText(const std::string& name, const std::string& bytes) {
 
 /// `place` is where the file is asked for; nowhere for one that the user named.
 void TMofReader::Fail(const std::string& name, const TMofPlace& place, const std::string& why) {
-  if (place.source == nullptr) {
+  if (place.byte == nullptr) {
     diagnostics_.FileError(name, why);
   } else {
     diagnostics_.Error(place, "cannot include " + name + ": " + why);
@@ -117,20 +118,20 @@ void TMofReader::ReadWithIncludes(TOpenFile file) {
 
 std::optional<TMofReader::TOpenFile> TMofReader::OpenIncluded(const TMofPragma& pragma,
                                                               const std::vector<TOpenFile>& open) {
-  const TMofName& name = pragma.argument;
-  if (name.text.find('\\') != std::string::npos) {
-    diagnostics_.Note(name.place, "the path has back-slashes; they are read as slashes");
+  const TMofPlace& place = pragma.argument.place;
+  const std::string name(pragma.argument.text);
+  if (name.find('\\') != std::string::npos) {
+    diagnostics_.Note(place, "the path has back-slashes; they are read as slashes");
   }
-  const std::optional<fs::path> path =
-      files_.FindIncluded(name.text, open.back().path.parent_path());
+  const std::optional<fs::path> path = files_.FindIncluded(name, open.back().path.parent_path());
   if (!path) {
-    diagnostics_.Error(name.place, "there is no file " + name.text +
-                                       ", neither beside this one nor in the search path");
+    diagnostics_.Error(
+        place, "there is no file " + name + ", neither beside this one nor in the search path");
     return std::nullopt;
   }
   const fs::path resolved = TMofFiles::Resolve(*path);
   if (!files_.IsPermitted(resolved)) {
-    Fail(path->string(), name.place,
+    Fail(path->string(), place,
          "it is neither in or below a folder that was named, nor in the search path");
     return std::nullopt;
   }
@@ -139,23 +140,24 @@ std::optional<TMofReader::TOpenFile> TMofReader::OpenIncluded(const TMofPragma& 
     return fs::equivalent(file.path, *path, ignored);
   };
   if (std::any_of(open.begin(), open.end(), isSame)) {
-    diagnostics_.Error(name.place, "the file " + path->string() + " includes itself");
+    diagnostics_.Error(place, "the file " + path->string() + " includes itself");
     return std::nullopt;
   }
   if (open.size() >= options_.deepestInclude) {
-    diagnostics_.Error(name.place, "more than " + std::to_string(options_.deepestInclude) +
-                                       " files include each other");
+    diagnostics_.Error(place, "more than " + std::to_string(options_.deepestInclude) +
+                                  " files include each other");
     return std::nullopt;
   }
   if (!files_.IsNew(resolved)) {
-    diagnostics_.Note(name.place, "the file " + path->string() + " was read already");
+    diagnostics_.Note(place, "the file " + path->string() + " was read already");
     return std::nullopt;
   }
-  return OpenFile(*path, name.place);
+  return OpenFile(*path, place);
 }
 
 void TMofReader::NotePragma(const TMofPragma& pragma) {
-  diagnostics_.Note(pragma.name.place, "the directive " + pragma.name.text + " has no effect here");
+  diagnostics_.Note(pragma.name.GetPlace(),
+                    "the directive " + pragma.name.GetText() + " has no effect here");
 }
 
 void TMofReader::Collect(TMofDeclaration& declaration) {
@@ -166,8 +168,12 @@ void TMofReader::Collect(TMofDeclaration& declaration) {
           batch_.qualifiers.push_back(std::move(node));
         } else if constexpr (std::is_same_v<TNode, TMofClass>) {
           batch_.classes.push_back(std::move(node));
-        } else if constexpr (std::is_same_v<TNode, TMofInstance>) {
-          batch_.instances.push_back(std::move(node));
+        } else if constexpr (std::is_same_v<TNode, TMofInstanceRun>) {
+          if (batch_.instances.empty()) {
+            batch_.instances.swap(node);
+          } else {
+            std::move(node.begin(), node.end(), std::back_inserter(batch_.instances));
+          }
         }
       },
       declaration);
@@ -175,6 +181,7 @@ void TMofReader::Collect(TMofDeclaration& declaration) {
 
 void TMofReader::Clear() {
   batch_ = {};
+  diagnostics_.ForgetSources();
   sources_.clear();
 }
 

@@ -97,17 +97,13 @@ TCIMValue MakeCharacter(const TMofLiteral& literal, T type) {
   return static_cast<char16_t>(literal.number);
 }
 
-TCIMValue MakeText(const TMofLiteral& literal, T type) {
-  Expect(literal, TMofLiteral::kText, type);
-  return literal.text;
-}
-
 TCIMValue MakeDateTime(const TMofLiteral& literal, T type) {
   Expect(literal, TMofLiteral::kText, type);
   try {
-    return TCIMDateTime::FromCIMString(literal.text);
+    return TCIMDateTime::FromCIMString(std::string(literal.text));
   } catch (const std::invalid_argument& error) {
-    throw TMofFault(literal.place, "date-time \"" + literal.text + "\": " + error.what());
+    throw TMofFault(literal.place,
+                    "date-time \"" + std::string(literal.text) + "\": " + error.what());
   }
 }
 
@@ -118,15 +114,15 @@ TMofValues::TMofValues(boost::shared_ptr<ICIMNamespace> nameSpace, TAliases alia
 
 TCIMValue TMofValues::Make(const TMofValue& value, T type) const {
   if (!type.IsArray()) {
-    if (value.isArray) throw TMofFault(value.place, "one value is expected, not an array");
-    return MakeScalar(value.literals.front(), type);
+    if (value.IsArray()) throw TMofFault(value.GetPlace(), "one value is expected, not an array");
+    return MakeScalar(*value.begin(), type);
   }
-  if (!value.isArray && value.literals.front().kind == TMofLiteral::kNull) {
+  if (!value.IsArray() && value.begin()->kind == TMofLiteral::kNull) {
     return TCIMValue::Null(type);
   }
   std::vector<TCIMValue> elements;
-  elements.reserve(value.literals.size());
-  for (const TMofLiteral& literal : value.literals) {
+  elements.reserve(value.GetSize());
+  for (const TMofLiteral& literal : value) {
     elements.push_back(MakeScalar(literal, type.GetElementType()));
   }
   return TCIMValue::Array(type.GetElementType(), std::move(elements));
@@ -160,7 +156,8 @@ TCIMValue TMofValues::MakeScalar(const TMofLiteral& literal, T type) const {
     case T::kChar16:
       return MakeCharacter(literal, type);
     case T::kString:
-      return MakeText(literal, type);
+      Expect(literal, TMofLiteral::kText, type);
+      return text_.assign(literal.text);
     case T::kDateTime:
       return MakeDateTime(literal, type);
     case T::kReference:
@@ -173,13 +170,13 @@ TCIMValue TMofValues::MakeScalar(const TMofLiteral& literal, T type) const {
 TCIMReference TMofValues::MakePath(const TMofLiteral& literal) const {
   if (literal.kind == TMofLiteral::kAlias && aliases_) return aliases_(literal);
   Expect(literal, TMofLiteral::kText, T::kReference);
+  const std::string path(literal.text);
   try {
-    return TCIMReference::Parse(literal.text, namespace_);
+    return TCIMReference::Parse(path, namespace_);
   } catch (const std::invalid_argument& error) {
-    throw TMofFault(literal.place, "object path " + literal.text + ": " + error.what());
+    throw TMofFault(literal.place, "object path " + path + ": " + error.what());
   } catch (const TVYRException& error) {
-    throw TMofFault(literal.place,
-                    "the class of the object path " + literal.text + ": " + error.what());
+    throw TMofFault(literal.place, "the class of the object path " + path + ": " + error.what());
   }
 }
 

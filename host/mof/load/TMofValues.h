@@ -30,6 +30,7 @@ class TMofValues {
 
   boost::shared_ptr<ICIMNamespace> namespace_;
   TAliases aliases_;
+  mutable std::string text_;  ///< keeps its room for the next
 };
 
 }  // namespace NZELVYR20

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -12,33 +13,65 @@
 namespace NZELVYR20 {
 
 /// What MOF says, declaration by declaration, before anything is looked up. Every node knows its
-/// place; the source has to outlive it.
+/// place, and has its text in the source, which has to outlive it.
 
 /// A name or a word, as it stands there.
 struct TMofName {
-  std::string text;
-  TMofPlace place;
+  std::string_view text;
+
+  TMofPlace GetPlace() const { return {text.data()}; }
+  std::string GetText() const { return std::string(text); }
 };
 
 /// One value of a list. Whether it suits a type is for those who know the type.
 struct TMofLiteral {
-  enum EKind { kNull, kBoolean, kInteger, kReal, kCharacter, kText, kAlias };
+  enum EKind : std::uint8_t { kNull, kBoolean, kInteger, kReal, kCharacter, kText, kAlias };
 
   EKind kind = kNull;
   bool isNegative = false;  ///< kInteger
   TMofPlace place;
-  /// kText: with escapes resolved and neighbouring strings joined, in UTF-8, but
-  /// for single bytes that escapes stand for; kAlias: the name
-  /// after the "$"; kReal: the digits, with "." and "e" where they stand there.
-  std::string text;
+  /// kText: with escapes resolved and neighbouring strings joined, in UTF-8, but for single bytes
+  /// that escapes stand for; kAlias: the name after the "$"; kReal: the digits, with "." and "e"
+  /// where they stand there.
+  std::string_view text;
   std::uint64_t number = 0;  ///< kInteger: without sign; kCharacter: the code; kBoolean: 0 or 1
 };
 
-/// The value of a property, a qualifier or a default.
-struct TMofValue {
-  TMofPlace place;
-  bool isArray = false;  ///< written in braces; else there is exactly one literal
-  std::vector<TMofLiteral> literals;
+/// The value of a property, a qualifier or a default: a literal, or what stands in braces.
+class TMofValue {
+ public:
+  explicit TMofValue(const TMofLiteral& literal) : content_(literal) {}
+  /// An array without elements.
+  explicit TMofValue(const TMofPlace& brace) : content_(TArray{brace, {}}) {}
+
+  void Append(const TMofLiteral& element) {
+    std::get<TArray>(content_).literals.push_back(element);
+  }
+
+  bool IsArray() const { return std::holds_alternative<TArray>(content_); }
+  TMofPlace GetPlace() const {
+    return IsArray() ? std::get<TArray>(content_).place : begin()->place;
+  }
+  bool IsEmpty() const { return begin() == end(); }
+  std::size_t GetSize() const { return static_cast<std::size_t>(end() - begin()); }
+
+  /// The literals, of which there is exactly one without braces.
+  const TMofLiteral* begin() const {
+    const auto* const array = std::get_if<TArray>(&content_);
+    return array != nullptr ? array->literals.data() : &std::get<TMofLiteral>(content_);
+  }
+  const TMofLiteral* end() const {
+    const auto* const array = std::get_if<TArray>(&content_);
+    return begin() + (array != nullptr ? array->literals.size() : 1);
+  }
+
+ private:
+  struct TArray {
+    TMofPlace place;
+    std::vector<TMofLiteral> literals;
+  };
+
+  std::variant<TMofLiteral, TArray> content_;
 };
 
 struct TMofType {
@@ -87,7 +120,6 @@ struct TMofClass {
 struct TMofAssignment {
   TMofName property;
   TMofValue value;
-  bool hasQualifiers = false;
 };
 
 struct TMofInstance {
@@ -108,9 +140,12 @@ struct TMofQualifierDeclaration {
 /// A compiler directive, such as #pragma include ("file.mof").
 struct TMofPragma {
   TMofName name;
-  TMofName argument;
+  TMofLiteral argument;
 };
 
-using TMofDeclaration = std::variant<TMofPragma, TMofQualifierDeclaration, TMofClass, TMofInstance>;
+/// Instances that stand one after the other are one piece: there may be very many.
+using TMofInstanceRun = std::vector<TMofInstance>;
+using TMofDeclaration =
+    std::variant<TMofPragma, TMofQualifierDeclaration, TMofClass, TMofInstanceRun>;
 
 }  // namespace NZELVYR20

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <iterator>
 #include <string>
 #include <utility>
 
@@ -36,36 +35,36 @@ constexpr std::pair<std::string_view, std::string_view> kContradictions[] = {
     {"disableoverride", "enableoverride"}, {"restricted", "tosubclass"}};
 
 template <class TWords>
-bool Holds(const TWords& words, const std::string& word) {
-  return std::find(std::begin(words), std::end(words), FoldName(word)) != std::end(words);
+bool Holds(const TWords& words, const TMofName& word) {
+  return std::find(std::begin(words), std::end(words), FoldName(word.GetText())) != std::end(words);
 }
 
 /// Words that nobody knows are said and left out.
 template <class TWords>
-void Add(const TWords& known, const char* kind, TMofName word, TMofDiagnostics& diagnostics,
+void Add(const TWords& known, const char* kind, const TMofName& word, TMofDiagnostics& diagnostics,
          std::vector<TMofName>& words) {
-  if (Holds(known, word.text)) return words.push_back(std::move(word));
-  diagnostics.Warning(word.place, "unknown " + std::string(kind) + " " + QuoteMof(word.text));
+  if (Holds(known, word)) return words.push_back(word);
+  diagnostics.Warning(word.GetPlace(), "unknown " + std::string(kind) + " " + QuoteMof(word.text));
 }
 
-void AddFlavor(TMofName word, TMofDiagnostics& diagnostics, std::vector<TMofName>& words) {
-  const std::string folded = FoldName(word.text);
+void AddFlavor(const TMofName& word, TMofDiagnostics& diagnostics, std::vector<TMofName>& words) {
+  const std::string folded = FoldName(word.GetText());
   for (const TMofName& before : words) {
-    const std::string other = FoldName(before.text);
+    const std::string other = FoldName(before.GetText());
     const auto contradicts = [&](const auto& pair) {
       return (folded == pair.first && other == pair.second) ||
              (folded == pair.second && other == pair.first);
     };
     if (std::any_of(std::begin(kContradictions), std::end(kContradictions), contradicts)) {
-      diagnostics.Warning(word.place, "the flavor " + word.text + " contradicts " + before.text +
-                                          "; the later one counts");
+      diagnostics.Warning(word.GetPlace(), "the flavor " + word.GetText() + " contradicts " +
+                                               before.GetText() + "; the later one counts");
     }
   }
-  Add(kFlavors, "flavor", std::move(word), diagnostics, words);
+  Add(kFlavors, "flavor", word, diagnostics, words);
 }
 
 [[noreturn]] void Refuse(const TMofPlace& place, std::string text) {
-  throw TMofSyntaxError{place.source->GetText().data() + place.offset, std::move(text)};
+  throw TMofSyntaxError{place.byte, std::move(text)};
 }
 
 }  // namespace
@@ -76,7 +75,6 @@ void TMofBuilder::Reset() {
   qualifiers_.clear();
   class_ = {};
   instance_ = {};
-  assignments_.clear();
   qualifierDeclaration_ = {};
   pragma_ = {};
 }
@@ -94,43 +92,37 @@ std::vector<TMofQualifier> TMofBuilder::TakeQualifiers() { return std::exchange(
 std::optional<TMofValue> TMofBuilder::TakeValue() { return std::exchange(value_, std::nullopt); }
 
 TMofBuilder::TElement TMofBuilder::TakeElement() {
-  return {std::move(elementName_), std::exchange(type_, {}), TakeQualifiers()};
+  return {elementName_, std::exchange(type_, {}), TakeQualifiers()};
 }
 
 // Values
 
-void TMofBuilder::EndScalar() {
-  value_.emplace();
-  value_->literals.push_back(TakeLiteral());
-  value_->place = value_->literals.front().place;
-}
+void TMofBuilder::EndScalar() { value_.emplace(GetLiteral()); }
 
-void TMofBuilder::BeginArray(std::string_view brace) {
-  value_ = TMofValue{GetPlace(brace), true, {}};
-}
+void TMofBuilder::BeginArray(std::string_view brace) { value_.emplace(TMofPlace{brace.data()}); }
 
-void TMofBuilder::EndElement() { value_->literals.push_back(TakeLiteral()); }
+void TMofBuilder::EndElement() { value_->Append(GetLiteral()); }
 
 // Types
 
 void TMofBuilder::ReadTypeWord() {
-  typeWord_ = TakeName();
+  typeWord_ = GetName();
   type_ = {};
-  type_.place = typeWord_.place;
+  type_.place = typeWord_.GetPlace();
 }
 
 void TMofBuilder::ReadReferenceMark() {
   type_.type = TType::kReference;
-  type_.referencedClass = std::move(typeWord_);
+  type_.referencedClass = typeWord_;
 }
 
 void TMofBuilder::EndType() {
   if (type_.type == TType::kReference) return;
   const auto* const found = std::find_if(
       std::begin(kDataTypes), std::end(kDataTypes),
-      [word = FoldName(typeWord_.text)](const TDataType& one) { return one.word == word; });
+      [word = FoldName(typeWord_.GetText())](const TDataType& one) { return one.word == word; });
   if (found == std::end(kDataTypes)) {
-    Refuse(typeWord_.place, "unknown type " + QuoteMof(typeWord_.text));
+    Refuse(typeWord_.GetPlace(), "unknown type " + QuoteMof(typeWord_.text));
   }
   type_.type = found->type;
 }
@@ -149,55 +141,54 @@ void TMofBuilder::RequireTypeOfValue() const {
 void TMofBuilder::ReadArraySize(std::string_view digits) {
   std::uint64_t size = 0;
   if (std::from_chars(digits.data(), digits.data() + digits.size(), size).ec != std::errc()) {
-    Refuse(GetPlace(digits), QuoteMof(digits) + " does not fit into 64 bits");
+    Refuse({digits.data()}, QuoteMof(digits) + " does not fit into 64 bits");
   }
   type_.arraySize = size;
 }
 
 void TMofBuilder::EndArrayMark(std::string_view mark) {
   RequireTypeOfValue();
-  if (type_.type.IsArray()) Refuse(GetPlace(mark), "there are no arrays of arrays");
+  if (type_.type.IsArray()) Refuse({mark.data()}, "there are no arrays of arrays");
   type_.type = TType::ArrayOf(type_.type);
 }
 
 // Qualifiers
 
-void TMofBuilder::ReadQualifierName() { qualifiers_.push_back({TakeName(), {}, {}}); }
+void TMofBuilder::ReadQualifierName() { qualifiers_.push_back({GetName(), {}, {}}); }
 void TMofBuilder::EndQualifierValue() { qualifiers_.back().value = TakeValue(); }
 
 void TMofBuilder::ReadFlavor() {
-  AddFlavor(TakeName(), GetDiagnostics(), qualifiers_.back().flavors);
+  AddFlavor(GetName(), GetDiagnostics(), qualifiers_.back().flavors);
 }
 
 // Classes
 
 void TMofBuilder::ReadClassName() {
-  class_.name = TakeName();
+  class_.name = GetName();
   class_.qualifiers = TakeQualifiers();
 }
 
-void TMofBuilder::ReadSuperClass() { class_.superClass = TakeName(); }
-void TMofBuilder::ReadFeatureName() { elementName_ = TakeName(); }
+void TMofBuilder::ReadSuperClass() { class_.superClass = GetName(); }
+void TMofBuilder::ReadFeatureName() { elementName_ = GetName(); }
 
 void TMofBuilder::EndProperty() {
   RequireTypeOfValue();
   TElement element = TakeElement();
-  class_.features.emplace_back(TMofProperty{std::move(element.name), std::move(element.type),
-                                            TakeValue(), std::move(element.qualifiers)});
+  class_.features.emplace_back(
+      TMofProperty{element.name, element.type, TakeValue(), std::move(element.qualifiers)});
 }
 
 void TMofBuilder::BeginMethod() {
   TElement element = TakeElement();
-  method_ = {std::move(element.name), std::move(element.type), {}, std::move(element.qualifiers)};
+  method_ = {element.name, element.type, {}, std::move(element.qualifiers)};
 }
 
-void TMofBuilder::ReadParameterName() { elementName_ = TakeName(); }
+void TMofBuilder::ReadParameterName() { elementName_ = GetName(); }
 
 void TMofBuilder::EndParameter() {
   RequireTypeOfValue();
   TElement element = TakeElement();
-  method_.parameters.push_back(
-      {std::move(element.name), std::move(element.type), std::move(element.qualifiers)});
+  method_.parameters.push_back({element.name, element.type, std::move(element.qualifiers)});
 }
 
 void TMofBuilder::EndMethod() { class_.features.emplace_back(std::move(method_)); }
@@ -206,27 +197,35 @@ void TMofBuilder::EndClass() { declarations_.emplace_back(std::exchange(class_, 
 // Instances
 
 void TMofBuilder::ReadInstanceClass() {
-  instance_.className = TakeName();
+  instance_.className = GetName();
   instance_.hasQualifiers = !TakeQualifiers().empty();
+  instance_.assignments.reserve(assignmentCount_);
 }
 
-void TMofBuilder::ReadInstanceAlias() { instance_.alias = TakeName(); }
+void TMofBuilder::ReadInstanceAlias() { instance_.alias = GetName(); }
 
 void TMofBuilder::ReadAssignedName() {
-  assignments_.push_back({TakeName(), {}, !TakeQualifiers().empty()});
+  qualifiers_.clear();
+  elementName_ = GetName();
 }
 
-void TMofBuilder::EndAssignment() { assignments_.back().value = *TakeValue(); }
+void TMofBuilder::EndAssignment() {
+  instance_.assignments.push_back({elementName_, std::move(*value_)});
+  value_.reset();
+}
 
 void TMofBuilder::EndInstance() {
-  instance_.assignments.assign(std::move_iterator(assignments_.begin()),
-                               std::move_iterator(assignments_.end()));
-  declarations_.emplace_back(std::move(instance_));
+  instance_.assignments.shrink_to_fit();
+  assignmentCount_ = instance_.assignments.size();
+  if (declarations_.empty() || !std::holds_alternative<TMofInstanceRun>(declarations_.back())) {
+    declarations_.emplace_back(TMofInstanceRun());
+  }
+  std::get<TMofInstanceRun>(declarations_.back()).push_back(std::exchange(instance_, {}));
 }
 
 // What both end with
 
-void TMofBuilder::ReadBodyBrace(std::string_view brace) { bodyEnd_ = GetPlace(brace); }
+void TMofBuilder::ReadBodyBrace(std::string_view brace) { bodyEnd_ = {brace.data()}; }
 
 void TMofBuilder::MissSemicolon() {
   GetDiagnostics().Note(bodyEnd_, "there is no \";\" after this \"}\"");
@@ -234,35 +233,34 @@ void TMofBuilder::MissSemicolon() {
 
 // Declarations of qualifiers
 
-void TMofBuilder::ReadDeclaredName() { qualifierDeclaration_.name = TakeName(); }
+void TMofBuilder::ReadDeclaredName() { qualifierDeclaration_.name = GetName(); }
 
 void TMofBuilder::ReadDeclaredScope() {
-  Add(kScopes, "scope", TakeName(), GetDiagnostics(), qualifierDeclaration_.scopes);
+  Add(kScopes, "scope", GetName(), GetDiagnostics(), qualifierDeclaration_.scopes);
 }
 
 void TMofBuilder::ReadDeclaredFlavor() {
-  AddFlavor(TakeName(), GetDiagnostics(), qualifierDeclaration_.flavors);
+  AddFlavor(GetName(), GetDiagnostics(), qualifierDeclaration_.flavors);
 }
 
 void TMofBuilder::EndQualifierDeclaration() {
   qualifierDeclaration_.type = std::exchange(type_, {});
   qualifierDeclaration_.defaultValue = TakeValue();
-  declarations_.emplace_back(std::move(qualifierDeclaration_));
+  declarations_.emplace_back(std::exchange(qualifierDeclaration_, {}));
 }
 
 // Directives
 
 void TMofBuilder::ReadPragmaName() {
-  pragma_.name = TakeName();
-  pragma_.argument.place = pragma_.name.place;
+  pragma_.name = GetName();
+  pragma_.argument.place = pragma_.name.GetPlace();
 }
 
 void TMofBuilder::ReadPragmaArgument(std::string_view text) {
   EndText(text);
-  TMofLiteral literal = TakeLiteral();
-  pragma_.argument = {std::move(literal.text), literal.place};
+  pragma_.argument = GetLiteral();
 }
 
-void TMofBuilder::EndPragma() { declarations_.emplace_back(std::move(pragma_)); }
+void TMofBuilder::EndPragma() { declarations_.emplace_back(std::exchange(pragma_, {})); }
 
 }  // namespace NZELVYR20

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -15,7 +16,7 @@ class TMofBuilder : public TMofLiteralBuilder {
  public:
   using TMofLiteralBuilder::TMofLiteralBuilder;
 
-  /// Begins a declaration anew, whatever has been read of another one.
+  /// Forgets what has been read of a declaration that cannot be read on.
   void Reset();
   /// Keeps the name of a class that cannot be read on.
   void KeepUnreadableClass();
@@ -93,7 +94,7 @@ class TMofBuilder : public TMofLiteralBuilder {
   TMofClass class_;
   TMofMethod method_;
   TMofInstance instance_;
-  std::vector<TMofAssignment> assignments_;  ///< of instance_; keeps its room for the next
+  std::size_t assignmentCount_ = 0;  ///< of the last instance, and likely of the next
   TMofQualifierDeclaration qualifierDeclaration_;
   TMofPragma pragma_;
 };

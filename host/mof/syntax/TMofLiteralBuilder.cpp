@@ -49,10 +49,6 @@ std::uint32_t ResolveHexEscape(std::string_view escape) {
 
 }  // namespace
 
-TMofPlace TMofLiteralBuilder::GetPlace(const char* where) const {
-  return {&source_, static_cast<std::size_t>(where - source_.GetText().data())};
-}
-
 /// A mark is missing where it should stand, which may be lines before what stands there instead;
 /// and after a text of several lines a quote may be missing on the first of them.
 TMofSyntaxError TMofLiteralBuilder::MakeExpectation(const char* expected,
@@ -61,7 +57,7 @@ TMofSyntaxError TMofLiteralBuilder::MakeExpectation(const char* expected,
                         std::string("expected ") + expected + ", found " + DescribeMof(rest)};
   if (gap_.data() == nullptr || gap_.data() + gap_.size() != rest.data()) return error;
   if (piece_.data() + piece_.size() == gap_.data() && HasLineEnd(piece_)) {
-    const std::size_t line = source_.Locate(GetPlace(piece_).offset).line;
+    const std::size_t line = source_.Locate({piece_.data()}).line;
     error.text += "; the text before it began on line " + std::to_string(line);
   }
   if (*expected == '"' && HasLineEnd(gap_)) error.where = gap_.data();
@@ -69,7 +65,7 @@ TMofSyntaxError TMofLiteralBuilder::MakeExpectation(const char* expected,
 }
 
 void TMofLiteralBuilder::ForgetLiteral() {
-  gap_ = piece_ = {};
+  gap_ = piece_ = plainText_ = {};
   text_.clear();
   highSurrogate_ = 0;
 }
@@ -77,25 +73,32 @@ void TMofLiteralBuilder::ForgetLiteral() {
 void TMofLiteralBuilder::SetLiteral(TMofLiteral::EKind kind, std::string_view piece) {
   literal_ = TMofLiteral();
   literal_.kind = kind;
-  literal_.place = GetPlace(piece);
+  literal_.place = {piece.data()};
 }
 
 void TMofLiteralBuilder::RefuseOpenComment(std::string_view opening) {
   throw TMofSyntaxError{opening.data(), "this comment never ends", true};
 }
 
-void TMofLiteralBuilder::ReadName(std::string_view name) {
-  name_ = {std::string(name), GetPlace(name)};
-}
+void TMofLiteralBuilder::ReadName(std::string_view name) { name_ = {name}; }
 
 void TMofLiteralBuilder::AddPlainText(std::string_view text) {
   FlushSurrogate();
-  text_ += text;
+  if (plainText_.empty() && text_.empty()) {
+    plainText_ = text;
+  } else {
+    GatherText() += text;
+  }
+}
+
+std::string& TMofLiteralBuilder::GatherText() {
+  text_ += std::exchange(plainText_, {});
+  return text_;
 }
 
 void TMofLiteralBuilder::AddKnownEscape(std::string_view escape) {
   FlushSurrogate();
-  text_ += ResolveEscape(escape.front());
+  GatherText() += ResolveEscape(escape.front());
 }
 
 void TMofLiteralBuilder::AddHexEscape(std::string_view escape) {
@@ -105,15 +108,15 @@ void TMofLiteralBuilder::AddHexEscape(std::string_view escape) {
   const bool isPair = highSurrogate_ != 0 && IsLowSurrogate(code);
   if (isPair) return AddCode(0x10000 + ((highSurrogate_ & 0x3FFU) << 10U) + (code & 0x3FFU));
   FlushSurrogate();
-  if (IsRawByte(code)) return text_.push_back(static_cast<char>(code & 0xFFU));
-  surrogatePlace_ = GetPlace(where);
+  if (IsRawByte(code)) return GatherText().push_back(static_cast<char>(code & 0xFFU));
+  surrogatePlace_ = {where};
   highSurrogate_ = IsHighSurrogate(code) || IsLowSurrogate(code) ? code : 0;
   if (highSurrogate_ == 0) AddCode(code);
 }
 
 void TMofLiteralBuilder::AddCode(std::uint32_t code) {
   highSurrogate_ = 0;
-  AppendUtf8(text_, code);
+  AppendUtf8(GatherText(), code);
 }
 
 /// A half without the other stands for no character.
@@ -127,11 +130,11 @@ void TMofLiteralBuilder::FlushSurrogate() {
 void TMofLiteralBuilder::AddUnknownEscape(std::string_view escape) {
   FlushSurrogate();
   const char* const where = escape.data() - 1;
-  (text_ += '\\') += escape;
+  (GatherText() += '\\') += escape;
   if (BelongsToWord(where[-1]) && BelongsToWord(escape.front())) {
-    diagnostics_.Note(GetPlace(where), "a back-slash in a text should be doubled");
+    diagnostics_.Note({where}, "a back-slash in a text should be doubled");
   } else {
-    diagnostics_.Warning(GetPlace(where), "unknown escape; the back-slash is read as itself");
+    diagnostics_.Warning({where}, "unknown escape; the back-slash is read as itself");
   }
 }
 
@@ -142,7 +145,9 @@ void TMofLiteralBuilder::RefuseOpenText(std::string_view opening) {
 void TMofLiteralBuilder::EndText(std::string_view text) {
   FlushSurrogate();
   SetLiteral(TMofLiteral::kText, text);
-  literal_.text = std::exchange(text_, {});
+  literal_.text = text_.empty() ? plainText_ : source_.Keep(text_);
+  plainText_ = {};
+  text_.clear();
 }
 
 void TMofLiteralBuilder::ReadInteger(std::string_view digits, int base) {
@@ -206,7 +211,7 @@ void TMofLiteralBuilder::ReadFalse(std::string_view word) {
 
 void TMofLiteralBuilder::EndAlias(std::string_view alias) {
   SetLiteral(TMofLiteral::kAlias, alias);
-  literal_.text = std::move(name_.text);
+  literal_.text = name_.text;
 }
 
 }  // namespace NZELVYR20

@@ -49,10 +49,8 @@ class TMofLiteralBuilder {
   void EndAlias(std::string_view alias);
 
  protected:
-  TMofPlace GetPlace(std::string_view piece) const { return GetPlace(piece.data()); }
-  TMofPlace GetPlace(const char* where) const;
-  TMofName TakeName() { return std::move(name_); }
-  TMofLiteral TakeLiteral() { return std::move(literal_); }
+  const TMofName& GetName() const { return name_; }
+  const TMofLiteral& GetLiteral() const { return literal_; }
   TMofDiagnostics& GetDiagnostics() { return diagnostics_; }
 
   /// Drops what an unreadable declaration left behind.
@@ -62,6 +60,8 @@ class TMofLiteralBuilder {
   void SetLiteral(TMofLiteral::EKind kind, std::string_view piece);
   void ReadInteger(std::string_view digits, int base);
   void AddCode(std::uint32_t code);
+  /// What has been read of a text that is not what stands there.
+  std::string& GatherText();
   void FlushSurrogate();
 
   const TMofSource& source_;
@@ -70,6 +70,7 @@ class TMofLiteralBuilder {
   std::string_view piece_;  ///< the last that stood in quotes, with these
   TMofName name_;
   TMofLiteral literal_;
+  std::string_view plainText_;  ///< all of a text so far; else it is gathered
   std::string text_;
   /// The first half of a pair whose second half has not come yet; 0 where there is none.
   std::uint32_t highSurrogate_ = 0;

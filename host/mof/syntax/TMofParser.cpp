@@ -43,12 +43,12 @@ class TReading {
 
  private:
   void ReadOne() {
-    builder_.Reset();
     try {
       Match<MofGrammar::TBetweenDeclarations>();
       if (at_ < text_.size()) Match<MofGrammar::TOneDeclaration>();
     } catch (const TMofSyntaxError& error) {
       Recover(error);
+      builder_.Reset();
     }
   }
 
@@ -64,9 +64,9 @@ class TReading {
     const auto where = static_cast<std::size_t>(error.where - text_.data());
     at_ = error.isAtTheEnd ? text_.size() : FindNextDeclaration(text_, at_, where);
     builder_.KeepUnreadableClass();
-    diagnostics_.Error({&source_, where}, error.text);
+    diagnostics_.Error({error.where}, error.text);
     if (++errorCount_ < kMostErrors || at_ == text_.size()) return;
-    diagnostics_.Error({&source_, at_}, "the rest is not read: too much is wrong");
+    diagnostics_.Error({text_.data() + at_}, "the rest is not read: too much is wrong");
     at_ = text_.size();
   }
 
@@ -87,6 +87,7 @@ class TReading {
 }  // namespace
 
 std::vector<TMofDeclaration> TMofParser::Parse(const TMofSource& source) {
+  diagnostics_.AddSource(source);
   return TReading(source, diagnostics_).ReadAll();
 }
 

@@ -30,7 +30,8 @@ bool StartsWith(std::string_view text, std::string_view start) {
 }
 
 [[noreturn]] void RefuseUtf8(const std::string& what, const std::string& bytes, std::size_t byte) {
-  const TMofPosition position = TMofSource({}, bytes.substr(0, byte)).Locate(byte);
+  const TMofSource before({}, bytes.substr(0, byte));
+  const TMofPosition position = before.Locate({before.GetText().data() + byte});
   throw std::invalid_argument(what + " at line " + std::to_string(position.line) + ", column " +
                               std::to_string(position.column));
 }

@@ -1,6 +1,7 @@
 #include "TMofDiagnostics.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace NZELVYR20 {
@@ -20,8 +21,9 @@ std::string GetIndent(const std::string& line, std::size_t column) {
   return indent + std::string(column - 1 - std::min(indent.size(), column - 1), ' ');
 }
 
-std::string GetExcerpt(const TMofPlace& place, const TMofPosition& position) {
-  const std::string line = place.source->GetLine(place.offset);
+std::string GetExcerpt(const TMofSource& source, const TMofPlace& place,
+                       const TMofPosition& position) {
+  const std::string line = source.GetLine(place);
   if (line.size() > kLongestExcerpt) return {};
   return "\n" + line + "\n" + GetIndent(line, position.column) + "^";
 }
@@ -33,6 +35,18 @@ TMofDiagnostics::TMofDiagnostics(const TMofOptions& options, TSink sink)
       isQuiet_(options.isQuiet),
       isStrict_(options.isStrict),
       sink_(std::move(sink)) {}
+
+void TMofDiagnostics::AddSource(const TMofSource& source) {
+  sources_.emplace(source.GetText().data(), &source);
+}
+
+const TMofSource& TMofDiagnostics::FindSource(const TMofPlace& place) const {
+  return *std::prev(sources_.upper_bound(place.byte))->second;
+}
+
+bool TMofDiagnostics::IsFurtherDown(const TMofPlace& place, const TMofPlace& other) const {
+  return std::less<>()(other.byte, place.byte) && &FindSource(place) == &FindSource(other);
+}
 
 void TMofDiagnostics::Report(TSeverity& severity, const std::string& where, const std::string& text,
                              const std::string& excerpt) {
@@ -48,12 +62,13 @@ void TMofDiagnostics::Report(TSeverity& severity, const std::string& where, cons
 void TMofDiagnostics::ReportAt(TSeverity& severity, const TMofPlace& place,
                                const std::string& text) {
   const bool isShown = severity.count < limit_;
-  if (place.source == nullptr || !isShown) return Report(severity, "", text, "");
-  const TMofPosition position = place.source->Locate(place.offset);
+  if (place.byte == nullptr || !isShown) return Report(severity, "", text, "");
+  const TMofSource& source = FindSource(place);
+  const TMofPosition position = source.Locate(place);
   Report(severity,
-         place.source->GetName() + ":" + std::to_string(position.line) + ":" +
+         source.GetName() + ":" + std::to_string(position.line) + ":" +
              std::to_string(position.column) + ": ",
-         text, GetExcerpt(place, position));
+         text, GetExcerpt(source, place, position));
 }
 
 void TMofDiagnostics::Error(const TMofPlace& place, const std::string& text) {

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "TMofOptions.h"
@@ -26,6 +27,12 @@ class TMofDiagnostics {
 
   TMofDiagnostics(const TMofOptions& options, TSink sink);
 
+  /// The sources in which places lie, from when they are read until they go.
+  void AddSource(const TMofSource& source);
+  void ForgetSources() { sources_.clear(); }
+  /// Whether a place stands after another one in the same source.
+  bool IsFurtherDown(const TMofPlace& place, const TMofPlace& other) const;
+
   /// What is wrong and was left out.
   void Error(const TMofPlace& place, const std::string& text);
   void FileError(const std::string& file, const std::string& text);
@@ -47,11 +54,13 @@ class TMofDiagnostics {
   void Report(TSeverity& severity, const std::string& where, const std::string& text,
               const std::string& excerpt);
   void ReportAt(TSeverity& severity, const TMofPlace& place, const std::string& text);
+  const TMofSource& FindSource(const TMofPlace& place) const;
 
   std::size_t limit_;
   bool isQuiet_;
   bool isStrict_;
   TSink sink_;
+  std::map<const char*, const TMofSource*> sources_;  ///< by the beginnings of their texts
   TSeverity errors_{"error"};
   TSeverity warnings_{"warning"};
   TSeverity notes_{"note"};

@@ -24,21 +24,24 @@ const std::vector<std::size_t>& TMofSource::GetLineStarts() const {
   return lineStarts_;
 }
 
-TMofPosition TMofSource::Locate(std::size_t offset) const {
-  const std::size_t byte = std::min(offset, text_.size());
+TMofPosition TMofSource::Locate(const TMofPlace& place) const {
   const std::vector<std::size_t>& lineStarts = GetLineStarts();
-  const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), byte);
-  const auto start = text_.begin() + static_cast<std::ptrdiff_t>(*std::prev(next));
+  const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(),
+                                     static_cast<std::size_t>(place.byte - text_.data()));
   const auto characters =
-      std::count_if(start, text_.begin() + static_cast<std::ptrdiff_t>(byte), BeginsCharacter);
+      std::count_if(text_.data() + *std::prev(next), place.byte, BeginsCharacter);
   return {static_cast<std::size_t>(next - lineStarts.begin()),
           static_cast<std::size_t>(characters) + 1};
 }
 
-std::string TMofSource::GetLine(std::size_t offset) const {
-  const std::size_t line = Locate(offset).line - 1;
+std::string TMofSource::GetLine(const TMofPlace& place) const {
+  const std::size_t line = Locate(place).line - 1;
   const std::size_t start = GetLineStarts()[line];
   return text_.substr(start, text_.find_first_of("\r\n", start) - start);
+}
+
+std::string_view TMofSource::Keep(const std::string& meaning) const {
+  return meanings_.emplace_front(meaning);
 }
 
 }  // namespace NZELVYR20

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <forward_list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace NZELVYR20 {
@@ -10,6 +12,12 @@ namespace NZELVYR20 {
 struct TMofPosition {
   std::size_t line = 1;
   std::size_t column = 1;
+};
+
+/// A byte of a source's text, or its end. Without a byte it is nowhere: what is said of it is said
+/// of the whole.
+struct TMofPlace {
+  const char* byte = nullptr;
 };
 
 /// The text of one MOF file, in UTF-8, with the name under which messages speak of it. It never
@@ -23,10 +31,12 @@ class TMofSource {
   const std::string& GetName() const { return name_; }
   const std::string& GetText() const { return text_; }
 
-  /// The position of a byte; one after the end is that of the end.
-  TMofPosition Locate(std::size_t offset) const;
-  /// The line in which a byte stands, without its end.
-  std::string GetLine(std::size_t offset) const;
+  TMofPosition Locate(const TMofPlace& place) const;
+  /// The line in which a place stands, without its end.
+  std::string GetLine(const TMofPlace& place) const;
+
+  /// Keeps what the text means where that is not what stands there, as long as the text.
+  std::string_view Keep(const std::string& meaning) const;
 
  private:
   const std::vector<std::size_t>& GetLineStarts() const;
@@ -34,12 +44,7 @@ class TMofSource {
   std::string name_;
   std::string text_;
   mutable std::vector<std::size_t> lineStarts_;  ///< empty until something is located
-};
-
-/// A byte of a source. Without a source it is nowhere: what is said of it is said of the whole.
-struct TMofPlace {
-  const TMofSource* source = nullptr;
-  std::size_t offset = 0;
+  mutable std::forward_list<std::string> meanings_;
 };
 
 }  // namespace NZELVYR20

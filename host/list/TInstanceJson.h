@@ -12,9 +12,8 @@ class TInstanceJson {
  public:
   TInstanceJson() = delete;
 
-  /// An object with "class", "path" and "properties", indented. Integers of 64 bits stay exact;
-  /// date-times stand in the CIM text form, references as paths; the instance's own path is the one
-  /// that lists print. Text that is no UTF-8 has its bad bytes replaced.
+  /// An object with "class", "path" and "properties", indented; the path is the one that lists
+  /// print, and JsonText.h says how values are written.
   static std::string Write(ICIMInstance& instance);
 };
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -55,21 +56,25 @@ int CallOn(sqlite3_vtab* table, const TWork& work) noexcept {
 
 TClassCursor& AsCursor(TCursorBase* cursor) { return static_cast<TClassCursor&>(*cursor); }
 
-int Connect(sqlite3* database, void* given, int, const char* const*, sqlite3_vtab** made,
+std::unique_ptr<TClassTable> MakeTable(sqlite3* database, const TClassSource& source) {
+  auto table = std::make_unique<TClassTable>(source.cimClass, source.shared->paths);
+  const std::string text = "CREATE TABLE x(" + table->GetDeclaration() + ")";
+  // SQLite asks its authorizer about this, too, as though a table were made.
+  source.shared->isDeclaring = true;
+  const int status = sqlite3_declare_vtab(database, text.c_str());
+  source.shared->isDeclaring = false;
+  if (status == SQLITE_NOMEM) throw std::bad_alloc();
+  if (status != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(database));
+  auto& known = source.shared->columns;
+  known.insert(known.end(), table->GetColumns().begin(), table->GetColumns().end());
+  return table;
+}
+
+int Connect(sqlite3* database, void* source, int, const char* const*, sqlite3_vtab** made,
             char** message) {
-  int status = SQLITE_OK;
-  const auto work = [&] {
-    const auto& source = *static_cast<TClassSource*>(given);
-    auto table = std::make_unique<TClassTable>(source.cimClass, source.shared->paths);
-    const std::string text = "CREATE TABLE x(" + table->GetDeclaration() + ")";
-    status = sqlite3_declare_vtab(database, text.c_str());
-    auto& known = source.shared->columns;
-    known.insert(known.end(), table->GetColumns().begin(), table->GetColumns().end());
-    if (status == SQLITE_OK) *made = table.release();
-  };
-  const int failed =
-      CallFromSqlite(work, [=](const char* what) { *message = sqlite3_mprintf("%s", what); });
-  return failed == SQLITE_OK ? status : failed;
+  return CallFromSqlite(
+      [=] { *made = MakeTable(database, *static_cast<TClassSource*>(source)).release(); },
+      [=](const char* what) { *message = sqlite3_mprintf("%s", what); });
 }
 
 int Disconnect(sqlite3_vtab* table) {

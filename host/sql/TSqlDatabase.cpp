@@ -13,7 +13,8 @@ namespace NZELVYR20 {
 namespace {
 
 /// What SQLite asks before it compiles a step.
-int AllowReading(void*, int action, const char* name, const char*, const char*, const char*) {
+int AllowReading(void* shared, int action, const char* name, const char*, const char*, const char*) {
+  if (static_cast<TSqlShared*>(shared)->isDeclaring) return SQLITE_OK;
   switch (action) {
     case SQLITE_SELECT:
     case SQLITE_READ:
@@ -56,7 +57,7 @@ TSqlDatabase::TSqlDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace)
   if (!isWhole) throw std::bad_alloc();
 }
 
-void TSqlDatabase::Protect() { sqlite3_set_authorizer(Get(), AllowReading, nullptr); }
+void TSqlDatabase::Protect() { sqlite3_set_authorizer(Get(), AllowReading, &shared_); }
 
 /// `next` becomes where the text after the statement begins. A comment gives no statement.
 TSqlCompiled TSqlDatabase::Prepare(const TSqlText& text, std::size_t begin, std::size_t& next) {

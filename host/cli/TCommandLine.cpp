@@ -63,6 +63,7 @@ TParser::TParser()
   AddHostOptions();
   TMofArguments::AddTo(app_, options_);
   AddInstanceCommands(commands_);
+  AddSqlCommand(commands_);
   AddClassCommands(commands_);
   AddMofCommand(commands_);
   AddAssociationCommands(commands_);

@@ -33,12 +33,11 @@ void WriteRows(const TSqlArguments& given, const TCommandContext& context) {
 
 void AddSqlCommand(TCommandSet& commands) {
   const auto given = std::make_shared<TSqlArguments>();
-  CLI::App* sql =
-      commands.Add("sql", "Answer a question in SQL, in which each class is a table",
-                   ENeeds::kInstances, [given](const TCommandContext& context) {
-                     WriteRows(*given, context);
-                     return 0;
-                   });
+  CLI::App* sql = commands.Add("sql", "Answer a question in SQL, in which each class is a table",
+                               ENeeds::kInstances, [given](const TCommandContext& context) {
+                                 WriteRows(*given, context);
+                                 return 0;
+                               });
   sql->add_option("STATEMENT", given->statement, "What is asked, such as \"SELECT ...\"")
       ->required()
       ->type_name("");

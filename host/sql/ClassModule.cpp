@@ -59,10 +59,7 @@ TClassCursor& AsCursor(TCursorBase* cursor) { return static_cast<TClassCursor&>(
 std::unique_ptr<TClassTable> MakeTable(sqlite3* database, const TClassSource& source) {
   auto table = std::make_unique<TClassTable>(source.cimClass, source.shared->paths);
   const std::string text = "CREATE TABLE x(" + table->GetDeclaration() + ")";
-  // SQLite asks its authorizer about this, too, as though a table were made.
-  source.shared->isDeclaring = true;
   const int status = sqlite3_declare_vtab(database, text.c_str());
-  source.shared->isDeclaring = false;
   if (status == SQLITE_NOMEM) throw std::bad_alloc();
   if (status != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(database));
   auto& known = source.shared->columns;

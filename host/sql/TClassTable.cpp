@@ -64,6 +64,14 @@ std::string TClassTable::GetDeclaration() const {
   return text;
 }
 
+std::vector<std::string> TClassTable::ListReferences() const {
+  std::vector<std::string> references;
+  for (int column = 0; column < static_cast<int>(names_.size()); ++column) {
+    if (IsReference(column)) references.push_back(names_[static_cast<std::size_t>(column)]);
+  }
+  return references;
+}
+
 bool TClassTable::IsReference(int column) const {
   return column >= kFirstProperty &&
          types_[static_cast<std::size_t>(column) - kFirstProperty] ==

@@ -9,6 +9,7 @@
 #include "AddCommands.h"
 #include "TCommandError.h"
 #include "TCommandSet.h"
+#include "TFormatOption.h"
 #include "TMofArguments.h"
 #include "TSuggestion.h"
 
@@ -32,6 +33,7 @@ class TParser {
  private:
   void AddHostOptions();
 
+  void CheckFormat() const;
   CLI::App* FindNamedCommand() const;
   TInvocation Print(const std::string& text) const;
   std::vector<std::string> ListOptions() const;
@@ -79,6 +81,7 @@ void TParser::AddHostOptions() {
       ->type_name("N");
   app_.add_flag("--quiet", options_.isQuiet,
                 "Do not report what could not be read; of MOF, report errors only");
+  TFormatOption::AddTo(app_, options_.format, "Without a command: that of 'all'", true);
 }
 
 TInvocation TParser::Parse(int argc, char** argv) {
@@ -91,7 +94,15 @@ TInvocation TParser::Parse(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw TUsageError(DescribeError(error), HelpCommand());
   }
+  CheckFormat();
   return {options_, commands_.GetNeeds(), commands_.GetCommand()};
+}
+
+/// The program's own option also takes what stands after a command that has no such option.
+void TParser::CheckFormat() const {
+  const CLI::App* command = FindNamedCommand();
+  if (!options_.format || !command || command->get_option_no_throw(TFormatOption::kName)) return;
+  throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
 }
 
 TInvocation TParser::Print(const std::string& text) const {

@@ -2,6 +2,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <string>
+#include <vector>
 
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
@@ -21,6 +22,10 @@ class TPrinter {
   /// The same for one that is no array, which may have several lines: with units that the
   /// repository's own display does not know, and the mark of a hexadecimal number.
   static std::string ScalarText(const ICIMProperty& property);
+
+  /// The same for each element of an array that is not null. Where the repository has no display
+  /// for one, such as a null among values with meanings, all are as they are stored.
+  static std::vector<std::string> ElementTexts(const ICIMProperty& property);
 
   /// A value as it is stored.
   static std::string ValueText(const TCIMValue& value);

@@ -31,7 +31,7 @@ std::string DisplayText(const ICIMProperty& property) {
   if (property.GetValue({}).IsNull() || !property.IsArray({})) {
     return JsonText(TPrinter::ScalarText(property));
   }
-  return JsonBlock("[]", JsonTexts(property.ToStringVector()), kItemMargin);
+  return JsonBlock("[]", JsonTexts(TPrinter::ElementTexts(property)), kItemMargin);
 }
 
 std::string PropertyText(const ICIMProperty& property, bool isKey) {
@@ -44,22 +44,51 @@ std::string PropertyText(const ICIMProperty& property, bool isKey) {
                    kPropertyMargin);
 }
 
+/// Both of what is not null.
+struct TLineParts {
+  TItems values, texts;
+
+  void Add(const ICIMProperty& property) {
+    const TCIMValue& value = property.GetValue({});
+    if (value.IsNull()) return;
+    const std::string name = JsonText(TInstanceReader::NameOf(property)) + ':';
+    values.push_back(name + JsonValue(value));
+    texts.push_back(name + (value.IsArray()
+                                ? JsonLine("[]", JsonTexts(TPrinter::ElementTexts(property)))
+                                : JsonText(TPrinter::ScalarText(property))));
+  }
+};
+
 }  // namespace
 
-std::string TInstanceJson::Write(ICIMInstance& instance) {
+std::string TInstanceJson::Write(ICIMInstance& instance, const TProperties& properties) {
   const auto cimClass = instance.GetClass({});
   const auto keys = TInstanceReader::ListKeyNames(*cimClass);
-  TItems properties;
-  for (const auto& property : ListProperties(instance)) {
+  TItems members;
+  for (const auto& property : properties) {
+    if (!property) continue;
     const std::string name = TInstanceReader::NameOf(*property);
-    properties.push_back(MemberText(name, PropertyText(*property, keys.count(name) > 0)));
+    members.push_back(MemberText(name, PropertyText(*property, keys.count(name) > 0)));
   }
   return JsonBlock("{}",
                    {MemberText("class", JsonText(cimClass->GetName({}))),
                     MemberText("path", JsonText(TPrinter::PathText(instance))),
-                    MemberText("properties", JsonBlock("{}", properties, 2))},
-                   0) +
-         "\n";
+                    MemberText("properties", JsonBlock("{}", members, kPropertyMargin - 2))},
+                   0);
+}
+
+std::string TInstanceJson::WriteLine(ICIMInstance& instance, const TProperties& properties,
+                                     const TOrigin& origin) {
+  TLineParts parts;
+  for (const auto& property : properties) {
+    if (property) parts.Add(*property);
+  }
+  return JsonLine("{}", {"\"format\":1", "\"machine\":" + JsonText(origin.machine),
+                         "\"time\":" + JsonText(origin.time),
+                         "\"class\":" + JsonText(instance.GetClass({})->GetName({})),
+                         "\"path\":" + JsonText(TPrinter::PathText(instance)),
+                         "\"values\":" + JsonLine("{}", parts.values),
+                         "\"texts\":" + JsonLine("{}", parts.texts)});
 }
 
 }  // namespace NZELVYR20

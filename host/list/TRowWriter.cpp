@@ -74,10 +74,12 @@ class TCsvRows : public TRowWriter {
   TCsvWriter writer_;
 };
 
+/// A table or, where that would be hard to read, the values of each row below each other.
 class TTableRows : public TRowWriter {
  public:
-  TTableRows(const TNames& columns, TWriteText write) : write_(std::move(write)) {
-    table_.AddRow(columns);
+  TTableRows(const TNames& columns, const TTerminal& terminal, TWriteText write)
+      : terminal_(terminal), write_(std::move(write)), table_(0, terminal) {
+    table_.SetHeader(columns);
   }
 
   void Add(const TRow& row) override {
@@ -89,18 +91,34 @@ class TTableRows : public TRowWriter {
     table_.AddRow(std::move(cells));
   }
 
-  void Finish() override { write_(table_.ToString()); }
+  void Finish() override {
+    const std::vector<TNames>& rows = table_.GetRows();
+    if (rows.front().empty()) return;
+    if (table_.IsReadable()) return write_(table_.ToString());
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+      write_((i > 1 ? "\n" : "") + RecordText(rows.front(), rows[i]));
+    }
+  }
 
  private:
-  TTable table_{0};
+  /// Without empty values, but for the first, which tells the records apart.
+  std::string RecordText(const TNames& names, const TNames& cells) const {
+    TTable record(0, terminal_);
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      if (i == 0 || !cells[i].empty()) record.AddRow({names[i], cells[i]});
+    }
+    return record.ToString();
+  }
+
+  TTerminal terminal_;
   TWriteText write_;
+  TTable table_;
 };
 
 }  // namespace
 
 std::unique_ptr<TRowWriter> TRowWriter::Make(EFormat format, const TNames& columns,
-                                             const TTerminal& /*terminal*/,
-                                             const TWriteText& write) {
+                                             const TTerminal& terminal, const TWriteText& write) {
   switch (format) {
     case EFormat::kJson:
     case EFormat::kJsonLines:
@@ -108,7 +126,7 @@ std::unique_ptr<TRowWriter> TRowWriter::Make(EFormat format, const TNames& colum
     case EFormat::kCsv:
       return std::make_unique<TCsvRows>(columns, write);
     default:
-      return std::make_unique<TTableRows>(columns, write);
+      return std::make_unique<TTableRows>(columns, terminal, write);
   }
 }
 

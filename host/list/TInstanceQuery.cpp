@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "NaturalOrder.h"
+#include "SelectInstances.h"
 #include "TElementFinder.h"
 #include "TPropertyChoice.h"
 
@@ -50,7 +51,8 @@ void Sort(TInstanceList& instances, const TPropertyChoice& choice, bool isDescen
 
 TInstanceList TInstanceQuery::List(const boost::shared_ptr<ICIMNamespace>& nameSpace) const {
   const auto cimClass = TElementFinder(nameSpace).FindClass(className);
-  TInstanceList instances = ListInstances(*cimClass, isDeep);
+  TInstanceList instances = where.empty() ? ListInstances(*cimClass, isDeep)
+                                          : SelectInstances(nameSpace, className, isDeep, where);
   if (!sort.empty()) {
     const bool hasSign = sort.front() == '-';
     Sort(instances, TPropertyChoice::Name(*cimClass, isDeep, {sort.substr(hasSign ? 1 : 0)}),

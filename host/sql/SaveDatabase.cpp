@@ -60,7 +60,7 @@ void SaveDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::
   if (fs::exists(path, error)) {
     target = fs::canonical(path, error).string();
     if (!fs::is_regular_file(target, error) || !IsDatabaseOrEmpty(target)) {
-      throw TCommandError(path + ": is there already, and is no SQLite database");
+      throw TCommandError(path + ": is there already, and is no database of SQLite");
     }
   }
   const TFileBeside beside(target, path);

@@ -139,7 +139,8 @@ TCIMValue ReadSqlCell(sqlite3_stmt* statement, int column) {
 
 std::string QuoteSqlName(const std::string& name) {
   std::string quoted = "\"";
-  for (const char letter : name) quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+  for (const char letter : name)
+    quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
   return quoted + '"';
 }
 

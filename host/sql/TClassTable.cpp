@@ -73,9 +73,8 @@ std::vector<std::string> TClassTable::ListReferences() const {
 }
 
 bool TClassTable::IsReference(int column) const {
-  return column >= kFirstProperty &&
-         types_[static_cast<std::size_t>(column) - kFirstProperty] ==
-             TCIMValue::TCIMType::kReference;
+  return column >= kFirstProperty && types_[static_cast<std::size_t>(column) - kFirstProperty] ==
+                                         TCIMValue::TCIMType::kReference;
 }
 
 std::optional<TClassTable::TPromise> TClassTable::FindPromise(sqlite3_index_info& info,

@@ -110,8 +110,8 @@ void TSavedDatabase::AddRows(const TClassTable& table, const std::string& name,
   Run("INSERT INTO " + target + " SELECT * FROM main." + QuoteSqlName(className) + " WHERE " +
       QuoteSqlName(columns[1]) + " = '" + className + "'");
   for (const std::string& reference : table.ListReferences()) {
-    Run("CREATE INDEX saved." + QuoteSqlName(name + '.' + reference) + " ON " +
-        QuoteSqlName(name) + "(" + QuoteSqlName(reference) + ")");
+    Run("CREATE INDEX saved." + QuoteSqlName(name + '.' + reference) + " ON " + QuoteSqlName(name) +
+        "(" + QuoteSqlName(reference) + ")");
   }
 }
 

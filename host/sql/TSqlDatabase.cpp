@@ -52,10 +52,9 @@ TSqlDatabase::TSqlDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace)
     return AddClassModule(Get(), source) == SQLITE_OK;
   };
   // What is quoted twice is a name, and no text where there is no such column.
-  const bool isWhole =
-      sqlite3_db_config(Get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
-      std::all_of(sources_.begin(), sources_.end(), add) &&
-      AddDisplayFunction(Get(), shared_) == SQLITE_OK;
+  const bool isWhole = sqlite3_db_config(Get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
+                       std::all_of(sources_.begin(), sources_.end(), add) &&
+                       AddDisplayFunction(Get(), shared_) == SQLITE_OK;
   if (!isWhole) throw std::bad_alloc();
 }
 

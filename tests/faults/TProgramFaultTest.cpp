@@ -73,6 +73,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {},
       {"show", path, "--json"},
       {"mof"},
+      {"sql", "SELECT path, display(path, 'TagOfTheRack') FROM MY_Rack"},
   };
   std::map<EKind, int> tried;
   for (const auto& command : commands) {

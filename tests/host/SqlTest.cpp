@@ -40,9 +40,8 @@ std::string Expected(const TCIMValue& value) {
     case TType::kDateTime:
       return "string " + static_cast<TCIMDateTime>(value).ToCIMString();
     case TType::kReference:
-      return "string " +
-             PathOf(dynamic_cast<ICIMInstance&>(
-                 *static_cast<TCIMReference>(value).GetCIMElement(false)));
+      return "string " + PathOf(dynamic_cast<ICIMInstance&>(
+                             *static_cast<TCIMReference>(value).GetCIMElement(false)));
     default:
       return "sint64 " + value.ToString(10);
   }
@@ -68,7 +67,8 @@ std::vector<TTexts> Ask(const boost::shared_ptr<ICIMNamespace>& space, const std
 std::vector<TTexts> ListRows(ICIMClass& cimClass) {
   std::vector<TTexts> rows;
   for (const auto& instance : ListInstances(cimClass, true)) {
-    rows.push_back({"string " + PathOf(*instance), "string " + instance->GetClass({})->GetName({})});
+    rows.push_back(
+        {"string " + PathOf(*instance), "string " + instance->GetClass({})->GetName({})});
     for (const auto& declaration : ListPropertyDecls(cimClass)) {
       const auto property = instance->GetProperty(declaration->GetName({}), {});
       rows.back().push_back(Expected(property->GetValue({})));
@@ -140,8 +140,10 @@ TEST(SqlOfAMachine, EveryAssociationJoins) {
         }
       }
       const auto rows = Ask(space, "SELECT s.path, t.path FROM CIM_ManagedElement s JOIN " + name +
-                                       " a ON a." + near + " = s.path JOIN CIM_ManagedElement t "
-                                       "ON t.path = a." + far);
+                                       " a ON a." + near +
+                                       " = s.path JOIN CIM_ManagedElement t "
+                                       "ON t.path = a." +
+                                       far);
       EXPECT_EQ(TPairs(rows.begin(), rows.end()), expected);
       count += expected.size();
     }

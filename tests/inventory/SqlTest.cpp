@@ -123,16 +123,18 @@ TEST(Sql, AnswersAndSaysWhatIsWrong) {
       {"", "SQL: there is no statement"},
       {" -- nothing\n;", "SQL: there is no statement"},
       {"VALUES (1, x'0aFF', 2.5, NULL);;\n", "1|0AFF|2.5|NULL"},
-      {"SELECT 1;\n SELECT 2", "SQL: line 2, column 2: a second statement begins; one is answered "
-                               "at a time"},
+      {"SELECT 1;\n SELECT 2",
+       "SQL: line 2, column 2: a second statement begins; one is answered "
+       "at a time"},
       {std::string("SELECT 1\0", 9), "SQL: column 9: a NUL character"},
       {"SELECT $x", "SQL: column 8: a parameter, which has no value"},
       {"SELEC 1", "SQL: column 1: near \"SELEC\": syntax error"},
       {"SELECT '\u00E9', b.Nam\nFROM MY_Box b", "SQL: column 13: no such column: b.Nam"},
       {"SELECT Colur FROM MY_SmallBox",
        "SQL: column 8: no such column: Colur; did you mean Colour?"},
-      {"SELECT *\nFROM MY_Bux", "SQL: line 2, column 6: no such table: MY_Bux; did you mean MY_Box "
-                                "or MY_Bag?"},
+      {"SELECT *\nFROM MY_Bux",
+       "SQL: line 2, column 6: no such table: MY_Bux; did you mean MY_Box "
+       "or MY_Bag?"},
       {"SELECT 1 FROM MY_Box WHERE Id = \"a\"",
        "SQL: column 33: no such column: a; a text stands in single quotes"},
   };
@@ -147,12 +149,14 @@ TEST(Sql, SelectsInstancesInTheirOrder) {
   const std::vector<std::pair<std::string, std::string>> cases = {
       {"1", "a it's b c"},
       {"path IN ('MY_SmallBox.Id=\"c\"', 'MY_Box.Id=\"a\"') -- twice", "a c"},
-      {"On OR EXISTS (SELECT * FROM MY_In WHERE Inner = path)", "SQL expression: column 1: near "
+      {"On OR EXISTS (SELECT * FROM MY_In WHERE Inner = path)",
+       "SQL expression: column 1: near "
        "\"On\": syntax error"},
       {"EXISTS (SELECT * FROM MY_In a WHERE a.Inner = MY_Box.path AND class = 'MY_FirmlyIn')",
        "a c"},
-      {"\"Order\" = 1", "SQL expression: column 1: no such column: Order; a text stands in single "
-                        "quotes"},
+      {"\"Order\" = 1",
+       "SQL expression: column 1: no such column: Order; a text stands in single "
+       "quotes"},
       {"Stat > 0", "SQL expression: column 1: no such column: Stat; did you mean State?"},
       {"Id =", "SQL expression: incomplete input"},
       {"1 LIMIT 1", "SQL expression: column 3: near \"LIMIT\": syntax error"},
@@ -179,8 +183,8 @@ TEST(Sql, JoinsByLookUpsAndWalks) {
   const auto space = Load(kModel);
   const std::string join =
       "FROM MY_Box o JOIN MY_In a ON a.Outer = o.path JOIN MY_Box i ON i.path = a.Inner";
-  const std::string plan = Ask(space, "EXPLAIN QUERY PLAN SELECT i.Id " + join +
-                                          " WHERE o.path = 'MY_Box.Id=\"a\"'");
+  const std::string plan =
+      Ask(space, "EXPLAIN QUERY PLAN SELECT i.Id " + join + " WHERE o.path = 'MY_Box.Id=\"a\"'");
   for (const char* step : {"o VIRTUAL TABLE INDEX 1:path=?", "a VIRTUAL TABLE INDEX 4:Outer=?",
                            "i VIRTUAL TABLE INDEX 1:path=?"}) {
     EXPECT_NE(plan.find(step), std::string::npos) << plan;

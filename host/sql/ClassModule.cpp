@@ -35,7 +35,7 @@ class TClassCursor : public TCursorBase {
     table_.SetResult(result, (*rows_)[next_], column);
   }
   sqlite3_int64 GetPosition() const {
-    if (rows_ != &found_) return static_cast<sqlite3_int64>(next_ + 1);
+    if (rows_ != &found_) return static_cast<sqlite3_int64>(next_) + 1;
     return table_.GetPosition((*rows_)[next_].get());
   }
 

@@ -1,5 +1,6 @@
 #include "SqlValue.h"
 
+#include <boost/algorithm/string/replace.hpp>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -138,10 +139,7 @@ TCIMValue ReadSqlCell(sqlite3_stmt* statement, int column) {
 }
 
 std::string QuoteSqlName(const std::string& name) {
-  std::string quoted = "\"";
-  for (const char letter : name)
-    quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
-  return quoted + '"';
+  return '"' + boost::replace_all_copy(name, "\"", "\"\"") + '"';
 }
 
 const char* SqlTypeOf(TCIMValue::TCIMType type) {

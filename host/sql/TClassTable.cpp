@@ -84,7 +84,7 @@ std::optional<TClassTable::TPromise> TClassTable::FindPromise(sqlite3_index_info
   const bool isExact = sqlite3_stricmp(sqlite3_vtab_collation(&info, constraint), "BINARY") == 0;
   if (given.iColumn == kPathColumn && isExact) return TPromise{kPath, 2, 1};
   if (given.iColumn == kClassColumn) {
-    const auto some = static_cast<sqlite3_int64>(GetAll().size() / 2 + 1);
+    const auto some = static_cast<sqlite3_int64>(GetAll().size()) / 2 + 1;
     return TPromise{kClass, static_cast<double>(some) * 2, some};
   }
   if (!isExact || !IsReference(given.iColumn)) return std::nullopt;

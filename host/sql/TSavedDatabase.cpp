@@ -37,6 +37,11 @@ std::string SelectAs(const TClassTable& part, const std::string& name, const TCl
   return "SELECT " + TText::Join(columns, ", ") + " FROM " + QuoteSqlName(name);
 }
 
+std::string IndexText(const std::string& table, const std::string& column) {
+  return "CREATE INDEX saved." + QuoteSqlName(table + '.' + column) + " ON " + QuoteSqlName(table) +
+         "(" + QuoteSqlName(column) + ")";
+}
+
 /// Whether a column has the very text that people read.
 bool IsReadAsStored(const TCIMValue& value, const std::string& text) {
   return value.GetType() != TType::kBoolean && value.GetType() != TType::kDateTime &&
@@ -110,8 +115,7 @@ void TSavedDatabase::AddRows(const TClassTable& table, const std::string& name,
   Run("INSERT INTO " + target + " SELECT * FROM main." + QuoteSqlName(className) + " WHERE " +
       QuoteSqlName(columns[1]) + " = '" + className + "'");
   for (const std::string& reference : table.ListReferences()) {
-    Run("CREATE INDEX saved." + QuoteSqlName(name + '.' + reference) + " ON " + QuoteSqlName(name) +
-        "(" + QuoteSqlName(reference) + ")");
+    Run(IndexText(name, reference));
   }
 }
 

@@ -52,13 +52,15 @@ TSqlDatabase::TSqlDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace)
     return AddClassModule(Get(), source) == SQLITE_OK;
   };
   // What is quoted twice is a name, and no text where there is no such column.
-  const bool isWhole = sqlite3_db_config(Get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
-                       std::all_of(sources_.begin(), sources_.end(), add) &&
-                       AddDisplayFunction(Get(), shared_) == SQLITE_OK;
+  const bool isWhole =
+      sqlite3_db_config(Get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
+      std::all_of(sources_.begin(), sources_.end(), add) &&
+      AddDisplayFunction(Get(), shared_) == SQLITE_OK &&
+      sqlite3_exec(Get(), "PRAGMA temp_store = MEMORY", nullptr, nullptr, nullptr) == SQLITE_OK;
   if (!isWhole) throw std::bad_alloc();
 }
 
-void TSqlDatabase::Protect() { sqlite3_set_authorizer(Get(), AllowReading, nullptr); }
+void TSqlDatabase::Protect() const { sqlite3_set_authorizer(Get(), AllowReading, nullptr); }
 
 /// `next` becomes where the text after the statement begins. A comment gives no statement.
 TSqlCompiled TSqlDatabase::Prepare(const TSqlText& text, std::size_t begin, std::size_t& next) {

@@ -77,8 +77,8 @@ TEST(Sql, AnswersAndSaysWhatIsWrong) {
        "MY_Box.Id=\"a\"|MY_Box|18446744073709551615|[true,false]|NULL|a|[\"q\\\"\",null]|1|0.5|x|"
        "20260102030405.000006+060|2048|[1,18446744073709551615]|-9223372036854775808|1"},
       {"SELECT Id FROM MY_Box WHERE Big > 9223372036854775807", "a"},
-      {"SELECT typeof(Big), typeof(Small), typeof(Part), typeof(\"On\"), typeof(State), "
-       "typeof(Colour) FROM MY_Box a LEFT JOIN MY_SmallBox USING (Id) WHERE a.Id = 'a'",
+      {"SELECT typeof(a.Big), typeof(a.Small), typeof(a.Part), typeof(a.\"On\"), typeof(Colour) "
+       "FROM MY_Box a LEFT JOIN MY_SmallBox USING (Id) WHERE a.Id = 'a'",
        "text|integer|real|integer|null"},
       {"SELECT count(*) FROM MY_Box WHERE \"Group\" IS NULL AND NOT coalesce(\"On\", 0)", "3"},
       {"SELECT value FROM MY_Box b, json_each(Names) WHERE b.Id = 'a'", "q\"\nNULL"},

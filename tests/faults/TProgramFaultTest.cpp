@@ -76,6 +76,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {"--format", "csv"},
       {"--format", "json"},
       {"mof"},
+      {"sql", "SELECT path, display(path, 'TagOfTheRack') FROM MY_Rack"},
   };
   std::map<EKind, int> tried;
   for (const auto& command : commands) {

@@ -12,6 +12,7 @@ _vyrhost_options() {
     instances) echo --deep --no-deep --where --sort --descending --limit --properties --format \
       --raw --count ;;
     show) echo --raw --json --format ;;
+    sql) echo --format --save ;;
     associators) echo --result-class --role --assoc-class --result-role ;;
     references) echo --result-class --role ;;
     mof) echo --inherited ;;
@@ -62,7 +63,7 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='all classes class instances show associators references mof'
+  local commands='all classes class instances show sql associators references mof'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done

@@ -9,6 +9,7 @@
 #include "AddCommands.h"
 #include "TCommandError.h"
 #include "TCommandSet.h"
+#include "TFormatOption.h"
 #include "TMofArguments.h"
 #include "TSuggestion.h"
 
@@ -32,6 +33,7 @@ class TParser {
  private:
   void AddHostOptions();
 
+  void CheckFormat() const;
   CLI::App* FindNamedCommand() const;
   TInvocation Print(const std::string& text) const;
   std::vector<std::string> ListOptions() const;
@@ -61,6 +63,7 @@ TParser::TParser()
   AddHostOptions();
   TMofArguments::AddTo(app_, options_);
   AddInstanceCommands(commands_);
+  AddSqlCommand(commands_);
   AddClassCommands(commands_);
   AddMofCommand(commands_);
   AddAssociationCommands(commands_);
@@ -91,6 +94,7 @@ void TParser::AddHostOptions() {
       ->type_name("N");
   app_.add_flag("--quiet", options_.isQuiet,
                 "Do not report what could not be read; of MOF, report errors only");
+  TFormatOption::AddTo(app_, options_.format, "Without a command: that of 'all'", true);
 }
 
 TInvocation TParser::Parse(int argc, char** argv) {
@@ -103,7 +107,21 @@ TInvocation TParser::Parse(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw TUsageError(DescribeError(error), HelpCommand());
   }
+  CheckFormat();
   return {options_, commands_.GetNeeds(), commands_.GetCommand()};
+}
+
+/// The program's own option also takes what stands after a command that has no such option.
+void TParser::CheckFormat() const {
+  const CLI::App* command = FindNamedCommand();
+  if (!options_.format || command == nullptr) return;
+  const std::vector<const CLI::Option*> known = command->get_options();
+  const auto isFormat = [](const CLI::Option* option) {
+    return option->get_name() == TFormatOption::kName;
+  };
+  if (std::none_of(known.begin(), known.end(), isFormat)) {
+    throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
+  }
 }
 
 TInvocation TParser::Print(const std::string& text) const {

@@ -6,10 +6,13 @@
 _vyrhost_options() {
   case $1 in
     '') echo --help --version --plugin --root --log-level --quiet --mof --include --strict \
-      --max-errors --max-file-size --max-include-depth --empty ;;
+      --max-errors --max-file-size --max-include-depth --empty --format ;;
+    all) echo --format ;;
     classes) echo --tree ;;
-    instances) echo --deep --no-deep ;;
-    show) echo --raw --json ;;
+    instances) echo --deep --no-deep --where --sort --descending --limit --properties --format \
+      --raw --count ;;
+    show) echo --raw --json --format ;;
+    sql) echo --format --save ;;
     associators) echo --result-class --role --assoc-class --result-role ;;
     references) echo --result-class --role ;;
     mof) echo --inherited ;;
@@ -42,8 +45,9 @@ _vyrhost_offer_value() {
     --plugin | --mof) _vyrhost_offer_files -f "$2" ;;
     --root | --include) _vyrhost_offer_files -d "$2" ;;
     --result-class | --assoc-class) _vyrhost_offer_classes "$2" ;;
+    --format) _vyrhost_offer "$2" table json jsonl csv mof ;;
     --log-level) _vyrhost_offer "$2" -1 0 3 ;;
-    --max-errors | --max-file-size | --max-include-depth | --role | --result-role) ;;
+    --max-errors | --max-file-size | --max-include-depth | --where | --sort | --limit | --properties | --role | --result-role) ;;
     *) return 1 ;;
   esac
 }
@@ -59,7 +63,7 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='classes class instances show associators references mof'
+  local commands='all classes class instances show sql associators references mof'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done

@@ -41,6 +41,7 @@ std::string TPrinter::PropertyText(const ICIMProperty& property) {
 
 std::string TPrinter::ScalarText(const ICIMProperty& property) {
   std::string text = property.ToString();
+  if (property.GetValue({}).IsReference()) return TText::OneLine(text);
   if (!IsNumber(property)) return text;
   const auto declaration = property.GetDeclaration({});
   if (Find(*declaration, "Values")) return text;

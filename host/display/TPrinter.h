@@ -20,7 +20,8 @@ class TPrinter {
   /// its declaration asks for.
   static std::string PropertyText(const ICIMProperty& property);
   /// The same for one that is no array, which may have several lines: with units that the
-  /// repository's own display does not know, and the mark of a hexadecimal number.
+  /// repository's own display does not know, and the mark of a hexadecimal number. References are
+  /// the paths that lists print.
   static std::string ScalarText(const ICIMProperty& property);
 
   /// The same for each element of an array that is not null. Where the repository has no display

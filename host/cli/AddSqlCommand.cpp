@@ -40,7 +40,7 @@ void WriteRows(const std::string& given, EFormat format, const TCommandContext& 
   writer->Finish();
 }
 
-int Perform(const TSqlArguments& given, const TCommandContext& context) {
+int PerformSql(const TSqlArguments& given, const TCommandContext& context) {
   if (!given.statement && !given.file) {
     throw TUsageError("a STATEMENT or --save is required", "vyrhost sql --help");
   }
@@ -56,7 +56,7 @@ void AddSqlCommand(TCommandSet& commands) {
   const auto given = std::make_shared<TSqlArguments>();
   CLI::App* sql = commands.Add(
       "sql", "Answer a question in SQL, in which each class is a table", ENeeds::kInstances,
-      [given](const TCommandContext& context) { return Perform(*given, context); });
+      [given](const TCommandContext& context) { return PerformSql(*given, context); });
   sql->add_option("STATEMENT", given->statement,
                   "A SELECT, for example; - reads it from standard input")
       ->type_name("");

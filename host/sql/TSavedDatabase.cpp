@@ -48,10 +48,6 @@ bool IsReadAsStored(const TCIMValue& value, const std::string& text) {
          !value.IsArray() && value.ToString(10) == text;
 }
 
-void BindText(sqlite3_stmt* statement, int place, const std::string& text) {
-  sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-}
-
 }  // namespace
 
 TSavedDatabase::TSavedDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace,
@@ -60,7 +56,7 @@ TSavedDatabase::TSavedDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace
   sqlite3_stmt* made = nullptr;
   Check(sqlite3_prepare_v2(database_.Get(), "ATTACH ?1 AS saved", -1, &made, nullptr));
   const TSqlCompiled attach(made, sqlite3_finalize);
-  BindText(attach.get(), 1, file);
+  Bind(attach.get(), 1, file);
   Check(sqlite3_step(attach.get()));
 }
 
@@ -131,11 +127,16 @@ void TSavedDatabase::AddText(const std::string& path, const ICIMProperty& proper
   if (value.IsNull()) return;
   const std::string text = TPrinter::PropertyText(property);
   if (IsReadAsStored(value, text)) return;
-  BindText(addText_.get(), 1, path);
-  BindText(addText_.get(), 2, TInstanceReader::NameOf(property));
-  BindText(addText_.get(), 3, text);
+  Bind(addText_.get(), 1, path);
+  Bind(addText_.get(), 2, TInstanceReader::NameOf(property));
+  Bind(addText_.get(), 3, text);
   Check(sqlite3_step(addText_.get()));
   Check(sqlite3_reset(addText_.get()));
+}
+
+void TSavedDatabase::Bind(sqlite3_stmt* statement, int place, const std::string& text) const {
+  Check(sqlite3_bind_text64(statement, place, text.data(), text.size(), SQLITE_TRANSIENT,
+                            SQLITE_UTF8));
 }
 
 void TSavedDatabase::Run(const std::string& statement) {

@@ -28,6 +28,7 @@ class TSavedDatabase {
   void AddTexts(const TInstanceList& instances);
   void AddText(const std::string& path, const ICIMProperty& property);
 
+  void Bind(sqlite3_stmt* statement, int place, const std::string& text) const;
   void Run(const std::string& statement);
   void Check(int status) const;
 

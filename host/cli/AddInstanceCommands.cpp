@@ -13,6 +13,13 @@ struct TInstanceArguments {
   TInstanceCommands::EShow show = TInstanceCommands::EShow::kDisplay;
 };
 
+void AddOverview(TCommandSet& commands) {
+  commands.Add("all", "Print everything that was collected, class by class", ENeeds::kInstances,
+               TCommandSet::Render([](const auto& nameSpace) {
+                 return TInstanceCommands(nameSpace).Overview();
+               }));
+}
+
 void AddList(TCommandSet& commands) {
   const auto given = std::make_shared<TInstanceArguments>();
   CLI::App* list =
@@ -48,6 +55,7 @@ void AddInstanceCommands(TCommandSet& commands) {
   commands.SetDefault(ENeeds::kInstances, TCommandSet::Render([](const auto& nameSpace) {
                         return TInstanceCommands(nameSpace).Overview();
                       }));
+  AddOverview(commands);
   AddList(commands);
   AddShow(commands);
 }

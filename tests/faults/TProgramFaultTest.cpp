@@ -70,7 +70,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {"show", path},
       {"references", path},
       {"class", "MY_RackOfTheHall"},
-      {},
+      {"all"},
       {"show", path, "--json"},
       {"mof"},
   };

@@ -59,7 +59,7 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='classes class instances show associators references mof'
+  local commands='all classes class instances show associators references mof'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done

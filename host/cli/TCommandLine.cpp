@@ -64,6 +64,7 @@ TParser::TParser()
   AddClassCommands(commands_);
   AddMofCommand(commands_);
   AddAssociationCommands(commands_);
+  AddDrawCommands(commands_);
 }
 
 void TParser::AddHostOptions() {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -5,8 +6,12 @@
 
 #include "AddCommands.h"
 #include "DrawTree.h"
+#include "FoldName.h"
+#include "ListClasses.h"
+#include "Pictures.h"
 #include "TElementFinder.h"
 #include "TWeb.h"
+#include "WritePicture.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -54,8 +59,56 @@ void AddTree(TCommandSet& commands) {
       ->allow_extra_args(false);
 }
 
+struct TGraphArguments {
+  std::string subject;
+  std::string format = "dot";
+  std::optional<std::size_t> depth;
+};
+
+/// What is no class is taken for an instance.
+bool IsClass(ICIMNamespace& nameSpace, const std::string& name) {
+  const TClassList classes = ListAllClasses(nameSpace);
+  return std::any_of(classes.begin(), classes.end(), [&name](const auto& cimClass) {
+    return CompareFolded(cimClass->GetName({}), name) == 0;
+  });
+}
+
+TPicture MakePicture(const TGraphArguments& given, const TCommandContext& context) {
+  const TElementFinder finder(context.nameSpace);
+  if (given.subject.empty()) return PictureOfMachine(*context.nameSpace);
+  if (IsClass(*context.nameSpace, given.subject)) {
+    return PictureOfClass(finder.FindClass(given.subject));
+  }
+  const TWalk walk{true, true, given.depth.value_or(1), {}};
+  return PictureOfWeb(TWeb::Around(finder.FindInstance(given.subject), walk));
+}
+
+void AddGraph(TCommandSet& commands) {
+  const auto given = std::make_shared<TGraphArguments>();
+  CLI::App* graph =
+      commands.Add("graph", "Picture everything, an instance with what is around it, or classes",
+                   ENeeds::kInstances, [given](const TCommandContext& context) {
+                     WritePicture(MakePicture(*given, context), given->format, context.write);
+                     return 0;
+                   });
+  CLI::Option* subject =
+      graph->add_option("PATH-OR-CLASS", given->subject, "An instance, or the highest class")
+          ->type_name("");
+  graph->add_option("--format", given->format, "dot (the default), mermaid or svg")
+      ->type_name("FORMAT")
+      ->check(CLI::IsMember({"dot", "mermaid", "svg"}));
+  graph
+      ->add_option("--depth", given->depth,
+                   "Of an instance: what is at most so many steps away (default: 1)")
+      ->type_name("N")
+      ->needs(subject);
+}
+
 }  // namespace
 
-void AddDrawCommands(TCommandSet& commands) { AddTree(commands); }
+void AddDrawCommands(TCommandSet& commands) {
+  AddTree(commands);
+  AddGraph(commands);
+}
 
 }  // namespace NZELVYR20

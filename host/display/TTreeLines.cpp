@@ -3,22 +3,14 @@
 #include <string>
 #include <utility>
 
+#include "TText.h"
+
 namespace NZELVYR20 {
 namespace {
 
 /// Of an element that is deeper only so many levels are drawn: else a chain's drawing grew with the
 /// square of its length.
 constexpr std::size_t kDrawnLevels = 32;
-
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
-
-/// Where the character of that number begins; the end where there are fewer.
-std::size_t FindCharacter(const std::string& text, std::size_t number) {
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (StartsCharacter(text[at]) && number-- == 0) return at;
-  }
-  return text.size();
-}
 
 }  // namespace
 
@@ -30,7 +22,8 @@ TTreeLines::TTreeLines(const TTerminal& terminal, TWriteText write)
 void TTreeLines::Add(std::size_t level, bool isLast, const std::string& text) {
   isLast_.resize(level);
   if (level > 0) isLast_[level - 1] = isLast;
-  write_(Cut(Margin() + text) + '\n');
+  const std::string line = Margin() + text;
+  write_((width_ == 0 ? line : TText::Cut(line, width_, GetEllipsis())) + '\n');
 }
 
 std::string TTreeLines::Margin() const {
@@ -44,12 +37,6 @@ std::string TTreeLines::Margin() const {
   }
   if (!isUnicode_) return margin + (isLast_.back() ? "`-- " : "|-- ");
   return margin + (isLast_.back() ? "└── " : "├── ");
-}
-
-std::string TTreeLines::Cut(const std::string& line) const {
-  if (width_ == 0 || FindCharacter(line, width_) == line.size()) return line;
-  const std::size_t room = isUnicode_ ? 1 : 3;
-  return line.substr(0, FindCharacter(line, width_ > room ? width_ - room : 0)) + GetEllipsis();
 }
 
 }  // namespace NZELVYR20

@@ -25,7 +25,6 @@ class TTreeLines {
 
  private:
   std::string Margin() const;
-  std::string Cut(const std::string& line) const;
 
   std::size_t width_;  ///< 0 for any
   bool isUnicode_;

@@ -31,6 +31,8 @@ class TTreeShape {
   EBranch GetBranch(std::size_t node, std::size_t place) const;
   /// Below which a node is drawn in full; kNone for a top.
   std::size_t GetParent(std::size_t node) const { return parents_[node]; }
+  /// All nodes, each after its parent.
+  std::vector<std::size_t> ListDownwards() const { return {finished_.rbegin(), finished_.rend()}; }
 
  private:
   std::vector<std::size_t> ListTopsFirst() const;

@@ -27,6 +27,11 @@ bool Declares(const ICIMClass& cimClass, const std::string& name) {
   return false;
 }
 
+/// Such as "256.0 GiB" of "256.0 GiB (274877906944 bytes)".
+std::string WithoutRemark(const std::string& text) {
+  return !text.empty() && text.back() == ')' ? text.substr(0, text.rfind(" (")) : text;
+}
+
 }  // namespace
 
 TLabels::TClassFacts TLabels::Describe(const boost::shared_ptr<ICIMClass>& cimClass) {
@@ -54,7 +59,8 @@ TLabel TLabels::Read(ICIMInstance& instance) {
   TLabel label{cimClass->GetName({}), TText::Join(values, ","), ""};
   for (const std::string& title : found->second.titles) {
     if (!label.title.empty()) break;
-    label.title = TText::OneLine(ReadText(instance, title));
+    const std::string text = ReadText(instance, title);
+    label.title = TText::OneLine(title == "Caption" ? WithoutRemark(text) : text);
     if (label.title == label.name) label.title.clear();
   }
   return label;

@@ -10,7 +10,9 @@
 #include "ListClasses.h"
 #include "Pictures.h"
 #include "TElementFinder.h"
+#include "TRepository.h"
 #include "TWeb.h"
+#include "WriteFirstPage.h"
 #include "WritePicture.h"
 
 namespace NZELVYR20 {
@@ -104,9 +106,20 @@ void AddGraph(TCommandSet& commands) {
       ->needs(subject);
 }
 
+/// What could not be read is told on the page itself.
+int PrintFirstPage(const TCommandContext& context) {
+  std::vector<std::string> notes;
+  if (!context.options.isQuiet) {
+    for (const auto& note : context.repository->TakeNotes()) notes.push_back(note.ToString());
+  }
+  WriteFirstPage(*context.nameSpace, notes, context.terminal, context.write);
+  return 0;
+}
+
 }  // namespace
 
 void AddDrawCommands(TCommandSet& commands) {
+  commands.SetDefault(ENeeds::kInstances, PrintFirstPage);
   AddTree(commands);
   AddGraph(commands);
 }

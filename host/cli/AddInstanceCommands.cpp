@@ -15,9 +15,8 @@ struct TInstanceArguments {
 
 void AddOverview(TCommandSet& commands) {
   commands.Add("all", "Print everything that was collected, class by class", ENeeds::kInstances,
-               TCommandSet::Render([](const auto& nameSpace) {
-                 return TInstanceCommands(nameSpace).Overview();
-               }));
+               TCommandSet::Render(
+                   [](const auto& nameSpace) { return TInstanceCommands(nameSpace).Overview(); }));
 }
 
 void AddList(TCommandSet& commands) {
@@ -52,9 +51,6 @@ void AddShow(TCommandSet& commands) {
 }  // namespace
 
 void AddInstanceCommands(TCommandSet& commands) {
-  commands.SetDefault(ENeeds::kInstances, TCommandSet::Render([](const auto& nameSpace) {
-                        return TInstanceCommands(nameSpace).Overview();
-                      }));
   AddOverview(commands);
   AddList(commands);
   AddShow(commands);

@@ -47,7 +47,7 @@ class TParser {
 TParser::TParser()
     : app_(
           "Collects the data of this machine into an in-memory CIM repository and prints it.\n"
-          "Without a command: everything that was collected, class by class.",
+          "Without a command: one page about the machine.",
           "vyrhost") {
   app_.fallthrough();
   app_.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);

@@ -13,6 +13,9 @@ struct TCollectorNote {
   std::string area;  ///< what was being collected, such as "network ports"
   std::string what;  ///< the file, directory or call
   std::string why;   ///< such as "No such file or directory"
+
+  /// All of it, in that order.
+  std::string ToString() const { return area + ": " + what + ": " + why; }
 };
 
 /// Fills a namespace with the data of one machine: this one, or a saved tree of its files.

@@ -20,16 +20,25 @@ class TTreeLines {
   /// is one line.
   void Add(std::size_t level, bool isLast, const std::string& text);
 
-  /// What stands for something that was left out.
-  const char* GetEllipsis() const { return isUnicode_ ? "…" : "..."; }
-
  private:
   std::string Margin() const;
 
-  std::size_t width_;  ///< 0 for any
-  bool isUnicode_;
+  TTerminal terminal_;
   TWriteText write_;
   std::vector<bool> isLast_;  ///< of the element at each level but 0
 };
+
+/// An element of a tree, which stands below the nearest before it that is of a lower level.
+struct TTreeLine {
+  std::size_t level;
+  std::string text;
+};
+
+/// Writes a tree, or several, all lines of which are known.
+void DrawTreeLines(const std::vector<TTreeLine>& lines, const TTerminal& terminal,
+                   const TWriteText& write);
+
+/// What stands for something that was left out.
+const char* Ellipsis(const TTerminal& terminal);
 
 }  // namespace NZELVYR20

@@ -22,7 +22,8 @@ struct TPicture {
     kAside,     ///< between classes; the boxes need not stand one after the other
   };
 
-  /// Texts are one line each; some text there is. A box within which others stand is a frame around these.
+  /// Texts are one line each; some text there is. A box within which others stand is a frame around
+  /// these.
   struct TBox {
     std::string kind;
     std::vector<std::string> lines;

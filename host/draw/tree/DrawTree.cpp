@@ -24,14 +24,10 @@ struct TBranch {
 
 using TBranches = std::vector<std::vector<TBranch>>;
 
-std::vector<std::string> ReadTexts(const TWeb& web) {
-  TLabels labels;
+std::vector<std::string> ReadTexts(const TWeb& web, const TDescribe& describe) {
   std::vector<std::string> texts;
   texts.reserve(web.GetInstances().size());
-  for (const auto& instance : web.GetInstances()) {
-    const TLabel label = labels.Read(*instance);
-    texts.push_back(label.ToShortPath() + (label.title.empty() ? "" : "  ") + label.title);
-  }
+  for (const auto& instance : web.GetInstances()) texts.push_back(describe(*instance));
   return texts;
 }
 
@@ -119,29 +115,39 @@ struct TSiblings {
 
 }  // namespace
 
-void DrawTree(const TWeb& web, const TTerminal& terminal, const TWriteText& write) {
-  const std::vector<std::string> texts = ReadTexts(web);
+std::vector<TTreeLine> LayOutTree(const TWeb& web, const TDescribe& describe, std::size_t level,
+                                  const TTerminal& terminal) {
+  const std::vector<std::string> texts = ReadTexts(web, describe);
   TBranches branches = SortSteps(web, texts);
   Shape(branches);
-  TTreeLines lines(terminal, write);
-  std::vector<TSiblings> levels;
-  const auto draw = [&](std::size_t node, bool isLast, const std::string& note, bool isHere) {
-    const std::string cut = web.IsCutAt(node) ? std::string(" ") + lines.GetEllipsis() : "";
-    lines.Add(levels.size(), isLast, texts[node] + note + cut);
-    if (isHere) levels.push_back({&branches[node], AreSeveral(branches[node])});
+  std::vector<TTreeLine> lines;
+  std::vector<TSiblings> open;
+  const auto add = [&](std::size_t node, const std::string& note, bool isHere) {
+    const std::string cut = web.IsCutAt(node) ? std::string(" ") + Ellipsis(terminal) : "";
+    lines.push_back({level + open.size(), texts[node] + note + cut});
+    if (isHere) open.push_back({&branches[node], AreSeveral(branches[node])});
   };
-  draw(0, true, "", true);
-  while (!levels.empty()) {
-    TSiblings& level = levels.back();
-    if (level.next == level.branches->size()) {
-      levels.pop_back();
+  add(0, "", true);
+  while (!open.empty()) {
+    TSiblings& siblings = open.back();
+    if (siblings.next == siblings.branches->size()) {
+      open.pop_back();
       continue;
     }
-    const TBranch& branch = (*level.branches)[level.next++];
-    draw(branch.to, level.next == level.branches->size(),
-         (level.areSeveral ? ViaText(branch.associations) : "") + Mark(branch.kind),
-         branch.kind == EBranch::kHere);
+    const TBranch& branch = (*siblings.branches)[siblings.next++];
+    add(branch.to, (siblings.areSeveral ? ViaText(branch.associations) : "") + Mark(branch.kind),
+        branch.kind == EBranch::kHere);
   }
+  return lines;
+}
+
+void DrawTree(const TWeb& web, const TTerminal& terminal, const TWriteText& write) {
+  TLabels labels;
+  const auto describe = [&labels](ICIMInstance& instance) {
+    const TLabel label = labels.Read(instance);
+    return label.ToShortPath() + (label.title.empty() ? "" : "  ") + label.title;
+  };
+  DrawTreeLines(LayOutTree(web, describe, 0, terminal), terminal, write);
 }
 
 }  // namespace NZELVYR20

@@ -12,6 +12,8 @@ _vyrhost_options() {
     show) echo --raw --json ;;
     associators) echo --result-class --role --assoc-class --result-role ;;
     references) echo --result-class --role ;;
+    tree) echo --up --down --depth --assoc-class ;;
+    graph) echo --format --depth ;;
     mof) echo --inherited ;;
   esac
 }
@@ -43,7 +45,8 @@ _vyrhost_offer_value() {
     --root | --include) _vyrhost_offer_files -d "$2" ;;
     --result-class | --assoc-class) _vyrhost_offer_classes "$2" ;;
     --log-level) _vyrhost_offer "$2" -1 0 3 ;;
-    --max-errors | --max-file-size | --max-include-depth | --role | --result-role) ;;
+    --format) _vyrhost_offer "$2" dot mermaid svg ;;
+    --max-errors | --max-file-size | --max-include-depth | --role | --result-role | --depth) ;;
     *) return 1 ;;
   esac
 }
@@ -59,14 +62,14 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='all classes class instances show associators references mof'
+  local commands='all classes class instances show associators references tree graph mof'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done
   case $command:$word in
     *:-*) _vyrhost_offer "$word" "$(_vyrhost_options '')" "$(_vyrhost_options "$command")" ;;
     :*) _vyrhost_offer "$word" "$commands" ;;
-    classes:* | class:* | instances:* | mof:*) _vyrhost_offer_classes "$word" ;;
+    classes:* | class:* | instances:* | graph:* | mof:*) _vyrhost_offer_classes "$word" ;;
   esac
 }
 

@@ -36,7 +36,7 @@ std::string Escape(const std::string& text) {
         escaped += "&quot;";
         break;
       case '\\':
-        escaped += "&#92;";
+        escaped += "\\\\";  // one alone would make a word of Graphviz
         break;
       default:
         escaped += letter;

@@ -19,9 +19,9 @@ namespace {
 constexpr std::size_t kMostDisks = 10;
 constexpr std::size_t kMostDiskLines = 12;
 constexpr std::size_t kMostLinesOfDisk = 8;
-constexpr std::size_t kMostPorts = 6;
+constexpr std::size_t kMostPorts = 4;
 constexpr std::size_t kMostNames = 3;
-constexpr std::size_t kMostClasses = 4;
+constexpr std::size_t kMostClasses = 10;
 
 /// The property between two texts; nothing where it has no value.
 std::string Text(ICIMInstance& instance, const std::string& name, const std::string& after = "",
@@ -67,9 +67,11 @@ std::vector<TTreeLine> TMachineTree::Make() {
   AddSystem();
   AddProcessors();
   AddDisks();
-  AddNames("Other file systems", TakeUnlessBased("CIM_FileSystem"), [](ICIMInstance& fileSystem) {
-    return Text(fileSystem, "Name") + " (" + Text(fileSystem, "FileSystemType") + ")";
-  });
+  std::vector<std::string> others;
+  for (const auto& fileSystem : TakeUnlessBased("CIM_FileSystem")) {
+    others.push_back(Text(*fileSystem, "Name") + Text(*fileSystem, "FileSystemType", ")", " ("));
+  }
+  AddNames("Other file systems", others);
   AddPorts();
   AddRest();
   return std::move(lines_);
@@ -99,9 +101,10 @@ void TMachineTree::AddSystem() {
   for (const auto& system : inventory_.Take("CIM_OperatingSystem")) {
     Add(1, Row(Text(*system, "Name"),
                {Text(*system, "Version"), Text(*system, "LastBootUpTime", "", "started ")}));
-    Add(1, "Memory  " + List({Text(*system, "TotalVisibleMemorySize"),
-                              Text(*system, "FreePhysicalMemory", " free"),
-                              Text(*system, "SizeStoredInPagingFiles", "", "swap ")}));
+    const std::string memory =
+        List({Text(*system, "TotalVisibleMemorySize"), Text(*system, "FreePhysicalMemory", " free"),
+              Text(*system, "SizeStoredInPagingFiles", "", "swap ")});
+    if (!memory.empty()) Add(1, "Memory  " + memory);
   }
 }
 
@@ -189,27 +192,26 @@ void TMachineTree::AddPorts() {
   AddFold(2, shown, ports.size());
 }
 
-void TMachineTree::AddNames(const std::string& title, const TInstanceList& instances,
-                            const TDescribeOne& describe) {
-  if (instances.empty()) return;
-  std::vector<std::string> names;
-  for (std::size_t i = 0; i < std::min(instances.size(), kMostNames); ++i) {
-    names.push_back(describe(*instances[i]));
-  }
-  if (instances.size() > kMostNames) {
-    names.push_back(std::string(Ellipsis(terminal_)) + " and " +
-                    std::to_string(instances.size() - kMostNames) + " more");
+void TMachineTree::AddNames(const std::string& title, std::vector<std::string> names) {
+  if (names.empty()) return;
+  const std::size_t more = names.size() - std::min(names.size(), kMostNames);
+  if (more > 0) {
+    names.resize(kMostNames);
+    names.push_back(std::string(Ellipsis(terminal_)) + " and " + std::to_string(more) + " more");
   }
   Add(1, title + "  " + TText::Join(names, ", "));
 }
 
+/// In one line beside a machine; line by line where it is everything.
 void TMachineTree::AddRest() {
-  const auto rest = inventory_.CountRest();
-  const std::size_t shown = std::min(rest.size(), kMostClasses);
-  for (std::size_t i = 0; i < shown; ++i) {
-    Add(1, std::to_string(rest[i].first) + ' ' + rest[i].second);
+  std::vector<std::string> names;
+  for (const auto& [count, name] : inventory_.CountRest()) {
+    names.push_back(std::to_string(count) + ' ' + name);
   }
-  AddFold(1, shown, rest.size());
+  if (lines_.size() > 1) return AddNames("Also", names);
+  const std::size_t shown = std::min(names.size(), kMostClasses);
+  for (std::size_t i = 0; i < shown; ++i) Add(1, names[i]);
+  AddFold(1, shown, names.size());
 }
 
 }  // namespace NZELVYR20

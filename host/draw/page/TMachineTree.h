@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "TInventory.h"
@@ -28,15 +26,12 @@ class TMachineTree {
   const std::string& GetSubject() const { return subject_; }
 
  private:
-  using TDescribeOne = std::function<std::string(ICIMInstance& instance)>;
-
   void AddSystem();
   void AddProcessors();
   void AddDisks();
   void AddDisk(const boost::shared_ptr<ICIMInstance>& disk, const TWalk& walk);
   void AddPorts();
-  void AddNames(const std::string& title, const TInstanceList& instances,
-                const TDescribeOne& describe);
+  void AddNames(const std::string& title, std::vector<std::string> names);
   void AddRest();
   void AddFold(std::size_t level, std::size_t shown, std::size_t all);
   void Add(std::size_t level, const std::string& text) { lines_.push_back({level, text}); }

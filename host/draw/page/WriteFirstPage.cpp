@@ -37,12 +37,10 @@ class TPage {
 
   void AddNotes(const std::vector<std::string>& notes) const {
     if (notes.empty()) return;
-    Add(TText::Count(notes.size(), "thing") + " could not be read:");
-    const std::size_t shown = std::min(notes.size(), kMostNotes);
-    for (std::size_t i = 0; i < shown; ++i) Add("  " + TText::OneLine(notes[i]));
-    if (shown < notes.size()) {
-      Add(std::string("  ") + Ellipsis(terminal_) + " and " + std::to_string(notes.size() - shown) +
-          " more");
+    Add(TText::Count(notes.size(), "thing") + " could not be read" +
+        (notes.size() > kMostNotes ? ", such as:" : ":"));
+    for (std::size_t i = 0; i < std::min(notes.size(), kMostNotes); ++i) {
+      Add("  " + TText::OneLine(notes[i]));
     }
   }
 

@@ -14,12 +14,16 @@ struct TClassArguments {
 
 void AddList(TCommandSet& commands) {
   const auto given = std::make_shared<TClassArguments>();
-  CLI::App* classes =
-      commands.Add("classes", "List the classes, or draw their hierarchy", ENeeds::kSchema,
-                   TCommandSet::Render([given](const auto& nameSpace) {
-                     const TClassCommands list(nameSpace);
-                     return given->isTree ? list.Tree(given->name) : list.List(given->name);
-                   }));
+  CLI::App* classes = commands.Add("classes", "List the classes, or draw their hierarchy",
+                                   ENeeds::kSchema, [given](const TCommandContext& context) {
+                                     const TClassCommands list(context.nameSpace);
+                                     if (given->isTree) {
+                                       list.Tree(given->name, context.terminal, context.write);
+                                     } else {
+                                       context.write(list.List(given->name));
+                                     }
+                                     return 0;
+                                   });
   classes->add_option("CLASS", given->name, "This class and its subclasses only")->type_name("");
   classes->add_flag("--tree", given->isTree, "Draw the hierarchy");
 }

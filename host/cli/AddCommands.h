@@ -11,5 +11,6 @@ void AddSqlCommand(TCommandSet& commands);
 void AddClassCommands(TCommandSet& commands);
 void AddMofCommand(TCommandSet& commands);
 void AddAssociationCommands(TCommandSet& commands);
+void AddDrawCommands(TCommandSet& commands);
 
 }  // namespace NZELVYR20

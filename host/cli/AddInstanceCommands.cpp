@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "AddCommands.h"
+#include "PrintFirstPage.h"
 #include "TElementFinder.h"
 #include "TFormatOption.h"
 #include "TInstanceCommands.h"
@@ -146,7 +147,11 @@ void AddAll(TCommandSet& commands) {
   CLI::App* all = commands.Add("all", "Print everything that was collected, class by class",
                                ENeeds::kInstances, Command(given, ShowAll));
   TFormatOption::AddTo(*all, given->format, kFormatHelp, true);
-  commands.SetDefault(ENeeds::kInstances, Command(given, ShowAll));
+  commands.SetDefault(ENeeds::kInstances, [given](const TCommandContext& context) {
+    if (!given->Find(context)) return PrintFirstPage(context);
+    ShowAll(*given, context);
+    return 0;
+  });
 }
 
 }  // namespace

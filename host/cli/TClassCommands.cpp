@@ -10,13 +10,10 @@
 #include "TElementFinder.h"
 #include "TPrinter.h"
 #include "TTable.h"
+#include "TTreeLines.h"
 
 namespace NZELVYR20 {
 namespace {
-
-/// Of a deeper class only so many levels are drawn: else a chain's drawing grew with the square of
-/// its length.
-constexpr std::size_t kDrawnLevels = 32;
 
 /// Siblings, of which those before `next` have been drawn.
 struct TLevel {
@@ -26,21 +23,10 @@ struct TLevel {
   bool IsDone() const { return next == classes.size(); }
 };
 
-/// What stands before the class that was taken from the last of the levels.
-std::string Margin(const std::vector<TLevel>& levels) {
-  const std::size_t last = levels.size() - 1;
-  const std::size_t first = last > kDrawnLevels ? last - kDrawnLevels : 0;
-  std::string margin = first > 0 ? "… " : "";
-  for (std::size_t level = first; level < last; ++level) {
-    margin += levels[level].IsDone() ? "    " : "│   ";
-  }
-  return margin + (levels[last].IsDone() ? "└── " : "├── ");
-}
-
-/// What stands below a class. The way down lies on the heap: hierarchies may be deeper than the
-/// stack.
-std::string Branches(ICIMClass& top) {
-  std::string text;
+/// Draws a class and what stands below it. The way down lies on the heap: hierarchies may be deeper
+/// than the stack.
+void Draw(TTreeLines& lines, ICIMClass& top) {
+  lines.Add(0, true, TPrinter::ClassText(top));
   std::vector<TLevel> levels{{ListSubClasses(top, false)}};
   while (!levels.empty()) {
     TLevel& level = levels.back();
@@ -49,10 +35,9 @@ std::string Branches(ICIMClass& top) {
       continue;
     }
     const auto cimClass = level.classes[level.next++];
-    text += Margin(levels) + TPrinter::ClassText(*cimClass) + "\n";
+    lines.Add(levels.size(), level.IsDone(), TPrinter::ClassText(*cimClass));
     levels.push_back({ListSubClasses(*cimClass, false)});
   }
-  return text;
 }
 
 }  // namespace
@@ -76,12 +61,10 @@ std::string TClassCommands::List(const std::string& className) const {
   return table.ToString();
 }
 
-std::string TClassCommands::Tree(const std::string& className) const {
-  std::string text;
-  for (const auto& cimClass : FindStart(className)) {
-    text += TPrinter::ClassText(*cimClass) + "\n" + Branches(*cimClass);
-  }
-  return text;
+void TClassCommands::Tree(const std::string& className, const TTerminal& terminal,
+                          const TWriteText& write) const {
+  TTreeLines lines(terminal, write);
+  for (const auto& cimClass : FindStart(className)) Draw(lines, *cimClass);
 }
 
 std::string TClassCommands::Describe(const std::string& className) const {

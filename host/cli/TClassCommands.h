@@ -5,10 +5,12 @@
 
 #include "ICIMNamespace.h"
 #include "ListClasses.h"
+#include "TTerminal.h"
+#include "TWriteText.h"
 
 namespace NZELVYR20 {
 
-/// The commands that print classes. Each returns its whole output; a class that the namespace
+/// The commands that print classes. Each gives its whole output; a class that the namespace
 /// lacks is a TCommandError. Where a class name may be empty, that means all classes.
 class TClassCommands {
  public:
@@ -17,8 +19,8 @@ class TClassCommands {
   /// A class and its descendants in order of their names.
   std::string List(const std::string& className) const;
 
-  /// The same classes as a drawing of their hierarchy.
-  std::string Tree(const std::string& className) const;
+  /// Writes the same classes as a drawing of their hierarchy.
+  void Tree(const std::string& className, const TTerminal& terminal, const TWriteText& write) const;
 
   /// One class with its qualifiers, properties and methods.
   std::string Describe(const std::string& className) const;

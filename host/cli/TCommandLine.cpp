@@ -49,7 +49,7 @@ class TParser {
 TParser::TParser()
     : app_(
           "Collects the data of this machine into an in-memory CIM repository and prints it.\n"
-          "Without a command: everything that was collected, class by class.",
+          "Without a command: one page about the machine.",
           "vyrhost") {
   app_.fallthrough();
   app_.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
@@ -67,6 +67,7 @@ TParser::TParser()
   AddClassCommands(commands_);
   AddMofCommand(commands_);
   AddAssociationCommands(commands_);
+  AddDrawCommands(commands_);
 }
 
 void TParser::AddHostOptions() {

@@ -26,9 +26,7 @@ void Report(const std::string& kind, const std::string& message) {
   TStandardStreams::WriteErrorLine("vyrhost: " + kind + ": " + message);
 }
 
-void Report(const TCollectorNote& note) {
-  Report("note", note.area + ": " + note.what + ": " + note.why);
-}
+void Report(const TCollectorNote& note) { Report("note", note.ToString()); }
 
 /// Instances of the user's own may refer to the machine's.
 bool NeedsMachine(const TInvocation& invocation) {
@@ -51,7 +49,7 @@ int PerformAndReport(const TInvocation& invocation, TRepository& repository,
                      const TMemoryWatch& watch) {
   const int status = Perform(invocation, &repository, watch);
   if (!invocation.options.isQuiet) {
-    for (const auto& note : repository.GetNotes()) Report(note);
+    for (const auto& note : repository.TakeNotes()) Report(note);
   }
   return status;
 }

@@ -6,7 +6,8 @@ namespace NZELVYR20 {
 /// wrong command line.
 ///
 /// Nothing is written before a command has succeeded: a failure leaves one line on standard error
-/// and nothing on standard output, and the collectors' notes follow the output that they qualify.
+/// and nothing on standard output, and the collectors' notes follow the output that they qualify,
+/// unless a command has told them.
 /// Only what is found in MOF of the user's own is said as it comes. What is wrong there is left
 /// out; the command runs with the rest, and the status is 1.
 class TProgram {

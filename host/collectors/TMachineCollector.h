@@ -13,6 +13,9 @@ struct TCollectorNote {
   std::string area;  ///< what was being collected, such as "network ports"
   std::string what;  ///< the file, directory or call
   std::string why;   ///< such as "No such file or directory"
+
+  /// All of it, in that order.
+  std::string ToString() const { return area + ": " + what + ": " + why; }
 };
 
 /// What is collected only where it is asked for, since it is much.

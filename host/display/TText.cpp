@@ -78,6 +78,16 @@ std::size_t AppendRestored(std::string& restored, std::string_view text) {
   return escape.size();
 }
 
+bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
+
+/// Where the character of that number begins; the end where there are fewer.
+std::size_t FindCharacter(const std::string& text, std::size_t number) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (StartsCharacter(text[at]) && number-- == 0) return at;
+  }
+  return text.size();
+}
+
 }  // namespace
 
 std::string TText::OneLine(const std::string& text) { return EscapeObeyed(text, ""); }
@@ -110,6 +120,13 @@ std::vector<std::string> TText::Wrap(const std::string& text, std::size_t width)
   }
   if (start < text.size()) lines.push_back(text.substr(start));
   return lines;
+}
+
+std::string TText::Cut(const std::string& text, std::size_t width, const std::string& mark) {
+  if (FindCharacter(text, width) == text.size()) return text;
+  const auto length =
+      static_cast<std::size_t>(std::count_if(mark.begin(), mark.end(), StartsCharacter));
+  return text.substr(0, FindCharacter(text, width > length ? width - length : 0)) + mark;
 }
 
 std::string TText::Join(const std::vector<std::string>& parts, const std::string& separator) {

@@ -2,10 +2,12 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "Cases.h"
 #include "TVyrhost.h"
 
 namespace NZELVYR20 {
@@ -34,6 +36,53 @@ TEST_F(VyrhostTest, Commands) {
        "CIM_OperatingSystem.CreationClassName=\"CIM_OperatingSystem\","
        "CSCreationClassName=\"CIM_ComputerSystem\",CSName=\"box\",Name=\"Test\""}};
   CheckCommands("commands.txt", words);
+}
+
+TEST_F(VyrhostTest, Drawings) {
+  CheckCommands("draw.txt", {{"$socket", DevicePath("CIM_Processor", "socket0")}});
+}
+
+TEST_F(VyrhostTest, PicturesAreMadeByGraphvizWhereItIsThere) {
+  const TArgumentList graph = {"--empty", "--mof", DATA_DIR "/draw.mof", "graph"};
+  const auto svg = [&graph, this] {
+    TArgumentList words = graph;
+    words.insert(words.end(), {"--format", "svg", "--quiet"});
+    return Execute(words);
+  };
+  EXPECT_TRUE(Contains(svg().output, ">&quot;&lt;b&gt;&amp;amp;&lt;/b&gt;\\N\\n\\x1b#`|<"));
+
+  // Boxes and arrows, as Graphviz counts them.
+  const std::string counts = GetRoot() + "/counts";
+  const std::string command = "\"" VYRHOST_PATH "\" --root " + GetRoot() +
+                              " --quiet graph | dot -Tplain | cut -d\" \" -f1 | sort | uniq -c >" +
+                              counts;
+  EXPECT_EQ(std::system(command.c_str()), 0);
+  EXPECT_TRUE(Contains(ReadFile(counts), " 3 node\n")) << ReadFile(counts);
+
+  const std::string earlier = getenv("PATH");
+  const std::string folder = GetRoot();
+  setenv("PATH", folder.c_str(), 1);
+  EXPECT_EQ(svg().errors,
+            "vyrhost: error: dot: no such program; it is part of the package graphviz\n");
+  const std::string fake = Write("dot", "#!/bin/sh\necho 'Error: no' >&2\nexit 3\n");
+  std::filesystem::permissions(fake, std::filesystem::perms::owner_all);
+  EXPECT_EQ(svg().errors, "vyrhost: error: dot: Error: no\n");
+  setenv("PATH", earlier.c_str(), 1);
+}
+
+TEST_F(VyrhostTest, TheFirstPageFoldsAndSaysOnceWhatCouldNotBeRead) {
+  for (int i = 0; i < 12; ++i) {
+    Write("sys/block/sd" + std::to_string(i) + "/size", "2048\n");
+    Write("sys/class/net/eth" + std::to_string(i) + "/type", "1\n");
+  }
+  const TOutcome page = Execute({});
+  EXPECT_EQ(page.errors, "");
+  EXPECT_LE(Lines(page.output).size(), 30U);
+  for (const char* line :
+       {"├── 12 disks\n│   ├── sd0  1.0 MiB", "│   ├── sd9  1.0 MiB", "│   └── … and 2 more\n",
+        "    └── … and 8 more\n", " things could not be read, such as:\n  "}) {
+    EXPECT_TRUE(Contains(page.output, line)) << line << page.output;
+  }
 }
 
 TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
@@ -77,16 +126,27 @@ TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
   for (int i = 0; i < 3000; ++i) {
     chain += "class MY_" + std::to_string(i + 1) + " : MY_" + std::to_string(i) + " {};\n";
   }
+  chain += "[Association] class MY_On { [Key] MY_0 ref Antecedent; [Key] MY_0 ref Dependent; };\n";
+  for (int i = 0; i <= 3000; ++i) {
+    const std::string number = std::to_string(i);
+    chain += "instance of MY_0 as $i" + number + " { Id = \"" + number + "\"; };\n";
+    if (i == 0) continue;
+    chain += "instance of MY_On { Antecedent = $i" + std::to_string(i - 1) + "; Dependent = $i" +
+             number + "; };\n";
+  }
   const std::string file = Write("chain.mof", chain);
   rlimit earlier{};
   getrlimit(RLIMIT_STACK, &earlier);
   const rlimit small{rlim_t{256} * 1024, earlier.rlim_max};
   setrlimit(RLIMIT_STACK, &small);
   const auto lines = Lines(Execute({"classes", "MY_0", "--tree", "--mof", file}).output);
+  const auto instances = Lines(Execute({"tree", "MY_0.Id=\"0\"", "--mof", file}).output);
   setrlimit(RLIMIT_STACK, &earlier);
   ASSERT_EQ(lines.size(), 3001U);
   EXPECT_EQ(lines[2], "    └── MY_2");
   EXPECT_EQ(lines[3000], "… " + std::string(128, ' ') + "└── MY_3000");
+  ASSERT_EQ(instances.size(), 3001U);
+  EXPECT_EQ(instances[3000], "… " + std::string(128, ' ') + "└── MY_0:3000");
 }
 
 TEST_F(VyrhostTest, FailsWhenTheOutputCannotBeWritten) {

@@ -15,6 +15,8 @@ _vyrhost_options() {
     sql) echo --format --save ;;
     associators) echo --result-class --role --assoc-class --result-role ;;
     references) echo --result-class --role ;;
+    tree) echo --up --down --depth --assoc-class ;;
+    graph) echo --format --depth ;;
     mof) echo --inherited ;;
   esac
 }
@@ -45,9 +47,9 @@ _vyrhost_offer_value() {
     --plugin | --mof) _vyrhost_offer_files -f "$2" ;;
     --root | --include) _vyrhost_offer_files -d "$2" ;;
     --result-class | --assoc-class) _vyrhost_offer_classes "$2" ;;
-    --format) _vyrhost_offer "$2" table json jsonl csv mof ;;
+    --format) _vyrhost_offer "$2" table json jsonl csv mof dot mermaid svg ;;
     --log-level) _vyrhost_offer "$2" -1 0 3 ;;
-    --max-errors | --max-file-size | --max-include-depth | --where | --sort | --limit | --properties | --role | --result-role) ;;
+    --max-errors | --max-file-size | --max-include-depth | --where | --sort | --limit | --properties | --role | --result-role | --depth) ;;
     *) return 1 ;;
   esac
 }
@@ -63,14 +65,14 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='all classes class instances show sql associators references mof'
+  local commands='all classes class instances show sql associators references tree graph mof'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done
   case $command:$word in
     *:-*) _vyrhost_offer "$word" "$(_vyrhost_options '')" "$(_vyrhost_options "$command")" ;;
     :*) _vyrhost_offer "$word" "$commands" ;;
-    classes:* | class:* | instances:* | mof:*) _vyrhost_offer_classes "$word" ;;
+    classes:* | class:* | instances:* | graph:* | mof:*) _vyrhost_offer_classes "$word" ;;
   esac
 }
 

@@ -10,5 +10,6 @@ void AddInstanceCommands(TCommandSet& commands);
 void AddClassCommands(TCommandSet& commands);
 void AddMofCommand(TCommandSet& commands);
 void AddAssociationCommands(TCommandSet& commands);
+void AddHistoryCommands(TCommandSet& commands);
 
 }  // namespace NZELVYR20

@@ -36,6 +36,8 @@ struct TCommandContext {
   TRepository* repository;
   boost::shared_ptr<ICIMNamespace> nameSpace;
   TWriteText write;
+  /// What was written goes out now, for a command that takes its time.
+  std::function<void()> flush;
   TTerminal terminal;
 };
 

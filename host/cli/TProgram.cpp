@@ -9,9 +9,9 @@
 #include "TCommandError.h"
 #include "TCommandLine.h"
 #include "TInvocation.h"
-#include "TMachineCollector.h"
 #include "TMemoryWatch.h"
 #include "TMofInput.h"
+#include "TNoteReport.h"
 #include "TOutput.h"
 #include "TRepository.h"
 #include "TRootObject.h"
@@ -22,12 +22,8 @@
 namespace NZELVYR20 {
 namespace {
 
-void Report(const std::string& kind, const std::string& message) {
-  TStandardStreams::WriteErrorLine("vyrhost: " + kind + ": " + message);
-}
-
-void Report(const TCollectorNote& note) {
-  Report("note", note.area + ": " + note.what + ": " + note.why);
+void ReportError(const std::string& message) {
+  TStandardStreams::WriteErrorLine("vyrhost: error: " + message);
 }
 
 /// Instances of the user's own may refer to the machine's.
@@ -41,7 +37,7 @@ int Perform(const TInvocation& invocation, TRepository* repository, const TMemor
   const int status = invocation.command(
       {invocation.options, repository,
        repository ? repository->GetNamespace() : boost::shared_ptr<ICIMNamespace>(),
-       [&output](const std::string& text) { output.Write(text); },
+       [&output](const std::string& text) { output.Write(text); }, [&output] { output.Flush(); },
        TStandardStreams::DescribeOutput()});
   output.Flush();
   return status;
@@ -51,7 +47,9 @@ int PerformAndReport(const TInvocation& invocation, TRepository& repository,
                      const TMemoryWatch& watch) {
   const int status = Perform(invocation, &repository, watch);
   if (!invocation.options.isQuiet) {
-    for (const auto& note : repository.GetNotes()) Report(note);
+    for (const auto& note : repository.GetNotes()) {
+      TStandardStreams::WriteErrorLine(TNoteReport::TextOf(note));
+    }
   }
   return status;
 }
@@ -80,12 +78,12 @@ int ExecuteAndReport(int argc, char** argv, TProgram::TLeave leave) {
     return 1;
   } catch (const TUsageError& error) {
     watch.Check();
-    Report("error", error.what());
+    ReportError(error.what());
     TStandardStreams::WriteErrorLine("Try '" + error.GetHelpCommand() + "'.");
     return 2;
   } catch (const std::exception& error) {
     watch.Check();
-    Report("error", error.what());
+    ReportError(error.what());
     return 1;
   }
 }

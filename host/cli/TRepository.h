@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <utility>
 #include <vector>
 
 #include "ICIMNamespace.h"
@@ -20,6 +21,8 @@ class TRepository {
 
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
   const std::vector<TCollectorNote>& GetNotes() const { return notes_; }
+  /// The same for a command that reports them itself.
+  std::vector<TCollectorNote> TakeNotes() { return std::exchange(notes_, {}); }
 
  private:
   TMachineCollector collector_;

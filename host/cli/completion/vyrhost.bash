@@ -13,6 +13,8 @@ _vyrhost_options() {
     associators) echo --result-class --role --assoc-class --result-role ;;
     references) echo --result-class --role ;;
     mof) echo --inherited ;;
+    diff) echo --all ;;
+    watch) echo --every --rounds --all ;;
   esac
 }
 
@@ -43,7 +45,7 @@ _vyrhost_offer_value() {
     --root | --include) _vyrhost_offer_files -d "$2" ;;
     --result-class | --assoc-class) _vyrhost_offer_classes "$2" ;;
     --log-level) _vyrhost_offer "$2" -1 0 3 ;;
-    --max-errors | --max-file-size | --max-include-depth | --role | --result-role) ;;
+    --max-errors | --max-file-size | --max-include-depth | --role | --result-role | --every | --rounds) ;;
     *) return 1 ;;
   esac
 }
@@ -59,7 +61,7 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='classes class instances show associators references mof'
+  local commands='classes class instances show associators references mof snapshot diff watch'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done
@@ -67,6 +69,7 @@ _vyrhost() {
     *:-*) _vyrhost_offer "$word" "$(_vyrhost_options '')" "$(_vyrhost_options "$command")" ;;
     :*) _vyrhost_offer "$word" "$commands" ;;
     classes:* | class:* | instances:* | mof:*) _vyrhost_offer_classes "$word" ;;
+    snapshot:* | diff:*) _vyrhost_offer_files -f "$word" ;;
   esac
 }
 

@@ -69,7 +69,7 @@ void TChangeText::WriteLines(const TComparison& comparison, const std::string& l
     const std::string line = lead + HeadText(change);
     if (!IsOnBothSides(change)) write(line + '\n');
     for (const std::string& property : ListProperties(change)) {
-      write(line + ": " + property + '\n');
+      write(std::string(line).append(": ").append(property) + '\n');
     }
   }
 }

@@ -73,6 +73,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {},
       {"show", path, "--json"},
       {"mof"},
+      {"diff", DATA_DIR "/earlier.mof", "--quiet=false"},
   };
   std::map<EKind, int> tried;
   for (const auto& command : commands) {

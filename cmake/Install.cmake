@@ -22,7 +22,7 @@ endfunction()
 file(GLOB kit_headers CONFIGURE_DEPENDS kit/*.h)
 list(FILTER kit_headers EXCLUDE REGEX NamedRefusal)
 vyr_install_library(kit ${kit_headers})
-vyr_install_library(common)
+vyr_install_library(common host/common/TWriteText.h)
 vyr_install_library(mof host/mof/LoadMof.h host/mof/load/TMofOptions.h
                     host/mof/load/TMofReferenceClasses.h host/mof/load/TMofSummary.h
                     host/mof/write/TMofWriter.h)

@@ -5,8 +5,10 @@
 #include <stdexcept>
 #include <utility>
 
+#include "CompareNamespaces.h"
 #include "ICIMProperty.h"
 #include "ICoreLogger.h"
+#include "ListElements.h"
 #include "PluginNamespace.h"
 #include "SmallSchema.h"
 #include "TCIMReference.h"
@@ -75,7 +77,10 @@ TSoakHost::TSoakHost(std::string root)
     : root_(std::move(root)),
       space_(LoadSchema()),
       port_(AddClass(space_, "SOAK_Port", "")),
-      link_(AddClass(space_, "SOAK_Link", TCIMValue::NullReference(port_))) {}
+      link_(AddClass(space_, "SOAK_Link", TCIMValue::NullReference(port_))),
+      watched_(LoadSchema()),
+      present_(LoadSchema()),
+      watch_(watched_, present_, [this] { CollectWithNews(); }) {}
 
 void TSoakHost::Poll() {
   Refresh();
@@ -84,6 +89,7 @@ void TSoakHost::Poll() {
   ReadUndeclared();
   ReplaceInstances();
   Fail();
+  Watch();
   UseShortNamespace();
 }
 
@@ -166,6 +172,26 @@ void TSoakHost::Fail() {
   RequireStatus(14, [&] { AddInstance(port_, 7); });
   RequireStatus(17, [&] { space_->AllocateClass("SOAK_Lost", {}, {})->RemoveFromNamespace({}); });
   AddInstance(port_, TCIMValue::Null(TCIMValue::TCIMType::kString));
+}
+
+/// A machine of which everything comes, changes and goes in turn.
+void TSoakHost::CollectWithNews() {
+  if (round_ == 2) return;
+  TMachineCollector(root_).Collect(present_);
+  for (const auto& device :
+       NZELVYR20::ListInstances(*present_->GetClass("CIM_LogicalDevice", {}), true)) {
+    device->SetPropertyValue("ElementName", std::to_string(round_), {});
+  }
+}
+
+void TSoakHost::Watch() {
+  for (round_ = 0; round_ < 3; ++round_) {
+    bool isTold = false;
+    watch_.Round({{}, true}, "", [&isTold](const std::string&) { isTold = true; });
+    Require(isTold, "a watch tells what changes");
+    const TComparison left = CompareNamespaces(*watched_, *present_, EMatch::kPath);
+    Require(left.changes.empty(), "what is watched is brought up to date");
+  }
 }
 
 }  // namespace NZELVYR20

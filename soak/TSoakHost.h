@@ -8,6 +8,7 @@
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
+#include "TWatch.h"
 
 namespace NZELVYR20 {
 
@@ -28,6 +29,8 @@ class TSoakHost {
   void ReadUndeclared();
   void ReplaceInstances();
   void Fail();
+  void Watch();
+  void CollectWithNews();
 
   std::vector<boost::shared_ptr<ICIMInstance>> ListInstances(const std::string& className);
 
@@ -35,6 +38,10 @@ class TSoakHost {
   const boost::shared_ptr<ICIMNamespace> space_;
   boost::shared_ptr<ICIMClass> port_;
   boost::shared_ptr<ICIMClass> link_;
+  const boost::shared_ptr<ICIMNamespace> watched_;
+  const boost::shared_ptr<ICIMNamespace> present_;
+  TWatch watch_;
+  unsigned round_ = 0;
 };
 
 }  // namespace NZELVYR20

@@ -12,5 +12,6 @@ void AddClassCommands(TCommandSet& commands);
 void AddMofCommand(TCommandSet& commands);
 void AddAssociationCommands(TCommandSet& commands);
 void AddDrawCommands(TCommandSet& commands);
+void AddHistoryCommands(TCommandSet& commands);
 
 }  // namespace NZELVYR20

@@ -22,7 +22,8 @@ constexpr auto kFooter =
     "An object path is a class name with key values, as 'instances' prints it:\n"
     "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n\n"
     "Options may also follow the command.\n"
-    "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line.";
+    "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line, 3 where\n"
+    "'diff' finds differences.";
 
 class TParser {
  public:
@@ -68,6 +69,7 @@ TParser::TParser()
   AddMofCommand(commands_);
   AddAssociationCommands(commands_);
   AddDrawCommands(commands_);
+  AddHistoryCommands(commands_);
 }
 
 void TParser::AddHostOptions() {

@@ -40,6 +40,8 @@ struct TCommandContext {
   TRepository* repository;
   boost::shared_ptr<ICIMNamespace> nameSpace;
   TWriteText write;
+  /// What was written goes out now, for a command that takes its time.
+  std::function<void()> flush;
   TTerminal terminal;
 };
 

@@ -5,6 +5,7 @@
 
 #include "ICIMNamespace.h"
 #include "TMofReferenceClasses.h"
+#include "TWriteText.h"
 
 namespace NZELVYR20 {
 
@@ -16,7 +17,7 @@ class TMofCommands {
                const TMofReferenceClasses& referenceClasses);
 
   /// A class, with or without what it inherited; an empty name means everything that there is.
-  std::string Write(const std::string& className, bool isInherited) const;
+  void Write(const std::string& className, bool isInherited, const TWriteText& write) const;
 
  private:
   boost::shared_ptr<ICIMNamespace> namespace_;

@@ -9,7 +9,6 @@
 #include "TCommandError.h"
 #include "TCommandLine.h"
 #include "TInvocation.h"
-#include "TMachineCollector.h"
 #include "TMemoryWatch.h"
 #include "TMofInput.h"
 #include "TOutput.h"
@@ -26,8 +25,6 @@ void Report(const std::string& kind, const std::string& message) {
   TStandardStreams::WriteErrorLine("vyrhost: " + kind + ": " + message);
 }
 
-void Report(const TCollectorNote& note) { Report("note", note.ToString()); }
-
 /// Instances of the user's own may refer to the machine's.
 bool NeedsMachine(const TInvocation& invocation) {
   const THostOptions& options = invocation.options;
@@ -39,7 +36,7 @@ int Perform(const TInvocation& invocation, TRepository* repository, const TMemor
   const int status = invocation.command(
       {invocation.options, repository,
        repository ? repository->GetNamespace() : boost::shared_ptr<ICIMNamespace>(),
-       [&output](const std::string& text) { output.Write(text); },
+       [&output](const std::string& text) { output.Write(text); }, [&output] { output.Flush(); },
        TStandardStreams::DescribeOutput()});
   output.Flush();
   return status;
@@ -49,7 +46,7 @@ int PerformAndReport(const TInvocation& invocation, TRepository& repository,
                      const TMemoryWatch& watch) {
   const int status = Perform(invocation, &repository, watch);
   if (!invocation.options.isQuiet) {
-    for (const auto& note : repository.TakeNotes()) Report(note);
+    for (const auto& note : repository.TakeNotes()) Report("note", note.ToString());
   }
   return status;
 }

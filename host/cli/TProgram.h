@@ -3,7 +3,7 @@
 namespace NZELVYR20 {
 
 /// The program from its arguments to its exit status: 0 for success, 1 for a failure, 2 for a
-/// wrong command line.
+/// wrong command line, 3 where a comparison found differences.
 ///
 /// Nothing is written before a command has succeeded: a failure leaves one line on standard error
 /// and nothing on standard output, and the collectors' notes follow the output that they qualify,

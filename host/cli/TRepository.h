@@ -21,7 +21,8 @@ class TRepository {
   void Collect();
 
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
-  /// What could not be read; whoever takes the notes tells the user, once.
+  const std::vector<TCollectorNote>& GetNotes() const { return notes_; }
+  /// The same for whoever tells the user, which is done once.
   std::vector<TCollectorNote> TakeNotes() { return std::exchange(notes_, {}); }
   /// The machine that was collected, or else the first that is there, and when that began.
   TOrigin GetOrigin() const;

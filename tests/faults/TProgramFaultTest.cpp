@@ -81,6 +81,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {"--format", "json"},
       {"mof"},
       {"sql", "SELECT path, display(path, 'TagOfTheRack') FROM MY_Rack"},
+      {"diff", DATA_DIR "/earlier.mof", "--quiet=false"},
   };
   std::map<EKind, int> tried;
   for (const auto& command : commands) {

@@ -18,6 +18,8 @@ _vyrhost_options() {
     tree) echo --up --down --depth --assoc-class ;;
     graph) echo --format --depth ;;
     mof) echo --inherited ;;
+    diff) echo --all ;;
+    watch) echo --every --rounds --all ;;
   esac
 }
 
@@ -49,7 +51,7 @@ _vyrhost_offer_value() {
     --result-class | --assoc-class) _vyrhost_offer_classes "$2" ;;
     --format) _vyrhost_offer "$2" table json jsonl csv mof dot mermaid svg ;;
     --log-level) _vyrhost_offer "$2" -1 0 3 ;;
-    --max-errors | --max-file-size | --max-include-depth | --where | --sort | --limit | --properties | --role | --result-role | --depth) ;;
+    --max-errors | --max-file-size | --max-include-depth | --where | --sort | --limit | --properties | --role | --result-role | --depth | --every | --rounds) ;;
     *) return 1 ;;
   esac
 }
@@ -65,7 +67,7 @@ _vyrhost() {
   fi
   _vyrhost_offer_value "$option" "$word" && return
 
-  local commands='all classes class instances show sql associators references tree graph mof'
+  local commands='all classes class instances show sql associators references tree graph mof snapshot diff watch'
   for ((i = COMP_CWORD - 1; i > 0; i--)); do
     [[ " $commands " != *" ${COMP_WORDS[i]} "* ]] || command=${COMP_WORDS[i]}
   done
@@ -73,6 +75,7 @@ _vyrhost() {
     *:-*) _vyrhost_offer "$word" "$(_vyrhost_options '')" "$(_vyrhost_options "$command")" ;;
     :*) _vyrhost_offer "$word" "$commands" ;;
     classes:* | class:* | instances:* | graph:* | mof:*) _vyrhost_offer_classes "$word" ;;
+    snapshot:* | diff:*) _vyrhost_offer_files -f "$word" ;;
   esac
 }
 

@@ -1,6 +1,7 @@
 #include "TMofWriter.h"
 
-#include <vector>
+#include <string>
+#include <utility>
 
 #include "ICIMProperty.h"
 #include "ICIMPropertyDecl.h"
@@ -13,15 +14,44 @@
 namespace NZELVYR20 {
 namespace {
 
-void AppendInstance(std::string& text, ICIMInstance& instance) {
-  text += "instance of " + instance.GetClass({})->GetName({}) + " {\n";
+std::string InstanceText(ICIMInstance& instance) {
+  std::string text = "instance of " + instance.GetClass({})->GetName({}) + " {\n";
   for (const auto& property : ListProperties(instance)) {
     if (property->IsDefaultValue({})) continue;
     TMofValueText::Append(text, "  " + property->GetDeclaration({})->GetName({}) + " = ",
                           property->GetValue({}), ";", 6);
     text += '\n';
   }
-  text += "};\n";
+  return text + "};\n";
+}
+
+/// Passes elements on, with an empty line between each two.
+class TSeparator {
+ public:
+  explicit TSeparator(const TWriteText& write) : write_(write) {}
+
+  void Write(std::string element) {
+    if (!std::exchange(isFirst_, false)) element.insert(0, 1, '\n');
+    write_(element);
+  }
+
+ private:
+  const TWriteText& write_;
+  bool isFirst_ = true;
+};
+
+void WriteSchema(TSeparator& separator, ICIMNamespace& nameSpace, const TClassList& classes,
+                 const TMofReferenceClasses& referenceClasses) {
+  for (const auto& declaration : ListQualifierDecls(nameSpace)) {
+    separator.Write(TMofWriter::WriteQualifierDecl(declaration));
+  }
+  for (const auto& cimClass : classes) {
+    separator.Write(TMofWriter::WriteClass(cimClass, false, referenceClasses));
+  }
+}
+
+void WriteEach(TSeparator& separator, const TInstanceList& instances) {
+  for (const auto& instance : instances) separator.Write(InstanceText(*instance));
 }
 
 }  // namespace
@@ -41,28 +71,27 @@ std::string TMofWriter::WriteQualifierDecl(
 }
 
 std::string TMofWriter::WriteInstance(const boost::shared_ptr<ICIMInstance>& instance) {
-  std::string text;
-  AppendInstance(text, *instance);
-  return text;
+  return InstanceText(*instance);
+}
+
+void TMofWriter::WriteInstances(const TInstanceList& instances, const TWriteText& write) {
+  TSeparator separator(write);
+  WriteEach(separator, instances);
+}
+
+void TMofWriter::WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                                const TMofReferenceClasses& referenceClasses,
+                                const TWriteText& write) {
+  const TClassList classes = TMofWriteOrder::ListClasses(*nameSpace);
+  TSeparator separator(write);
+  WriteSchema(separator, *nameSpace, classes, referenceClasses);
+  WriteEach(separator, TMofWriteOrder::ListInstances(classes));
 }
 
 std::string TMofWriter::WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace,
                                        const TMofReferenceClasses& referenceClasses) {
   std::string text;
-  const auto separate = [&text] { text += text.empty() ? "" : "\n"; };
-  for (const auto& declaration : ListQualifierDecls(*nameSpace)) {
-    separate();
-    TMofQualifierText::AppendDeclaration(text, *declaration);
-  }
-  const TClassList classes = TMofWriteOrder::ListClasses(*nameSpace);
-  for (const auto& cimClass : classes) {
-    separate();
-    TMofClassText::Append(text, *cimClass, false, referenceClasses);
-  }
-  for (const auto& instance : TMofWriteOrder::ListInstances(classes)) {
-    separate();
-    AppendInstance(text, *instance);
-  }
+  WriteNamespace(nameSpace, referenceClasses, [&text](const std::string& piece) { text += piece; });
   return text;
 }
 

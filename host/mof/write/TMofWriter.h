@@ -7,7 +7,9 @@
 #include "ICIMInstance.h"
 #include "ICIMNamespace.h"
 #include "ICIMQualifierDecl.h"
+#include "ListElements.h"
 #include "TMofReferenceClasses.h"
+#include "TWriteText.h"
 
 namespace NZELVYR20 {
 
@@ -33,8 +35,13 @@ class TMofWriter {
   /// there as object paths.
   static std::string WriteInstance(const boost::shared_ptr<ICIMInstance>& instance);
 
-  /// Everything: qualifier declarations, then classes after those that they need, then instances
-  /// after those to which they refer.
+  /// The same for several in the order given, piece by piece, with an empty line between each two.
+  static void WriteInstances(const TInstanceList& instances, const TWriteText& write);
+
+  /// Everything, piece by piece: qualifier declarations, then classes after those that they need,
+  /// then instances after those to which they refer.
+  static void WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace,
+                             const TMofReferenceClasses& referenceClasses, const TWriteText& write);
   static std::string WriteNamespace(const boost::shared_ptr<ICIMNamespace>& nameSpace,
                                     const TMofReferenceClasses& referenceClasses);
 };

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <functional>
+#include <string>
+
+#include "ICIMNamespace.h"
+#include "TChangeText.h"
+#include "TWriteText.h"
+
+namespace NZELVYR20 {
+
+/// Keeps a namespace as the machine is, round after round, and tells what changes.
+class TWatch {
+ public:
+  /// Fills an empty namespace with what is there at present.
+  using TCollect = std::function<void()>;
+
+  /// `collect` fills `present`, which has the schema of `kept` and is for this object alone.
+  TWatch(boost::shared_ptr<ICIMNamespace> kept, boost::shared_ptr<ICIMNamespace> present,
+         TCollect collect);
+
+  /// Collects anew, writes a line for each change that `text` shows, beginning with `lead`, and
+  /// brings the kept namespace up to date with all of them, as ApplyChanges() does.
+  void Round(const TChangeText& text, const std::string& lead, const TWriteText& write);
+
+ private:
+  boost::shared_ptr<ICIMNamespace> kept_;
+  boost::shared_ptr<ICIMNamespace> present_;
+  TCollect collect_;
+};
+
+}  // namespace NZELVYR20

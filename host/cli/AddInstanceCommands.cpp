@@ -110,7 +110,7 @@ void AddSelection(CLI::App& list, TInstanceQuery& query) {
       ->type_name("N");
 }
 
-void AddList(TCommandSet& commands) {
+void AddInstanceList(TCommandSet& commands) {
   const auto given = std::make_shared<TListArguments>();
   CLI::App* list = commands.Add("instances", "List the instances of a class and its subclasses",
                                 ENeeds::kInstances, Command(given, List));
@@ -126,7 +126,7 @@ void AddList(TCommandSet& commands) {
   list->add_flag("--count", given->isCount, "Print only how many there are");
 }
 
-void AddShow(TCommandSet& commands) {
+void AddInstanceShow(TCommandSet& commands) {
   const auto given = std::make_shared<TShowArguments>();
   CLI::App* show = commands.Add("show", "Show one instance with all its properties",
                                 ENeeds::kInstances, Command(given, Show));
@@ -153,8 +153,8 @@ void AddAll(TCommandSet& commands) {
 
 void AddInstanceCommands(TCommandSet& commands) {
   AddAll(commands);
-  AddList(commands);
-  AddShow(commands);
+  AddInstanceList(commands);
+  AddInstanceShow(commands);
 }
 
 }  // namespace NZELVYR20

@@ -8,11 +8,11 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kDecimals = "0123456789";
 
 /// Takes the stretch of digits off the front, and gives it without zeros before it.
 std::string_view TakeNumber(std::string_view& text) {
-  const std::size_t length = std::min(text.find_first_not_of(kDigits), text.size());
+  const std::size_t length = std::min(text.find_first_not_of(kDecimals), text.size());
   std::string_view number = text.substr(0, length);
   number.remove_prefix(std::min(number.find_first_not_of('0'), number.size()));
   text.remove_prefix(length);
@@ -20,7 +20,7 @@ std::string_view TakeNumber(std::string_view& text) {
 }
 
 bool BeginsWithDigit(std::string_view text) {
-  return !text.empty() && kDigits.find(text.front()) != std::string_view::npos;
+  return !text.empty() && kDecimals.find(text.front()) != std::string_view::npos;
 }
 
 int CompareNumbers(std::string_view left, std::string_view right) {

@@ -3,6 +3,7 @@
 
 #include "AddCommands.h"
 #include "TInstanceCommands.h"
+#include "TPathForm.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -10,19 +11,23 @@ namespace {
 struct TInstanceArguments {
   std::string name;
   bool isDeep = true;
+  TPathForm form;
   TInstanceCommands::EShow show = TInstanceCommands::EShow::kDisplay;
 };
 
 void AddList(TCommandSet& commands) {
   const auto given = std::make_shared<TInstanceArguments>();
-  CLI::App* list =
-      commands.Add("instances", "List the instances of a class and its subclasses",
-                   ENeeds::kInstances, TCommandSet::Render([given](const auto& nameSpace) {
-                     return TInstanceCommands(nameSpace).List(given->name, given->isDeep);
-                   }));
+  const auto render = [given](const TCommandContext& context) {
+    context.write(TInstanceCommands(context.nameSpace)
+                      .List(given->name, given->isDeep, given->form.IsShort(context.terminal)));
+    return 0;
+  };
+  CLI::App* list = commands.Add("instances", "List the instances of a class and its subclasses",
+                                ENeeds::kInstances, render);
   list->add_option("CLASS", given->name, "The class")->required()->type_name("");
   list->add_flag("--deep,!--no-deep", given->isDeep,
                  "With or without the instances of subclasses (default: with)");
+  given->form.AddTo(*list);
 }
 
 void AddShow(TCommandSet& commands) {

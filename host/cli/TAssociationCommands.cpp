@@ -11,9 +11,9 @@
 #include "ICIMPropertyDecl.h"
 #include "ListAssociators.h"
 #include "ListClasses.h"
+#include "PathLines.h"
 #include "TCommandError.h"
 #include "TInstanceReader.h"
-#include "TPrinter.h"
 #include "TSuggestion.h"
 #include "TVYRException.h"
 #include "TypeText.h"
@@ -38,15 +38,13 @@ void AddReferenceNames(ICIMClass& association, const std::string& role,
   }
 }
 
-std::string UniquePaths(const TInstanceList& instances) {
+std::string UniquePaths(const TInstanceList& instances, bool isShort) {
   std::set<std::string> seen;
-  std::string text;
+  TInstanceList unique;
   for (const auto& instance : instances) {
-    if (seen.insert(instance->GetReference({}).GetPath()).second) {
-      text += TPrinter::PathText(*instance) + "\n";
-    }
+    if (seen.insert(instance->GetReference({}).GetPath()).second) unique.push_back(instance);
   }
-  return text;
+  return PathLines(unique, isShort);
 }
 
 }  // namespace
@@ -78,7 +76,7 @@ void TAssociationCommands::CheckRole(const std::string& role, const std::string&
                                      : "; " + other + " is none"));
 }
 
-std::string TAssociationCommands::Associators(const TTraversal& traversal) const {
+std::string TAssociationCommands::Associators(const TTraversal& traversal, bool isShort) const {
   const std::string assocClass = ResolveAssociation(traversal.assocClass);
   CheckRole(traversal.role, assocClass);
   CheckRole(traversal.resultRole, assocClass);
@@ -88,15 +86,16 @@ std::string TAssociationCommands::Associators(const TTraversal& traversal) const
 
   return UniquePaths(
       ListAssociators(source, {assocClass, resultClass ? resultClass->GetName({}) : std::string(),
-                               traversal.role, traversal.resultRole}));
+                               traversal.role, traversal.resultRole}),
+      isShort);
 }
 
-std::string TAssociationCommands::References(const TTraversal& traversal) const {
+std::string TAssociationCommands::References(const TTraversal& traversal, bool isShort) const {
   const std::string resultClass = ResolveAssociation(traversal.resultClass);
   CheckRole(traversal.role, resultClass);
   const auto source = finder_.FindInstance(traversal.path);
 
-  return UniquePaths(ListReferences(source, resultClass, traversal.role));
+  return UniquePaths(ListReferences(source, resultClass, traversal.role), isShort);
 }
 
 }  // namespace NZELVYR20

@@ -18,8 +18,11 @@ namespace {
 constexpr auto kVersion = "vyrhost " PROGRAM_VERSION;
 
 constexpr auto kFooter =
-    "An object path is a class name with key values, as 'instances' prints it:\n"
-    "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n\n"
+    "An object path is a class name with key values, as 'instances' prints it, or as much of one\n"
+    "as is unique:\n"
+    "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n"
+    "  vyrhost show CIM_ProcessorCore:socket0/core0\n"
+    "  vyrhost show eth0\n\n"
     "Options may also follow the command.\n"
     "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line.";
 

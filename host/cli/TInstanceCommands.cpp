@@ -7,6 +7,7 @@
 
 #include "ListClasses.h"
 #include "ListElements.h"
+#include "PathLines.h"
 #include "TElementFinder.h"
 #include "TInstanceJson.h"
 #include "TInstanceReader.h"
@@ -63,13 +64,8 @@ std::string TInstanceCommands::Overview() const {
   return text;
 }
 
-std::string TInstanceCommands::List(const std::string& className, bool deep) const {
-  std::string text;
-  for (const auto& instance :
-       ListInstances(*TElementFinder(namespace_).FindClass(className), deep)) {
-    text += TPrinter::PathText(*instance) + "\n";
-  }
-  return text;
+std::string TInstanceCommands::List(const std::string& className, bool deep, bool isShort) const {
+  return PathLines(ListInstances(*TElementFinder(namespace_).FindClass(className), deep), isShort);
 }
 
 std::string TInstanceCommands::Show(const std::string& path, EShow form) const {

@@ -18,7 +18,7 @@ class TInstanceCommands {
   std::string Overview() const;
 
   /// The paths of a class's instances; with `deep`, also of its subclasses'.
-  std::string List(const std::string& className, bool deep) const;
+  std::string List(const std::string& className, bool deep, bool isShort) const;
 
   /// How values are shown: as people read them, as they are stored, or both, as JSON.
   enum class EShow { kDisplay, kRaw, kJson };

@@ -8,10 +8,10 @@ _vyrhost_options() {
     '') echo --help --version --plugin --root --log-level --quiet --mof --include --strict \
       --max-errors --max-file-size --max-include-depth --empty ;;
     classes) echo --tree ;;
-    instances) echo --deep --no-deep ;;
+    instances) echo --deep --no-deep --short --no-short ;;
     show) echo --raw --json ;;
-    associators) echo --result-class --role --assoc-class --result-role ;;
-    references) echo --result-class --role ;;
+    associators) echo --result-class --role --assoc-class --result-role --short --no-short ;;
+    references) echo --result-class --role --short --no-short ;;
     mof) echo --inherited ;;
   esac
 }

@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "AddCommands.h"
 #include "TCommandError.h"
 #include "TCommandSet.h"
+#include "TCompletion.h"
 #include "TMofArguments.h"
 #include "TSuggestion.h"
 
@@ -35,6 +37,7 @@ class TParser {
  private:
   void AddHostOptions();
 
+  TInvocation Complete(std::vector<std::string> arguments, const std::vector<std::string>& typed);
   CLI::App* FindNamedCommand() const;
   TInvocation Print(const std::string& text) const;
   std::vector<std::string> ListOptions() const;
@@ -84,7 +87,10 @@ void TParser::AddHostOptions() {
 }
 
 TInvocation TParser::Parse(int argc, char** argv) {
+  std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+  const std::vector<std::string> typed = TCompletion::TakeWords(arguments);
   try {
+    if (!typed.empty()) return Complete(std::move(arguments), typed);
     app_.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
     return Print(app_.help());
@@ -94,6 +100,16 @@ TInvocation TParser::Parse(int argc, char** argv) {
     throw TUsageError(DescribeError(error), HelpCommand());
   }
   return {options_, commands_.GetNeeds(), commands_.GetCommand()};
+}
+
+TInvocation TParser::Complete(std::vector<std::string> arguments,
+                              const std::vector<std::string>& typed) {
+  const TCompletion completion(app_, typed);
+  const std::vector<std::string>& hostWords = completion.GetHostWords();
+  arguments.insert(arguments.end(), hostWords.begin(), hostWords.end());
+  std::reverse(arguments.begin(), arguments.end());  // as this parse() wants them
+  app_.parse(std::move(arguments));
+  return {options_, completion.GetNeeds(), completion.GetCommand()};
 }
 
 TInvocation TParser::Print(const std::string& text) const {

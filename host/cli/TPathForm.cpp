@@ -5,7 +5,7 @@
 namespace NZELVYR20 {
 
 void TPathForm::AddTo(CLI::App& command) {
-  const auto option = command.add_flag_function(
+  CLI::Option* const option = command.add_flag_function(
       "--short,!--no-short", [this](std::int64_t given) { isShort_ = given > 0; },
       "Short paths in the order in which people count, or full ones (default: short ones on a "
       "terminal)");

@@ -1,13 +1,9 @@
 #include "ReadValue.h"
 
 #include <ICIMClass.h>
-#include <ICIMProperty.h>
 #include <ICIMPropertyDecl.h>
 
-#include <boost/shared_ptr.hpp>
-
 namespace NZELVYR20 {
-namespace {
 
 /// The class is asked first: an instance answers for some properties that nobody declared.
 boost::shared_ptr<ICIMProperty> FindProperty(ICIMInstance& instance, const std::string& name) {
@@ -19,8 +15,6 @@ boost::shared_ptr<ICIMProperty> FindProperty(ICIMInstance& instance, const std::
     return {};
   }
 }
-
-}  // namespace
 
 TCIMValue ReadValue(ICIMInstance& instance, const std::string& name) {
   const auto property = FindProperty(instance, name);

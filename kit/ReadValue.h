@@ -1,16 +1,21 @@
 #pragma once
 
 #include <ICIMInstance.h>
+#include <ICIMProperty.h>
 #include <TCIMValue.h>
 #include <TVYRException.h>
 
+#include <boost/shared_ptr.hpp>
 #include <optional>
 #include <string>
 
 namespace NZELVYR20 {
 
-/// The value of a property; null where the instance has no such property. Unlike
+/// The property of that name; empty where the instance has no such property. Unlike
 /// ICIMInstance::GetProperty it declares nothing.
+boost::shared_ptr<ICIMProperty> FindProperty(ICIMInstance& instance, const std::string& name);
+
+/// Its value; null where there is no such property.
 TCIMValue ReadValue(ICIMInstance& instance, const std::string& name);
 
 /// The same as a C++ type, or nothing where there is no value of that very type:

@@ -4,6 +4,7 @@
 #include "AddCommands.h"
 #include "TAssociationCommands.h"
 #include "TPathForm.h"
+#include "WritePaths.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -28,8 +29,8 @@ void AddTraversalOptions(CLI::App& command, TTraversalArguments& given,
 template <class TWalk>
 TCommand ListPaths(const std::shared_ptr<TTraversalArguments>& given, TWalk walk) {
   return [given, walk](const TCommandContext& context) {
-    context.write((TAssociationCommands(context.nameSpace).*walk)(
-        given->traversal, given->form.IsShort(context.terminal)));
+    WritePaths((TAssociationCommands(context.nameSpace).*walk)(given->traversal),
+               {given->form.IsShort(context.terminal), false}, context.write);
     return 0;
   };
 }

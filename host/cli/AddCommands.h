@@ -7,6 +7,7 @@ namespace NZELVYR20 {
 // One function for each group of commands: their arguments, and whom they call.
 
 void AddInstanceCommands(TCommandSet& commands);
+void AddSqlCommand(TCommandSet& commands);
 void AddClassCommands(TCommandSet& commands);
 void AddMofCommand(TCommandSet& commands);
 void AddAssociationCommands(TCommandSet& commands);

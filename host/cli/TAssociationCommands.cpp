@@ -11,7 +11,6 @@
 #include "ICIMPropertyDecl.h"
 #include "ListAssociators.h"
 #include "ListClasses.h"
-#include "PathLines.h"
 #include "TCommandError.h"
 #include "TInstanceReader.h"
 #include "TSuggestion.h"
@@ -38,13 +37,13 @@ void AddReferenceNames(ICIMClass& association, const std::string& role,
   }
 }
 
-std::string UniquePaths(const TInstanceList& instances, bool isShort) {
+TInstanceList Unique(const TInstanceList& instances) {
   std::set<std::string> seen;
   TInstanceList unique;
   for (const auto& instance : instances) {
     if (seen.insert(instance->GetReference({}).GetPath()).second) unique.push_back(instance);
   }
-  return PathLines(unique, isShort);
+  return unique;
 }
 
 }  // namespace
@@ -76,7 +75,7 @@ void TAssociationCommands::CheckRole(const std::string& role, const std::string&
                                      : "; " + other + " is none"));
 }
 
-std::string TAssociationCommands::Associators(const TTraversal& traversal, bool isShort) const {
+TInstanceList TAssociationCommands::Associators(const TTraversal& traversal) const {
   const std::string assocClass = ResolveAssociation(traversal.assocClass);
   CheckRole(traversal.role, assocClass);
   CheckRole(traversal.resultRole, assocClass);
@@ -84,18 +83,17 @@ std::string TAssociationCommands::Associators(const TTraversal& traversal, bool 
                                                          : finder_.FindClass(traversal.resultClass);
   const auto source = finder_.FindInstance(traversal.path);
 
-  return UniquePaths(
+  return Unique(
       ListAssociators(source, {assocClass, resultClass ? resultClass->GetName({}) : std::string(),
-                               traversal.role, traversal.resultRole}),
-      isShort);
+                               traversal.role, traversal.resultRole}));
 }
 
-std::string TAssociationCommands::References(const TTraversal& traversal, bool isShort) const {
+TInstanceList TAssociationCommands::References(const TTraversal& traversal) const {
   const std::string resultClass = ResolveAssociation(traversal.resultClass);
   CheckRole(traversal.role, resultClass);
   const auto source = finder_.FindInstance(traversal.path);
 
-  return UniquePaths(ListReferences(source, resultClass, traversal.role), isShort);
+  return Unique(ListReferences(source, resultClass, traversal.role));
 }
 
 }  // namespace NZELVYR20

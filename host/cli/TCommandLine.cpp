@@ -11,6 +11,7 @@
 #include "TCommandError.h"
 #include "TCommandSet.h"
 #include "TCompletion.h"
+#include "TFormatOption.h"
 #include "TMofArguments.h"
 #include "TSuggestion.h"
 
@@ -20,8 +21,8 @@ namespace {
 constexpr auto kVersion = "vyrhost " PROGRAM_VERSION;
 
 constexpr auto kFooter =
-    "An object path is a class name with key values, as 'instances' prints it, or as much of one\n"
-    "as is unique:\n"
+    "An object path is a class name with key values, as 'instances' prints it, or as much of\n"
+    "one as is unique:\n"
     "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n"
     "  vyrhost show CIM_ProcessorCore:socket0/core0\n"
     "  vyrhost show eth0\n\n"
@@ -38,6 +39,7 @@ class TParser {
   void AddHostOptions();
 
   TInvocation Complete(std::vector<std::string> arguments, const std::vector<std::string>& typed);
+  void CheckFormat() const;
   CLI::App* FindNamedCommand() const;
   TInvocation Print(const std::string& text) const;
   std::vector<std::string> ListOptions() const;
@@ -67,6 +69,7 @@ TParser::TParser()
   AddHostOptions();
   TMofArguments::AddTo(app_, options_);
   AddInstanceCommands(commands_);
+  AddSqlCommand(commands_);
   AddClassCommands(commands_);
   AddMofCommand(commands_);
   AddAssociationCommands(commands_);
@@ -84,6 +87,7 @@ void TParser::AddHostOptions() {
       ->type_name("N");
   app_.add_flag("--quiet", options_.isQuiet,
                 "Do not report what could not be read; of MOF, report errors only");
+  TFormatOption::AddTo(app_, options_.format, "Without a command: that of 'all'", true);
 }
 
 TInvocation TParser::Parse(int argc, char** argv) {
@@ -99,6 +103,7 @@ TInvocation TParser::Parse(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     throw TUsageError(DescribeError(error), HelpCommand());
   }
+  CheckFormat();
   return {options_, commands_.GetNeeds(), commands_.GetCommand()};
 }
 
@@ -110,6 +115,13 @@ TInvocation TParser::Complete(std::vector<std::string> arguments,
   std::reverse(arguments.begin(), arguments.end());  // as this parse() wants them
   app_.parse(std::move(arguments));
   return {options_, completion.GetNeeds(), completion.GetCommand()};
+}
+
+/// The program's own option also takes what stands after a command that has no such option.
+void TParser::CheckFormat() const {
+  const CLI::App* command = FindNamedCommand();
+  if (!options_.format || !command || command->get_option_no_throw(TFormatOption::kName)) return;
+  throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
 }
 
 TInvocation TParser::Print(const std::string& text) const {

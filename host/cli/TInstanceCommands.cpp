@@ -2,14 +2,10 @@
 
 #include <set>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "ListClasses.h"
 #include "ListElements.h"
-#include "PathLines.h"
-#include "TElementFinder.h"
-#include "TInstanceJson.h"
 #include "TInstanceReader.h"
 #include "TPrinter.h"
 #include "TTable.h"
@@ -19,26 +15,27 @@
 namespace NZELVYR20 {
 namespace {
 
-/// Adds the path and what is not null. An association goes without its path, which would only
-/// repeat the references below it.
-void AppendSummary(std::string& text, ICIMInstance& instance, bool isAssociation) {
+/// The path and what is not null. An association goes without its path, which would only repeat the
+/// references below it.
+std::string SummaryText(ICIMInstance& instance, bool isAssociation, const TTerminal& terminal) {
+  std::string text;
   if (!isAssociation) text += "  " + TPrinter::PathText(instance) + '\n';
-  TTable table(isAssociation ? 2 : 4);
+  TTable table(isAssociation ? 2 : 4, terminal);
   for (const auto& property : ListProperties(instance)) {
     if (!property->GetValue({}).IsNull()) {
       table.AddRow({TInstanceReader::NameOf(*property), TPrinter::PropertyText(*property)});
     }
   }
   table.AppendTo(text);
+  return text;
 }
 
-void AppendSection(std::string& text, const ICIMClass& cimClass, const TInstanceList& instances) {
+void WriteSection(const ICIMClass& cimClass, const TInstanceList& instances,
+                  const TTerminal& terminal, const TWriteText& write) {
+  write(cimClass.GetName({}) + " (" + TText::Count(instances.size(), "instance") + ")");
   const bool isAssociation = cimClass.IsAssociation({});
-  text += (text.empty() ? "" : "\n") + cimClass.GetName({}) + " (" +
-          TText::Count(instances.size(), "instance") + ")";
   for (const auto& instance : instances) {
-    text += '\n';
-    AppendSummary(text, *instance, isAssociation);
+    write('\n' + SummaryText(*instance, isAssociation, terminal));
   }
 }
 
@@ -52,37 +49,31 @@ std::string Marks(const ICIMProperty& property, bool isKey) {
 
 }  // namespace
 
-TInstanceCommands::TInstanceCommands(boost::shared_ptr<ICIMNamespace> nameSpace)
-    : namespace_(std::move(nameSpace)) {}
-
-std::string TInstanceCommands::Overview() const {
-  std::string text;
-  for (const auto& cimClass : ListAllClasses(*namespace_)) {
+void TInstanceCommands::Overview(ICIMNamespace& nameSpace, const TTerminal& terminal,
+                                 const TWriteText& write) {
+  const char* separator = "";
+  for (const auto& cimClass : ListAllClasses(nameSpace)) {
     const TInstanceList instances = ListInstances(*cimClass, false);
-    if (!instances.empty()) AppendSection(text, *cimClass, instances);
+    if (instances.empty()) continue;
+    write(separator);
+    WriteSection(*cimClass, instances, terminal, write);
+    separator = "\n";
   }
-  return text;
 }
 
-std::string TInstanceCommands::List(const std::string& className, bool deep, bool isShort) const {
-  return PathLines(ListInstances(*TElementFinder(namespace_).FindClass(className), deep), isShort);
-}
-
-std::string TInstanceCommands::Show(const std::string& path, EShow form) const {
-  const auto instance = TElementFinder(namespace_).FindInstance(path);
-  if (form == EShow::kJson) return TInstanceJson::Write(*instance);
-  const auto cimClass = instance->GetClass({});
+std::string TInstanceCommands::Show(ICIMInstance& instance, bool isRaw, const TTerminal& terminal) {
+  const auto cimClass = instance.GetClass({});
   const std::set<std::string> keys = TInstanceReader::ListKeyNames(*cimClass);
 
-  TTable table(0);
-  table.AddRow({"Property", "Type", "Marks", "Value"});
-  for (const auto& property : ListProperties(*instance)) {
+  TTable table(0, terminal);
+  table.SetHeader({"Property", "Type", "Marks", "Value"});
+  for (const auto& property : ListProperties(instance)) {
     const std::string name = TInstanceReader::NameOf(*property);
-    table.AddRow({name, TypeText(property->GetType({})), Marks(*property, keys.count(name) > 0),
-                  form == EShow::kRaw ? TPrinter::ValueText(property->GetValue({}))
-                                      : TPrinter::PropertyText(*property)});
+    table.AddRow(
+        {name, TypeText(property->GetType({})), Marks(*property, keys.count(name) > 0),
+         isRaw ? TPrinter::ValueText(property->GetValue({})) : TPrinter::PropertyText(*property)});
   }
-  return "Class  " + cimClass->GetName({}) + "\nPath   " + TPrinter::PathText(*instance) + "\n\n" +
+  return "Class  " + cimClass->GetName({}) + "\nPath   " + TPrinter::PathText(instance) + "\n\n" +
          table.ToString();
 }
 

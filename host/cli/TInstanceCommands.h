@@ -1,33 +1,27 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
 #include <string>
 
+#include "ICIMInstance.h"
 #include "ICIMNamespace.h"
+#include "ListElements.h"
+#include "TTerminal.h"
+#include "TWriteText.h"
 
 namespace NZELVYR20 {
 
-/// The commands that print instances. Each returns its whole output; what the user names and the
-/// namespace lacks is a TCommandError.
+/// What commands print of instances for people.
 class TInstanceCommands {
  public:
-  explicit TInstanceCommands(boost::shared_ptr<ICIMNamespace> nameSpace);
+  TInstanceCommands() = delete;
 
   /// Every instance with its properties, class by class. Null properties, and classes without
   /// instances of their own, are left out.
-  std::string Overview() const;
+  static void Overview(ICIMNamespace& nameSpace, const TTerminal& terminal,
+                       const TWriteText& write);
 
-  /// The paths of a class's instances; with `deep`, also of its subclasses'.
-  std::string List(const std::string& className, bool deep, bool isShort) const;
-
-  /// How values are shown: as people read them, as they are stored, or both, as JSON.
-  enum class EShow { kDisplay, kRaw, kJson };
-
-  /// One instance with all its properties.
-  std::string Show(const std::string& path, EShow form) const;
-
- private:
-  boost::shared_ptr<ICIMNamespace> namespace_;
+  /// One instance with all its properties, as people read them or as they are stored.
+  static std::string Show(ICIMInstance& instance, bool isRaw, const TTerminal& terminal);
 };
 
 }  // namespace NZELVYR20

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "EFormat.h"
 #include "ICIMNamespace.h"
 #include "TMofOptions.h"
 #include "TTerminal.h"
@@ -21,6 +22,7 @@ struct THostOptions {
   std::string root = "/";
   std::optional<int> logLevel;  ///< none: the logger's own threshold
   bool isQuiet = false;
+  std::optional<EFormat> format;      ///< given before the command, or without one
   bool isEmpty = false;               ///< neither the program's schema nor the machine's data
   std::vector<std::string> mofFiles;  ///< files and folders of the user's own
   TMofOptions mofOptions;

@@ -32,9 +32,16 @@ TRepository::TRepository(const THostOptions& options)
 void TRepository::Collect() {
   try {
     notes_ = collector_.Collect(namespace_);
+    origin_.machine = TOrigin::FindMachine(*namespace_);
   } catch (const TVYRException& error) {
     throw TCommandError(std::string("cannot store the machine's data: ") + error.what());
   }
+}
+
+TOrigin TRepository::GetOrigin() const {
+  TOrigin origin = origin_;
+  if (origin.machine.empty()) origin.machine = TOrigin::FindMachine(*namespace_);
+  return origin;
 }
 
 }  // namespace NZELVYR20

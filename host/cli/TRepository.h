@@ -6,6 +6,7 @@
 #include "ICIMNamespace.h"
 #include "TInvocation.h"
 #include "TMachineCollector.h"
+#include "TOrigin.h"
 
 namespace NZELVYR20 {
 
@@ -20,11 +21,14 @@ class TRepository {
 
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return namespace_; }
   const std::vector<TCollectorNote>& GetNotes() const { return notes_; }
+  /// The machine that was collected, or else the first that is there, and when that began.
+  TOrigin GetOrigin() const;
 
  private:
   TMachineCollector collector_;
   boost::shared_ptr<ICIMNamespace> namespace_;
   std::vector<TCollectorNote> notes_;
+  TOrigin origin_{{}, TOrigin::Now()};
 };
 
 }  // namespace NZELVYR20

@@ -6,6 +6,7 @@
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
 #include "TText.h"
+#include "TVYRException.h"
 #include "TypeText.h"
 
 namespace NZELVYR20 {
@@ -33,13 +34,14 @@ bool IsNumber(const ICIMProperty& property) {
 
 std::string TPrinter::PropertyText(const ICIMProperty& property) {
   if (property.IsArray({}) && !property.GetValue({}).IsNull()) {
-    return "{" + TText::Join(property.ToStringVector(), ", ") + "}";
+    return "{" + TText::Join(ElementTexts(property), ", ") + "}";
   }
   return ScalarText(property);
 }
 
 std::string TPrinter::ScalarText(const ICIMProperty& property) {
   std::string text = property.ToString();
+  if (property.GetValue({}).IsReference()) return TText::OneLine(text);
   if (!IsNumber(property)) return text;
   const auto declaration = property.GetDeclaration({});
   if (Find(*declaration, "Values")) return text;
@@ -47,6 +49,19 @@ std::string TPrinter::ScalarText(const ICIMProperty& property) {
   if (units && units->GetValue({}).ToString(10) == "MegaHertz") return text + " MHz";
   const auto base = Find(*declaration, "Base");
   return !units && base && base->GetValue({}).ToString(10) == "16" ? "0x" + text : text;
+}
+
+std::vector<std::string> TPrinter::ElementTexts(const ICIMProperty& property) {
+  try {
+    return property.ToStringVector();
+  } catch (const TVYRException& refusal) {
+    if (refusal.GetStatusCode() != TVYRStatusCode::kTypeMismatch) throw;
+  }
+  std::vector<std::string> texts;
+  for (const auto& element : static_cast<const std::vector<TCIMValue>&>(property.GetValue({}))) {
+    texts.push_back(ValueText(element));
+  }
+  return texts;
 }
 
 std::string TPrinter::ValueText(const TCIMValue& value) { return value.ToString(10); }

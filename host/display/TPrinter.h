@@ -2,6 +2,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <string>
+#include <vector>
 
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
@@ -19,8 +20,13 @@ class TPrinter {
   /// its declaration asks for.
   static std::string PropertyText(const ICIMProperty& property);
   /// The same for one that is no array, which may have several lines: with units that the
-  /// repository's own display does not know, and the mark of a hexadecimal number.
+  /// repository's own display does not know, and the mark of a hexadecimal number. References are
+  /// the paths that lists print.
   static std::string ScalarText(const ICIMProperty& property);
+
+  /// The same for each element of an array that is not null. Where the repository has no display
+  /// for one, such as a null among values with meanings, all are as they are stored.
+  static std::vector<std::string> ElementTexts(const ICIMProperty& property);
 
   /// A value as it is stored.
   static std::string ValueText(const TCIMValue& value);

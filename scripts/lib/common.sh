@@ -5,7 +5,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
   tao-pegtl-dev)
 benchmark_libraries=(libbenchmark-dev libsqlite3-dev)
-test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales zsh)
+test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales jq python3 zsh)
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy

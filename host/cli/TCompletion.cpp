@@ -24,6 +24,13 @@ bool Contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
+/// The parser's own look-up ends the program where memory lacks.
+bool HasName(const CLI::Option& option, const std::string& word) {
+  const auto& names = option.get_lnames();
+  return std::any_of(names.begin(), names.end(),
+                     [&word](const std::string& name) { return "--" + name == word; });
+}
+
 bool TakesValue(const CLI::Option* option) {
   return option != nullptr && option->get_items_expected_max() > 0;
 }
@@ -84,10 +91,13 @@ class TTypedLine {
 };
 
 const CLI::Option* TTypedLine::FindOption(const std::string& word) const {
-  const std::string name = word.substr(0, word.find('='));
-  const CLI::Option* const own =
-      command_ ? std::as_const(*command_).get_option_no_throw(name) : nullptr;
-  return own ? own : std::as_const(app_).get_option_no_throw(name);
+  for (const CLI::App* app : std::initializer_list<const CLI::App*>{command_, &app_}) {
+    if (app == nullptr) continue;
+    for (const CLI::Option* option : app->get_options()) {
+      if (HasName(*option, word.substr(0, word.find('=')))) return option;
+    }
+  }
+  return nullptr;
 }
 
 bool TTypedLine::IsHosts(const CLI::Option* option) const {

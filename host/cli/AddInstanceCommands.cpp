@@ -105,9 +105,10 @@ void AddSelection(CLI::App& list, TInstanceQuery& query) {
                 "With or without the instances of subclasses (default: with)");
   list.add_option("--where", query.where, "Only those for which this SQL expression holds")
       ->type_name("EXPRESSION");
-  list.add_option("--sort", query.sort, "In the order of this property; of -PROPERTY, downwards")
-      ->type_name("PROPERTY");
-  list.add_flag("--descending", query.isDescending, "In the opposite order")->needs("--sort");
+  CLI::Option* sort = list.add_option("--sort", query.sort,
+                                      "In the order of this property; of -PROPERTY, downwards")
+                          ->type_name("PROPERTY");
+  list.add_flag("--descending", query.isDescending, "In the opposite order")->needs(sort);
   list.add_option("--limit", query.limit, "At most so many")
       ->check(CLI::Range(0, std::numeric_limits<int>::max()).description(""))
       ->type_name("N");

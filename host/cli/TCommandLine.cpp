@@ -120,8 +120,14 @@ TInvocation TParser::Complete(std::vector<std::string> arguments,
 /// The program's own option also takes what stands after a command that has no such option.
 void TParser::CheckFormat() const {
   const CLI::App* command = FindNamedCommand();
-  if (!options_.format || !command || command->get_option_no_throw(TFormatOption::kName)) return;
-  throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
+  if (!options_.format || command == nullptr) return;
+  const std::vector<const CLI::Option*> known = command->get_options();
+  const auto isFormat = [](const CLI::Option* option) {
+    return option->get_name() == TFormatOption::kName;
+  };
+  if (std::none_of(known.begin(), known.end(), isFormat)) {
+    throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
+  }
 }
 
 TInvocation TParser::Print(const std::string& text) const {

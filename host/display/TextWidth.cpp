@@ -1,7 +1,7 @@
 #include "TextWidth.h"
 
-#include <locale.h>
-#include <wchar.h>
+#include <clocale>
+#include <cwchar>
 
 #include <boost/locale/utf.hpp>
 #include <string>

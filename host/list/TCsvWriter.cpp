@@ -9,8 +9,10 @@ namespace {
 std::string Quote(const std::string& field) {
   if (!field.empty() && field.find_first_of(",\"\r\n") == std::string::npos) return field;
   std::string quoted = "\"";
-  for (const char letter : field)
-    quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+  for (const char letter : field) {
+    if (letter == '"') quoted += '"';
+    quoted += letter;
+  }
   return quoted + '"';
 }
 

@@ -7,8 +7,8 @@
 
 namespace NZELVYR20 {
 
-/// Runs what SQLite calls, which no exception may pass: gives its status, and a failure's message to
-/// `takeMessage`.
+/// Runs what SQLite calls, which no exception may pass: gives its status, and a failure's message
+/// to `takeMessage`.
 template <class TWork, class TTakeMessage>
 int CallFromSqlite(const TWork& work, const TTakeMessage& takeMessage) noexcept {
   try {

@@ -35,7 +35,7 @@ class TClassCursor : public TCursorBase {
     table_.SetResult(result, (*rows_)[next_], column);
   }
   sqlite3_int64 GetPosition() const {
-    if (rows_ != &found_) return static_cast<sqlite3_int64>(next_ + 1);
+    if (rows_ != &found_) return static_cast<sqlite3_int64>(next_) + 1;
     return table_.GetPosition((*rows_)[next_].get());
   }
 
@@ -59,10 +59,7 @@ TClassCursor& AsCursor(TCursorBase* cursor) { return static_cast<TClassCursor&>(
 std::unique_ptr<TClassTable> MakeTable(sqlite3* database, const TClassSource& source) {
   auto table = std::make_unique<TClassTable>(source.cimClass, source.shared->paths);
   const std::string text = "CREATE TABLE x(" + table->GetDeclaration() + ")";
-  // SQLite asks its authorizer about this, too, as though a table were made.
-  source.shared->isDeclaring = true;
   const int status = sqlite3_declare_vtab(database, text.c_str());
-  source.shared->isDeclaring = false;
   if (status == SQLITE_NOMEM) throw std::bad_alloc();
   if (status != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(database));
   auto& known = source.shared->columns;

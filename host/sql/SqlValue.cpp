@@ -1,14 +1,14 @@
 #include "SqlValue.h"
 
-#include <cmath>
+#include <boost/algorithm/string/replace.hpp>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <new>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
+#include "JsonText.h"
 #include "TCIMDateTime.h"
 #include "TCIMReference.h"
 
@@ -29,25 +29,6 @@ std::string TextOf(const TCIMValue& value, TSqlPaths& paths) {
   }
 }
 
-bool IsNumberOfJson(const TCIMValue& value) {
-  switch (value.GetType()) {
-    case TType::kReal32:
-    case TType::kReal64:
-      return std::isfinite(value.GetType() == TType::kReal32 ? static_cast<float>(value)
-                                                             : static_cast<double>(value));
-    default:
-      return value.GetType() >= TType::kUInt8 && value.GetType() <= TType::kSInt64;
-  }
-}
-
-std::string ElementText(const TCIMValue& value, TSqlPaths& paths) {
-  if (value.IsNull()) return "null";
-  if (value.GetType() == TType::kBoolean) return static_cast<bool>(value) ? "true" : "false";
-  if (IsNumberOfJson(value)) return value.ToString(10);
-  return nlohmann::json(TextOf(value, paths))
-      .dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-}
-
 std::string BlobText(sqlite3_stmt* statement, int column) {
   constexpr char kDigits[] = "0123456789ABCDEF";
   const auto* const bytes =
@@ -60,11 +41,14 @@ std::string BlobText(sqlite3_stmt* statement, int column) {
 }
 
 std::string ArrayText(const TCIMValue& array, TSqlPaths& paths) {
-  std::string text;
-  for (const TCIMValue& element : static_cast<const std::vector<TCIMValue>&>(array)) {
-    text += (text.empty() ? "[" : ",") + ElementText(element, paths);
+  const auto& elements = static_cast<const std::vector<TCIMValue>&>(array);
+  std::vector<std::string> items;
+  items.reserve(elements.size());
+  for (const TCIMValue& element : elements) {
+    const bool isPath = element.IsReference() && !element.IsNull();
+    items.push_back(isPath ? JsonText(TextOf(element, paths)) : JsonScalar(element));
   }
-  return (text.empty() ? "[" : text) + "]";
+  return JsonLine("[]", items);
 }
 
 void SetUnsigned(sqlite3_context* result, std::uint64_t number) {
@@ -138,9 +122,7 @@ TCIMValue ReadSqlCell(sqlite3_stmt* statement, int column) {
 }
 
 std::string QuoteSqlName(const std::string& name) {
-  std::string quoted = "\"";
-  for (const char letter : name) quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
-  return quoted + '"';
+  return '"' + boost::replace_all_copy(name, "\"", "\"\"") + '"';
 }
 
 const char* SqlTypeOf(TCIMValue::TCIMType type) {

@@ -64,10 +64,17 @@ std::string TClassTable::GetDeclaration() const {
   return text;
 }
 
+std::vector<std::string> TClassTable::ListReferences() const {
+  std::vector<std::string> references;
+  for (int column = 0; column < static_cast<int>(names_.size()); ++column) {
+    if (IsReference(column)) references.push_back(names_[static_cast<std::size_t>(column)]);
+  }
+  return references;
+}
+
 bool TClassTable::IsReference(int column) const {
-  return column >= kFirstProperty &&
-         types_[static_cast<std::size_t>(column) - kFirstProperty] ==
-             TCIMValue::TCIMType::kReference;
+  return column >= kFirstProperty && types_[static_cast<std::size_t>(column) - kFirstProperty] ==
+                                         TCIMValue::TCIMType::kReference;
 }
 
 std::optional<TClassTable::TPromise> TClassTable::FindPromise(sqlite3_index_info& info,
@@ -77,7 +84,7 @@ std::optional<TClassTable::TPromise> TClassTable::FindPromise(sqlite3_index_info
   const bool isExact = sqlite3_stricmp(sqlite3_vtab_collation(&info, constraint), "BINARY") == 0;
   if (given.iColumn == kPathColumn && isExact) return TPromise{kPath, 2, 1};
   if (given.iColumn == kClassColumn) {
-    const auto some = static_cast<sqlite3_int64>(GetAll().size() / 2 + 1);
+    const auto some = static_cast<sqlite3_int64>(GetAll().size()) / 2 + 1;
     return TPromise{kClass, static_cast<double>(some) * 2, some};
   }
   if (!isExact || !IsReference(given.iColumn)) return std::nullopt;

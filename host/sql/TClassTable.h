@@ -29,6 +29,8 @@ class TClassTable : public sqlite3_vtab {
   const std::vector<std::string>& GetColumns() const { return names_; }
   /// The columns with their types, as CREATE TABLE has them between its brackets.
   std::string GetDeclaration() const;
+  /// The names of those columns that hold references.
+  std::vector<std::string> ListReferences() const;
 
   /// Tells SQLite which of its constraints save looking at every row.
   void ChoosePlan(sqlite3_index_info& info);

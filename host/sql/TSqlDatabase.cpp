@@ -13,8 +13,7 @@ namespace NZELVYR20 {
 namespace {
 
 /// What SQLite asks before it compiles a step.
-int AllowReading(void* shared, int action, const char* name, const char*, const char*, const char*) {
-  if (static_cast<TSqlShared*>(shared)->isDeclaring) return SQLITE_OK;
+int AllowReading(void*, int action, const char* name, const char*, const char*, const char*) {
   switch (action) {
     case SQLITE_SELECT:
     case SQLITE_READ:
@@ -26,6 +25,9 @@ int AllowReading(void* shared, int action, const char* name, const char*, const 
       return std::strcmp(name, "table_info") == 0 || std::strcmp(name, "table_xinfo") == 0
                  ? SQLITE_OK
                  : SQLITE_DENY;
+    case SQLITE_UPDATE:
+      // What it asks where it meets a virtual table; a statement cannot do that.
+      return std::strcmp(name, "sqlite_master") == 0 ? SQLITE_OK : SQLITE_DENY;
     default:
       return SQLITE_DENY;
   }
@@ -53,11 +55,12 @@ TSqlDatabase::TSqlDatabase(const boost::shared_ptr<ICIMNamespace>& nameSpace)
   const bool isWhole =
       sqlite3_db_config(Get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr) == SQLITE_OK &&
       std::all_of(sources_.begin(), sources_.end(), add) &&
-      AddDisplayFunction(Get(), shared_) == SQLITE_OK;
+      AddDisplayFunction(Get(), shared_) == SQLITE_OK &&
+      sqlite3_exec(Get(), "PRAGMA temp_store = MEMORY", nullptr, nullptr, nullptr) == SQLITE_OK;
   if (!isWhole) throw std::bad_alloc();
 }
 
-void TSqlDatabase::Protect() { sqlite3_set_authorizer(Get(), AllowReading, &shared_); }
+void TSqlDatabase::Protect() const { sqlite3_set_authorizer(Get(), AllowReading, nullptr); }
 
 /// `next` becomes where the text after the statement begins. A comment gives no statement.
 TSqlCompiled TSqlDatabase::Prepare(const TSqlText& text, std::size_t begin, std::size_t& next) {

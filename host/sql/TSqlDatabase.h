@@ -28,7 +28,7 @@ class TSqlDatabase {
   TSqlPaths& GetPaths() { return shared_.paths; }
 
   /// Lets statements read and do nothing else, from now on.
-  void Protect();
+  void Protect() const;
 
   /// Compiles a text that must be exactly one statement that reads. Throws TCommandError.
   TSqlCompiled Compile(const TSqlText& text);

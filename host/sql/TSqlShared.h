@@ -18,7 +18,6 @@ struct TSqlShared {
   boost::shared_ptr<ICIMNamespace> nameSpace;
   TSqlPaths paths;
   std::vector<std::string> columns;  ///< of the tables that were named until now
-  bool isDeclaring = false;          ///< whether SQLite is being told of a table's columns
   std::set<std::string> properties;  ///< of all classes; empty before it is asked for
 };
 

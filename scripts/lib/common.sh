@@ -3,16 +3,19 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
-  tao-pegtl-dev)
-benchmark_libraries=(libbenchmark-dev libsqlite3-dev)
-test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales jq python3 zsh)
+  tao-pegtl-dev libsqlite3-dev)
+benchmark_libraries=(libbenchmark-dev)
+# What 32-bit x86 needs besides.
+multilib_packages=(g++-multilib libsqlite3-0:i386)
+test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales
+  sqlite3 jq python3 zsh)
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck python3)
 docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
-abi_packages=("${run_packages[@]}" g++-multilib abigail-tools)
+abi_packages=("${run_packages[@]}" "${multilib_packages[@]}" abigail-tools)
 memcheck_packages=("${test_packages[@]}" valgrind)
 package_packages=("${run_packages[@]}" dpkg-dev file pkgconf clang)
 
@@ -21,8 +24,12 @@ fail() {
   exit 1
 }
 
+# installed PACKAGE[:ARCHITECTURE]: without one in that of this machine.
 installed() {
-  [[ $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+  local architecture=${1#*:}
+  [[ $1 == *:* ]] || architecture=$(dpkg --print-architecture)
+  dpkg-query -W -f '${db:Status-Status} ${Architecture}\n' "$1" 2>/dev/null |
+    grep -qxE "installed ($architecture|all)"
 }
 
 # need PACKAGE...: installs those that are missing; prints nothing when none is.
@@ -39,6 +46,7 @@ need() {
     as_root=(sudo)
   fi
   echo "Installing ${missing[*]}" >&2
+  [[ ${missing[*]} != *:i386* ]] || "${as_root[@]}" dpkg --add-architecture i386
   # One unreachable source need not matter: whether the packages can be had is for install to say.
   "${as_root[@]}" apt-get -qq update </dev/null >&2 || true
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -y --no-install-recommends \

@@ -74,7 +74,11 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {"class", "MY_RackOfTheHall"},
       {},
       {"show", path, "--json"},
+      {"instances", "MY_Rack", "--sort", "-Power", "--format", "table"},
+      {"--format", "csv"},
+      {"--format", "json"},
       {"mof"},
+      {"sql", "SELECT path, display(path, 'TagOfTheRack') FROM MY_Rack"},
   };
   std::map<EKind, int> tried;
   for (const auto& command : commands) {

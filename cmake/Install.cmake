@@ -45,6 +45,8 @@ install(DIRECTORY schema DESTINATION ${CMAKE_INSTALL_DATADIR}/vyr
         FILES_MATCHING PATTERN *.mof)
 install(FILES host/cli/completion/vyrhost.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME vyrhost)
+install(FILES host/cli/completion/_vyrhost
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md)

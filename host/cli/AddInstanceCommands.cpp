@@ -13,7 +13,9 @@
 #include "TInstanceQuery.h"
 #include "TInstanceWriter.h"
 #include "TMofWriteOrder.h"
+#include "TPathForm.h"
 #include "TRepository.h"
+#include "WritePaths.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -40,6 +42,7 @@ struct TListArguments : TFormArguments {
   TInstanceQuery query;
   std::vector<std::string> properties;
   bool isCount = false;
+  TPathForm form;
 };
 
 struct TShowArguments : TFormArguments {
@@ -57,7 +60,8 @@ void List(const TListArguments& given, const TCommandContext& context) {
   } else if (given.isRaw || given.Find(context)) {
     given.MakeWriter(context).WriteList(instances);
   } else {
-    TInstanceCommands::WritePaths(instances, context.write);
+    WritePaths(instances, {given.form.IsShort(context.terminal), !given.query.sort.empty()},
+               context.write);
   }
 }
 
@@ -124,6 +128,7 @@ void AddInstanceList(TCommandSet& commands) {
       ->type_name("A,B,...");
   TFormatOption::AddTo(*list, given->format, kFormatHelp, true);
   list->add_flag("--raw", given->isRaw, "Values as they are stored, without texts and units");
+  given->form.AddTo(*list);
   list->add_flag("--count", given->isCount, "Print only how many there are");
 }
 

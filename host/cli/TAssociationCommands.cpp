@@ -13,7 +13,6 @@
 #include "ListClasses.h"
 #include "TCommandError.h"
 #include "TInstanceReader.h"
-#include "TPrinter.h"
 #include "TSuggestion.h"
 #include "TVYRException.h"
 #include "TypeText.h"
@@ -38,15 +37,13 @@ void AddReferenceNames(ICIMClass& association, const std::string& role,
   }
 }
 
-std::string UniquePaths(const TInstanceList& instances) {
+TInstanceList Unique(const TInstanceList& instances) {
   std::set<std::string> seen;
-  std::string text;
+  TInstanceList unique;
   for (const auto& instance : instances) {
-    if (seen.insert(instance->GetReference({}).GetPath()).second) {
-      text += TPrinter::PathText(*instance) + "\n";
-    }
+    if (seen.insert(instance->GetReference({}).GetPath()).second) unique.push_back(instance);
   }
-  return text;
+  return unique;
 }
 
 }  // namespace
@@ -78,7 +75,7 @@ void TAssociationCommands::CheckRole(const std::string& role, const std::string&
                                      : "; " + other + " is none"));
 }
 
-std::string TAssociationCommands::Associators(const TTraversal& traversal) const {
+TInstanceList TAssociationCommands::Associators(const TTraversal& traversal) const {
   const std::string assocClass = ResolveAssociation(traversal.assocClass);
   CheckRole(traversal.role, assocClass);
   CheckRole(traversal.resultRole, assocClass);
@@ -86,17 +83,17 @@ std::string TAssociationCommands::Associators(const TTraversal& traversal) const
                                                          : finder_.FindClass(traversal.resultClass);
   const auto source = finder_.FindInstance(traversal.path);
 
-  return UniquePaths(
+  return Unique(
       ListAssociators(source, {assocClass, resultClass ? resultClass->GetName({}) : std::string(),
                                traversal.role, traversal.resultRole}));
 }
 
-std::string TAssociationCommands::References(const TTraversal& traversal) const {
+TInstanceList TAssociationCommands::References(const TTraversal& traversal) const {
   const std::string resultClass = ResolveAssociation(traversal.resultClass);
   CheckRole(traversal.role, resultClass);
   const auto source = finder_.FindInstance(traversal.path);
 
-  return UniquePaths(ListReferences(source, resultClass, traversal.role));
+  return Unique(ListReferences(source, resultClass, traversal.role));
 }
 
 }  // namespace NZELVYR20

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ICIMNamespace.h"
+#include "ListElements.h"
 #include "TElementFinder.h"
 
 namespace NZELVYR20 {
@@ -17,19 +18,20 @@ struct TTraversal {
   std::string resultRole;
 };
 
-/// The commands that follow associations. Each returns paths, one per line, each once and in order
-/// of first appearance; what the user names and the namespace lacks is a TCommandError. A role is
-/// the end at which an instance stands; the repository takes roles without a look at where they
-/// lead, and finds one end at most, so it is asked for all associations of the instance.
+/// The commands that follow associations. Each returns instances, each once and in order of
+/// first appearance; what the user names and the namespace lacks is a
+/// TCommandError. A role is the end at which an instance stands; the repository takes roles without
+/// a look at where they lead, and finds one end at most, so it is asked for all associations of the
+/// instance.
 class TAssociationCommands {
  public:
   explicit TAssociationCommands(boost::shared_ptr<ICIMNamespace> nameSpace);
 
   /// The instances at the other ends, of which an association may have several.
-  std::string Associators(const TTraversal& traversal) const;
+  TInstanceList Associators(const TTraversal& traversal) const;
 
   /// The association instances themselves.
-  std::string References(const TTraversal& traversal) const;
+  TInstanceList References(const TTraversal& traversal) const;
 
  private:
   std::string ResolveAssociation(const std::string& className) const;

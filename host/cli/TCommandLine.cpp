@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "AddCommands.h"
 #include "TCommandError.h"
 #include "TCommandSet.h"
+#include "TCompletion.h"
 #include "TFormatOption.h"
 #include "TMofArguments.h"
 #include "TSuggestion.h"
@@ -19,8 +21,11 @@ namespace {
 constexpr auto kVersion = "vyrhost " PROGRAM_VERSION;
 
 constexpr auto kFooter =
-    "An object path is a class name with key values, as 'instances' prints it:\n"
-    "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n\n"
+    "An object path is a class name with key values, as 'instances' prints it, or as much of\n"
+    "one as is unique:\n"
+    "  vyrhost show 'CIM_ProcessorCore.InstanceID=\"socket0/core0\"'\n"
+    "  vyrhost show CIM_ProcessorCore:socket0/core0\n"
+    "  vyrhost show eth0\n\n"
     "Options may also follow the command.\n"
     "Exit status: 0 for success, 1 for a failure, 2 for a wrong command line, 3 where\n"
     "'diff' finds differences.";
@@ -34,6 +39,7 @@ class TParser {
  private:
   void AddHostOptions();
 
+  TInvocation Complete(std::vector<std::string> arguments, const std::vector<std::string>& typed);
   void CheckFormat() const;
   CLI::App* FindNamedCommand() const;
   TInvocation Print(const std::string& text) const;
@@ -90,7 +96,7 @@ void TParser::AddHostOptions() {
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
       ->expected(1)
       ->allow_extra_args(false)
-      ->check(CLI::IsMember({"processes", "packages"}).description(""))
+      ->check(CLI::IsMember({"processes", "packages"}))
       ->type_name("AREA");
   app_.add_option("--log-level", options_.logLevel,
                   "The highest level of log messages to print (default: 3; -1 for none)")
@@ -101,7 +107,10 @@ void TParser::AddHostOptions() {
 }
 
 TInvocation TParser::Parse(int argc, char** argv) {
+  std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
+  const std::vector<std::string> typed = TCompletion::TakeWords(arguments);
   try {
+    if (!typed.empty()) return Complete(std::move(arguments), typed);
     app_.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
     return Print(app_.help());
@@ -112,6 +121,16 @@ TInvocation TParser::Parse(int argc, char** argv) {
   }
   CheckFormat();
   return {options_, commands_.GetNeeds(), commands_.GetCommand()};
+}
+
+TInvocation TParser::Complete(std::vector<std::string> arguments,
+                              const std::vector<std::string>& typed) {
+  const TCompletion completion(app_, typed);
+  const std::vector<std::string>& hostWords = completion.GetHostWords();
+  arguments.insert(arguments.end(), hostWords.begin(), hostWords.end());
+  std::reverse(arguments.begin(), arguments.end());  // as this parse() wants them
+  app_.parse(std::move(arguments));
+  return {options_, completion.GetNeeds(), completion.GetCommand()};
 }
 
 /// The program's own option also takes what stands after a command that has no such option.

@@ -28,7 +28,7 @@ CLI::Option* TFormatOption::AddTo(CLI::App& command, std::optional<EFormat>& for
   };
   return command.add_option_function<std::string>(kName, take, help)
       ->type_name("FORMAT")
-      ->check(CLI::IsMember(names).description(""));
+      ->check(CLI::IsMember(names));
 }
 
 }  // namespace NZELVYR20

@@ -61,10 +61,6 @@ void TInstanceCommands::Overview(ICIMNamespace& nameSpace, const TTerminal& term
   }
 }
 
-void TInstanceCommands::WritePaths(const TInstanceList& instances, const TWriteText& write) {
-  for (const auto& instance : instances) write(TPrinter::PathText(*instance) + '\n');
-}
-
 std::string TInstanceCommands::Show(ICIMInstance& instance, bool isRaw, const TTerminal& terminal) {
   const auto cimClass = instance.GetClass({});
   const std::set<std::string> keys = TInstanceReader::ListKeyNames(*cimClass);

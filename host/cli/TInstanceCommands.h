@@ -20,9 +20,6 @@ class TInstanceCommands {
   static void Overview(ICIMNamespace& nameSpace, const TTerminal& terminal,
                        const TWriteText& write);
 
-  /// The paths, one per line.
-  static void WritePaths(const TInstanceList& instances, const TWriteText& write);
-
   /// One instance with all its properties, as people read them or as they are stored.
   static std::string Show(ICIMInstance& instance, bool isRaw, const TTerminal& terminal);
 };

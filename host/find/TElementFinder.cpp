@@ -13,6 +13,9 @@
 #include "ListClasses.h"
 #include "TInstanceReader.h"
 #include "TScopedSilence.h"
+#include "TShortPathFinder.h"
+#include "TShortPathReader.h"
+#include "TShortPaths.h"
 #include "TSuggestion.h"
 #include "TText.h"
 #include "TypeText.h"
@@ -90,6 +93,15 @@ TCommandError InstanceError(const TCIMReference& path) {
       (missing.empty() ? "" : ": the path lacks " + KeysText(*path.GetClass(), missing)));
 }
 
+TCommandError AmbiguityError(const std::string& path, const TInstanceList& found) {
+  constexpr std::size_t kMostNamed = 10;
+  std::vector<std::string> named = TShortPaths::List(found);
+  const std::size_t rest = named.size() - std::min(named.size(), kMostNamed);
+  named.resize(named.size() - rest);
+  return TCommandError(path + " is not unique: " + TText::Join(named, ", ") +
+                       (rest == 0 ? "" : " and " + std::to_string(rest) + " more"));
+}
+
 }  // namespace
 
 TElementFinder::TElementFinder(boost::shared_ptr<ICIMNamespace> nameSpace)
@@ -144,11 +156,50 @@ TCIMReference TElementFinder::ParsePath(const std::string& path) const {
   }
 }
 
-boost::shared_ptr<ICIMInstance> TElementFinder::FindInstance(const std::string& path) const {
+boost::shared_ptr<ICIMInstance> TElementFinder::FindByFullPath(const std::string& path) const {
   const TCIMReference reference = ParsePath(path);
   auto instance = namespace_->GetInstance(reference, {});
   if (!instance) throw InstanceError(reference);
   return instance;
+}
+
+boost::shared_ptr<ICIMInstance> TElementFinder::FindByShortPath(const std::string& path) const {
+  const TShortPathFinder finder(namespace_,
+                                [this](const std::string& inner) { return ResolvePath(inner); });
+  const TInstanceList found = finder.Find(TText::RestorePath(path));
+  if (found.size() > 1) throw AmbiguityError(path, found);
+  return found.empty() ? boost::shared_ptr<ICIMInstance>() : found.front();
+}
+
+/// Of a path that is none in either way, what is wrong with it as the one that it looks like.
+TCommandError TElementFinder::ShortPathError(const std::string& path,
+                                             const TCommandError& fullPathError) const {
+  if (path.find('=') != std::string::npos) return fullPathError;
+  const auto cimClass = TShortPathReader(namespace_).FindClass(path);
+  if (!cimClass) {
+    return TCommandError(std::string(fullPathError.what()) + " (nor has an instance such a key)");
+  }
+  if (path.find(':') == std::string::npos) return fullPathError;
+  return TCommandError("no instance " + path +
+                       TSuggestion::For(path, TShortPaths::List(ListInstances(*cimClass, true))));
+}
+
+/// A path may also lead where nothing is any more.
+std::string TElementFinder::ResolvePath(const std::string& path) const {
+  try {
+    return FindInstance(path)->GetReference({}).GetPath();
+  } catch (const TCommandError&) {
+    return path;
+  }
+}
+
+boost::shared_ptr<ICIMInstance> TElementFinder::FindInstance(const std::string& path) const {
+  try {
+    return FindByFullPath(path);
+  } catch (const TCommandError& error) {
+    if (auto instance = FindByShortPath(path)) return instance;
+    throw ShortPathError(path, error);
+  }
 }
 
 }  // namespace NZELVYR20

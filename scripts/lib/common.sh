@@ -8,7 +8,7 @@ benchmark_libraries=(libbenchmark-dev)
 # What 32-bit x86 needs besides.
 multilib_packages=(g++-multilib libsqlite3-0:i386)
 test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales
-  sqlite3 jq python3 graphviz)
+  sqlite3 jq python3 graphviz zsh)
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy

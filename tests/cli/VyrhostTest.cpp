@@ -97,6 +97,9 @@ TEST_F(VyrhostTest, EveryListedPathCanBeShown) {
     EXPECT_EQ(outcome.status, 0) << outcome.errors;
     EXPECT_TRUE(Contains(outcome.output, "\nPath   " + path + "\n")) << outcome.output;
   }
+  for (const auto& path : Lines(Execute({"instances", "CIM_LogicalPort", "--short"}).output)) {
+    EXPECT_EQ(Execute({"show", path}).status, 0) << path;
+  }
 }
 
 TEST_F(VyrhostTest, NotesGoToStandardErrorUnlessQuiet) {

@@ -66,6 +66,8 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
       {"show", "MY_Rack"},
       {"classes", "--tree"},
       {"instances", "MY_Rack"},
+      {"instances", "MY_Rack", "--short"},
+      {"show", "MY_Rack:THE FIRST OF THE RACKS"},
       {"associators", path},
       {"show", path},
       {"references", path},

@@ -53,6 +53,8 @@ TEST_F(VyrhostHistory, Commands) {
                         {"$port", kPort},
                         {"$half", Write("half.mof", text.substr(0, text.size() - 9))}};
   CheckCommands("history.txt", words);
+  const std::string notes = Execute({"instances", "CIM_System"}).errors;
+  EXPECT_EQ(Execute({"watch", "--every", "0", "--rounds", "3"}).errors, notes) << "each once";
 }
 
 TEST_F(VyrhostHistory, WhereThereIsNoRoomTheOldSnapshotStays) {

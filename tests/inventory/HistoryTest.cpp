@@ -14,7 +14,7 @@
 namespace NZELVYR20 {
 namespace {
 
-const char* const kSchema =
+const char* const kHistorySchema =
     "class T { [Key] string Id; uint32 N; string Text; string Many[]; [Units(\"Bytes\")] uint64 "
     "Size;"
     " [Gauge] uint32 Free; [Momentary] datetime Now; };"
@@ -24,7 +24,7 @@ const char* const kSchema =
 /// A namespace with that schema, and the text in it.
 struct TSide : TLoadedMof {
   explicit TSide(const std::string& text) {
-    LoadFile(VYR_SCHEMA_DIR "/qualifiers.mof").LoadText(kSchema + text);
+    LoadFile(VYR_SCHEMA_DIR "/qualifiers.mof").LoadText(kHistorySchema + text);
     EXPECT_EQ(TakeMessages(), "");
   }
 };

@@ -23,6 +23,8 @@ class TSoakHost {
   void Poll();
 
  private:
+  static constexpr unsigned kPollsForEachWatch = 10;
+
   void Refresh();
   void AllocateClassesAgain();
   void DeclareAgain();
@@ -42,6 +44,7 @@ class TSoakHost {
   const boost::shared_ptr<ICIMNamespace> present_;
   TWatch watch_;
   unsigned round_ = 0;
+  unsigned polls_ = 0;
 };
 
 }  // namespace NZELVYR20

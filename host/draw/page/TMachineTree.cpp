@@ -49,7 +49,17 @@ std::string FileSystemText(ICIMInstance& fileSystem) {
               Text(fileSystem, "AvailableSpace", " free")});
 }
 
-std::string PortText(ICIMInstance& port) {
+/// The addresses that a port has.
+std::string AddressesText(const boost::shared_ptr<ICIMInstance>& port) {
+  std::vector<std::string> addresses;
+  for (const auto& address : ListAssociators(port, {"CIM_DeviceSAPImplementation", "", "", ""})) {
+    addresses.push_back(Text(*address, "ElementName"));
+  }
+  if (addresses.size() > kMostNames) addresses.resize(kMostNames);
+  return List(addresses);
+}
+
+std::string PortText(ICIMInstance& port, const std::string& addresses) {
   std::string state;
   if (const auto known = ReadAs<std::vector<TCIMValue>>(port, "OperationalStatus")) {
     const auto property = port.GetProperty("OperationalStatus", {});
@@ -58,7 +68,7 @@ std::string PortText(ICIMInstance& port) {
   const std::string technology = Text(port, "LinkTechnology");
   return Row(Text(port, "DeviceID"),
              {technology == "Other" ? Text(port, "OtherLinkTechnology") : technology,
-              Text(port, "EnabledState"), state, Text(port, "Speed")});
+              Text(port, "EnabledState"), state, Text(port, "Speed"), addresses});
 }
 
 }  // namespace
@@ -97,13 +107,16 @@ void TMachineTree::AddSystem() {
   if (!boxes.empty()) {
     model = List({Text(*boxes.front(), "Manufacturer"), Text(*boxes.front(), "Model")});
   }
-  Add(0, Row(names.empty() ? "Repository" : List(names), {model}));
+  const std::string kind = systems.empty() ? "" : Text(*systems.front(), "Description");
+  Add(0, Row(names.empty() ? "Repository" : List(names), {model, kind}));
+  const std::size_t count = inventory_.Take("CIM_PhysicalMemory").size();
+  const std::string modules = count == 0 ? std::string() : TText::Count(count, "module");
   for (const auto& system : inventory_.Take("CIM_OperatingSystem")) {
     Add(1, Row(Text(*system, "Name"),
                {Text(*system, "Version"), Text(*system, "LastBootUpTime", "", "started ")}));
     const std::string memory =
         List({Text(*system, "TotalVisibleMemorySize"), Text(*system, "FreePhysicalMemory", " free"),
-              Text(*system, "SizeStoredInPagingFiles", "", "swap ")});
+              Text(*system, "SizeStoredInPagingFiles", "", "swap "), modules});
     if (!memory.empty()) Add(1, "Memory  " + memory);
   }
 }
@@ -111,7 +124,11 @@ void TMachineTree::AddSystem() {
 void TMachineTree::AddProcessors() {
   const TInstanceList sockets = inventory_.Take("CIM_Processor");
   const std::size_t cores = inventory_.Take("CIM_ProcessorCore").size();
-  const std::size_t caches = inventory_.Take("CIM_Memory").size();
+  const std::size_t threads = inventory_.Take("CIM_HardwareThread").size();
+  const TInstanceList memories = inventory_.Take("CIM_Memory");
+  const auto caches = static_cast<std::size_t>(std::count_if(
+      memories.begin(), memories.end(),
+      [](const auto& memory) { return Text(*memory, "Purpose") == "Processor cache"; }));
   if (sockets.empty()) return;
   std::set<std::string> models;
   for (const auto& socket : sockets) {
@@ -121,6 +138,7 @@ void TMachineTree::AddProcessors() {
   }
   models.erase("");
   Add(1, Row(List({TText::Count(sockets.size(), "socket"), TText::Count(cores, "core"),
+                   threads == cores ? std::string() : TText::Count(threads, "thread"),
                    TText::Count(caches, "cache")}),
              {TText::Join({models.begin(), models.end()}, " + ")}));
 }
@@ -188,7 +206,13 @@ void TMachineTree::AddPorts() {
   if (ports.empty()) return;
   Add(1, TText::Count(ports.size(), "port"));
   const std::size_t shown = std::min(ports.size(), kMostPorts);
-  for (std::size_t i = 0; i < shown; ++i) Add(2, PortText(*ports[i]));
+  const bool areKnown = inventory_.FindClass("CIM_DeviceSAPImplementation") != nullptr;
+  for (std::size_t i = 0; i < shown; ++i) {
+    Add(2, PortText(*ports[i], areKnown ? AddressesText(ports[i]) : std::string()));
+  }
+  for (const char* const told : {"CIM_ServiceAccessPoint", "CIM_StatisticalData"}) {
+    inventory_.Take(told);
+  }
   AddFold(2, shown, ports.size());
 }
 

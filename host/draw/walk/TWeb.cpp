@@ -1,6 +1,9 @@
 #include "TWeb.h"
 
+#include <iterator>
+#include <map>
 #include <string>
+#include <utility>
 
 #include "ListClasses.h"
 
@@ -15,8 +18,21 @@ TInstanceList ListAssociationsOf(ICIMInstance& instance, const std::string& clas
   });
 }
 
+/// The repository asks the classes in no order that two runs would share.
+TInstanceList OrderByClass(TInstanceList associations) {
+  std::map<std::string, TInstanceList> byClass;
+  for (auto& association : associations) {
+    byClass[association->GetClass({})->GetName({})].push_back(std::move(association));
+  }
+  associations.clear();
+  for (auto& [name, group] : byClass) {
+    std::move(group.begin(), group.end(), std::back_inserter(associations));
+  }
+  return associations;
+}
+
 TInstanceList ListAssociationsOf(ICIMInstance& instance, const TClassList& classes) {
-  if (classes.empty()) return ListAssociationsOf(instance, "");
+  if (classes.empty()) return OrderByClass(ListAssociationsOf(instance, ""));
   TInstanceList all;
   for (const auto& cimClass : classes) {
     const TInstanceList some = ListAssociationsOf(instance, cimClass->GetName({}));

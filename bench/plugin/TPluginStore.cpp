@@ -34,7 +34,7 @@ void TPluginStore::Fill(const std::vector<TDiskRow>& rows) {
   }
 }
 
-const char* TPluginStore::GetClassName() const { return kDisk; }
+const char* TPluginStore::GetClassName() { return kDisk; }
 
 TPluginStore::TPath TPluginStore::MakePath(const TDiskRow& row) const {
   TCIMReference path(space_, {});

@@ -26,7 +26,7 @@ class TPluginStore {
 
   /// For who fills it in another way.
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return space_; }
-  const char* GetClassName() const;
+  static const char* GetClassName();
 
   /// The path knows its text already, as the other stores' paths are texts.
   TPath MakePath(const TDiskRow& row) const;

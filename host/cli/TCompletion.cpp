@@ -197,8 +197,9 @@ std::vector<std::string> TCompletion::TakeWords(std::vector<std::string>& argume
   const std::vector<std::string> call{"complete", "--"};
   const auto start = std::search(arguments.begin(), arguments.end(), call.begin(), call.end());
   if (arguments.end() - start < 3) return {};
+  const auto first = start - arguments.begin();
   std::vector<std::string> words(start + 2, arguments.end());
-  arguments.erase(start, arguments.end());
+  arguments.resize(static_cast<std::size_t>(first));
   return words;
 }
 

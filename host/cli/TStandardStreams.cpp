@@ -1,11 +1,11 @@
 #include "TStandardStreams.h"
 
 #include <langinfo.h>
-#include <locale.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <clocale>
 #include <string>
 #include <string_view>
 #include <system_error>

@@ -110,9 +110,7 @@ void TSavedDatabase::AddRows(const TClassTable& table, const std::string& name,
       QuoteSqlName(columns[0]) + ")) WITHOUT ROWID");
   Run("INSERT INTO " + target + " SELECT * FROM main." + QuoteSqlName(className) + " WHERE " +
       QuoteSqlName(columns[1]) + " = '" + className + "'");
-  for (const std::string& reference : table.ListReferences()) {
-    Run(IndexText(name, reference));
-  }
+  for (const std::string& reference : table.ListReferences()) Run(IndexText(name, reference));
 }
 
 void TSavedDatabase::AddTexts(const TInstanceList& instances) {

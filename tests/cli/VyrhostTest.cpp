@@ -132,10 +132,11 @@ TEST_F(VyrhostTest, DrawsChainsThatAreLongerThanTheStack) {
   chain += "[Association] class MY_On { [Key] MY_0 ref Antecedent; [Key] MY_0 ref Dependent; };\n";
   for (int i = 0; i <= 3000; ++i) {
     const std::string number = std::to_string(i);
-    chain += "instance of MY_0 as $i" + number + " { Id = \"" + number + "\"; };\n";
+    chain += "instance of MY_0 as $i" + number;
+    chain += " { Id = \"" + number + "\"; };\n";
     if (i == 0) continue;
-    chain += "instance of MY_On { Antecedent = $i" + std::to_string(i - 1) + "; Dependent = $i" +
-             number + "; };\n";
+    chain += "instance of MY_On { Antecedent = $i" + std::to_string(i - 1);
+    chain += "; Dependent = $i" + number + "; };\n";
   }
   const std::string file = Write("chain.mof", chain);
   rlimit earlier{};

@@ -31,7 +31,7 @@ std::string FindName(TCollection& collection) {
 
 /// How the managers of containers leave their names.
 std::string FindContainer(const TMachineFiles& files) {
-  const std::string name = files.ReadValue("/run/systemd/container");
+  std::string name = files.ReadValue("/run/systemd/container");
   if (!name.empty()) return name;
   if (files.Find("/.dockerenv").IsOpen()) return "docker";
   return files.Find("/run/.containerenv").IsOpen() ? "podman" : "";
@@ -51,7 +51,7 @@ std::optional<TCIMReference> AddChassis(TCollection& collection, TInstanceDraft&
                                         const std::string& model) {
   draft.Set("Tag", "chassis0").Set("CreationClassName", "CIM_Chassis");
   draft.SetText("Model", model).SetText("ElementName", model);
-  const std::optional<TCIMReference> chassis = collection.Add(draft);
+  std::optional<TCIMReference> chassis = collection.Add(draft);
   if (chassis && collection.GetSystem()) {
     collection.Link(
         collection.DraftDependency("CIM_ComputerSystemPackage", *chassis, *collection.GetSystem()));

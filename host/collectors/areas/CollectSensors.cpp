@@ -82,8 +82,9 @@ void CollectSensors(TCollection& collection, const TPciFunctions& functions) {
     if (chip.empty()) continue;
     // Entries are numbered in the order in which drivers came, which the next start may change.
     const std::string device = files.ReadLinkName(kMonitorsFolder + ("/" + entry) + "/device");
-    std::string name = chip + (device.empty() ? "" : '/' + device);
-    if (!known.insert(name).second) known.insert(name += '/' + entry);
+    std::string name = chip;
+    if (!device.empty()) name.append("/").append(device);
+    if (!known.insert(name).second) known.insert(name.append("/").append(entry));
     const auto measured = functions.find(device);
     AddSensors(collection, {folder, chip, name},
                measured == functions.end() ? std::nullopt : std::optional(measured->second));

@@ -129,9 +129,7 @@ std::map<std::string, std::string> ParseVirtualNetworks(std::string_view text) {
   for (const std::string_view line : SplitLines(text)) {
     const std::optional<TField> name = SplitField(line, '|');
     const std::optional<TField> number = name ? SplitField(name->value, '|') : std::nullopt;
-    if (number && ParseUnsigned(number->name)) {
-      numbers.emplace(name->name, number->name);
-    }
+    if (number && ParseUnsigned(number->name)) numbers.emplace(name->name, number->name);
   }
   return numbers;
 }

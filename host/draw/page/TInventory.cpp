@@ -31,8 +31,9 @@ TInstanceList TInventory::Take(const std::string& className) {
   TLabels labels;
   std::vector<std::pair<std::string, boost::shared_ptr<ICIMInstance>>> named;
   for (const auto& instance : List(className)) {
-    if (told_.insert(instance.get()).second)
+    if (told_.insert(instance.get()).second) {
       named.emplace_back(labels.Read(*instance).name, instance);
+    }
   }
   std::stable_sort(named.begin(), named.end(), [](const auto& left, const auto& right) {
     return CompareNatural(left.first, right.first) < 0;

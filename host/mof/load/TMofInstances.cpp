@@ -117,9 +117,7 @@ std::vector<std::size_t> TMofInstances::GetPathNeeds(std::size_t index) const {
 TCIMReference TMofInstances::GetAliasPath(const TMofLiteral& alias) const {
   const std::string name(alias.text);
   const auto found = byAlias_.find(FoldName(name));
-  if (found == byAlias_.end()) {
-    throw TMofFault(alias.place, "no instance has the alias $" + name);
-  }
+  if (found == byAlias_.end()) throw TMofFault(alias.place, "no instance has the alias $" + name);
   const TDraft& draft = drafts_[found->second];
   if (!draft.instance) {
     leftOut_.Require(AliasKey({alias.text}));

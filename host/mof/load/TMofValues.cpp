@@ -117,9 +117,7 @@ TCIMValue TMofValues::Make(const TMofValue& value, T type) const {
     if (value.IsArray()) throw TMofFault(value.GetPlace(), "one value is expected, not an array");
     return MakeScalar(*value.begin(), type);
   }
-  if (!value.IsArray() && value.begin()->kind == TMofLiteral::kNull) {
-    return TCIMValue::Null(type);
-  }
+  if (!value.IsArray() && value.begin()->kind == TMofLiteral::kNull) return TCIMValue::Null(type);
   std::vector<TCIMValue> elements;
   elements.reserve(value.GetSize());
   for (const TMofLiteral& literal : value) {

@@ -87,8 +87,8 @@ bool IsDocumented(const std::string& name) {
       boost::split(words, cells[cell], boost::is_any_of(", "));
       return std::count(words.begin(), words.end(), word) > 0;
     };
-    if (cells.size() > 3 && has(1, name.substr(0, dot)) && has(2, name.substr(dot + 1)))
-      return true;
+    const bool isRow = cells.size() > 3;
+    if (isRow && has(1, name.substr(0, dot)) && has(2, name.substr(dot + 1))) return true;
   }
   return false;
 }

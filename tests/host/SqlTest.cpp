@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <boost/algorithm/string.hpp>
 #include <iterator>
 #include <set>
 #include <utility>
@@ -104,6 +105,9 @@ TEST(SqlOfAMachine, EveryClassIsATableOfItsInstances) {
 
 using TPairs = std::multiset<TTexts>;
 
+/// As a row shows a text.
+std::string AsText(const std::string& text) { return "string " + text; }
+
 /// Every reference of an association with every other.
 std::vector<std::pair<std::string, std::string>> ListRolePairs(ICIMClass& association) {
   std::vector<std::pair<std::string, std::string>> pairs;
@@ -132,18 +136,20 @@ TEST(SqlOfAMachine, EveryAssociationJoins) {
     if (!cimClass->IsAssociation({})) continue;
     const std::string name = cimClass->GetName({});
     for (const auto& [near, far] : ListRolePairs(*cimClass)) {
-      SCOPED_TRACE(name + ": " + near + " to " + far);
+      SCOPED_TRACE(boost::join(TTexts{name, near, far}, " "));
       TPairs expected;
       for (const auto& from : instances) {
         for (const auto& to : ListAssociators(from, {name, "", near, far})) {
-          expected.insert({"string " + PathOf(*from), "string " + PathOf(*to)});
+          expected.insert({AsText(PathOf(*from)), AsText(PathOf(*to))});
         }
       }
-      const auto rows = Ask(space, "SELECT s.path, t.path FROM CIM_ManagedElement s JOIN " + name +
-                                       " a ON a." + near +
-                                       " = s.path JOIN CIM_ManagedElement t "
-                                       "ON t.path = a." +
-                                       far);
+      std::string statement =
+          "SELECT s.path, t.path FROM CIM_ManagedElement s JOIN ASSOCIATION a ON a.NEAR = s.path "
+          "JOIN CIM_ManagedElement t ON t.path = a.FAR";
+      boost::replace_all(statement, "ASSOCIATION", name);
+      boost::replace_all(statement, "NEAR", near);
+      boost::replace_all(statement, "FAR", far);
+      const auto rows = Ask(space, statement);
       EXPECT_EQ(TPairs(rows.begin(), rows.end()), expected);
       count += expected.size();
     }

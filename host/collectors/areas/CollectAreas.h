@@ -11,6 +11,9 @@
 
 namespace NZELVYR20 {
 
+/// What is none of a list's own, in all of the standard's lists here.
+constexpr std::uint16_t kOther = 1;
+
 /// The storage extents by their names in /sys/block, such as "sda1".
 using TExtents = std::map<std::string, TCIMReference>;
 

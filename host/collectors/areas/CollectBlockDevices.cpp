@@ -9,9 +9,7 @@
 namespace NZELVYR20 {
 namespace {
 
-const char* const kDevicesFolder = "/sys/block";
-
-constexpr std::uint16_t kOther = 1;  ///< in all of the standard's lists here
+const char* const kBlockFolder = "/sys/block";
 
 /// A disk, or a part of one, as its folder shows it.
 struct TDevice {
@@ -115,7 +113,7 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
   }
   SetIdentities(draft, drive, folder);
   const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_SystemDevice");
-  if (path) LinkToFunction(collection_, functions_, kDevicesFolder + ('/' + drive.name), *path);
+  if (path) LinkToFunction(collection_, functions_, kBlockFolder + ('/' + drive.name), *path);
   const auto medium = extents_.find(drive.name);
   if (path && medium != extents_.end()) {
     collection_.Link(collection_.DraftDependency("CIM_MediaPresent", *path, medium->second)
@@ -134,7 +132,7 @@ void TBlockDevices::SetIdentities(TInstanceDraft& draft, const TDevice& drive,
       .Add("Serial number", first("serial", "serial"))
       .Add("World wide name", first("wwid", "wwid"))
       .Add("Firmware", folder.ReadValue(folder.Has("firmware_rev") ? "firmware_rev" : "rev"))
-      .Add("Bus", FindBus(collection_.GetFiles().ReadLink(kDevicesFolder + ('/' + drive.name))))
+      .Add("Bus", FindBus(collection_.GetFiles().ReadLink(kBlockFolder + ('/' + drive.name))))
       .SetIn(draft);
 }
 
@@ -213,7 +211,7 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
 }
 
 TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions) {
-  const TMachineFolder folder = collection.Enter(kDevicesFolder);
+  const TMachineFolder folder = collection.Enter(kBlockFolder);
   TBlockDevices devices(collection, functions);
   for (const std::string& name : folder.GetNames()) devices.AddDevice(name, folder.Enter(name));
   devices.LinkLayers();

@@ -7,7 +7,7 @@
 namespace NZELVYR20 {
 namespace {
 
-const char* const kDevicesFolder = "/sys/bus/pci/devices";
+const char* const kPciFolder = "/sys/bus/pci/devices";
 
 std::optional<std::uint16_t> ReadWord(const TMachineFolder& folder, std::string_view name) {
   constexpr unsigned kBits = 16;
@@ -41,7 +41,7 @@ using TFunctions = std::map<std::string, TFunction>;
 
 TFunctions ListFunctions(const TMachineFiles& files) {
   // Many machines have no PCI at all: that the folder is missing is not worth a note.
-  const TMachineFolder devices(files, kDevicesFolder);
+  const TMachineFolder devices(files, kPciFolder);
   TFunctions functions;
   for (const std::string& name : devices.GetNames()) {
     const std::optional<TPciAddress> address = ParsePciAddress(name);
@@ -77,7 +77,7 @@ TInstanceDraft DraftFunction(const TCollection& collection, const std::string& n
       .Set("RevisionID", ReadRevision(folder, "revision"))
       .Set("ClassCode", ReadClassCode(folder, "class"));
   TIdentities()
-      .Add("Driver", collection.GetFiles().ReadLinkName(kDevicesFolder + ('/' + name) + "/driver"))
+      .Add("Driver", collection.GetFiles().ReadLinkName(kPciFolder + ('/' + name) + "/driver"))
       .SetIn(draft);
   return draft;
 }

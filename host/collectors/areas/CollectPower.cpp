@@ -7,8 +7,6 @@ namespace {
 
 constexpr auto kSuppliesFolder = "/sys/class/power_supply";
 
-constexpr std::uint16_t kOther = 1;
-
 /// Of the name that begins with "energy", in milliwatt-hours; some batteries count their charge
 /// instead.
 std::optional<std::uint32_t> FindCapacity(const TMachineFolder& folder, const std::string& ending) {

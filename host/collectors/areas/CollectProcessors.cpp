@@ -12,8 +12,6 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr std::uint16_t kOther = 1;  ///< in all of the standard's lists here
-
 const char* const kProcessorsFolder = "/sys/devices/system/cpu/";
 
 /// The logical processors of one package.

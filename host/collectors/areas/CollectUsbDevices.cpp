@@ -5,9 +5,7 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr auto kDevicesFolder = "/sys/bus/usb/devices";
-constexpr int kHexadecimal = 16;
-
+constexpr auto kUsbFolder = "/sys/bus/usb/devices";
 /// A device, and what its files say.
 struct TUsbDevice {
   TMachineFolder folder;
@@ -23,7 +21,7 @@ std::optional<TNumber> ReadNumber(const TMachineFolder& folder, const char* name
 
 /// The parts of devices stand here, too: they have no numbers of their own.
 std::map<std::string, TUsbDevice> ListDevices(const TMachineFiles& files) {
-  const TMachineFolder devices(files, kDevicesFolder);
+  const TMachineFolder devices(files, kUsbFolder);
   std::map<std::string, TUsbDevice> found;
   for (const std::string& name : devices.GetNames()) {
     TMachineFolder folder = devices.Enter(name);
@@ -67,7 +65,7 @@ void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions) 
   for (const auto& [name, device] : devices) {
     const auto path = collection.AddPart(
         DraftUsbDevice(collection, name, device, names[device.numbers]), "CIM_SystemDevice");
-    if (path) LinkToFunction(collection, functions, kDevicesFolder + ('/' + name), *path);
+    if (path) LinkToFunction(collection, functions, kUsbFolder + ('/' + name), *path);
   }
 }
 

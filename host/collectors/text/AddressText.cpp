@@ -11,7 +11,6 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr int kHexadecimal = 16;
 constexpr std::uint8_t kAllBits = 32;
 constexpr std::uint64_t kUsable = 1;     ///< of a route's flags
 constexpr std::uint64_t kByGateway = 2;  ///< likewise

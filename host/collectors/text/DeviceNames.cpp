@@ -16,7 +16,7 @@ struct TIdLine {
 std::optional<TIdLine> ParseIdLine(std::string_view line) {
   const std::optional<TField> field = SplitField(line, ' ');
   if (!field) return std::nullopt;
-  const std::optional<std::uint64_t> number = ParseUnsigned(field->name, 16);
+  const std::optional<std::uint64_t> number = ParseUnsigned(field->name, kHexadecimal);
   if (!number || *number > UINT16_MAX) return std::nullopt;
   return TIdLine{static_cast<std::uint16_t>(*number), field->value};
 }

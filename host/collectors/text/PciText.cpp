@@ -7,8 +7,6 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr int kHexadecimal = 16;
-
 std::optional<std::uint8_t> ParseByte(std::string_view text) {
   const std::optional<std::uint64_t> number = ParseUnsigned(text, kHexadecimal);
   if (!number || *number > UINT8_MAX) return std::nullopt;

@@ -8,6 +8,8 @@
 
 namespace NZELVYR20 {
 
+constexpr int kHexadecimal = 16;  ///< the base of such numbers
+
 /// The text without the blanks, line ends and NULs around it: kernel files end with either.
 std::string_view Trim(std::string_view text);
 

@@ -27,7 +27,7 @@ class TNodeCheck {
 
   void CheckPlace(const TMofPlace& place) const {
     const std::string& text = source_.GetText();
-    const std::size_t offset = static_cast<std::size_t>(place.byte - text.data());
+    const auto offset = static_cast<std::size_t>(place.byte - text.data());
     Require(place.byte != nullptr && offset <= text.size(), "a place lies in its text");
     const TMofPosition position = source_.Locate(place);
     Require(position.line > 0 && position.column > 0, "positions count from 1");

@@ -53,7 +53,7 @@ std::string MakeDisksText(const std::string& className, const std::vector<TDiskR
 
 void LoadInstances(benchmark::State& state, std::size_t size) {
   TPluginStore store;
-  const std::string text = MakeDisksText(store.GetClassName(), MakeDiskRows(size));
+  const std::string text = MakeDisksText(TPluginStore::GetClassName(), MakeDiskRows(size));
   for (auto _ : state) {
     TMofLoader loader(store.GetNamespace(), TMofOptions(), [](const std::string&) {});
     loader.ReadText("disks", text);

@@ -196,10 +196,13 @@ ENeeds NeedsFor(EKind kind) {
 std::vector<std::string> TCompletion::TakeWords(std::vector<std::string>& arguments) {
   const std::vector<std::string> call{"complete", "--"};
   const auto start = std::search(arguments.begin(), arguments.end(), call.begin(), call.end());
-  if (arguments.end() - start < 3) return {};
-  const auto first = start - arguments.begin();
-  std::vector<std::string> words(start + 2, arguments.end());
-  arguments.resize(static_cast<std::size_t>(first));
+  const auto first = static_cast<std::size_t>(start - arguments.begin());
+  if (arguments.size() < first + 3) return {};
+  std::vector<std::string> words;
+  for (std::size_t i = first + call.size(); i < arguments.size(); ++i) {
+    words.push_back(arguments[i]);
+  }
+  arguments.resize(first);
   return words;
 }
 

@@ -11,6 +11,7 @@
 #include "ICIMProperty.h"
 #include "ListAssociators.h"
 #include "ReadValue.h"
+#include "TShortPaths.h"
 #include "TText.h"
 
 namespace NZELVYR20 {
@@ -102,7 +103,7 @@ void TMachineTree::AddSystem() {
     names.resize(kMostNames);
     names.emplace_back("others");
   }
-  if (!systems.empty()) subject_ = labels_.Read(*systems.front()).ToShortPath();
+  if (!systems.empty()) subject_ = TShortPaths().For(*systems.front());
   std::string model;
   if (!boxes.empty()) {
     model = List({Text(*boxes.front(), "Manufacturer"), Text(*boxes.front(), "Model")});
@@ -194,7 +195,7 @@ void TMachineTree::AddDisks() {
   Add(1, TText::Count(disks.size(), "disk"));
   const std::size_t end = lines_.size() + kMostDiskLines;
   std::size_t shown = 0;
-  subject_ = labels_.Read(*disks.front()).ToShortPath();
+  subject_ = TShortPaths().For(*disks.front());
   while (shown < std::min(disks.size(), kMostDisks) && (shown == 0 || lines_.size() < end)) {
     AddDisk(disks[shown++], walk);
   }

@@ -9,6 +9,7 @@
 
 #include "NaturalOrder.h"
 #include "TLabels.h"
+#include "TShortPaths.h"
 #include "TText.h"
 #include "TTreeLines.h"
 #include "TTreeShape.h"
@@ -143,9 +144,10 @@ std::vector<TTreeLine> LayOutTree(const TWeb& web, const TDescribe& describe, st
 
 void DrawTree(const TWeb& web, const TTerminal& terminal, const TWriteText& write) {
   TLabels labels;
-  const auto describe = [&labels](ICIMInstance& instance) {
+  TShortPaths shortPaths;
+  const auto describe = [&](ICIMInstance& instance) {
     const TLabel label = labels.Read(instance);
-    return label.ToShortPath() + (label.title.empty() ? "" : "  ") + label.title;
+    return shortPaths.For(instance) + (label.title.empty() ? "" : "  ") + label.title;
   };
   DrawTreeLines(LayOutTree(web, describe, 0, terminal), terminal, write);
 }

@@ -1,11 +1,12 @@
 #include "TLabels.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "FoldName.h"
 #include "ICIMPropertyDecl.h"
-#include "ICIMQualifier.h"
 #include "ListElements.h"
 #include "ReadValue.h"
 #include "TPrinter.h"
@@ -13,12 +14,6 @@
 
 namespace NZELVYR20 {
 namespace {
-
-bool IsOwn(const ICIMClass& cimClass, const std::string& key) {
-  bool isPropagated = false;
-  cimClass.GetPropertyDecl(key, {})->GetQualifier("Propagated", isPropagated, {});
-  return !isPropagated && CompareFolded(key, "CreationClassName") != 0;
-}
 
 bool Declares(const ICIMClass& cimClass, const std::string& name) {
   for (const auto& declaration : ListPropertyDecls(cimClass)) {
@@ -36,10 +31,9 @@ std::string WithoutRemark(const std::string& text) {
 
 TLabels::TClassFacts TLabels::Describe(const boost::shared_ptr<ICIMClass>& cimClass) {
   TClassFacts facts{cimClass, {}, {}};
-  const std::vector<std::string> keys = ListKeyNames(*cimClass);
-  for (const std::string& key : keys) {
-    if (IsOwn(*cimClass, key)) facts.ownKeys.push_back(key);
-  }
+  const std::vector<TInstanceKey> keys = ListInstanceKeys(*cimClass);
+  std::copy_if(keys.begin(), keys.end(), std::back_inserter(facts.ownKeys),
+               [](const TInstanceKey& key) { return key.isOwn; });
   if (facts.ownKeys.empty()) facts.ownKeys = keys;
   for (const char* const name : {"ElementName", "Caption"}) {
     if (Declares(*cimClass, name)) facts.titles.emplace_back(name);
@@ -53,8 +47,8 @@ TLabel TLabels::Read(ICIMInstance& instance) {
   if (found == known_.end()) found = known_.emplace(cimClass.get(), Describe(cimClass)).first;
   std::vector<std::string> values;
   values.reserve(found->second.ownKeys.size());
-  for (const std::string& key : found->second.ownKeys) {
-    values.push_back(TText::OneLine(TPrinter::ValueText(ReadValue(instance, key))));
+  for (const TInstanceKey& key : found->second.ownKeys) {
+    values.push_back(TText::OneLine(TPrinter::ValueText(ReadValue(instance, key.name))));
   }
   TLabel label{cimClass->GetName({}), TText::Join(values, ","), ""};
   for (const std::string& title : found->second.titles) {

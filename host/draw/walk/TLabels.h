@@ -7,6 +7,7 @@
 
 #include "ICIMClass.h"
 #include "ICIMInstance.h"
+#include "ListInstanceKeys.h"
 
 namespace NZELVYR20 {
 
@@ -15,13 +16,9 @@ struct TLabel {
   std::string className;
   std::string name;   ///< that tells it from others of its class: the values of its own keys
   std::string title;  ///< what else is said of it in short; may be empty
-
-  /// Such as "CIM_LogicalDisk:sda".
-  std::string ToShortPath() const { return className + ':' + name; }
 };
 
-/// Reads labels. Keys that tell of which class an instance is, or to which system it belongs, are
-/// not its own.
+/// Reads labels.
 class TLabels {
  public:
   TLabel Read(ICIMInstance& instance);
@@ -29,7 +26,7 @@ class TLabels {
  private:
   struct TClassFacts {
     boost::shared_ptr<ICIMClass> cimClass;  ///< so that its address stays its own
-    std::vector<std::string> ownKeys;
+    std::vector<TInstanceKey> ownKeys;
     std::vector<std::string> titles;  ///< properties that may say more, best first
   };
 

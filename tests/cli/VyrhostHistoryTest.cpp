@@ -109,8 +109,10 @@ TEST_F(VyrhostHistory, AWatchTellsChangesUntilItIsEnded) {
     int status = -1;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, W_EXITCODE(signal == 0 ? 1 : 0, 0));
-    const std::string line =
-        "Z changed " + kPort + ": ActiveMaximumTransmissionUnit: (no value|[0-9]+) -> [0-9]+\n";
+    // The file may be read while it is written, and be empty.
+    const std::string line = "Z changed " + kPort +
+                             ": ActiveMaximumTransmissionUnit: (no value|[0-9]+) -> "
+                             "(no value|[0-9]+)\n";
     EXPECT_TRUE(signal == 0 || std::regex_match(output, std::regex("(20.{17}" + line + ")+")))
         << output;
   }

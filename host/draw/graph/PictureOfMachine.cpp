@@ -131,9 +131,7 @@ void TMachinePicture::AddBoxes() {
   std::iota(order.begin(), order.end(), 0);
   std::vector<std::string> paths;
   paths.reserve(labels_.size());
-  for (const TLabel& label : labels_) {
-    paths.push_back(label.className + ':' + label.name);
-  }
+  for (const TLabel& label : labels_) paths.push_back(label.className + ':' + label.name);
   std::stable_sort(order.begin(), order.end(), [&paths](std::size_t left, std::size_t right) {
     return CompareNatural(paths[left], paths[right]) < 0;
   });

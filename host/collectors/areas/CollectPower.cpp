@@ -7,22 +7,18 @@ namespace {
 
 constexpr auto kSuppliesFolder = "/sys/class/power_supply";
 
-/// Of the name that begins with "energy", in milliwatt-hours; some batteries count their charge
-/// instead.
+/// In milliwatt-hours; some batteries count their charge instead of their energy. Nothing for what
+/// does not fit.
 std::optional<std::uint32_t> FindCapacity(const TMachineFolder& folder, const std::string& ending) {
-  constexpr std::uint64_t kMicro = 1000000;
   constexpr std::uint64_t kMilli = 1000;
-  std::optional<std::uint64_t> energy = ParseUnsigned(folder.ReadValue("energy_" + ending));
-  if (!energy) {
+  std::optional<std::uint64_t> microwattHours = ParseUnsigned(folder.ReadValue("energy_" + ending));
+  if (!microwattHours) {
     const auto charge = ParseUnsigned(folder.ReadValue("charge_" + ending));
     const auto voltage = ParseUnsigned(folder.ReadValue("voltage_min_design"));
-    if (charge && voltage) energy = Multiply(*charge / kMilli, *voltage / kMilli);
-    if (!energy) return std::nullopt;
-    return static_cast<std::uint32_t>(*energy / kMilli);
+    if (charge && voltage) microwattHours = Multiply(*charge / kMilli, *voltage / kMilli);
   }
-  return *energy / kMicro > UINT32_MAX / kMilli
-             ? std::nullopt
-             : std::optional(static_cast<std::uint32_t>(*energy / kMilli));
+  if (!microwattHours || *microwattHours / kMilli > UINT32_MAX) return std::nullopt;
+  return static_cast<std::uint32_t>(*microwattHours / kMilli);
 }
 
 void AddBattery(TCollection& collection, const std::string& name, const TMachineFolder& folder) {

@@ -3,7 +3,7 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
-  tao-pegtl-dev libsqlite3-dev)
+  tao-pegtl-dev libsqlite3-dev libpugixml-dev libcpp-httplib-dev libssl-dev pkgconf)
 benchmark_libraries=(libbenchmark-dev)
 # What 32-bit x86 needs besides.
 multilib_packages=(g++-multilib libsqlite3-0:i386)

@@ -1,0 +1,48 @@
+#include "ScalarText.h"
+
+#include <algorithm>
+
+#include "TCIMDateTime.h"
+#include "TypeText.h"
+
+namespace NZELVYR20 {
+namespace {
+
+using TType = TCIMValue::TCIMType;
+
+/// The protocol's form has eight digits for days: an interval that needs more is the longest.
+std::string DateTimeText(const TCIMDateTime& value) {
+  constexpr std::size_t kLength = 25;
+  std::string text = value.ToCIMString();
+  return text.size() == kLength ? text : "99999999235959.999999:000";
+}
+
+}  // namespace
+
+std::string XmlTypeOf(TType type) {
+  const bool isText = type == TType::kNone || type == TType::kReferenceArray;
+  return isText ? "string" : TypeText(type.GetElementType());
+}
+
+std::string RealText(std::string text) {
+  if (text == "nan") return "NaN";
+  if (text == "inf") return "INF";
+  if (text == "-inf") return "-INF";
+  if (text.find('.') == std::string::npos) text.insert(std::min(text.find('e'), text.size()), ".0");
+  std::replace(text.begin(), text.end(), 'e', 'E');
+  return text;
+}
+
+std::string ScalarText(const TCIMValue& value) {
+  switch (value.GetType()) {
+    case TType::kReal32:
+    case TType::kReal64:
+      return RealText(value.ToString(10));
+    case TType::kDateTime:
+      return DateTimeText(static_cast<TCIMDateTime>(value));
+    default:
+      return value.ToString(10);
+  }
+}
+
+}  // namespace NZELVYR20

@@ -1,7 +1,10 @@
 #include "ScalarText.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 
+#include "FoldName.h"
 #include "TCIMDateTime.h"
 #include "TypeText.h"
 
@@ -43,6 +46,22 @@ std::string ScalarText(const TCIMValue& value) {
     default:
       return value.ToString(10);
   }
+}
+
+std::string BareText(const std::string& text) {
+  constexpr const char* kBlanks = " \t\r\n";
+  constexpr const char* kCharacters =
+      "+-.0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
+  const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
+  const std::string bare = text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
+  if (bare.find_first_not_of(kCharacters) != std::string::npos) return {};
+  const std::size_t hex = FoldName(bare).find("0x");
+  if (hex > 1) return bare;
+  std::uint64_t number = 0;
+  const char* const end = bare.data() + bare.size();
+  const auto result = std::from_chars(bare.data() + hex + 2, end, number, 16);
+  const bool isNumber = result.ec == std::errc() && result.ptr == end;
+  return isNumber ? bare.substr(0, hex) + std::to_string(number) : std::string();
 }
 
 }  // namespace NZELVYR20

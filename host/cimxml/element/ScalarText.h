@@ -16,4 +16,8 @@ std::string ScalarText(const TCIMValue& value);
 /// A real, which ToString() wrote, as the protocol has it: with a point; or NaN, INF, -INF.
 std::string RealText(std::string text);
 
+/// A number or truth value without the blanks around it, of a number with "0x" its decimal digits;
+/// empty where the text can be neither.
+std::string BareText(const std::string& text);
+
 }  // namespace NZELVYR20

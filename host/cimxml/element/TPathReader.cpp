@@ -1,8 +1,6 @@
 #include "TPathReader.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
 #include <cstring>
 #include <iterator>
 #include <stdexcept>
@@ -71,22 +69,11 @@ std::string Quote(const std::string& text) {
   return quoted + '"';
 }
 
-/// A number or truth value as it stands bare in the text of a path.
-std::string BareText(const std::string& text) {
-  constexpr const char* kBlanks = " \t\r\n";
-  constexpr const char* kCharacters =
-      "+-.0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
-  const std::string bare = text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
-  const bool isBare = bare.find_first_not_of(kCharacters) == std::string::npos;
-  if (bare.empty() || !isBare) Refuse('"' + text + "\" is no value of the key's type");
-  const std::size_t digits = FoldName(bare).find("0x");
-  if (digits > 1) return bare;
-  std::uint64_t number = 0;
-  const char* const end = bare.data() + bare.size();
-  const auto result = std::from_chars(bare.data() + digits + 2, end, number, 16);
-  if (result.ec != std::errc() || result.ptr != end) Refuse('"' + text + "\" is no number");
-  return bare.substr(0, digits) + std::to_string(number);
+/// A number or truth value as it stands in the text of a path.
+std::string BareKeyText(const std::string& text) {
+  std::string bare = BareText(text);
+  if (bare.empty()) Refuse('"' + text + "\" is no value of the key's type");
+  return bare;
 }
 
 bool StandsInQuotes(TType type) {
@@ -171,7 +158,7 @@ std::string TPathReader::KeyText(const ICIMClass& cimClass, const std::string& n
   if (type == TType::kReference) return start + Quote(PathText(value, depth + 1));
   if (!IsOneOf(value, {"KEYVALUE"})) Refuse("key " + name + " is no reference");
   const std::string text = ReadText(value);
-  return start + (StandsInQuotes(type) ? Quote(text) : BareText(text));
+  return start + (StandsInQuotes(type) ? Quote(text) : BareKeyText(text));
 }
 
 TType TPathReader::FindKeyType(const ICIMClass& cimClass, const std::string& name) {

@@ -2,10 +2,10 @@
 
 #include "ICIMClass.h"
 #include "ICIMMethodDecl.h"
-#include "ICIMPropertyDecl.h"
+#include "ICIMParameterDecl.h"
 #include "TElementForm.h"
+#include "TPropertyWriter.h"
 #include "TQualifierWriter.h"
-#include "TValueWriter.h"
 #include "TXmlWriter.h"
 
 namespace NZELVYR20 {
@@ -14,19 +14,17 @@ namespace NZELVYR20 {
 class TClassWriter {
  public:
   /// All three outlive the object.
-  TClassWriter(TXmlWriter& xml, TValueWriter& values, TQualifierWriter& qualifiers);
+  TClassWriter(TXmlWriter& xml, TPropertyWriter& properties, TQualifierWriter& qualifiers);
 
   /// CLASS
   void Write(const ICIMClass& cimClass, const TElementForm& form);
 
  private:
-  void WriteProperty(const ICIMPropertyDecl& property, const ICIMClass& cimClass,
-                     const TElementForm& form);
   void WriteMethod(ICIMMethodDecl& method, const ICIMClass& cimClass, const TElementForm& form);
   void WriteParameter(const ICIMParameterDecl& parameter, const TElementForm& form);
 
   TXmlWriter& xml_;
-  TValueWriter& values_;
+  TPropertyWriter& properties_;
   TQualifierWriter& qualifiers_;
 };
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
 #include <optional>
 #include <set>
 #include <string>
@@ -17,13 +16,14 @@ struct TElementForm {
   bool classOrigin = false;  ///< where each property and method was declared
   /// Folded names of properties, of which others are left out; nothing: all are written.
   std::optional<std::set<std::string>> properties;
-  /// Of an instance, only what this class declares or inherits; empty: everything.
-  boost::shared_ptr<ICIMClass> upTo;
 
-  /// Whether the list of properties has the name, in any letter case.
+  /// Whether a property is to be written, by its name in any letter case.
   bool IsListed(const std::string& property) const {
     return !properties || properties->count(FoldName(property)) != 0;
   }
+
+  /// Leaves out properties that the class does not have.
+  void RestrictTo(const ICIMClass& cimClass);
 };
 
 }  // namespace NZELVYR20

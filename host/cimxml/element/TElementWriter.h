@@ -11,6 +11,7 @@
 #include "TElementForm.h"
 #include "TInstanceWriter.h"
 #include "TPathWriter.h"
+#include "TPropertyWriter.h"
 #include "TQualifierWriter.h"
 #include "TValueWriter.h"
 #include "TXmlWriter.h"
@@ -55,6 +56,7 @@ class TElementWriter {
   TPathWriter paths_;
   TValueWriter values_;
   TQualifierWriter qualifiers_;
+  TPropertyWriter properties_;
   TClassWriter classes_;
   TInstanceWriter instances_;
 };

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "ICIMInstance.h"
-#include "ICIMProperty.h"
 #include "TElementForm.h"
-#include "TValueWriter.h"
+#include "TPropertyWriter.h"
 #include "TXmlWriter.h"
 
 namespace NZELVYR20 {
@@ -12,16 +11,14 @@ namespace NZELVYR20 {
 class TInstanceWriter {
  public:
   /// Both outlive the object.
-  TInstanceWriter(TXmlWriter& xml, TValueWriter& values);
+  TInstanceWriter(TXmlWriter& xml, TPropertyWriter& properties);
 
   /// INSTANCE, without qualifiers
   void Write(ICIMInstance& instance, const TElementForm& form);
 
  private:
-  void WriteProperty(const ICIMProperty& property, const TElementForm& form);
-
   TXmlWriter& xml_;
-  TValueWriter& values_;
+  TPropertyWriter& properties_;
 };
 
 }  // namespace NZELVYR20

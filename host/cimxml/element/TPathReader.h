@@ -43,9 +43,11 @@ class TPathReader {
   TObjectName ReadObject(const pugi::xml_node& node) const;
 
  private:
-  TCIMReference ReadInstance(const pugi::xml_node& node, unsigned depth) const;
-  TCIMReference ReadInstanceName(const pugi::xml_node& node, unsigned depth) const;
-  TCIMValue ReadKey(TCIMValue::TCIMType type, const pugi::xml_node& value, unsigned depth) const;
+  std::string PathText(const pugi::xml_node& node, unsigned depth) const;
+  std::string InstanceNameText(const pugi::xml_node& name, unsigned depth) const;
+  std::string KeyText(const ICIMClass& cimClass, const std::string& name,
+                      const pugi::xml_node& value, unsigned depth) const;
+  static TCIMValue::TCIMType FindKeyType(const ICIMClass& cimClass, const std::string& name);
   void CheckNamespace(const pugi::xml_node& path) const;
   boost::shared_ptr<ICIMClass> FindClass(const std::string& name) const;
 

@@ -10,8 +10,11 @@
 
 namespace NZELVYR20 {
 
-/// An attribute of an element; one without a value is not written.
+/// An attribute of an element; one without a value is not written. The text outlives the object.
 struct TXmlAttribute {
+  TXmlAttribute(const char* attribute, std::optional<std::string_view> text)
+      : name(attribute), value(text) {}
+
   const char* name;
   std::optional<std::string_view> value;
 };

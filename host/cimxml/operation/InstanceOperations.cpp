@@ -34,7 +34,7 @@ TResult EnumerateInstances(const TCall& call) {
   TElementForm form = InstanceForm(call.arguments);
   const boost::shared_ptr<ICIMClass> cimClass =
       call.paths.ReadClass(call.arguments.Get("ClassName"));
-  if (!call.arguments.Flag("DeepInheritance", true)) form.upTo = cimClass;
+  if (!call.arguments.Flag("DeepInheritance", true)) form.RestrictTo(*cimClass);
   return ResultOf(ListInstances(*cimClass, true),
                   [form](TElementWriter& elements, ICIMInstance& instance) {
                     elements.WriteNamedInstance(instance, form);

@@ -1,11 +1,12 @@
 #include "TArguments.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
+#include <system_error>
 
 #include "FoldName.h"
 #include "ScalarText.h"
-#include "TCIMValue.h"
 #include "TCimFailure.h"
 #include "TPathReader.h"
 
@@ -81,7 +82,12 @@ bool TArguments::Flag(const std::string& name, bool otherwise) const {
 std::optional<std::uint32_t> TArguments::Number(const std::string& name) const {
   const std::optional<std::string> text = Text(name);
   if (!text) return std::nullopt;
-  return static_cast<std::uint32_t>(ReadScalar(TCIMValue::TCIMType::kUInt32, *text));
+  const std::string bare = BareText(*text);
+  const char* const end = bare.data() + bare.size();
+  std::uint32_t number = 0;
+  const auto result = std::from_chars(bare.data() + (bare.find('+') == 0 ? 1 : 0), end, number);
+  if (result.ec != std::errc() || result.ptr != end) FailParameter(name, "no number");
+  return number;
 }
 
 std::optional<std::string> TArguments::Text(const std::string& name) const {

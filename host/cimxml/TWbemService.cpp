@@ -1,21 +1,75 @@
 #include "TWbemService.h"
 
+#include <exception>
+#include <new>
+#include <stdexcept>
 #include <utility>
+
+#include "PercentText.h"
+#include "RunCall.h"
+#include "TCimFailure.h"
+#include "TMessage.h"
+#include "TNamespaces.h"
+#include "TRefusal.h"
+#include "TScopedSilence.h"
+#include "TVYRException.h"
+#include "TXmlWriter.h"
+#include "WriteAnswer.h"
 
 namespace NZELVYR20 {
 
 struct TWbemService::TState {
-  boost::shared_ptr<ICIMNamespace> cimv2;
+  TNamespaces namespaces;
   TWbemLimits limits;
 };
 
+namespace {
+
+/// Takes the answer to a message back and makes it an error.
+void ReplaceAnswer(const TMessage& message, const TCimFailure& failure, IAnswerSink& sink) {
+  sink.Restart();
+  TXmlWriter xml(sink);
+  WriteFailure(xml, message, failure);
+}
+
+TCimFailure UnexpectedFailure(const std::exception& failure) {
+  return {ECimStatus::kFailed, failure.what()};
+}
+
+/// What the sink throws is none of these, and passes.
+void AnswerMessage(const TMessage& message, const TNamespaces& namespaces, IAnswerSink& sink) {
+  try {
+    TXmlWriter xml(sink);
+    RunCall(message, namespaces, xml);
+  } catch (const TCimFailure& failure) {
+    ReplaceAnswer(message, failure, sink);
+  } catch (const TVYRException& failure) {
+    ReplaceAnswer(message, UnexpectedFailure(failure), sink);
+  } catch (const std::bad_alloc& failure) {
+    ReplaceAnswer(message, UnexpectedFailure(failure), sink);
+  } catch (const std::logic_error& failure) {
+    ReplaceAnswer(message, UnexpectedFailure(failure), sink);
+  }
+}
+
+}  // namespace
+
 TWbemService::TWbemService(boost::shared_ptr<ICIMNamespace> cimv2, TWbemLimits limits)
-    : state_(new TState{std::move(cimv2), limits}) {}
+    : state_(new TState{{}, limits}) {
+  state_->namespaces.Add("root/cimv2", std::move(cimv2));
+}
 
 TWbemService::~TWbemService() = default;
 
-TCimXmlReply TWbemService::Answer(const TCimXmlRequest& /*request*/, IAnswerSink& /*sink*/) {
-  return {501, {}, {}};
+TCimXmlReply TWbemService::Answer(const TCimXmlRequest& request, IAnswerSink& sink) {
+  const TScopedSilence silence;
+  try {
+    const TMessage message(request);
+    AnswerMessage(message, state_->namespaces, sink);
+    return {};
+  } catch (const TRefusal& refusal) {
+    return {refusal.GetStatus(), refusal.GetCimError(), EncodePercent(refusal.what())};
+  }
 }
 
 }  // namespace NZELVYR20

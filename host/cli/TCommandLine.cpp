@@ -76,6 +76,7 @@ TParser::TParser()
   AddAssociationCommands(commands_);
   AddDrawCommands(commands_);
   AddHistoryCommands(commands_);
+  AddServeCommand(commands_);
 }
 
 void TParser::AddHostOptions() {

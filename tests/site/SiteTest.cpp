@@ -127,13 +127,13 @@ TEST(SiteTest, EveryLinkOfEveryPageLeadsSomewhere) {
     for (const auto& found : page.select_nodes("//@href | //@src")) {
       std::string link = found.attribute().value();
       if (link.front() == '#') link = url + link;
-      if (link.find('#') != std::string::npos) anchors.emplace_back(url, Decode(link));
+      if (link.find('#') != std::string::npos) anchors.emplace_back(url, link);
       link = link.substr(0, link.find('#'));
       if (met.insert(link).second) waiting.push_back(link);
     }
   }
   for (const auto& [from, anchor] : anchors) EXPECT_EQ(ids.count(anchor), 1U) << from << anchor;
-  EXPECT_GT(met.size(), 100U);
+  EXPECT_GT(met.size(), 80U);
   EXPECT_LT(met.size(), 2000U);
 }
 

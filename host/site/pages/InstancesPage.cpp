@@ -61,8 +61,9 @@ class TInstancesPage {
     AddLead();
     if (instances_.empty()) return page_.Finish();
     AddAlike();
+    AddPages();
     AddTable();
-    paging_.AddLinks(html_, [this](std::size_t page) { return Url(sort_, std::to_string(page)); });
+    AddPages();
     return page_.Finish();
   }
 
@@ -124,7 +125,7 @@ class TInstancesPage {
     html_.Text(TText::Count(instances_.size(), "instance"));
     if (!paging_.IsWhole()) html_.Text(", here " + paging_.ToString());
     html_.Text(isOnly_ ? ", without those of subclasses. " : ", with those of subclasses. ");
-    html_.AddLink(InstancesUrl(name_, {{"sort", sort_}, {"only", isOnly_ ? "" : "1"}}),
+    html_.AddLink(InstancesUrl(name_, {{"only", isOnly_ ? "" : "1"}}),
                   isOnly_ ? "With subclasses" : "Without subclasses");
     html_.Close();
   }
@@ -143,6 +144,10 @@ class TInstancesPage {
     }
     html_.Close();
     html_.Close();
+  }
+
+  void AddPages() {
+    paging_.AddLinks(html_, [this](std::size_t page) { return Url(sort_, std::to_string(page)); });
   }
 
   void AddTable() {

@@ -49,7 +49,7 @@ install(FILES host/cli/completion/_vyrhost
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md PATTERN *.svg)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md PATTERN *.svg PATTERN *.png)
 # The API reference, where scripts/package or scripts/docs has written it.
 install(DIRECTORY build/docs/html DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md cmake/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -11,12 +11,12 @@ namespace NZELVYR20 {
 template <class TFind>
 auto FindOrFail(const TFind& find, ECimStatus status, const std::string& what) {
   try {
-    return find();
+    if (auto found = find()) return found;
   } catch (const TVYRException& failure) {
     const TVYRStatusCode code = failure.GetStatusCode();
     if (code != TVYRStatusCode::kNotFound && code != TVYRStatusCode::kInvalidName) throw;
-    throw TCimFailure(status, "not found: " + what);
   }
+  throw TCimFailure(status, "not found: " + what);
 }
 
 }  // namespace NZELVYR20

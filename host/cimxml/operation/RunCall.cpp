@@ -51,8 +51,12 @@ void RunOperation(const TMessage& message, const TNamespaces& namespaces,
 [[noreturn]] void FailMethod(const TMessage& message, const TNamespaces& namespaces) {
   const TPathPlace place = FindPlace(message, namespaces);
   const std::string name = message.GetTargetClass();
-  const auto cimClass = FindOrFail([&] { return place.nameSpace->GetClass(name, {}); },
-                                   ECimStatus::kNotFound, "class " + name);
+  const auto cimClass = FindOrFail(
+      [&] {
+        const boost::shared_ptr<ICIMClass> found = place.nameSpace->GetClass(name, {});
+        return found->IsRootClass({}) ? nullptr : found;
+      },
+      ECimStatus::kNotFound, "class " + name);
   const std::string method = message.GetName();
   const pugi::xml_node instance = message.GetTarget().child("INSTANCENAME");
   if (instance.child("KEYBINDING")) {

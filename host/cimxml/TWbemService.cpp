@@ -8,6 +8,7 @@
 #include "PercentText.h"
 #include "RunCall.h"
 #include "TCimFailure.h"
+#include "TEnumerations.h"
 #include "TMessage.h"
 #include "TNamespaces.h"
 #include "TRefusal.h"
@@ -20,7 +21,7 @@ namespace NZELVYR20 {
 
 struct TWbemService::TState {
   TNamespaces namespaces;
-  TWbemLimits limits;
+  TEnumerations enumerations;
 };
 
 namespace {
@@ -37,10 +38,11 @@ TCimFailure UnexpectedFailure(const std::exception& failure) {
 }
 
 /// What the sink throws is none of these, and passes.
-void AnswerMessage(const TMessage& message, const TNamespaces& namespaces, IAnswerSink& sink) {
+void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
+                   TEnumerations& enumerations, IAnswerSink& sink) {
   try {
     TXmlWriter xml(sink);
-    RunCall(message, namespaces, xml);
+    RunCall(message, namespaces, enumerations, xml);
   } catch (const TCimFailure& failure) {
     ReplaceAnswer(message, failure, sink);
   } catch (const TVYRException& failure) {
@@ -55,7 +57,7 @@ void AnswerMessage(const TMessage& message, const TNamespaces& namespaces, IAnsw
 }  // namespace
 
 TWbemService::TWbemService(boost::shared_ptr<ICIMNamespace> cimv2, TWbemLimits limits)
-    : state_(new TState{{}, limits}) {
+    : state_(new TState{{}, TEnumerations(limits)}) {
   state_->namespaces.Add("root/cimv2", std::move(cimv2));
 }
 
@@ -65,7 +67,7 @@ TCimXmlReply TWbemService::Answer(const TCimXmlRequest& request, IAnswerSink& si
   const TScopedSilence silence;
   try {
     const TMessage message(request);
-    AnswerMessage(message, state_->namespaces, sink);
+    AnswerMessage(message, state_->namespaces, state_->enumerations, sink);
     return {};
   } catch (const TRefusal& refusal) {
     return {refusal.GetStatus(), refusal.GetCimError(), EncodePercent(refusal.what())};

@@ -85,13 +85,13 @@ function addFilter(place, items) {
 for (const table of document.querySelectorAll('table[data-whole="yes"]')) {
   makeSortable(table);
   const rows = [...table.tBodies[0].rows];
-  if (rows.length > 8) addFilter(table.closest(".wide"), rows);
+  if (rows.length > 12) addFilter(table.closest(".wide"), rows);
 }
 
 // An item that holds a match stays with what leads to it.
 for (const tree of document.querySelectorAll(".tree")) {
   const items = [...tree.querySelectorAll("li")];
-  if (items.length > 12) addFilter(tree, items);
+  if (items.length > 30) addFilter(tree, items);
 }
 
 document.addEventListener("keydown", (event) => {

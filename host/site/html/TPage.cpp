@@ -70,6 +70,11 @@ void TPage::CloseTable() {
   html_.Close();
 }
 
+void TPage::AddMark(const std::string& text) {
+  html_.Text(" ");
+  html_.Add("span", text, {{"class", "mark"}});
+}
+
 void TPage::AddClassLink(const std::string& className) {
   html_.AddLink(ClassUrl(className), className);
 }

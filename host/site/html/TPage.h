@@ -28,7 +28,7 @@ class TPage {
   void CloseTable();
 
   /// A word in small that says what kind of thing stands before it.
-  void AddMark(const std::string& text) { html_.Add("span", text, {{"class", "mark"}}); }
+  void AddMark(const std::string& text);
   void AddClassLink(const std::string& className);
   /// "abstract" and "association", where it is that.
   void AddMarks(const ICIMClass& cimClass);

@@ -9,7 +9,6 @@
 #include "Pages.h"
 #include "PropertyCell.h"
 #include "QualifierText.h"
-#include "TElementFinder.h"
 #include "TInstanceReader.h"
 #include "TPage.h"
 #include "TPrinter.h"
@@ -36,8 +35,7 @@ class TInstancePage {
     AddCrumbs();
     html_.Open("p", {{"class", "lead"}});
     const std::string title = names_.TitleOf(*instance_);
-    if (!title.empty()) html_.Text(title + ", ");
-    html_.Text("an instance of ");
+    html_.Text(title.empty() ? "An instance of " : title + ", an instance of ");
     page_.AddClassLink(className_);
     html_.Close();
     html_.Open("p", {{"class", "path"}});
@@ -187,8 +185,7 @@ class TInstancePage {
 }  // namespace
 
 std::string InstancePage(const TPageRequest& asked) {
-  const auto instance = TElementFinder(asked.nameSpace).FindInstance(asked.request.Get("path"));
-  return TInstancePage(*asked.nameSpace, instance).Write();
+  return TInstancePage(*asked.nameSpace, asked.FindInstance()).Write();
 }
 
 }  // namespace NZELVYR20

@@ -61,8 +61,9 @@ class TInstancesPage {
     AddLead();
     if (instances_.empty()) return page_.Finish();
     AddAlike();
+    AddPages();
     AddTable();
-    paging_.AddLinks(html_, [this](std::size_t page) { return Url(sort_, std::to_string(page)); });
+    AddPages();
     return page_.Finish();
   }
 
@@ -81,15 +82,33 @@ class TInstancesPage {
     return InstancesUrl(name_, {{"sort", sort}, {"only", isOnly_ ? "1" : ""}, {"page", page}});
   }
 
-  /// What is the same in every row stands above the table, once.
+  /// What is the same in every row stands above the table, once, and the class is told anyway.
   void FindAlike() {
     for (std::size_t column = 0; rows_.size() > 1 && column < choice_.GetNames().size(); ++column) {
-      const auto& first = rows_.front()[column];
-      const bool isAlike = std::all_of(rows_.begin(), rows_.end(), [&](const auto& row) {
-        return first && row[column] && row[column]->GetValue({}) == first->GetValue({});
-      });
-      if (isAlike) alike_.insert(column);
+      const auto first = rows_.front()[column];
+      if (HaveAll(column, [&](const TCIMValue& value, ICIMInstance&) {
+            return first && value == first->GetValue({});
+          })) {
+        alike_.insert(column);
+      } else if (HaveAll(column, [](const TCIMValue& value, ICIMInstance& instance) {
+                   return value == TCIMValue(instance.GetClass({})->GetName({}));
+                 })) {
+        told_.insert(column);
+      }
     }
+  }
+
+  template <class TCheck>
+  bool HaveAll(std::size_t column, const TCheck& check) const {
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+      const auto& property = rows_[row][column];
+      if (!property || !check(property->GetValue({}), *shown_[row])) return false;
+    }
+    return true;
+  }
+
+  bool IsShown(std::size_t column) const {
+    return alike_.count(column) == 0 && told_.count(column) == 0;
   }
 
   void AddCrumbs() {
@@ -106,7 +125,7 @@ class TInstancesPage {
     html_.Text(TText::Count(instances_.size(), "instance"));
     if (!paging_.IsWhole()) html_.Text(", here " + paging_.ToString());
     html_.Text(isOnly_ ? ", without those of subclasses. " : ", with those of subclasses. ");
-    html_.AddLink(InstancesUrl(name_, {{"sort", sort_}, {"only", isOnly_ ? "" : "1"}}),
+    html_.AddLink(InstancesUrl(name_, {{"only", isOnly_ ? "" : "1"}}),
                   isOnly_ ? "With subclasses" : "Without subclasses");
     html_.Close();
   }
@@ -127,8 +146,12 @@ class TInstancesPage {
     html_.Close();
   }
 
+  void AddPages() {
+    paging_.AddLinks(html_, [this](std::size_t page) { return Url(sort_, std::to_string(page)); });
+  }
+
   void AddTable() {
-    THtml::TAttributes attributes;
+    THtml::TAttributes attributes{{"class", "grid"}};
     if (paging_.IsWhole()) attributes.emplace_back("data-whole", "yes");
     page_.OpenTable(name_ + (paging_.IsWhole() ? "" : ", " + paging_.ToString()), attributes);
     AddHead();
@@ -140,10 +163,10 @@ class TInstancesPage {
   void AddHead() {
     html_.Open("thead");
     html_.Open("tr");
-    AddColumn("Name", "", sort_.empty() ? "ascending" : "none");
+    AddColumn("Instance", "", sort_.empty() ? "ascending" : "none");
     if (classes_.size() > 1) html_.Add("th", "Class", {{"scope", "col"}});
     for (std::size_t i = 0; i < choice_.GetNames().size(); ++i) {
-      if (alike_.count(i) > 0) continue;
+      if (!IsShown(i)) continue;
       const std::string& name = choice_.GetNames()[i];
       const bool isAscending = CompareFolded(sort_, name) == 0;
       const bool isDescending = CompareFolded(sort_, '-' + name) == 0;
@@ -174,7 +197,7 @@ class TInstancesPage {
       html_.Close();
     }
     for (std::size_t i = 0; i < rows_[row].size(); ++i) {
-      if (alike_.count(i) == 0) AddCell(rows_[row][i]);
+      if (IsShown(i)) AddCell(rows_[row][i]);
     }
     html_.Close();
   }
@@ -220,6 +243,7 @@ class TInstancesPage {
   std::vector<std::vector<boost::shared_ptr<ICIMProperty>>> rows_;
   std::set<std::string> classes_;
   std::set<std::size_t> alike_;  ///< numbers of columns
+  std::set<std::size_t> told_;
 };
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "ListNeighbours.h"
 #include "Pages.h"
 #include "TCommandError.h"
-#include "TElementFinder.h"
 #include "TPage.h"
 #include "TPaging.h"
 #include "TPrinter.h"
@@ -49,7 +48,7 @@ void AddNeighbour(TPage& page, const TNeighbour& neighbour, TInstanceNames& name
 std::string NeighboursPage(const TPageRequest& asked) {
   const TGroupQuery query{asked.request.Get("path"), asked.request.Get("association"),
                           asked.request.Get("role")};
-  const auto instance = TElementFinder(asked.nameSpace).FindInstance(query.path);
+  const auto instance = asked.FindInstance();
   TInstanceNames names;
   const auto groups = ListNeighbours(instance, names);
   const auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& one) {

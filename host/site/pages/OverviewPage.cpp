@@ -65,10 +65,12 @@ std::string OverviewPage(const TPageRequest& asked) {
   TMachineTree machine(inventory, {});
   page.OpenSection("machine", "In short");
   AddMachine(html, machine);
-  html.Open("p");
-  html.Text("Begin with what hangs on ");
-  html.AddLink(MakeUrl("/instance", {{"path", machine.GetSubject()}}), machine.GetSubject());
-  html.Close();
+  if (!machine.GetSubject().empty()) {
+    html.Open("p");
+    html.Text("Begin with what hangs on ");
+    html.AddLink(MakeUrl("/instance", {{"path", machine.GetSubject()}}), machine.GetSubject());
+    html.Close();
+  }
   html.Close();
   AddCounts(page, fresh);
   return page.Finish();

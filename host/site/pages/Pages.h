@@ -3,6 +3,7 @@
 #include <boost/shared_ptr.hpp>
 #include <string>
 
+#include "ICIMInstance.h"
 #include "ICIMNamespace.h"
 #include "TSite.h"
 
@@ -13,6 +14,9 @@ struct TPageRequest {
   boost::shared_ptr<ICIMNamespace> nameSpace;
   const TSiteRequest& request;
   std::string className;  ///< where the address has one
+
+  /// The instance that "path" names, in any form that commands take.
+  boost::shared_ptr<ICIMInstance> FindInstance() const;
 };
 
 /// @name Pages
@@ -28,7 +32,7 @@ std::string ClassPage(const TPageRequest& asked);
 /// The instances of a class as a table: "sort" is a property, with "-" before it for descending
 /// order; "page" a number; "only" leaves out those of subclasses.
 std::string InstancesPage(const TPageRequest& asked);
-/// The instance of the path "path", in any form that commands take, and what is around it.
+/// The instance of the path "path", and what is around it.
 std::string InstancePage(const TPageRequest& asked);
 /// What the association "association" joins to the instance "path" by its reference "role".
 std::string NeighboursPage(const TPageRequest& asked);

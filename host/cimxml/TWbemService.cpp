@@ -37,7 +37,6 @@ TCimFailure UnexpectedFailure(const std::exception& failure) {
   return {ECimStatus::kFailed, failure.what()};
 }
 
-/// What the sink throws is none of these, and passes.
 void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
                    TEnumerations& enumerations, IAnswerSink& sink) {
   try {
@@ -47,6 +46,8 @@ void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
     ReplaceAnswer(message, failure, sink);
   } catch (const TVYRException& failure) {
     ReplaceAnswer(message, UnexpectedFailure(failure), sink);
+  } catch (const TAnswerTooLarge&) {
+    ReplaceAnswer(message, {ECimStatus::kServerLimitsExceeded, "the answer is too large"}, sink);
   } catch (const std::bad_alloc& failure) {
     ReplaceAnswer(message, UnexpectedFailure(failure), sink);
   } catch (const std::logic_error& failure) {

@@ -60,7 +60,8 @@ class TServing {
 
   std::string Get(const std::string& path) const {
     const std::string log = ReadFile(GetLog());
-    const TClient client(std::stoi(log.substr(log.rfind(':') + 1)));
+    const std::string before = "at http://127.0.0.1:";
+    const TClient client(std::stoi(log.substr(log.find(before) + before.size())));
     client.Send("GET " + path + " HTTP/1.0\r\n\r\n");
     return client.ReceiveAll();
   }

@@ -8,7 +8,9 @@
 #include "Cases.h"
 #include "TClient.h"
 #include "TCommandError.h"
+#include "TRootObject.h"
 #include "TRunningServer.h"
+#include "TScopedSilence.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -77,7 +79,7 @@ std::string Ask(int port) {
 TEST(ServerTest, NobodyWaitsForASlowReader) {
   TRunningServer server(SmallOptions());
   const TClient slow(server.GetPort());
-  slow.Send(boost::replace_all_copy(std::string(5000, '.'), ".",
+  slow.Send(boost::replace_all_copy(std::string(2000, '.'), ".",
                                     "GET /style.css HTTP/1.1\r\nHost: localhost\r\n\r\n"));
   EXPECT_EQ(slow.Receive(12), "HTTP/1.1 200");
   EXPECT_EQ(Ask(server.GetPort()), "HTTP/1.1 404");
@@ -188,6 +190,22 @@ TEST(ServerTest, WhereItServes) {
   TServerOptions taken;
   taken.port = server.GetPort();
   EXPECT_THROW(TServer{taken}, TCommandError);
+}
+
+/// A collection and a request silence the logger on threads of their own.
+TEST(ServerTest, ScopesOfLoggersMayOverlap) {
+  std::string heard;
+  const TScopedLogger listening(
+      [&heard](ICoreLogger&, int, const std::string& message) { heard += message; });
+  const auto logger = TRootObject::GetCoreLogger();
+  auto first = std::make_unique<TScopedSilence>();
+  auto second = std::make_unique<TScopedSilence>();
+  first.reset();
+  TRootObject::GetCoreLogger()->Log(0, "unheard");
+  second.reset();
+  TRootObject::GetCoreLogger()->Log(0, "heard");
+  EXPECT_EQ(heard, "heard");
+  EXPECT_EQ(TRootObject::GetCoreLogger(), logger);
 }
 
 }  // namespace

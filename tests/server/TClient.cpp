@@ -16,6 +16,8 @@ TClient::TClient(int port) : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC,
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
   timeval longest{60, 0};
   setsockopt(socket_.Get(), SOL_SOCKET, SO_RCVTIMEO, &longest, sizeof longest);
+  const int small = 4096;  // so that little goes to one who does not read
+  setsockopt(socket_.Get(), SOL_SOCKET, SO_RCVBUF, &small, sizeof small);
   const auto* plain = reinterpret_cast<const sockaddr*>(&address);
   EXPECT_EQ(connect(socket_.Get(), plain, sizeof address), 0);
 }

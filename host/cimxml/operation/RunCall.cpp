@@ -59,7 +59,7 @@ void RunOperation(const TMessage& message, const TNamespaces& namespaces,
       ECimStatus::kNotFound, "class " + name);
   const std::string method = message.GetName();
   const pugi::xml_node instance = message.GetTarget().child("INSTANCENAME");
-  if (instance.child("KEYBINDING")) {
+  if (!instance.child("KEYBINDING").empty()) {
     const TCIMReference path = MakePathReader(place, namespaces).ReadInstance(instance);
     FindOrFail([&] { return place.nameSpace->GetInstance(path, {}); }, ECimStatus::kNotFound,
                path.ToString());

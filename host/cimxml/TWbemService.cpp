@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "MakeInterop.h"
 #include "PercentText.h"
 #include "RunCall.h"
 #include "TCimFailure.h"
@@ -59,7 +60,9 @@ void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
 
 TWbemService::TWbemService(boost::shared_ptr<ICIMNamespace> cimv2, TWbemLimits limits)
     : state_(new TState{{}, TEnumerations(limits)}) {
+  const auto interop = MakeInterop(*cimv2, {"root/cimv2", "interop"});
   state_->namespaces.Add("root/cimv2", std::move(cimv2));
+  for (const char* name : {"interop", "root/interop"}) state_->namespaces.Add(name, interop);
 }
 
 TWbemService::~TWbemService() = default;

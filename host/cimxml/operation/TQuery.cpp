@@ -36,12 +36,6 @@ std::string SqlText(const std::string& text) {
   return quoted + '\'';
 }
 
-/// Where a property has the name of a column that every table has.
-std::string SqlColumn(const std::string& property) {
-  const std::string folded = FoldName(property);
-  return '"' + property + (folded == "path" || folded == "class" ? "_\"" : "\"");
-}
-
 /// "*" or names.
 std::vector<std::string> TakeNames(TQueryTokens& tokens) {
   std::vector<std::string> names;
@@ -107,7 +101,7 @@ std::string TQuery::ReadCondition(TQueryTokens& tokens) const {
       if (IsOperator(token.text)) return ' ' + token.text;
       if (tokens.Accept(".")) token.text += '.' + tokens.TakeWord();
       if (tokens.Peek().text == "(") FailQuery("there is no function " + token.text);
-      return ' ' + SqlColumn(FindProperty(token.text));
+      return " \"" + FindProperty(token.text) + '"';
     case TQueryToken::EKind::kMark:
       if (token.text == "," || token.text == "." || token.text == "*") {
         FailQuery("not understood: " + token.text);

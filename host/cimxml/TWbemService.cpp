@@ -5,9 +5,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "MakeInterop.h"
 #include "PercentText.h"
 #include "RunCall.h"
 #include "TCimFailure.h"
+#include "TEnumerations.h"
 #include "TMessage.h"
 #include "TNamespaces.h"
 #include "TRefusal.h"
@@ -20,7 +22,7 @@ namespace NZELVYR20 {
 
 struct TWbemService::TState {
   TNamespaces namespaces;
-  TWbemLimits limits;
+  TEnumerations enumerations;
 };
 
 namespace {
@@ -36,15 +38,17 @@ TCimFailure UnexpectedFailure(const std::exception& failure) {
   return {ECimStatus::kFailed, failure.what()};
 }
 
-/// What the sink throws is none of these, and passes.
-void AnswerMessage(const TMessage& message, const TNamespaces& namespaces, IAnswerSink& sink) {
+void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
+                   TEnumerations& enumerations, IAnswerSink& sink) {
   try {
     TXmlWriter xml(sink);
-    RunCall(message, namespaces, xml);
+    RunCall(message, namespaces, enumerations, xml);
   } catch (const TCimFailure& failure) {
     ReplaceAnswer(message, failure, sink);
   } catch (const TVYRException& failure) {
     ReplaceAnswer(message, UnexpectedFailure(failure), sink);
+  } catch (const TAnswerTooLarge&) {
+    ReplaceAnswer(message, {ECimStatus::kServerLimitsExceeded, "the answer is too large"}, sink);
   } catch (const std::bad_alloc& failure) {
     ReplaceAnswer(message, UnexpectedFailure(failure), sink);
   } catch (const std::logic_error& failure) {
@@ -55,8 +59,10 @@ void AnswerMessage(const TMessage& message, const TNamespaces& namespaces, IAnsw
 }  // namespace
 
 TWbemService::TWbemService(boost::shared_ptr<ICIMNamespace> cimv2, TWbemLimits limits)
-    : state_(new TState{{}, limits}) {
+    : state_(new TState{{}, TEnumerations(limits)}) {
+  const auto interop = MakeInterop(*cimv2, {"root/cimv2", "interop"});
   state_->namespaces.Add("root/cimv2", std::move(cimv2));
+  for (const char* name : {"interop", "root/interop"}) state_->namespaces.Add(name, interop);
 }
 
 TWbemService::~TWbemService() = default;
@@ -65,7 +71,7 @@ TCimXmlReply TWbemService::Answer(const TCimXmlRequest& request, IAnswerSink& si
   const TScopedSilence silence;
   try {
     const TMessage message(request);
-    AnswerMessage(message, state_->namespaces, sink);
+    AnswerMessage(message, state_->namespaces, state_->enumerations, sink);
     return {};
   } catch (const TRefusal& refusal) {
     return {refusal.GetStatus(), refusal.GetCimError(), EncodePercent(refusal.what())};

@@ -74,8 +74,7 @@ void SetBody(Response& response, const std::shared_ptr<TSpool>& spool) {
 /// Nothing from elsewhere, in no page of others.
 void SetPageHeaders(Response& response) {
   response.set_header("Content-Security-Policy",
-                      "default-src 'none'; style-src 'self'; "
-                      "script-src 'self'; img-src 'self'; "
+                      "default-src 'none'; style-src 'self'; script-src 'self'; img-src 'self'; "
                       "form-action 'self'; frame-ancestors 'none'; base-uri 'none'");
   response.set_header("X-Content-Type-Options", "nosniff");
   response.set_header("Referrer-Policy", "same-origin");

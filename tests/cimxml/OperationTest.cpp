@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <boost/algorithm/string/join.hpp>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "Cases.h"
 #include "ListElements.h"
+#include "Outline.h"
 #include "TClientCall.h"
 #include "TSampleService.h"
 
@@ -23,29 +22,6 @@ instance of S { Id = "b"; };
 instance of U { Id = "c"; Last = true; };
 instance of Lone { Number = 7; On = true; };
 )";
-
-/// An element in short: its name, the names in its attributes, and in brackets what it holds.
-std::string Outline(const pugi::xml_node& node) {
-  if (node.type() != pugi::node_element) return '\'' + std::string(node.value()) + '\'';
-  std::string text = node.name();
-  for (const char* name : {"NAME", "CLASSNAME", "CLASSORIGIN", "CODE"}) {
-    if (const pugi::xml_attribute found = node.attribute(name)) {
-      text += std::string(name == std::string("CLASSORIGIN") ? "@" : " ") + found.value();
-    }
-  }
-  std::vector<std::string> parts;
-  for (const pugi::xml_node& child : node.children()) parts.push_back(Outline(child));
-  return parts.empty() ? text : text + " [" + boost::join(parts, ", ") + ']';
-}
-
-/// What an operation returns, each element on a line of its own.
-std::string Lines(const pugi::xml_node& response) {
-  const pugi::xml_node returned = response.child("IRETURNVALUE");
-  if (!returned) return Outline(response.first_child());
-  std::vector<std::string> lines;
-  for (const pugi::xml_node& child : returned.children()) lines.push_back(Outline(child));
-  return lines.empty() ? "nothing" : boost::join(lines, "\n");
-}
 
 TEST(Operation, ReturnsWhatItsParametersAskForToEveryClient) {
   TSampleService service(kOperationMof);

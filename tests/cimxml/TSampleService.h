@@ -29,6 +29,7 @@ class TSampleService {
     EXPECT_EQ(mof_.TakeMessages(), "");
   }
 
+  TWbemService& Get() { return service_; }
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return mof_.nameSpace; }
 
   /// The status of HTTP and the header CIMError; of an error of CIM "200 CIM" and its code.

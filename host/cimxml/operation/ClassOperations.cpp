@@ -38,7 +38,7 @@ TResult GetClass(const TCall& call) {
 TClassList ListAskedClasses(const TCall& call) {
   const pugi::xml_node name = call.arguments.Get("ClassName");
   const bool deep = call.arguments.Flag("DeepInheritance", false);
-  if (name) return ListSubClasses(*call.paths.ReadClass(name), deep);
+  if (!name.empty()) return ListSubClasses(*call.paths.ReadClass(name), deep);
   return deep ? ListAllClasses(*call.place.nameSpace) : ListTopClasses(*call.place.nameSpace);
 }
 

@@ -1,4 +1,4 @@
-#include "FindOrFail.h"
+#include "AskedInstances.h"
 #include "ListElements.h"
 #include "Operations.h"
 #include "ReadValue.h"
@@ -6,21 +6,6 @@
 
 namespace NZELVYR20 {
 namespace {
-
-// Of instances, what only their classes declare is never left out: who leaves the parameter out
-// would lose what is inherited.
-TElementForm InstanceForm(const TArguments& arguments) {
-  TElementForm form;
-  form.classOrigin = arguments.Flag("IncludeClassOrigin", false);
-  form.properties = arguments.Names("PropertyList");
-  return form;
-}
-
-boost::shared_ptr<ICIMInstance> FindAskedInstance(const TCall& call) {
-  const TCIMReference path = call.paths.ReadInstance(call.arguments.Get("InstanceName"));
-  return FindOrFail([&] { return call.place.nameSpace->GetInstance(path, {}); },
-                    ECimStatus::kNotFound, path.ToString());
-}
 
 TResult GetInstance(const TCall& call) {
   const TElementForm form = InstanceForm(call.arguments);

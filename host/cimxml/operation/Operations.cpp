@@ -14,6 +14,10 @@ std::vector<TOperation> AllOperations() {
            ClassOperations,
            InstanceOperations,
            QualifierOperations,
+           AssociationOperations,
+           QueryOperations,
+           OpenOperations,
+           PullOperations,
        }) {
     std::vector<TOperation> some = list();
     all.insert(all.end(), std::make_move_iterator(some.begin()),

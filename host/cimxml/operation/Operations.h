@@ -15,6 +15,10 @@ const TOperation* FindOperation(const std::string& name);
 std::vector<TOperation> ClassOperations();
 std::vector<TOperation> InstanceOperations();
 std::vector<TOperation> QualifierOperations();
+std::vector<TOperation> AssociationOperations();
+std::vector<TOperation> QueryOperations();
+std::vector<TOperation> OpenOperations();
+std::vector<TOperation> PullOperations();
 /// @}
 
 }  // namespace NZELVYR20

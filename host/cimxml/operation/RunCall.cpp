@@ -27,16 +27,17 @@ TPathReader MakePathReader(const TPathPlace& place, const TNamespaces& namespace
           }};
 }
 
-void RunOperation(const TMessage& message, const TNamespaces& namespaces, TXmlWriter& xml) {
+void RunOperation(const TMessage& message, const TNamespaces& namespaces,
+                  TEnumerations& enumerations, TXmlWriter& xml) {
   const TOperation* const operation = FindOperation(message.GetName());
   if (operation == nullptr) {
     throw TCimFailure(ECimStatus::kNotSupported,
-                      std::string("no operation ") + message.GetName() + " in what reads alone");
+                      std::string(message.GetName()) + " is not offered: this server only reads");
   }
   const TPathPlace place = FindPlace(message, namespaces);
   const TPathReader paths = MakePathReader(place, namespaces);
   const TArguments arguments(operation->parameters, message.GetCall());
-  const TResult result = operation->run({arguments, place, paths});
+  const TResult result = operation->run({arguments, place, paths, enumerations});
   TElementWriter elements(xml, place);
   WriteAnswer(xml, message, [&] {
     if (result.returned) {
@@ -58,7 +59,7 @@ void RunOperation(const TMessage& message, const TNamespaces& namespaces, TXmlWr
       ECimStatus::kNotFound, "class " + name);
   const std::string method = message.GetName();
   const pugi::xml_node instance = message.GetTarget().child("INSTANCENAME");
-  if (instance.child("KEYBINDING")) {
+  if (!instance.child("KEYBINDING").empty()) {
     const TCIMReference path = MakePathReader(place, namespaces).ReadInstance(instance);
     FindOrFail([&] { return place.nameSpace->GetInstance(path, {}); }, ECimStatus::kNotFound,
                path.ToString());
@@ -71,9 +72,10 @@ void RunOperation(const TMessage& message, const TNamespaces& namespaces, TXmlWr
 
 }  // namespace
 
-void RunCall(const TMessage& message, const TNamespaces& namespaces, TXmlWriter& xml) {
+void RunCall(const TMessage& message, const TNamespaces& namespaces, TEnumerations& enumerations,
+             TXmlWriter& xml) {
   if (message.IsExtrinsic()) FailMethod(message, namespaces);
-  RunOperation(message, namespaces, xml);
+  RunOperation(message, namespaces, enumerations, xml);
 }
 
 }  // namespace NZELVYR20

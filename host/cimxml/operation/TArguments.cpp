@@ -61,11 +61,12 @@ TArguments::TArguments(const std::vector<TParameter>& parameters, const pugi::xm
     if (known == parameters.end()) FailParameter(name, "unknown");
     const pugi::xml_node value = FirstElement(given);
     if (!values_.emplace(known->name, value).second) FailParameter(name, "given twice");
-    if (value && !HasForm(value, known->form)) FailParameter(name, "of another form");
+    if (!value.empty() && !HasForm(value, known->form)) FailParameter(name, "of another form");
     if (known->form == EForm::kNumber) Number(known->name);
   }
   for (const TParameter& parameter : parameters) {
-    if (parameter.isRequired && !Get(parameter.name)) FailParameter(parameter.name, "missing");
+    const bool isMissing = parameter.isRequired && Get(parameter.name).empty();
+    if (isMissing) FailParameter(parameter.name, "missing");
   }
 }
 
@@ -92,12 +93,13 @@ std::optional<std::uint32_t> TArguments::Number(const std::string& name) const {
 
 std::optional<std::string> TArguments::Text(const std::string& name) const {
   const pugi::xml_node value = Get(name);
-  return value ? std::optional(ReadText(value)) : std::nullopt;
+  if (value.empty()) return std::nullopt;
+  return ReadText(value);
 }
 
 std::optional<std::set<std::string>> TArguments::Names(const std::string& name) const {
   const pugi::xml_node value = Get(name);
-  if (!value) return std::nullopt;
+  if (value.empty()) return std::nullopt;
   std::set<std::string> names;
   for (const pugi::xml_node& element : value.children("VALUE")) {
     names.insert(FoldName(ReadText(element)));

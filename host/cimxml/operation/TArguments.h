@@ -23,8 +23,8 @@ enum class EForm : unsigned char {
 
 /// A parameter of an operation.
 struct TParameter {
-  const char* name;
-  EForm form;
+  const char* name = "";
+  EForm form = EForm::kText;
   bool isRequired = false;
 };
 

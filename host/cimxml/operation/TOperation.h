@@ -6,6 +6,7 @@
 
 #include "TArguments.h"
 #include "TElementWriter.h"
+#include "TEnumerations.h"
 #include "TPathReader.h"
 #include "TPathWriter.h"
 #include "TXmlWriter.h"
@@ -16,7 +17,8 @@ namespace NZELVYR20 {
 struct TCall {
   const TArguments& arguments;
   const TPathPlace& place;
-  const TPathReader& paths;  ///< of that place
+  const TPathReader& paths;     ///< of that place
+  TEnumerations& enumerations;  ///< those that clients have opened
 };
 
 /// Writes a part of an answer; what it writes was found before, so that it does not fail.

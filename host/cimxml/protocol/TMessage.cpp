@@ -81,9 +81,8 @@ std::string JoinNamespace(const pugi::xml_node& path) {
   return joined;
 }
 
-TMessage::TMessage(const TCimXmlRequest& request) {
+TMessage::TMessage(const TCimXmlRequest& request) : host_(request.host.value_or("")) {
   CheckHeaders(request);
-  host_ = *request.host;
   ReadBody(request.body);
   CheckVersions(request);
   CheckElements(Root());
@@ -101,9 +100,10 @@ void TMessage::ReadBody(const std::string& text) {
 // An unlike version may have other elements, so that it is looked at before them.
 void TMessage::CheckVersions(const TCimXmlRequest& request) const {
   const pugi::xml_node root = Root();
-  const bool isWhole = root.name() == std::string_view("CIM") && root.attribute("CIMVERSION") &&
-                       root.attribute("DTDVERSION");
-  if (!isWhole) throw TRefusal(400, "request-not-valid", "no CIM with its versions");
+  const bool isPart = root.attribute("CIMVERSION").empty() || root.attribute("DTDVERSION").empty();
+  if (isPart || root.name() != std::string_view("CIM")) {
+    throw TRefusal(400, "request-not-valid", "no CIM with its versions");
+  }
   CheckVersion(GetCimVersion(), '2', "unsupported-cim-version");
   CheckVersion(GetDtdVersion(), '2', "unsupported-dtd-version");
   const pugi::xml_attribute version = Body().attribute("PROTOCOLVERSION");
@@ -112,7 +112,7 @@ void TMessage::CheckVersions(const TCimXmlRequest& request) const {
     RefuseHeader("CIMProtocolVersion");
   }
   CheckVersion(version.value(), '1', "unsupported-protocol-version");
-  if (Body().child("MULTIREQ")) RefuseHeader("CIMBatch");
+  if (!Body().child("MULTIREQ").empty()) RefuseHeader("CIMBatch");
 }
 
 // A method call's CIMObject goes on with keys, which clients write in ways of their own.

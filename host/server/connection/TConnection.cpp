@@ -33,9 +33,9 @@ TConnection::TConnection(int socket, std::unique_ptr<ITransport> transport,
 
 TConnection::~TConnection() { transport_->End(); }
 
-bool TConnection::Wait(short events) {
+bool TConnection::Wait(short events, TClock::time_point deadline) const {
   std::array<pollfd, 2> polled = {{{socket_.Get(), events, 0}, {stop_, POLLIN, 0}}};
-  const auto left = deadline_ - TClock::now();
+  const auto left = deadline - TClock::now();
   if (left <= TClock::duration::zero()) return false;
   poll(polled.data(), polled.size(), CountMilliseconds(left));
   return polled[1].revents == 0;
@@ -43,18 +43,18 @@ bool TConnection::Wait(short events) {
 
 /// Until one attempt gets somewhere; 0 where time, the connection or the server ended before.
 template <typename TTry>
-std::size_t TConnection::Repeat(const TTry& attempt) {
-  while (isOpen_) {
+std::size_t TConnection::Repeat(TClock::time_point deadline, const TTry& attempt) const {
+  for (;;) {
     const TAttempt attempted = attempt();
     if (attempted.count > 0) return attempted.count;
-    isOpen_ = attempted.waitsFor != 0 && Wait(attempted.waitsFor);
+    if (attempted.waitsFor == 0 || !Wait(attempted.waitsFor, deadline)) return 0;
   }
-  return 0;
 }
 
 bool TConnection::Fill() {
   std::array<char, 16384> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): is written to
-  const std::size_t count = Repeat([&] { return transport_->Read(buffer.data(), buffer.size()); });
+  const std::size_t count =
+      Repeat(deadline_, [&] { return transport_->Read(buffer.data(), buffer.size()); });
   incoming_.append(buffer.data(), count);
   return count > 0;
 }
@@ -84,24 +84,26 @@ void TConnection::ReplaceHead(std::string head) { head_ = std::move(head); }
 void TConnection::Drain() {
   transport_->End();
   deadline_ = TClock::now() + kDrainTime;
-  isOpen_ = true;
   for (std::size_t reads = 0; reads < kDrainReads && Fill(); ++reads) incoming_.clear();
 }
 
 ssize_t TConnection::read(char* ptr, size_t size) {
   std::string& source = head_.empty() ? incoming_ : head_;
-  if (source.empty() && !Fill()) return -1;
+  if (source.empty() && !Fill()) {
+    isCutShort_ = true;
+    return -1;
+  }
   const std::size_t count = source.copy(ptr, size);
   source.erase(0, count);
   return static_cast<ssize_t>(count);
 }
 
 ssize_t TConnection::write(const char* ptr, size_t size) {
-  deadline_ = TClock::now() + limits_.writeTime;
+  const auto deadline = TClock::now() + limits_.writeTime;
   std::size_t written = 0;
   while (written < size) {
     const std::size_t count =
-        Repeat([&] { return transport_->Write(ptr + written, size - written); });
+        Repeat(deadline, [&] { return transport_->Write(ptr + written, size - written); });
     if (count == 0) return -1;
     written += count;
   }

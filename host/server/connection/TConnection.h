@@ -35,11 +35,13 @@ class TConnection : public httplib::Stream {
   void ReplaceHead(std::string head);
   /// Whether bytes follow that were read with the head.
   bool HasMore() const { return !incoming_.empty(); }
+  /// Whether a request ended before its end.
+  bool IsCutShort() const { return isCutShort_; }
   /// Reads for a moment what still comes: closing before would discard the answer.
   void Drain();
 
   bool is_readable() const override { return true; }
-  bool is_writable() const override { return isOpen_; }
+  bool is_writable() const override { return true; }
   ssize_t read(char* ptr, size_t size) override;
   ssize_t write(const char* ptr, size_t size) override;
   using Stream::write;
@@ -51,16 +53,16 @@ class TConnection : public httplib::Stream {
   using TClock = std::chrono::steady_clock;
 
   bool Fill();
-  bool Wait(short events);
+  bool Wait(short events, TClock::time_point deadline) const;
   template <typename TTry>
-  std::size_t Repeat(const TTry& attempt);
+  std::size_t Repeat(TClock::time_point deadline, const TTry& attempt) const;
 
   TDescriptor socket_;
   std::unique_ptr<ITransport> transport_;
   const TServerLimits& limits_;
   int stop_;
-  bool isOpen_ = true;
-  TClock::time_point deadline_;
+  bool isCutShort_ = false;
+  TClock::time_point deadline_;  ///< for reading
   std::string head_;
   std::string incoming_;  ///< what came and was not read
 };

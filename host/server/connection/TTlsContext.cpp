@@ -20,13 +20,15 @@ class TTlsTransport : public ITransport {
   TAttempt Read(char* to, std::size_t size) override {
     ERR_clear_error();
     std::size_t count = 0;
-    return MakeAttempt(SSL_read_ex(ssl_.get(), to, size, &count), count);
+    const int result = SSL_read_ex(ssl_.get(), to, size, &count);
+    return MakeAttempt(result, count);
   }
 
   TAttempt Write(const char* from, std::size_t size) override {
     ERR_clear_error();
     std::size_t count = 0;
-    return MakeAttempt(SSL_write_ex(ssl_.get(), from, size, &count), count);
+    const int result = SSL_write_ex(ssl_.get(), from, size, &count);
+    return MakeAttempt(result, count);
   }
 
   void End() override {

@@ -111,10 +111,11 @@ bool THttpServer::ServeOne(TConnection& connection, std::chrono::milliseconds id
   const bool isKept = mayStay && IsKept(*head) && !queue_->IsCrowded();
   connection.ReplaceHead(WritePlainHead(*head, isKept));
   bool isClosed = false;
-  return process_request(connection, !isKept, isClosed, {}) && isKept;
+  const bool isAnswered = process_request(connection, !isKept, isClosed, {});
+  return isAnswered && isKept && !connection.IsCutShort();
 }
 
-bool THttpServer::Refuse(TConnection& connection, const TRefusal& refusal) const {
+bool THttpServer::Refuse(TConnection& connection, const THttpRefusal& refusal) const {
   connection.write(refusal.ToString());
   connection.Drain();
   return false;

@@ -8,9 +8,9 @@
 namespace NZELVYR20 {
 namespace {
 
-using TResult = std::optional<TRefusal>;
+using TResult = std::optional<THttpRefusal>;
 
-TRefusal Refuse(int status, const std::string& header = {}) { return {status, header}; }
+THttpRefusal Refuse(int status, const std::string& header = {}) { return {status, header}; }
 
 /// The name in "name:port" or "[address]:port".
 std::string GetName(const std::string& host) {
@@ -89,12 +89,12 @@ std::string GetReason(int status) {
 
 }  // namespace
 
-std::string TRefusal::ToString() const {
+std::string THttpRefusal::ToString() const {
   return "HTTP/1.1 " + std::to_string(status) + ' ' + GetReason(status) + "\r\n" +
          (header.empty() ? "" : header + "\r\n") + "Content-Length: 0\r\nConnection: close\r\n\r\n";
 }
 
-std::optional<TRefusal> TRequestRules::Check(const THttpHead& head) const {
+std::optional<THttpRefusal> TRequestRules::Check(const THttpHead& head) const {
   if (TResult refusal = CheckHost(head, isLocalOnly)) return refusal;
   if (admits && !admits(head.Get("Authorization").value_or(""))) {
     return Refuse(401, "WWW-Authenticate: Basic realm=\"vyr\", charset=\"UTF-8\"");

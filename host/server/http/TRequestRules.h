@@ -10,7 +10,7 @@
 namespace NZELVYR20 {
 
 /// An answer that has no body.
-struct TRefusal {
+struct THttpRefusal {
   int status;
   std::string header;  ///< one more line, without its end; empty: none
 
@@ -28,7 +28,7 @@ struct TRequestRules {
   std::function<bool(const std::string& authorization)> admits;
 
   /// Why a request is refused; none where it is not.
-  std::optional<TRefusal> Check(const THttpHead& head) const;
+  std::optional<THttpRefusal> Check(const THttpHead& head) const;
 };
 
 /// Whether the connection stays open after the answer.

@@ -13,5 +13,6 @@ void AddMofCommand(TCommandSet& commands);
 void AddAssociationCommands(TCommandSet& commands);
 void AddDrawCommands(TCommandSet& commands);
 void AddHistoryCommands(TCommandSet& commands);
+void AddServeCommand(TCommandSet& commands);
 
 }  // namespace NZELVYR20

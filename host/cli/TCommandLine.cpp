@@ -76,6 +76,9 @@ TParser::TParser()
   AddAssociationCommands(commands_);
   AddDrawCommands(commands_);
   AddHistoryCommands(commands_);
+#ifdef VYR_SERVER
+  AddServeCommand(commands_);
+#endif
 }
 
 void TParser::AddHostOptions() {

@@ -53,8 +53,9 @@ TPause::~TPause() {
   pthread_sigmask(SIG_SETMASK, &earlier_, nullptr);
 }
 
-TPause::EEnd TPause::Until(TClock::time_point time) const {
-  std::array<pollfd, 2> polled = {{{signals_.Get(), POLLIN, 0}, {STDOUT_FILENO, 0, 0}}};
+TPause::EEnd TPause::Until(TClock::time_point time, EReader reader) const {
+  std::array<pollfd, 2> polled = {
+      {{signals_.Get(), POLLIN, 0}, {reader == EReader::kMatters ? STDOUT_FILENO : -1, 0, 0}}};
   do {
     if (poll(polled.data(), polled.size(), CountMilliseconds(time - TClock::now())) < 0) continue;
     if (polled[0].revents != 0) return EEnd::kSignal;

@@ -15,6 +15,8 @@ class TPause {
   using TClock = std::chrono::steady_clock;
   /// What ended a pause.
   enum class EEnd { kTime, kSignal, kNoReader };
+  /// Whether standard output, where nobody reads it any more, ends one.
+  enum class EReader { kMatters, kIgnored };
 
   TPause();
   TPause(const TPause&) = delete;
@@ -22,7 +24,7 @@ class TPause {
   ~TPause();
 
   /// Until that time, or a signal, or until nobody reads standard output any more.
-  EEnd Until(TClock::time_point time) const;
+  EEnd Until(TClock::time_point time, EReader reader = EReader::kMatters) const;
 
  private:
   sigset_t earlier_{};

@@ -52,11 +52,11 @@ int PerformAndReport(const TInvocation& invocation, TRepository& repository,
 }
 
 int Execute(const TInvocation& invocation, const TMemoryWatch& watch, TProgram::TLeave leave) {
-  if (invocation.needs == ENeeds::kNothing) return Perform(invocation, nullptr, watch);
   if (invocation.options.logLevel) TRootObject::SetLogThreshold(*invocation.options.logLevel);
   const TScopedLogger visibly([](ICoreLogger& earlier, int level, const std::string& message) {
     earlier.Log(level, TText::OneLine(message));
   });
+  if (invocation.needs == ENeeds::kNothing) return Perform(invocation, nullptr, watch);
   TRepository repository(invocation.options);
   if (NeedsMachine(invocation)) repository.Collect();
   const bool isWhole = TMofInput::LoadFiles(repository.GetNamespace(), invocation.options);

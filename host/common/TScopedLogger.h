@@ -8,7 +8,8 @@
 
 namespace NZELVYR20 {
 
-/// Stands between the repository and its logger while it lives.
+/// Stands between the repository and its logger while it lives. Those of several threads may end in
+/// any order; each takes the messages of all threads.
 class TScopedLogger {
  public:
   /// Takes each message, and the logger that was there before.
@@ -20,7 +21,9 @@ class TScopedLogger {
   ~TScopedLogger();
 
  private:
-  boost::shared_ptr<ICoreLogger> earlier_;
+  class TFilteringLogger;
+
+  boost::shared_ptr<TFilteringLogger> logger_;
 };
 
 }  // namespace NZELVYR20

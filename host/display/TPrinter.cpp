@@ -5,6 +5,8 @@
 
 #include "ICIMPropertyDecl.h"
 #include "ICIMQualifier.h"
+#include "JsonText.h"
+#include "TCIMDateTime.h"
 #include "TText.h"
 #include "TVYRException.h"
 #include "TypeText.h"
@@ -65,6 +67,18 @@ std::vector<std::string> TPrinter::ElementTexts(const ICIMProperty& property) {
 }
 
 std::string TPrinter::ValueText(const TCIMValue& value) { return value.ToString(10); }
+
+std::string TPrinter::StoredText(const TCIMValue& value) {
+  if (value.IsArray()) return JsonValue(value);
+  switch (value.GetType()) {
+    case TCIMValue::TCIMType::kDateTime:
+      return static_cast<TCIMDateTime>(value).ToCIMString();
+    case TCIMValue::TCIMType::kReference:
+      return TText::OneLine(value.ToString(10));
+    default:
+      return value.ToString(10);
+  }
+}
 
 std::string TPrinter::TypeText(const TCIMValue& value) {
   const auto referencedClass = value.GetReferencedClass();

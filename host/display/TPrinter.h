@@ -30,6 +30,8 @@ class TPrinter {
 
   /// A value as it is stored.
   static std::string ValueText(const TCIMValue& value);
+  /// The same so that it can be read back: date-times in the CIM text form, arrays as JSON.
+  static std::string StoredText(const TCIMValue& value);
 
   /// The type of a value; for a reference with the class to which it points.
   static std::string TypeText(const TCIMValue& value);

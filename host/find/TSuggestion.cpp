@@ -49,7 +49,8 @@ std::size_t Slips(const std::string& given, const std::string& known) {
 
 }  // namespace
 
-std::string TSuggestion::For(const std::string& given, const std::vector<std::string>& known) {
+std::vector<std::string> TSuggestion::Nearest(const std::string& given,
+                                              const std::vector<std::string>& known) {
   const std::string folded = FoldName(given);
   std::size_t fewest = MostSlips(given);
   std::vector<std::string> nearest;
@@ -62,6 +63,11 @@ std::string TSuggestion::For(const std::string& given, const std::vector<std::st
     nearest.push_back(name);
   }
   nearest.resize(std::min(nearest.size(), kMostNames));
+  return nearest;
+}
+
+std::string TSuggestion::For(const std::string& given, const std::vector<std::string>& known) {
+  const std::vector<std::string> nearest = Nearest(given, known);
   return nearest.empty() ? "" : "; did you mean " + TText::Join(nearest, " or ") + "?";
 }
 

@@ -14,6 +14,9 @@ class TSuggestion {
   /// names; empty where none is near. Letter case does not count, nor does a schema's name that was
   /// left out.
   static std::string For(const std::string& given, const std::vector<std::string>& known);
+  /// The nearest themselves, three at most.
+  static std::vector<std::string> Nearest(const std::string& given,
+                                          const std::vector<std::string>& known);
 };
 
 }  // namespace NZELVYR20

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "ApplyChanges.h"
-#include "CompareNamespaces.h"
 
 namespace NZELVYR20 {
 
@@ -12,16 +11,24 @@ TWatch::TWatch(boost::shared_ptr<ICIMNamespace> kept, boost::shared_ptr<ICIMName
                TCollect collect)
     : kept_(std::move(kept)), present_(std::move(present)), collect_(std::move(collect)) {}
 
-void TWatch::Round(const TChangeText& text, const std::string& lead, const TWriteText& write) {
+void TWatch::Look() {
   present_->ClearInstances();
   collect_();
+}
+
+void TWatch::Update(const TTell& tell) {
   const TComparison comparison = CompareNamespaces(*kept_, *present_, EMatch::kWithinMachine);
-  text.WriteLines(comparison, lead, write);
+  tell(comparison);
   // With equal schemas nothing but another name of the machine is remarked on, and that is part of
   // the paths.
   ApplyChanges(kept_, comparison.remarks.empty()
                           ? comparison.changes
                           : CompareNamespaces(*kept_, *present_, EMatch::kPath).changes);
+}
+
+void TWatch::Round(const TChangeText& text, const std::string& lead, const TWriteText& write) {
+  Look();
+  Update([&](const TComparison& comparison) { text.WriteLines(comparison, lead, write); });
 }
 
 }  // namespace NZELVYR20

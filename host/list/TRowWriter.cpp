@@ -5,12 +5,10 @@
 #include <utility>
 
 #include "JsonText.h"
-#include "TCIMDateTime.h"
 #include "TCsvWriter.h"
 #include "TJsonList.h"
 #include "TPrinter.h"
 #include "TTable.h"
-#include "TText.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -38,21 +36,9 @@ class TJsonRows : public TRowWriter {
   TJsonList list_;
 };
 
-std::string StoredText(const TCIMValue& value) {
-  if (value.IsArray()) return JsonValue(value);
-  switch (value.GetType()) {
-    case TCIMValue::TCIMType::kDateTime:
-      return static_cast<TCIMDateTime>(value).ToCIMString();
-    case TCIMValue::TCIMType::kReference:
-      return TText::OneLine(value.ToString(10));
-    default:
-      return value.ToString(10);
-  }
-}
-
 TCsvWriter::TField CsvField(const TCell& cell) {
   if (cell.value.IsNull()) return std::nullopt;
-  return cell.text ? cell.text : StoredText(cell.value);
+  return cell.text ? cell.text : TPrinter::StoredText(cell.value);
 }
 
 class TCsvRows : public TRowWriter {

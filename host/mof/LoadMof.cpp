@@ -8,11 +8,10 @@
 namespace NZELVYR20 {
 namespace {
 
-const std::string kSchema = "schema/vyr.mof";
-
-std::string FindSchema() {
-  const auto file = FindInstalled({kSchema, "../share/vyr/" + kSchema});
-  if (!file) throw TKitError(kSchema + ": neither beside the program nor in ../share/vyr");
+std::string FindSchema(const std::string& name) {
+  const std::string schema = "schema/" + name;
+  const auto file = FindInstalled({schema, "../share/vyr/" + schema});
+  if (!file) throw TKitError(schema + ": neither beside the program nor in ../share/vyr");
   return *file;
 }
 
@@ -31,8 +30,9 @@ TMofSummary LoadMof(const boost::shared_ptr<ICIMNamespace>& nameSpace,
   return loader.GetSummary();
 }
 
-void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TMofOptions& options) {
-  const std::string file = FindSchema();
+void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TMofOptions& options,
+                const std::string& name) {
+  const std::string file = FindSchema(name);
   TMofOptions strict;
   strict.isStrict = true;
   strict.isQuiet = true;

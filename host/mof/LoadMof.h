@@ -27,7 +27,9 @@ TMofSummary LoadMof(const boost::shared_ptr<ICIMNamespace>& nameSpace,
                     const TMofOptions& options = {}, const TMofProgress& progress = {});
 
 /// Loads the classes of the machine's data, which TMachineCollector needs, from where they were
-/// installed. Of the options it takes `referenceClasses`. Throws TKitError, which names the file.
-void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TMofOptions& options = {});
+/// installed, or another schema from there. Of the options it takes `referenceClasses`. Throws
+/// TKitError, which names the file.
+void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TMofOptions& options = {},
+                const std::string& name = "vyr.mof");
 
 }  // namespace NZELVYR20

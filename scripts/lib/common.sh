@@ -3,14 +3,15 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 run_packages=(g++ cmake ninja-build libboost-dev libcli11-dev nlohmann-json3-dev
-  tao-pegtl-dev libsqlite3-dev)
+  tao-pegtl-dev libsqlite3-dev libpugixml-dev libcpp-httplib-dev libssl-dev libcrypt-dev pkgconf)
 benchmark_libraries=(libbenchmark-dev)
 # What 32-bit x86 needs besides.
 multilib_packages=(g++-multilib libsqlite3-0:i386)
-test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales
+test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales openssl
   sqlite3 jq python3 graphviz zsh)
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
+site_packages=("${run_packages[@]}" python3 chromium chromium-driver)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck python3)
 docs_packages=("${run_packages[@]}" doxygen mandoc)

@@ -9,6 +9,7 @@
 #include "TCimXmlRequest.h"
 #include "TFuzzCheck.h"
 #include "TFuzzNamespace.h"
+#include "TMofLoader.h"
 #include "TWbemService.h"
 
 namespace NZELVYR20 {
@@ -20,6 +21,21 @@ struct TKeepingSink : IAnswerSink {
 
   std::string text;
 };
+
+constexpr const char* kMachine = R"(
+instance of CIM_ComputerSystem as $box { CreationClassName = "CIM_ComputerSystem"; Name = "box"; };
+instance of CIM_Processor as $cpu { SystemCreationClassName = "CIM_ComputerSystem";
+  SystemName = "box"; CreationClassName = "CIM_Processor"; DeviceID = "<0\n"; };
+instance of CIM_SystemDevice { GroupComponent = $box; PartComponent = $cpu; };
+)";
+
+boost::shared_ptr<ICIMNamespace> MakeMachine() {
+  boost::shared_ptr<ICIMNamespace> made = TFuzzNamespace::Make();
+  TMofLoader loader(made, {}, [](const std::string& message) { Require(false, message.c_str()); });
+  loader.ReadText("machine", kMachine);
+  loader.Enter();
+  return made;
+}
 
 /// Takes the first line off the input.
 std::string TakeLine(std::string& input) {
@@ -46,7 +62,7 @@ TCimXmlRequest MakeRequest(std::string input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   using NZELVYR20::Require;
-  static NZELVYR20::TWbemService service(NZELVYR20::TFuzzNamespace::Make(), {});
+  static NZELVYR20::TWbemService service(NZELVYR20::MakeMachine(), {});
   NZELVYR20::TKeepingSink sink;
   const NZELVYR20::TCimXmlRequest request =
       NZELVYR20::MakeRequest(std::string(bytes, bytes + size));

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <boost/algorithm/string.hpp>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <set>
@@ -141,6 +143,58 @@ TEST(Request, OfAMethodIsAnsweredWithWhatIsMissing) {
   EXPECT_EQ(call("Run", "root/cimv2:Tx", ofClass("T")), "400 header-mismatch");
   EXPECT_EQ(call("Run", "root/cimv2", ofClass("T")), "400 header-mismatch");
   EXPECT_EQ(call("Run", "root/cimv2:T", ""), "400 request-not-valid");
+}
+
+std::size_t CountChildren(const pugi::xml_node& node) {
+  return static_cast<std::size_t>(std::distance(node.begin(), node.end()));
+}
+
+/// Takes so many pieces, and no more.
+struct TNarrowSink : TTextSink {
+  explicit TNarrowSink(std::size_t limit) : limit_(limit) {}
+
+  void Write(std::string_view piece) override {
+    if (++pieces > limit_) throw TAnswerTooLarge();
+    largest = std::max(largest, piece.size());
+    TTextSink::Write(piece);
+  }
+
+  std::size_t pieces = 0;
+  std::size_t largest = 0;
+
+ private:
+  std::size_t limit_;
+};
+
+TEST(Request, IsAnsweredInPiecesAsLongAsTheSinkTakesThem) {
+  TSampleService service(kRequestMof);
+  const boost::shared_ptr<ICIMClass> cimClass = service.GetNamespace()->GetClass("T", {});
+  for (int i = 0; i < 2000; ++i) {
+    const boost::shared_ptr<ICIMInstance> instance = cimClass->AllocateInstance({});
+    instance->SetPropertyValue("Id", std::to_string(i), {});
+    instance->AddToNamespace({});
+  }
+  const TCimXmlRequest request = TClientCall::Read("EnumerateInstances ClassName=:T").ByPython();
+  EXPECT_EQ(CountChildren(service.Ask(request).first_child()), 2001U);
+  TNarrowSink wide(1000);
+  EXPECT_EQ(service.Get().Answer(request, wide).status, 200);
+  EXPECT_GT(wide.pieces, 5U);
+  EXPECT_LT(wide.largest, wide.text.size() / 5);
+  TNarrowSink narrow(3);
+  EXPECT_THROW(service.Get().Answer(request, narrow), TAnswerTooLarge);
+  EXPECT_EQ(service.Status(request), "200");
+}
+
+TEST(Request, IsToldWhyItIsRefusedInAHeadersLetters) {
+  TSampleService service(kRequestMof);
+  TTextSink sink;
+  TCimXmlRequest request = UsualRequest();
+  boost::replace_first(request.body, "<IMETHODCALL NAME", "<\xC3\xA4 NAME");
+  boost::replace_first(request.body, "</IMETHODCALL>", "</\xC3\xA4>");
+  EXPECT_EQ(service.Get().Answer(request, sink).detail,
+            "SIMPLEREQ%3A%20no%20IMETHODCALL%7CMETHODCALL");
+  boost::replace_all(request.body, "SIMPLEREQ", "\xC3\xA4");
+  EXPECT_EQ(service.Get().Answer(request, sink).detail, "MESSAGE%3A%20no%20SIMPLEREQ");
 }
 
 }  // namespace

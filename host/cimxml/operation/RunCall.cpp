@@ -32,7 +32,7 @@ void RunOperation(const TMessage& message, const TNamespaces& namespaces,
   const TOperation* const operation = FindOperation(message.GetName());
   if (operation == nullptr) {
     throw TCimFailure(ECimStatus::kNotSupported,
-                      std::string("no operation ") + message.GetName() + " in what reads alone");
+                      std::string(message.GetName()) + " is not offered: this server only reads");
   }
   const TPathPlace place = FindPlace(message, namespaces);
   const TPathReader paths = MakePathReader(place, namespaces);

@@ -64,7 +64,7 @@ std::string BareText(const std::string& text) {
   constexpr const char* kCharacters =
       "+-.0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
-  const std::string bare = text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
+  std::string bare = text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
   if (bare.find_first_not_of(kCharacters) != std::string::npos) return {};
   const std::size_t hex = FoldName(bare).find("0x");
   if (hex > 1) return bare;

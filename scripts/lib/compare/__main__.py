@@ -10,6 +10,7 @@ import tempfile
 
 import devices
 import system
+from answers import numbers
 
 DOCUMENT = 'docs/collected.md'
 SAMPLE = 'tests/host/data/machine.txt'
@@ -47,9 +48,7 @@ class Report:
     """The rows, and which of them differ."""
 
     def __init__(self):
-        with open(DOCUMENT, encoding='utf-8') as document:
-            rows = re.findall(r'^\| `(\w+: [^`]*)` \| (.*) \|$', document.read(), re.M)
-        self.reasons = dict(rows)
+        self.reasons = re.findall(r'^\| `(\w+: [^`]*)` \| .* \|$', read(DOCUMENT), re.M)
         self.met = set()
         self.rows = 0
         self.differing = 0
@@ -94,51 +93,77 @@ def show(value):
     return text if len(text) <= 120 else text[:117] + '...'
 
 
+def read(path):
+    with open(path, encoding='utf-8') as file:
+        return file.read()
+
+
+def write(path, data):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    if not path.endswith('/'):
+        with open(path, 'wb') as file:
+            file.write(data)
+
+
 def make_sample(to):
     """The tree of the tests' sample machine: a line is a file and its text, a folder and files of
     one line in it, or a link."""
-    def write(path, data):
-        if path.endswith('/'):
-            os.makedirs(to + path, exist_ok=True)
-            return
-        os.makedirs(os.path.dirname(to + path), exist_ok=True)
-        with open(to + path, 'wb') as file:
-            file.write(data)
-
-    with open(SAMPLE, encoding='utf-8') as lines:
-        for line in lines.read().splitlines():
-            if not line or line.startswith('#'):
-                continue
-            if ' -> ' in line:
-                link, target = line.split(' -> ')
-                os.makedirs(os.path.dirname(to + link), exist_ok=True)
-                os.symlink(target, to + link)
-            elif ': ' in line:
-                path, text = line.split(': ', 1)
-                text = text.replace('\\n', '\n').replace('\\t', '\t') + '\n'
-                text = re.sub(r'\\x(..)', lambda byte: chr(int(byte[1], 16)), text)
-                write(path, text.encode('latin-1'))
-            else:
-                folder, *files = line.split()
-                write(folder, b'')
-                for file in files:
-                    name, value = file.split('=', 1)
-                    write(folder + name, value.encode() + b'\n')
+    for line in read(SAMPLE).splitlines():
+        if not line or line.startswith('#'):
+            continue
+        if ' -> ' in line:
+            link, target = line.split(' -> ')
+            os.makedirs(os.path.dirname(to + link), exist_ok=True)
+            os.symlink(target, to + link)
+        elif ': ' in line:
+            path, text = line.split(': ', 1)
+            text = text.replace('\\n', '\n').replace('\\t', '\t') + '\n'
+            text = re.sub(r'\\x(..)', lambda byte: chr(int(byte[1], 16)), text)
+            write(to + path, text.encode('latin-1'))
+        else:
+            folder, *files = line.split()
+            write(to + folder, b'')
+            for name, value in (file.split('=', 1) for file in files):
+                write(to + folder + name, value.encode() + b'\n')
 
 
-def number_devices(tree):
-    """Gives block devices the numbers by which lsblk finds them."""
+def add_numbers(tree):
+    """Gives block devices the numbers by which lsblk finds them, and says what is above each."""
     found = glob.glob(tree + '/sys/block/*') + glob.glob(tree + '/sys/block/*/*/partition')
     os.makedirs(tree + '/sys/dev/block', exist_ok=True)
     for number, path in enumerate(found, 1):
         folder = path.removesuffix('/partition')
-        with open(folder + '/dev', 'w', encoding='ascii') as file:
-            file.write(f'240:{number}\n')
+        write(folder + '/dev', f'240:{number}\n'.encode())
         os.symlink(os.path.realpath(folder), f'{tree}/sys/dev/block/240:{number}')
-    for upper, _, lower in (path.rsplit('/', 2) for path in glob.glob(tree + '/sys/block/*/slaves/*')):
-        for folder in glob.glob(f'{tree}/sys/block/{lower}') + glob.glob(f'{tree}/sys/block/*/{lower}'):
+    for path in glob.glob(tree + '/sys/block/*/slaves/*'):
+        upper, _, lower = path.rsplit('/', 2)
+        for folder in glob.glob(f'{tree}/sys/block/{lower}') + \
+                glob.glob(f'{tree}/sys/block/*/{lower}'):
             os.makedirs(folder + '/holders', exist_ok=True)
             os.symlink(os.path.realpath(upper), f'{folder}/holders/{os.path.basename(upper)}')
+
+
+def add_masks(tree):
+    """Says of processors what lscpu reads: the same as the lists, as bits."""
+    folder = tree + '/sys/devices/system/'
+
+    def add(path, processors):
+        write(path, f'{sum(1 << number for number in processors):08x}\n'.encode())
+
+    for name in ('possible', 'present'):
+        write(folder + 'cpu/' + name, read(folder + 'cpu/online').encode())
+    packages = {}
+    for path in glob.glob(folder + 'cpu/cpu*/topology/physical_package_id'):
+        number = int(re.findall(r'/cpu(\d+)/', path)[0])
+        packages.setdefault(read(path), []).append(number)
+    for processors in packages.values():
+        for number in processors:
+            add(f'{folder}cpu/cpu{number}/topology/core_siblings', processors)
+    for pattern, old, new in (('cpu/cpu*/topology/thread_siblings_list', '_list', ''),
+                              ('cpu/cpu*/cache/*/shared_cpu_list', '_list', '_map'),
+                              ('node/node*/cpulist', 'cpulist', 'cpumap')):
+        for path in glob.glob(folder + pattern):
+            add(path.removesuffix(old) + new, numbers(read(path).strip()))
 
 
 def compare(report, title, root, tools):
@@ -158,11 +183,12 @@ def main(trees):
             saved, sample = folder + '/saved', folder + '/sample'
             subprocess.run(['scripts/save-machine', '--with-serials', saved], check=True)
             make_sample(sample)
-            number_devices(saved)
-            number_devices(sample)
+            add_masks(saved)
+            add_numbers(saved)
+            add_numbers(sample)
             compare(report, 'this machine', '', TOOLS_OF_THIS_MACHINE)
             compare(report, 'this machine, saved', saved, TOOLS_OF_TREES)
-            compare(report, 'the sample of the tests', sample, TOOLS_OF_TREES)
+            compare(report, 'the sample of the tests', sample, (devices.lsblk, system.dmidecode))
     return report.finish()
 
 

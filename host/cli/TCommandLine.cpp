@@ -142,7 +142,7 @@ void TParser::CheckFormat() const {
   if (own == nullptr) {
     throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
   }
-  std::string given = app_.get_option(TFormatOption::kName)->as<std::string>();
+  auto given = app_.get_option(TFormatOption::kName)->as<std::string>();
   const std::string refusal = (*own->get_validator(0))(given);
   if (!refusal.empty()) {
     throw TUsageError(command->get_name() + " " + TFormatOption::kName + ": " + refusal,

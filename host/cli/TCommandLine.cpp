@@ -136,16 +136,20 @@ TInvocation TParser::Complete(std::vector<std::string> arguments,
   return {options_, completion.GetNeeds(), completion.GetCommand()};
 }
 
-/// The program's own option also takes what stands after a command that has no such option.
+/// The program's own option also takes what stands after a command that has no such option, and
+/// what the command does not write.
 void TParser::CheckFormat() const {
-  const CLI::App* command = FindNamedCommand();
+  CLI::App* const command = FindNamedCommand();
   if (!options_.format || command == nullptr) return;
-  const std::vector<const CLI::Option*> known = command->get_options();
-  const auto isFormat = [](const CLI::Option* option) {
-    return option->get_name() == TFormatOption::kName;
-  };
-  if (std::none_of(known.begin(), known.end(), isFormat)) {
+  CLI::Option* const own = command->get_option_no_throw(TFormatOption::kName);
+  if (own == nullptr) {
     throw TUsageError(command->get_name() + " knows no " + TFormatOption::kName, HelpCommand());
+  }
+  auto given = app_.get_option(TFormatOption::kName)->as<std::string>();
+  const std::string refusal = (*own->get_validator(0))(given);
+  if (!refusal.empty()) {
+    throw TUsageError(command->get_name() + " " + TFormatOption::kName + ": " + refusal,
+                      HelpCommand());
   }
 }
 

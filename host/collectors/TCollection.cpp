@@ -94,6 +94,8 @@ std::optional<TCIMReference> TCollection::AddPart(const TInstanceDraft& draft,
 void TCollection::AddSystem(const TInstanceDraft& draft, const std::string& name) {
   systemName_ = name;
   system_ = Add(draft);
+  // What all links to it copy has its text from here on.
+  if (system_) system_->GetPath();
 }
 
 TInstanceDraft TCollection::DraftDependency(const std::string& className,

@@ -17,11 +17,13 @@ constexpr std::size_t kLongestInnerPath = std::size_t{8} * 1024 * 1024;
 
 void AppendQuoted(std::string& path, const std::string& text) {
   path += '"';
-  for (const char character : text) {
-    if (character == '"' || character == '\\') path += '\\';
-    path += character;
+  std::size_t written = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text[at] != '"' && text[at] != '\\') continue;
+    path.append(text, written, at - written) += '\\';
+    written = at;
   }
-  path += '"';
+  path.append(text, written) += '"';
 }
 
 // Half of a surrogate pair has no UTF-8 of its own; as a number it cannot meet a quoted character.

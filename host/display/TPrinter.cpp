@@ -1,5 +1,6 @@
 #include "TPrinter.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,14 @@ boost::shared_ptr<ICIMQualifier> Find(const ICIMPropertyDecl& declaration,
   bool isFound = false;
   return declaration.GetQualifier(name, isFound, {});
 }
+
+std::string TextOf(const boost::shared_ptr<ICIMQualifier>& qualifier) {
+  return qualifier ? qualifier->GetValue({}).ToString(10) : std::string();
+}
+
+/// What stands after a number that the repository writes as it is.
+const std::map<std::string, const char*> kUnits = {
+    {"MegaHertz", " MHz"}, {"MilliVolts", " mV"}, {"MilliWattHours", " mWh"}, {"Percent", "%"}};
 
 bool IsNumber(const ICIMProperty& property) {
   switch (property.GetType({})) {
@@ -48,9 +57,14 @@ std::string TPrinter::ScalarText(const ICIMProperty& property) {
   const auto declaration = property.GetDeclaration({});
   if (Find(*declaration, "Values")) return text;
   const auto units = Find(*declaration, "Units");
-  if (units && units->GetValue({}).ToString(10) == "MegaHertz") return text + " MHz";
-  const auto base = Find(*declaration, "Base");
-  return !units && base && base->GetValue({}).ToString(10) == "16" ? "0x" + text : text;
+  if (const auto unit = kUnits.find(TextOf(units)); unit != kUnits.end()) {
+    return text + unit->second;
+  }
+  const auto fixed = Find(*declaration, "DisplayFixedUnits");
+  if (units && fixed && TextOf(fixed).empty()) {
+    return ValueText(property.GetValue({})) + ' ' + TextOf(units);
+  }
+  return !units && TextOf(Find(*declaration, "Base")) == "16" ? "0x" + text : text;
 }
 
 std::vector<std::string> TPrinter::ElementTexts(const ICIMProperty& property) {

@@ -37,6 +37,22 @@ std::string SelectAs(const TClassTable& part, const std::string& name, const TCl
   return "SELECT " + TText::Join(columns, ", ") + " FROM " + QuoteSqlName(name);
 }
 
+/// The rows of all queries. SQLite unites so many at once and no more.
+std::string Unite(TNames queries, std::size_t most) {
+  const char* const link = " UNION ALL ";
+  while (queries.size() > most) {
+    TNames fewer;
+    for (auto first = queries.begin(); first != queries.end();) {
+      const auto count =
+          std::min<std::ptrdiff_t>(queries.end() - first, static_cast<std::ptrdiff_t>(most));
+      fewer.push_back("SELECT * FROM (" + TText::Join({first, first + count}, link) + ")");
+      first += count;
+    }
+    queries = std::move(fewer);
+  }
+  return TText::Join(queries, link);
+}
+
 std::string IndexText(const std::string& table, const std::string& column) {
   return "CREATE INDEX saved." + QuoteSqlName(table + '.' + column) + " ON " + QuoteSqlName(table) +
          "(" + QuoteSqlName(column) + ")";
@@ -98,8 +114,9 @@ void TSavedDatabase::AddClass(const boost::shared_ptr<ICIMClass>& cimClass) {
     selects.push_back(SelectAs(TClassTable(part, database_.GetPaths()), part->GetName({}), table));
   }
   if (parts.empty()) return;
+  const int most = sqlite3_limit(database_.Get(), SQLITE_LIMIT_COMPOUND_SELECT, -1);
   Run("CREATE VIEW saved." + QuoteSqlName(name) + "(" + JoinQuoted(table.GetColumns()) + ") AS " +
-      TText::Join(selects, " UNION ALL "));
+      Unite(std::move(selects), static_cast<std::size_t>(most)));
 }
 
 void TSavedDatabase::AddRows(const TClassTable& table, const std::string& name,

@@ -14,6 +14,7 @@ fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
 site_packages=("${run_packages[@]}" python3 chromium chromium-driver)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck python3)
+compare_packages=("${run_packages[@]}" python3 util-linux iproute2 pciutils usbutils procps dmidecode)
 docs_packages=("${run_packages[@]}" doxygen mandoc)
 slots_packages=(g++ libboost-dev)
 abi_packages=("${run_packages[@]}" "${multilib_packages[@]}" abigail-tools)

@@ -111,8 +111,8 @@ TEST_F(VyrhostHistory, AWatchTellsChangesUntilItIsEnded) {
     EXPECT_EQ(status, W_EXITCODE(signal == 0 ? 1 : 0, 0));
     // The file may be read while it is written, and be empty.
     const std::string line = "Z changed " + kPort +
-                             ": ActiveMaximumTransmissionUnit: (no value|[0-9]+) -> "
-                             "(no value|[0-9]+)\n";
+                             ": ActiveMaximumTransmissionUnit: (no value|[0-9]+ Bytes) -> "
+                             "(no value|[0-9]+ Bytes)\n";
     EXPECT_TRUE(signal == 0 || std::regex_match(output, std::regex("(20.{17}" + line + ")+")))
         << output;
   }

@@ -53,6 +53,21 @@ TEST_F(VyrhostSql, SavedDatabasesAnswerTheSame) {
   }
 }
 
+/// More subclasses than SQLite unites in one query.
+TEST_F(VyrhostSql, SavesAClassOfManySubclasses) {
+  std::string mof =
+      "Qualifier Key : boolean = false, Scope(any);\nclass MY_A { [Key] string Id; };\n";
+  for (int n = 1; n <= 1100; ++n) {
+    const std::string name = "MY_A" + std::to_string(n);
+    mof += "class " + name + " : MY_A { };\ninstance of " + name + " { Id = \"x\"; };\n";
+  }
+  const std::string file = GetRoot() + "/many.db";
+  EXPECT_EQ(Execute({"--empty", "--mof", Write("many.mof", mof), "sql", "--save", file}).errors,
+            "");
+  EXPECT_EQ(AskFile(file, "SELECT count(DISTINCT path) AS n FROM MY_A WHERE Id = 'x'"),
+            "n\n1100\n");
+}
+
 TEST_F(VyrhostSql, NothingButDatabasesIsReplaced) {
   const std::string file = Write("notes", "my notes\n");
   const TOutcome refused = Execute({"sql", "--save", file});

@@ -15,6 +15,7 @@
 #include "ICIMQualifier.h"
 #include "THostNamespace.h"
 #include "TMachineCollector.h"
+#include "TPrinter.h"
 #include "TSampleMachine.h"
 
 namespace NZELVYR20 {
@@ -114,6 +115,28 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
   std::set<std::string> unseen = ListSet(host_, host_.ListPaths("CIM_ManagedElement"));
   for (const std::string& seen : ListSet(host_, shown)) unseen.erase(seen);
   EXPECT_EQ(std::set<std::string>(), unseen) << "set, and in no case";
+}
+
+/// With what is in the cases above, where everything that is set is seen.
+TEST_F(MachineCollector, ShowsUnitsAndMeanings) {
+  int shown = 0;
+  for (const std::string& path : host_.ListPaths("CIM_ManagedElement")) {
+    host_.Find(path)->EnumerateProperties(
+        [&](const boost::shared_ptr<ICIMProperty>& property) {
+          const auto declaration = property->GetDeclaration({});
+          bool isFound = false;
+          const bool isPlain = !declaration->GetQualifier("Values", isFound, {}) &&
+                               !declaration->GetQualifier("Units", isFound, {});
+          if (isPlain || property->GetValue({}).IsNull()) return true;
+          const std::string text = TPrinter::PropertyText(*property);
+          EXPECT_NE(text.find_first_not_of("{}, 0123456789"), std::string::npos)
+              << path << ' ' << declaration->GetName({}) << ": " << text;
+          ++shown;
+          return true;
+        },
+        {});
+  }
+  EXPECT_GT(shown, 150);
 }
 
 TEST_F(MachineCollector, CollectingAgainReplaces) {

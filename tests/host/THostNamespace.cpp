@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/algorithm/string/join.hpp>
 #include <boost/make_shared.hpp>
 #include <sstream>
 #include <stdexcept>
@@ -13,6 +14,7 @@
 #include "PluginNamespace.h"
 #include "TMachineCollector.h"
 #include "TMofLoader.h"
+#include "TPrinter.h"
 #include "TRootObject.h"
 
 namespace NZELVYR20 {
@@ -32,6 +34,11 @@ void LoadSchema(const boost::shared_ptr<ICIMNamespace>& nameSpace) {
   TMofLoader loader(nameSpace, {}, [](const std::string& message) { ADD_FAILURE() << message; });
   loader.Read(VYR_SCHEMA_DIR "/vyr.mof");
   loader.Enter();
+}
+
+std::string ShowValue(const ICIMProperty& property) {
+  if (!property.IsArray({})) return TPrinter::PropertyText(property);
+  return '{' + boost::join(TPrinter::ElementTexts(property), ",") + '}';
 }
 
 std::string ShowEnd(const TCIMValue& reference) {
@@ -81,7 +88,8 @@ std::string THostNamespace::ShowAll(const std::string& path) const {
         bool isKey = false;
         declaration->GetQualifier("Key", isKey, {});
         if (value.IsNull() || (isKey && !value.IsReference())) return true;
-        const std::string text = value.IsReference() ? ShowEnd(value) : property->ToString();
+        const std::string text =
+            value.IsReference() ? ShowEnd(value) : ShowValue(*property);
         shown += (shown.empty() ? "" : "|") + declaration->GetName({}) + '=' + text;
         return true;
       },

@@ -109,7 +109,8 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
   }
   if (drive.size) {
     draft.Set("DefaultBlockSize", drive.size->blockSize)
-        .Set("MaxMediaSize", drive.size->blocks * drive.size->blockSize / 1024);
+        .Set("MaxMediaSize", drive.size->blocks * drive.size->blockSize / 1000)
+        .Set("Caption", DescribeSize(drive.size->blocks * drive.size->blockSize));
   }
   SetIdentities(draft, drive, folder);
   const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_SystemDevice");

@@ -59,7 +59,7 @@ void SetName(TLogicalProcessor& processor, std::string_view name, std::string_vi
     processor.modelName = value;
   }
   if (name == "uarch" && processor.modelName.empty()) processor.modelName = value;
-  if (IsOneOf(name, {"stepping", "CPU revision"})) processor.stepping = value;
+  if (name == "stepping") processor.stepping = value;
 }
 
 bool HasWord(std::string_view text, std::string_view word) {
@@ -70,6 +70,12 @@ bool HasWord(std::string_view text, std::string_view word) {
 std::string FindVirtualization(std::string_view flags) {
   if (HasWord(flags, "vmx")) return "VT-x";
   return HasWord(flags, "svm") ? "AMD-V" : "";
+}
+
+/// ARM's own name, such as "r1p3".
+std::string NameStepping(const std::optional<std::uint64_t>& variant, std::string_view revision) {
+  const std::string number(revision);
+  return variant ? 'r' + std::to_string(*variant) + 'p' + number : number;
 }
 
 void SetField(TLogicalProcessor& processor, const TField& field) {
@@ -87,6 +93,8 @@ void SetField(TLogicalProcessor& processor, const TField& field) {
     processor.addressBits = FindAddressBitsByFlags(value);
     processor.virtualization = FindVirtualization(value);
   }
+  // On s390x.
+  if (name == "features" && HasWord(value, "zarch")) processor.addressBits = 64;
   if (name == "microcode") processor.microcode = value;
   if (name == "isa") {
     processor.isa = value;
@@ -95,6 +103,8 @@ void SetField(TLogicalProcessor& processor, const TField& field) {
   if (name == "CPU architecture") SetArmArchitecture(processor, value);
   if (name == "CPU implementer") processor.armImplementer = ParseHexadecimal(value);
   if (name == "CPU part") processor.armPart = ParseHexadecimal(value);
+  if (name == "CPU variant") processor.armVariant = ParseHexadecimal(value);
+  if (name == "CPU revision") processor.stepping = NameStepping(processor.armVariant, value);
 }
 
 /// The number in "processor : 5", and on s390x in "processor 5: version = FF" and "cpu number : 5";

@@ -24,6 +24,7 @@ struct TLogicalProcessor {
   std::optional<std::uint32_t> armArchitecture;
   std::optional<std::uint64_t> armImplementer;
   std::optional<std::uint64_t> armPart;
+  std::optional<std::uint64_t> armVariant;
 };
 
 /// What /proc/cpuinfo lists one by one, and what it says outside of that for all of them.

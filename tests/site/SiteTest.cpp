@@ -163,7 +163,8 @@ TEST(SiteTest, ManyInstancesComeInPages) {
   for (unsigned page = 1; page <= 11; ++page) {
     const TSiteAnswer answer = Get(site, url + "&page=" + std::to_string(page));
     EXPECT_LT(answer.body.size(), 60000U);
-    for (const auto& row : Parse(answer).select_nodes("//tbody/tr/th")) {
+    const pugi::xml_document document = Parse(answer);
+    for (const auto& row : document.select_nodes("//tbody/tr/th")) {
       names.insert(TextOf(row.node()));
     }
   }

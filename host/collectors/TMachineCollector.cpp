@@ -23,6 +23,8 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
     collection.BeginArea("processes");
     CollectProcesses(collection, *operatingSystem);
   }
+  collection.BeginArea("services");
+  CollectServices(collection);
   if (extras_.packages) {
     collection.BeginArea("packages");
     CollectPackages(collection);

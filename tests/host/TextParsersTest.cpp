@@ -16,6 +16,7 @@
 #include "PciText.h"
 #include "ProcessorText.h"
 #include "SensorText.h"
+#include "ServiceText.h"
 #include "SystemText.h"
 #include "TextFields.h"
 
@@ -177,6 +178,14 @@ const std::map<std::string, TParser> kParsers = {
        return Row(CountUsers(records), CountUsers(records + "x"));
      }},
     {"address type", One(FindAddressType6)},
+    {"unit", One([](const std::string& text) {
+       const TUnitFacts facts = ParseUnit(text);
+       return facts.description + (facts.canBeEnabled ? "|can be enabled" : "|fixed");
+     })},
+    {"unit text", [](const TTexts& given) { return FillUnitText(given[0], given[1]); }},
+    {"unit template", One([](const std::string& text) {
+       return IsUnitTemplate(text) ? "template" : FindUnitTemplate(text);
+     })},
     {"mounts", One(ShowMounts)},
     {"selected", [](const TTexts& given) { return ShowSelected(given[0], given[1]); }}};
 

@@ -49,6 +49,7 @@ std::optional<TCIMReference> CollectChassis(TCollection& collection);
 std::optional<TOperatingSystem> CollectOperatingSystem(TCollection& collection);
 void CollectProcesses(TCollection& collection, const TOperatingSystem& operatingSystem);
 void CollectPackages(TCollection& collection);
+void CollectServices(TCollection& collection);
 void CollectFirmware(TCollection& collection, const std::optional<TCIMReference>& chassis);
 TProcessorsByIndex CollectProcessors(TCollection& collection);
 void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,

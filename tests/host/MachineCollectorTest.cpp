@@ -133,6 +133,35 @@ TEST(PoorMachine, NothingAtAll) {
             host.GetNoted());
 }
 
+TEST(PoorMachine, ClustersOfCores) {
+  const TSampleTree tree;
+  tree.Write("/proc/cpuinfo",
+             "processor: 0\n\nprocessor: 1\n\nprocessor: 2\n\nFeatures: asimd aes\n");
+  const std::string cores = "/sys/devices/system/cpu/cpu";
+  const auto show = [&tree](const std::string& className) {
+    const THostNamespace host(tree.GetRoot());
+    TTexts shown;
+    for (const std::string& path : host.ListPaths(className)) shown.push_back(host.ShowAll(path));
+    return boost::join(shown, "; ");
+  };
+  tree.WriteValues(cores + "0/topology/", "cluster_cpus_list=0-1 cluster_id=7");
+  tree.WriteValues(cores + "1/topology/", "cluster_cpus_list=0-1 cluster_id=7");
+  EXPECT_EQ("", show("CIM_ConcreteCollection"));
+  tree.WriteValues(cores + "2/topology/", "cluster_cpus_list=2 cluster_id=9");
+  EXPECT_EQ(
+      "Description=Cluster of the processors 0-1|ElementName=socket0/cluster7; "
+      "Description=Cluster of the processors 2|ElementName=socket0/cluster9",
+      show("CIM_ConcreteCollection"));
+  EXPECT_EQ(
+      "Collection=socket0/cluster7|Member=socket0/core0; "
+      "Collection=socket0/cluster7|Member=socket0/core1; "
+      "Collection=socket0/cluster9|Member=socket0/core2",
+      show("CIM_MemberOfCollection"));
+  EXPECT_NE(std::string::npos, show("CIM_Processor").find("={ASIMD AES}"));
+  tree.WriteValues(cores + "1/topology/", "cluster_cpus_list=1 cluster_id=8");
+  EXPECT_EQ("", show("CIM_ConcreteCollection"));
+}
+
 TEST(PoorMachine, OddTrees) {
   // A folder in the place of a file, a file in the place of a folder, data of another kind.
   for (const std::string path : {"/proc/cpuinfo/", "/sys/class/net", "/proc/cpuinfo"}) {

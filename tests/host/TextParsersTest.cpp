@@ -14,6 +14,7 @@
 #include "MountText.h"
 #include "NetworkText.h"
 #include "PciText.h"
+#include "ProcessorFlags.h"
 #include "ProcessorText.h"
 #include "SensorText.h"
 #include "ServiceText.h"
@@ -178,6 +179,19 @@ const std::map<std::string, TParser> kParsers = {
        return Row(CountUsers(records), CountUsers(records + "x"));
      }},
     {"address type", One(FindAddressType6)},
+    {"radio", One([](const std::string& text) {
+       std::string shown;
+       for (const auto& [port, signal] : ParseRadioSignals(text)) {
+         shown += Row(port, signal.quality, signal.level, signal.noise);
+       }
+       return shown;
+     })},
+    {"extensions", One(ListExtensions)},
+    {"characteristics", One([](const std::string& text) {
+       std::string shown;
+       for (const unsigned code : FindCharacteristics(text)) shown += std::to_string(code) + ' ';
+       return shown;
+     })},
     {"unit", One([](const std::string& text) {
        const TUnitFacts facts = ParseUnit(text);
        return facts.description + (facts.canBeEnabled ? "|can be enabled" : "|fixed");

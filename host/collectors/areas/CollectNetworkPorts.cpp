@@ -20,6 +20,11 @@ TLinkKind FindLinkKind(const TMachineFolder& folder) {
   return ParseLinkKind(folder.ReadValue("type"));
 }
 
+std::string FindPortClass(std::uint16_t technology) {
+  if (technology == kWirelessLan) return "CIM_WiFiPort";
+  return technology == kEthernet ? "CIM_EthernetPort" : "CIM_NetworkPort";
+}
+
 void SetAddresses(TInstanceDraft& draft, const TMachineFolder& folder) {
   const std::string address = ParseHardwareAddress(folder.ReadValue("address"));
   if (address.empty()) return;
@@ -45,8 +50,7 @@ std::optional<TCIMReference> AddPort(TCollection& collection, const std::string&
                                      const std::string& virtualNetwork) {
   const TLinkKind link = FindLinkKind(folder);
   const TPortState state = ParsePortState(folder.ReadValue("operstate"), folder.ReadValue("flags"));
-  TInstanceDraft draft = collection.DraftDevice(
-      link.technology == kEthernet ? "CIM_EthernetPort" : "CIM_NetworkPort", name);
+  TInstanceDraft draft = collection.DraftDevice(FindPortClass(link.technology), name);
   draft.Set("Name", name)
       .Set("ElementName", name)
       .SetText("Description", ParseDeviceType(folder.ReadValue("uevent")))
@@ -92,6 +96,17 @@ void AddCounts(TCollection& collection, const std::string& name, const TCIMRefer
                       .Set("Stats", *path));
 }
 
+void AddRadio(TCollection& collection, const std::string& name, const TCIMReference& port,
+              const TRadioSignal& signal) {
+  TInstanceDraft draft = collection.DraftDevice("CIM_WiFiRadio", name + "/radio");
+  draft.Set("ElementName", "Radio of " + name)
+      .Set("Caption", "Quality of the link: " + signal.quality)
+      .Set("SignalStrength", signal.level)
+      .Set("SignalNoise", signal.noise);
+  const auto radio = collection.AddPart(draft, "CIM_SystemDevice");
+  if (radio) collection.Link(collection.DraftComponent("CIM_ConcreteComponent", port, *radio));
+}
+
 /// The ports that one is made of.
 std::vector<std::string> ListBelow(const TMachineFolder& folder) {
   static const std::string kBelow = "lower_";
@@ -119,6 +134,7 @@ TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& 
   const TMachineFolder folders = collection.Enter(kPortsFolder);
   const auto networks = ParseVirtualNetworks(files.ReadTable("/proc/net/vlan/config"));
   const auto counts = ParsePortCounts(files.ReadTable("/proc/net/dev"));
+  const auto signals = ParseRadioSignals(files.ReadTable("/proc/net/wireless"));
   TNetworkPorts ports;
   TLayers layers;
   for (const std::string& name : folders.GetNames()) {
@@ -134,6 +150,9 @@ TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& 
     LinkToFunction(collection, functions, kPortsFolder + ('/' + name), *port);
     if (const auto count = counts.find(name); count != counts.end()) {
       AddCounts(collection, name, *port, count->second);
+    }
+    if (const auto signal = signals.find(name); signal != signals.end()) {
+      AddRadio(collection, name, *port, signal->second);
     }
   }
   LinkLayers(collection, layers, ports);

@@ -47,6 +47,15 @@ std::optional<std::uint64_t> ParseFlags(std::string_view text) {
   return ParseUnsigned(text, 16);
 }
 
+/// "-56." as 56: what has no sign is no such level, and -256 stands for one that is not known.
+std::optional<std::uint32_t> ParseDecibels(std::string_view text) {
+  constexpr std::uint32_t kLargest = 255;
+  if (text.substr(0, 1) != "-") return std::nullopt;
+  text.remove_prefix(1);
+  const auto number = ParseNumber<std::uint32_t>(text.substr(0, text.find('.')));
+  return number && *number <= kLargest ? number : std::nullopt;
+}
+
 }  // namespace
 
 TLinkKind ParseLinkKind(std::string_view type) {
@@ -132,6 +141,19 @@ std::map<std::string, std::string> ParseVirtualNetworks(std::string_view text) {
     if (number && ParseUnsigned(number->name)) numbers.emplace(name->name, number->name);
   }
   return numbers;
+}
+
+std::map<std::string, TRadioSignal> ParseRadioSignals(std::string_view text) {
+  constexpr std::size_t kColumns = 4;
+  std::map<std::string, TRadioSignal> signals;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> port = SplitField(line, ':');
+    const auto words = port ? SplitWords(port->value) : std::vector<std::string_view>();
+    if (words.size() < kColumns) continue;
+    signals[std::string(port->name)] = {std::string(words[1].substr(0, words[1].find('.'))),
+                                        ParseDecibels(words[2]), ParseDecibels(words[3])};
+  }
+  return signals;
 }
 
 }  // namespace NZELVYR20

@@ -35,6 +35,8 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   CollectMemory(collection, chassis, processors);
   collection.BeginArea("PCI devices");
   const TPciFunctions functions = CollectPciDevices(collection);
+  collection.BeginArea("displays");
+  CollectDisplays(collection, functions);
   collection.BeginArea("USB devices");
   CollectUsbDevices(collection, functions);
   collection.BeginArea("sensors");

@@ -57,9 +57,10 @@ class MachineCollector : public testing::Test {
 };
 
 TEST_F(MachineCollector, NotesWhatItCannotRead) {
-  EXPECT_EQ((TTexts{"/sys/class/dmi/id/product_serial", "/proc/cpuinfo", "statvfs of 1 mount(s)",
-                    "statvfs of 5 mount(s)"}),
-            host_.GetNoted());
+  EXPECT_EQ(
+      (TTexts{"/sys/class/dmi/id/product_serial", "/proc/cpuinfo", "/sys/class/drm/card0-DP-2/edid",
+              "statvfs of 1 mount(s)", "statvfs of 5 mount(s)"}),
+      host_.GetNoted());
 }
 
 /// The names of what is set, with those of the classes.

@@ -20,8 +20,15 @@ using TExtents = std::map<std::string, TCIMReference>;
 /// The processors, by the numbers of the logical ones that they have.
 using TProcessorsByIndex = std::map<std::uint32_t, TCIMReference>;
 
-/// The functions on PCI buses, by their addresses.
-using TPciFunctions = std::map<std::string, TCIMReference>;
+/// A function on a PCI bus.
+struct TPciFunction {
+  TCIMReference path;
+  std::string model;       ///< by the list of such names; empty for what it lacks
+  bool isDisplay = false;  ///< whether it makes pictures
+};
+
+/// Those, by their addresses.
+using TPciFunctions = std::map<std::string, TPciFunction>;
 
 /// The operating system, and the name that is one of its keys.
 struct TOperatingSystem {
@@ -58,6 +65,7 @@ TPciFunctions CollectPciDevices(TCollection& collection);
 void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions);
 void CollectSensors(TCollection& collection, const TPciFunctions& functions);
 void CollectPower(TCollection& collection);
+void CollectDisplays(TCollection& collection, const TPciFunctions& functions);
 TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
 void CollectAddresses(TCollection& collection, const TNetworkPorts& ports);
 /// Returns what file systems can reside on.

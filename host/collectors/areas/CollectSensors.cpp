@@ -87,7 +87,7 @@ void CollectSensors(TCollection& collection, const TPciFunctions& functions) {
     if (!known.insert(name).second) known.insert(name.append("/").append(entry));
     const auto measured = functions.find(device);
     AddSensors(collection, {folder, chip, name},
-               measured == functions.end() ? std::nullopt : std::optional(measured->second));
+               measured == functions.end() ? std::nullopt : std::optional(measured->second.path));
   }
 }
 

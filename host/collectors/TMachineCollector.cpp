@@ -39,8 +39,6 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   CollectDisplays(collection, functions);
   collection.BeginArea("USB devices");
   CollectUsbDevices(collection, functions);
-  collection.BeginArea("sensors");
-  CollectSensors(collection, functions);
   collection.BeginArea("power");
   CollectPower(collection);
   collection.BeginArea("network ports");
@@ -48,9 +46,11 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   collection.BeginArea("addresses");
   CollectAddresses(collection, ports);
   collection.BeginArea("block devices");
-  const TExtents extents = CollectBlockDevices(collection, functions);
+  const TStorage storage = CollectBlockDevices(collection, functions);
+  collection.BeginArea("sensors");
+  CollectSensors(collection, functions, storage);
   collection.BeginArea("file systems");
-  CollectFileSystems(collection, extents);
+  CollectFileSystems(collection, storage.extents);
   return collection.GetNotes();
 }
 

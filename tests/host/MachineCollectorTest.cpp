@@ -59,7 +59,7 @@ class MachineCollector : public testing::Test {
 TEST_F(MachineCollector, NotesWhatItCannotRead) {
   EXPECT_EQ(
       (TTexts{"/sys/class/dmi/id/product_serial", "/proc/cpuinfo", "/sys/class/drm/card0-DP-2/edid",
-              "statvfs of 1 mount(s)", "statvfs of 5 mount(s)"}),
+              "statvfs of 1 mount(s)", "statvfs of 6 mount(s)"}),
       host_.GetNoted());
 }
 
@@ -115,6 +115,45 @@ TEST_F(MachineCollector, AddsAllThatThereIs) {
   std::set<std::string> unseen = ListSet(host_, host_.ListPaths("CIM_ManagedElement"));
   for (const std::string& seen : ListSet(host_, shown)) unseen.erase(seen);
   EXPECT_EQ(std::set<std::string>(), unseen) << "set, and in no case";
+}
+
+/// The name of what a path leads to: its own key.
+std::string GetKey(const std::string& path) {
+  for (const std::string key : {",DeviceID=\"", ",Name=\""}) {
+    const std::size_t at = path.find(key);
+    if (at == std::string::npos) continue;
+    const std::size_t begin = at + key.size();
+    return path.substr(begin, path.find('"', begin) - begin);
+  }
+  return path;
+}
+
+TEST_F(MachineCollector, AFileSystemLeadsToItsController) {
+  std::multimap<std::string, std::string> below;
+  for (const char* name :
+       {"CIM_ResidesOnExtent", "CIM_BasedOn", "CIM_MediaPresent", "CIM_ControlledBy"}) {
+    for (const std::string& path : host_.ListPaths(name)) {
+      const auto link = host_.Find(path);
+      const auto get = [&link](const char* end) {
+        const TCIMValue value = link->GetProperty(end, {})->GetValue({});
+        return static_cast<TCIMReference>(value).ToString();
+      };
+      below.emplace(get("Dependent"), get("Antecedent"));
+    }
+  }
+  TTexts names;
+  std::string path;
+  for (const auto& [upper, lower] : below) {
+    if (GetKey(upper) == "/data") path = upper;
+  }
+  for (auto found = below.find(path); found != below.end(); found = below.find(path)) {
+    path = found->second;
+    names.push_back(path.substr(0, path.find('.')) + ' ' + GetKey(path));
+  }
+  EXPECT_EQ((TTexts{"CIM_LogicalDisk dm-2", "CIM_LogicalDisk dm-1", "CIM_LogicalDisk md1",
+                    "CIM_DiskPartition sdc1", "CIM_LogicalDisk sdc", "CIM_DiskDrive sdc",
+                    "CIM_PCIDevice 0000:3b:1f.6"}),
+            names);
 }
 
 TEST_F(MachineCollector, CollectingAgainReplaces) {

@@ -145,6 +145,9 @@ const std::map<std::string, TParser> kParsers = {
      [](const TTexts& given) {
        return FindDriveClass(given[0], given[1], ParseDvdDrives(given[2]));
      }},
+    {"member", [](const TTexts& given) { return Row(ParseMemberState(given[0], given[1])); }},
+    {"path to a disk", One(FindDiskOfPath)},
+    {"life time", One(DescribeLifeTime)},
     {"mapper", One(ParseMapperKind)},
     {"swaps", One([](const std::string& text) { return boost::join(ParseSwaps(text), " "); })},
     {"bus", One(FindBus)},

@@ -17,6 +17,12 @@ constexpr std::uint16_t kOther = 1;
 /// The storage extents by their names in /sys/block, such as "sda1".
 using TExtents = std::map<std::string, TCIMReference>;
 
+/// What can be stored on.
+struct TStorage {
+  TExtents extents;
+  std::map<std::string, TCIMReference> drives;  ///< by the names of their devices, as "0:0:0:0"
+};
+
 /// The processors, by the numbers of the logical ones that they have.
 using TProcessorsByIndex = std::map<std::uint32_t, TCIMReference>;
 
@@ -63,13 +69,13 @@ void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& 
                    const TProcessorsByIndex& processors);
 TPciFunctions CollectPciDevices(TCollection& collection);
 void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions);
-void CollectSensors(TCollection& collection, const TPciFunctions& functions);
 void CollectPower(TCollection& collection);
 void CollectDisplays(TCollection& collection, const TPciFunctions& functions);
 TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
 void CollectAddresses(TCollection& collection, const TNetworkPorts& ports);
-/// Returns what file systems can reside on.
-TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions);
+TStorage CollectBlockDevices(TCollection& collection, const TPciFunctions& functions);
+void CollectSensors(TCollection& collection, const TPciFunctions& functions,
+                    const TStorage& storage);
 void CollectFileSystems(TCollection& collection, const TExtents& extents);
 
 }  // namespace NZELVYR20

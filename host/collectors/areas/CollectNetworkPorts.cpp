@@ -117,6 +117,26 @@ std::vector<std::string> ListBelow(const TMachineFolder& folder) {
   return names;
 }
 
+bool IsTunnel(const TMachineFolder& folder) {
+  return ParseLinkKind(folder.ReadValue("type")).other.find("Tunnel") != std::string::npos;
+}
+
+/// A tunnel has the number of the port that it goes through, if it is bound to one. Ports of other
+/// kinds have such a number, too, but it may be one of another network namespace.
+void AddTunnels(const TMachineFolder& folders, const std::vector<std::string>& tunnels,
+                TLayers& layers) {
+  if (tunnels.empty()) return;
+  std::map<std::string, std::string> byNumber;
+  for (const std::string& name : folders.GetNames()) {
+    if (folders.HasFolder(name)) byNumber[folders.Enter(name).ReadValue("ifindex")] = name;
+  }
+  for (const std::string& tunnel : tunnels) {
+    const auto below = byNumber.find(folders.Enter(tunnel).ReadValue("iflink"));
+    if (below == byNumber.end() || below->second == tunnel) continue;
+    layers.emplace_back(tunnel, below->second);
+  }
+}
+
 void LinkLayers(TCollection& collection, const TLayers& layers, const TNetworkPorts& ports) {
   for (const auto& [name, below] : layers) {
     const auto upper = ports.find(name);
@@ -137,6 +157,7 @@ TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& 
   const auto signals = ParseRadioSignals(files.ReadTable("/proc/net/wireless"));
   TNetworkPorts ports;
   TLayers layers;
+  std::vector<std::string> tunnels;
   for (const std::string& name : folders.GetNames()) {
     // Settings of drivers stand here, too, as plain files.
     if (!folders.HasFolder(name)) continue;
@@ -147,6 +168,7 @@ TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& 
                               network == networks.end() ? std::string() : network->second);
     if (!port) continue;
     ports.emplace(name, *port);
+    if (IsTunnel(folder)) tunnels.push_back(name);
     LinkToFunction(collection, functions, kPortsFolder + ('/' + name), *port);
     if (const auto count = counts.find(name); count != counts.end()) {
       AddCounts(collection, name, *port, count->second);
@@ -155,6 +177,7 @@ TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& 
       AddRadio(collection, name, *port, signal->second);
     }
   }
+  AddTunnels(folders, tunnels, layers);
   LinkLayers(collection, layers, ports);
   return ports;
 }

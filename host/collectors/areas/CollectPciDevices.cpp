@@ -97,8 +97,7 @@ TPciFunctions CollectPciDevices(TCollection& collection) {
     const auto path =
         collection.AddPart(DraftFunction(collection, name, function, known), "CIM_SystemDevice");
     if (!path) continue;
-    added.emplace(name, TPciFunction{*path, known.device,
-                                     function.classCode == kDisplay});
+    added.emplace(name, TPciFunction{*path, known.device, function.classCode == kDisplay});
   }
   return added;
 }

@@ -16,7 +16,7 @@ struct TLinkRow {
   std::string_view other;
 };
 
-constexpr std::array<TLinkRow, 13> kLinks = {{{"1", 2, ""},
+constexpr std::array<TLinkRow, 14> kLinks = {{{"1", 2, ""},
                                               {"32", 3, ""},
                                               {"512", 1, "Point-to-Point"},
                                               {"768", 1, "IPv4 Tunnel"},
@@ -25,6 +25,7 @@ constexpr std::array<TLinkRow, 13> kLinks = {{{"1", 2, ""},
                                               {"774", 5, ""},
                                               {"776", 1, "IPv6 in IPv4 Tunnel"},
                                               {"778", 1, "GRE Tunnel"},
+                                              {"823", 1, "GRE over IPv6 Tunnel"},
                                               {"801", 11, ""},
                                               {"802", 11, ""},
                                               {"803", 11, ""},

@@ -38,15 +38,15 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   collection.BeginArea("displays");
   CollectDisplays(collection, functions);
   collection.BeginArea("USB devices");
-  CollectUsbDevices(collection, functions);
+  const TProviders providers = CollectUsbDevices(collection, functions);
   collection.BeginArea("power");
   CollectPower(collection);
   collection.BeginArea("network ports");
-  const TNetworkPorts ports = CollectNetworkPorts(collection, functions);
+  const TNetworkPorts ports = CollectNetworkPorts(collection, providers);
   collection.BeginArea("addresses");
   CollectAddresses(collection, ports);
   collection.BeginArea("block devices");
-  const TStorage storage = CollectBlockDevices(collection, functions);
+  const TStorage storage = CollectBlockDevices(collection, providers);
   collection.BeginArea("sensors");
   CollectSensors(collection, functions, storage);
   collection.BeginArea("file systems");

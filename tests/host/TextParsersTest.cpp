@@ -152,6 +152,7 @@ const std::map<std::string, TParser> kParsers = {
     {"swaps", One([](const std::string& text) { return boost::join(ParseSwaps(text), " "); })},
     {"bus", One(FindBus)},
     {"PCI function", One(FindPciFunction)},
+    {"port on USB", One(FindUsbPort)},
     {"reading",
      [](const TTexts& given) {
        const auto kind = FindSensorKind(given[0]);

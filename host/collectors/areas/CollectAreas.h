@@ -36,6 +36,12 @@ struct TPciFunction {
 /// Those, by their addresses.
 using TPciFunctions = std::map<std::string, TPciFunction>;
 
+/// What other devices are provided by.
+struct TProviders {
+  TPciFunctions functions;
+  std::map<std::string, TCIMReference> usbDevices;  ///< by their ports, such as "1-2.3"
+};
+
 /// The operating system, and the name that is one of its keys.
 struct TOperatingSystem {
   TCIMReference path;
@@ -45,10 +51,11 @@ struct TOperatingSystem {
 /// The network ports, by their names.
 using TNetworkPorts = std::map<std::string, TCIMReference>;
 
-/// Links a device with the PCI function that provides it, by the symbolic link in /sys that leads
-/// to the device; where it is no function's there is nothing to link.
-void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
-                    const std::string& link, const TCIMReference& device);
+/// Links a device with the PCI function that provides it, and with the device on USB where it is
+/// one of that, by the symbolic link in /sys that leads to the device; where it is none's there is
+/// nothing to link.
+void LinkToProviders(TCollection& collection, const TProviders& providers, const std::string& link,
+                     const TCIMReference& device);
 
 /// Sets the size of a disk, a part of one, or memory: in blocks, and in bytes for people.
 void SetSize(TInstanceDraft& draft, const TExtentSize& size);
@@ -68,12 +75,13 @@ TProcessorsByIndex CollectProcessors(TCollection& collection);
 void CollectMemory(TCollection& collection, const std::optional<TCIMReference>& chassis,
                    const TProcessorsByIndex& processors);
 TPciFunctions CollectPciDevices(TCollection& collection);
-void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions);
+/// Returns those devices, with the functions.
+TProviders CollectUsbDevices(TCollection& collection, const TPciFunctions& functions);
 void CollectPower(TCollection& collection);
 void CollectDisplays(TCollection& collection, const TPciFunctions& functions);
-TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions);
+TNetworkPorts CollectNetworkPorts(TCollection& collection, const TProviders& providers);
 void CollectAddresses(TCollection& collection, const TNetworkPorts& ports);
-TStorage CollectBlockDevices(TCollection& collection, const TPciFunctions& functions);
+TStorage CollectBlockDevices(TCollection& collection, const TProviders& providers);
 void CollectSensors(TCollection& collection, const TPciFunctions& functions,
                     const TStorage& storage);
 void CollectFileSystems(TCollection& collection, const TExtents& extents);

@@ -31,10 +31,9 @@ struct TDevice {
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
-  TBlockDevices(TCollection& collection, const TPciFunctions& functions,
-                const TMachineFolder& devices)
+  TBlockDevices(TCollection& collection, const TProviders& providers, const TMachineFolder& devices)
       : collection_(collection),
-        functions_(functions),
+        providers_(providers),
         members_(ListArrayMembers(devices)),
         dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))),
         swaps_(ParseSwaps(collection.GetFiles().ReadTable("/proc/swaps"))) {}
@@ -46,6 +45,7 @@ class TBlockDevices {
   const TStorage& GetStorage() const { return storage_; }
 
  private:
+  void AddDriveName(const std::string& name, const TCIMReference& path);
   void LinkDrive(const TDevice& drive, const TCIMReference& path, bool isFixed);
   void AddDrive(const TDevice& drive, const std::string& rotational);
   void SetIdentities(TInstanceDraft& draft, const TDevice& drive,
@@ -56,7 +56,7 @@ class TBlockDevices {
   void LinkPartition(const std::string& disk, const TDevice& partition);
 
   TCollection& collection_;
-  const TPciFunctions& functions_;
+  const TProviders& providers_;
   std::map<std::string, TArrayMember> members_;
   std::multimap<std::string, std::string> paths_;  ///< to disks that have several
   std::set<std::string> dvdDrives_;
@@ -127,15 +127,22 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
   if (path) LinkDrive(drive, *path, !isRemovable);
 }
 
+/// What sensors of the drive call it.
+void TBlockDevices::AddDriveName(const std::string& name, const TCIMReference& path) {
+  const std::string device =
+      collection_.GetFiles().ReadLinkName(kBlockFolder + ('/' + name) + "/device");
+  if (!device.empty()) storage_.drives.emplace(device, path);
+}
+
 void TBlockDevices::LinkDrive(const TDevice& drive, const TCIMReference& path, bool isFixed) {
   const std::string link = kBlockFolder + ('/' + drive.name);
-  LinkToFunction(collection_, functions_, link, path);
+  LinkToProviders(collection_, providers_, link, path);
   const auto [begin, end] = paths_.equal_range(drive.name);
   for (auto other = begin; other != end; ++other) {
-    LinkToFunction(collection_, functions_, kBlockFolder + ('/' + other->second), path);
+    LinkToProviders(collection_, providers_, kBlockFolder + ('/' + other->second), path);
+    AddDriveName(other->second, path);
   }
-  const std::string device = collection_.GetFiles().ReadLinkName(link + "/device");
-  if (!device.empty()) storage_.drives.emplace(device, path);
+  AddDriveName(drive.name, path);
   const auto medium = storage_.extents.find(drive.name);
   if (medium == storage_.extents.end()) return;
   collection_.Link(collection_.DraftDependency("CIM_MediaPresent", path, medium->second)
@@ -176,12 +183,19 @@ void TBlockDevices::AddPartition(const TDevice& disk, const std::string& name) {
   LinkPartition(disk.name, partition);
 }
 
+/// What the storage is made of, where the kernel made it from something else.
+std::string DescribeVolume(const TMachineFolder& folder) {
+  const std::string file = folder.Enter("loop").ReadValue("backing_file");
+  if (!file.empty()) return "File " + file;
+  return ParseMapperKind(folder.Enter("dm").ReadValue("uuid"));
+}
+
 TInstanceDraft TBlockDevices::DraftExtent(const std::string& className,
                                           const TDevice& device) const {
   TInstanceDraft draft = collection_.DraftDevice(className, device.name);
   draft.Set("Name", GetDeviceFile(device.name))
       .Set("ElementName", device.mapped.empty() ? device.name : device.mapped)
-      .SetText("Description", ParseMapperKind(device.folder.Enter("dm").ReadValue("uuid")));
+      .SetText("Description", DescribeVolume(device.folder));
   if (device.size) SetSize(draft, *device.size);
   if (swaps_.count(device.name) > 0) draft.Set("Purpose", "Swap space");
   if (!device.readOnly.empty()) draft.SetCode("Access", device.readOnly == "0" ? 3 : 1);
@@ -236,9 +250,9 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
   }
 }
 
-TStorage CollectBlockDevices(TCollection& collection, const TPciFunctions& functions) {
+TStorage CollectBlockDevices(TCollection& collection, const TProviders& providers) {
   const TMachineFolder folder = collection.Enter(kBlockFolder);
-  TBlockDevices devices(collection, functions, folder);
+  TBlockDevices devices(collection, providers, folder);
   for (const std::string& name : folder.GetNames()) devices.AddDevice(name, folder.Enter(name));
   devices.LinkLayers();
   return devices.GetStorage();

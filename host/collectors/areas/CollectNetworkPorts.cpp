@@ -46,9 +46,8 @@ void SetLayer(TInstanceDraft& draft, const TMachineFolder& folder,
 }
 
 std::optional<TCIMReference> AddPort(TCollection& collection, const std::string& name,
-                                     const TMachineFolder& folder,
+                                     const TMachineFolder& folder, const TLinkKind& link,
                                      const std::string& virtualNetwork) {
-  const TLinkKind link = FindLinkKind(folder);
   const TPortState state = ParsePortState(folder.ReadValue("operstate"), folder.ReadValue("flags"));
   TInstanceDraft draft = collection.DraftDevice(FindPortClass(link.technology), name);
   draft.Set("Name", name)
@@ -117,9 +116,7 @@ std::vector<std::string> ListBelow(const TMachineFolder& folder) {
   return names;
 }
 
-bool IsTunnel(const TMachineFolder& folder) {
-  return ParseLinkKind(folder.ReadValue("type")).other.find("Tunnel") != std::string::npos;
-}
+bool IsTunnel(const TLinkKind& link) { return link.other.find("Tunnel") != std::string::npos; }
 
 /// A tunnel has the number of the port that it goes through, if it is bound to one. Ports of other
 /// kinds have such a number, too, but it may be one of another network namespace.
@@ -149,7 +146,7 @@ void LinkLayers(TCollection& collection, const TLayers& layers, const TNetworkPo
 
 }  // namespace
 
-TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions) {
+TNetworkPorts CollectNetworkPorts(TCollection& collection, const TProviders& providers) {
   const TMachineFiles& files = collection.GetFiles();
   const TMachineFolder folders = collection.Enter(kPortsFolder);
   const auto networks = ParseVirtualNetworks(files.ReadTable("/proc/net/vlan/config"));
@@ -164,12 +161,13 @@ TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& 
     const auto network = networks.find(name);
     const TMachineFolder folder = folders.Enter(name);
     for (const std::string& below : ListBelow(folder)) layers.emplace_back(name, below);
-    const auto port = AddPort(collection, name, folder,
+    const TLinkKind link = FindLinkKind(folder);
+    const auto port = AddPort(collection, name, folder, link,
                               network == networks.end() ? std::string() : network->second);
     if (!port) continue;
     ports.emplace(name, *port);
-    if (IsTunnel(folder)) tunnels.push_back(name);
-    LinkToFunction(collection, functions, kPortsFolder + ('/' + name), *port);
+    if (IsTunnel(link)) tunnels.push_back(name);
+    LinkToProviders(collection, providers, kPortsFolder + ('/' + name), *port);
     if (const auto count = counts.find(name); count != counts.end()) {
       AddCounts(collection, name, *port, count->second);
     }

@@ -102,11 +102,17 @@ TPciFunctions CollectPciDevices(TCollection& collection) {
   return added;
 }
 
-void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
-                    const std::string& link, const TCIMReference& device) {
-  const auto function = functions.find(FindPciFunction(collection.GetFiles().ReadLink(link)));
-  if (function == functions.end()) return;
-  collection.Link(collection.DraftDependency("CIM_ControlledBy", function->second.path, device));
+void LinkToProviders(TCollection& collection, const TProviders& providers, const std::string& link,
+                     const TCIMReference& device) {
+  const std::string way = collection.GetFiles().ReadLink(link);
+  const auto function = providers.functions.find(FindPciFunction(way));
+  if (function != providers.functions.end()) {
+    collection.Link(collection.DraftDependency("CIM_ControlledBy", function->second.path, device));
+  }
+  const auto usb = providers.usbDevices.find(FindUsbPort(way));
+  if (usb != providers.usbDevices.end()) {
+    collection.Link(collection.DraftDependency("CIM_ConcreteDependency", usb->second, device));
+  }
 }
 
 }  // namespace NZELVYR20

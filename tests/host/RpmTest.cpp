@@ -105,7 +105,7 @@ TEST(RpmDatabase, IsReadBelowTheRoot) {
                     "CIM_SoftwareIdentity.InstanceID=\"rpm:kernel:noarch:2:6.2-4.el9\"",
                     "CIM_SoftwareIdentity.InstanceID=\"rpm:tool:noarch\""}),
             host.ListPaths("CIM_SoftwareIdentity"));
-  const TTexts noted = host.GetNoted();
+  const TTexts& noted = host.GetNoted();
   EXPECT_EQ(0, std::count(noted.begin(), noted.end(), "/var/lib/dpkg/status"));
   EXPECT_FALSE(std::filesystem::exists(folder + "/rpmdb.sqlite-shm"));
 }

@@ -16,14 +16,11 @@ namespace {
 /// collect need no such library.
 class TSqlite {
  public:
-  TSqlite() : library_(dlopen("libsqlite3.so.0", RTLD_NOW | RTLD_LOCAL)) {
-    isThere_ = library_ && Find("sqlite3_open_v2", open) && Find("sqlite3_close", close) &&
-               Find("sqlite3_prepare_v2", prepare) && Find("sqlite3_step", step) &&
-               Find("sqlite3_column_blob", getBlob) && Find("sqlite3_column_bytes", getSize) &&
-               Find("sqlite3_finalize", finalize) && Find("sqlite3_errmsg", getMessage);
-  }
+  TSqlite()
+      : library_(dlopen("libsqlite3.so.0", RTLD_NOW | RTLD_LOCAL)),
+        isThere_(library_ != nullptr && FindAll()) {}
   ~TSqlite() {
-    if (library_) dlclose(library_);
+    if (library_ != nullptr) dlclose(library_);
   }
   TSqlite(const TSqlite&) = delete;
   TSqlite& operator=(const TSqlite&) = delete;
@@ -46,8 +43,15 @@ class TSqlite {
     return function != nullptr;
   }
 
+  bool FindAll() {
+    return Find("sqlite3_open_v2", open) && Find("sqlite3_close", close) &&
+           Find("sqlite3_prepare_v2", prepare) && Find("sqlite3_step", step) &&
+           Find("sqlite3_column_blob", getBlob) && Find("sqlite3_column_bytes", getSize) &&
+           Find("sqlite3_finalize", finalize) && Find("sqlite3_errmsg", getMessage);
+  }
+
   void* library_;
-  bool isThere_ = false;
+  bool isThere_;
 };
 
 using TDatabase = std::unique_ptr<sqlite3, decltype(&sqlite3_close)>;

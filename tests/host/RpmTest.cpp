@@ -48,7 +48,7 @@ std::string BuildPackage(const std::string& name, const std::string& version) {
                       {1022, 6, "noarch\0"s}});
 }
 
-std::string Show(const std::string& header) {
+std::string ShowPackage(const std::string& header) {
   const auto package = ParseRpmHeader(header);
   return package ? package->name + '|' + package->version + '|' + package->architecture + '|' +
                        package->maintainer + '|' + package->summary
@@ -57,19 +57,19 @@ std::string Show(const std::string& header) {
 
 TEST(RpmHeader, WholeDamagedAndOdd) {
   const std::string whole = BuildPackage("tool", "1.2");
-  EXPECT_EQ("tool|2:1.2-4.el9|noarch|Packers|The tool", Show(whole));
+  EXPECT_EQ("tool|2:1.2-4.el9|noarch|Packers|The tool", ShowPackage(whole));
   for (std::size_t size = 0; size < whole.size(); ++size) {
-    EXPECT_EQ("-", Show(whole.substr(0, size))) << size;
+    EXPECT_EQ("-", ShowPackage(whole.substr(0, size))) << size;
   }
   for (std::size_t at = 0; at < whole.size(); ++at) {
     std::string damaged = whole;
     damaged[at] = static_cast<char>(damaged[at] ^ 0xff);
-    Show(damaged);  // for the sanitizers
+    ShowPackage(damaged);  // for the sanitizers
   }
-  EXPECT_EQ("-", Show(BuildPackage("gpg-pubkey", "1")));
-  EXPECT_EQ("-", Show(BuildHeader({})));
-  EXPECT_EQ("-", Show(BuildHeader({{1000, 6, "without end"}})));
-  EXPECT_EQ("a|-|||", Show(BuildHeader({{1000, 6, {'a', 0}}, {1003, 6, {'b', 0}}})));
+  EXPECT_EQ("-", ShowPackage(BuildPackage("gpg-pubkey", "1")));
+  EXPECT_EQ("-", ShowPackage(BuildHeader({})));
+  EXPECT_EQ("-", ShowPackage(BuildHeader({{1000, 6, "without end"}})));
+  EXPECT_EQ("a|-|||", ShowPackage(BuildHeader({{1000, 6, {'a', 0}}, {1003, 6, {'b', 0}}})));
 }
 
 void Execute(sqlite3* database, const std::string& statement) {

@@ -36,7 +36,7 @@ class TCollection {
   TInstanceDraft DraftDevice(const std::string& className, const std::string& deviceId) const;
   TInstanceDraft DraftElement(const std::string& className, const std::string& name) const;
 
-  /// The same for where a service can be reached.
+  /// The same for a service, or where one can be reached.
   TInstanceDraft DraftAccessPoint(const std::string& className, const std::string& name) const;
 
   /// The same for what belongs to the operating system of that name.

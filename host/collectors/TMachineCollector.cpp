@@ -23,6 +23,8 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
     collection.BeginArea("processes");
     CollectProcesses(collection, *operatingSystem);
   }
+  collection.BeginArea("services");
+  CollectServices(collection);
   if (extras_.packages) {
     collection.BeginArea("packages");
     CollectPackages(collection);
@@ -33,20 +35,22 @@ std::vector<TCollectorNote> TMachineCollector::Collect(
   CollectMemory(collection, chassis, processors);
   collection.BeginArea("PCI devices");
   const TPciFunctions functions = CollectPciDevices(collection);
+  collection.BeginArea("displays");
+  CollectDisplays(collection, functions);
   collection.BeginArea("USB devices");
-  CollectUsbDevices(collection, functions);
-  collection.BeginArea("sensors");
-  CollectSensors(collection, functions);
+  const TProviders providers = CollectUsbDevices(collection, functions);
   collection.BeginArea("power");
   CollectPower(collection);
   collection.BeginArea("network ports");
-  const TNetworkPorts ports = CollectNetworkPorts(collection, functions);
+  const TNetworkPorts ports = CollectNetworkPorts(collection, providers);
   collection.BeginArea("addresses");
   CollectAddresses(collection, ports);
   collection.BeginArea("block devices");
-  const TExtents extents = CollectBlockDevices(collection, functions);
+  const TStorage storage = CollectBlockDevices(collection, providers);
+  collection.BeginArea("sensors");
+  CollectSensors(collection, functions, storage);
   collection.BeginArea("file systems");
-  CollectFileSystems(collection, extents);
+  CollectFileSystems(collection, storage.extents);
   return collection.GetNotes();
 }
 

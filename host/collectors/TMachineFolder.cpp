@@ -59,6 +59,11 @@ std::string TMachineFolder::ReadValue(std::string_view name) const {
   return IsUnclear(*entry) ? files_.ReadValue(path_ + entry->name) : std::string();
 }
 
+std::string TMachineFolder::ReadLink(std::string_view name) const {
+  const TFolderEntry* entry = Find(name);
+  return entry && IsUnclear(*entry) ? files_.ReadLink(path_ + entry->name) : std::string();
+}
+
 bool TMachineFolder::HasFolder(std::string_view name) const {
   const TFolderEntry* entry = Find(name);
   if (!entry) return false;

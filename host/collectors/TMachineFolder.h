@@ -29,6 +29,9 @@ class TMachineFolder {
   /// As TMachineFiles::ReadValue.
   std::string ReadValue(std::string_view name) const;
 
+  /// As TMachineFiles::ReadLink.
+  std::string ReadLink(std::string_view name) const;
+
   bool HasFolder(std::string_view name) const;
   TMachineFolder Enter(std::string_view name) const;
 

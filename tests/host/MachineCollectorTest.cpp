@@ -58,9 +58,10 @@ class MachineCollector : public testing::Test {
 };
 
 TEST_F(MachineCollector, NotesWhatItCannotRead) {
-  EXPECT_EQ((TTexts{"/sys/class/dmi/id/product_serial", "/proc/cpuinfo", "statvfs of 1 mount(s)",
-                    "statvfs of 5 mount(s)"}),
-            host_.GetNoted());
+  EXPECT_EQ(
+      (TTexts{"/sys/class/dmi/id/product_serial", "/proc/cpuinfo", "/sys/class/drm/card0-DP-2/edid",
+              "statvfs of 1 mount(s)", "statvfs of 6 mount(s)"}),
+      host_.GetNoted());
 }
 
 /// The names of what is set, with those of the classes.
@@ -139,6 +140,45 @@ TEST_F(MachineCollector, ShowsUnitsAndMeanings) {
   EXPECT_GT(shown, 150);
 }
 
+/// The name of what a path leads to: its own key.
+std::string GetKey(const std::string& path) {
+  for (const std::string key : {",DeviceID=\"", ",Name=\""}) {
+    const std::size_t at = path.find(key);
+    if (at == std::string::npos) continue;
+    const std::size_t begin = at + key.size();
+    return path.substr(begin, path.find('"', begin) - begin);
+  }
+  return path;
+}
+
+TEST_F(MachineCollector, AFileSystemLeadsToItsController) {
+  std::multimap<std::string, std::string> below;
+  for (const char* name :
+       {"CIM_ResidesOnExtent", "CIM_BasedOn", "CIM_MediaPresent", "CIM_ControlledBy"}) {
+    for (const std::string& path : host_.ListPaths(name)) {
+      const auto link = host_.Find(path);
+      const auto get = [&link](const char* end) {
+        const TCIMValue value = link->GetProperty(end, {})->GetValue({});
+        return static_cast<TCIMReference>(value).ToString();
+      };
+      below.emplace(get("Dependent"), get("Antecedent"));
+    }
+  }
+  TTexts names;
+  std::string path;
+  for (const auto& [upper, lower] : below) {
+    if (GetKey(upper) == "/data") path = upper;
+  }
+  for (auto found = below.find(path); found != below.end(); found = below.find(path)) {
+    path = found->second;
+    names.push_back(path.substr(0, path.find('.')) + ' ' + GetKey(path));
+  }
+  EXPECT_EQ((TTexts{"CIM_LogicalDisk dm-2", "CIM_LogicalDisk dm-1", "CIM_LogicalDisk md1",
+                    "CIM_DiskPartition sdc1", "CIM_LogicalDisk sdc", "CIM_DiskDrive sdc",
+                    "CIM_PCIDevice 0000:3b:1f.6"}),
+            names);
+}
+
 TEST_F(MachineCollector, CollectingAgainReplaces) {
   const TTexts paths = host_.ListPaths("CIM_ManagedElement");
   TMachineCollector(tree_.GetRoot(), {true, true}).Collect(host_.Get());
@@ -154,6 +194,35 @@ TEST(PoorMachine, NothingAtAll) {
                     "/proc/sys/kernel/osrelease", "/proc/cpuinfo", "/sys/class/net", "/sys/block",
                     "/proc/filesystems", "/proc/mounts"}),
             host.GetNoted());
+}
+
+TEST(PoorMachine, ClustersOfCores) {
+  const TSampleTree tree;
+  tree.Write("/proc/cpuinfo",
+             "processor: 0\n\nprocessor: 1\n\nprocessor: 2\n\nFeatures: asimd aes\n");
+  const std::string cores = "/sys/devices/system/cpu/cpu";
+  const auto show = [&tree](const std::string& className) {
+    const THostNamespace host(tree.GetRoot());
+    TTexts shown;
+    for (const std::string& path : host.ListPaths(className)) shown.push_back(host.ShowAll(path));
+    return boost::join(shown, "; ");
+  };
+  tree.WriteValues(cores + "0/topology/", "cluster_cpus_list=0-1 cluster_id=7");
+  tree.WriteValues(cores + "1/topology/", "cluster_cpus_list=0-1 cluster_id=7");
+  EXPECT_EQ("", show("CIM_ConcreteCollection"));
+  tree.WriteValues(cores + "2/topology/", "cluster_cpus_list=2 cluster_id=9");
+  EXPECT_EQ(
+      "Description=Cluster of the processors 0-1|ElementName=socket0/cluster7; "
+      "Description=Cluster of the processors 2|ElementName=socket0/cluster9",
+      show("CIM_ConcreteCollection"));
+  EXPECT_EQ(
+      "Collection=socket0/cluster7|Member=socket0/core0; "
+      "Collection=socket0/cluster7|Member=socket0/core1; "
+      "Collection=socket0/cluster9|Member=socket0/core2",
+      show("CIM_MemberOfCollection"));
+  EXPECT_NE(std::string::npos, show("CIM_Processor").find("={ASIMD AES}"));
+  tree.WriteValues(cores + "1/topology/", "cluster_cpus_list=1 cluster_id=8");
+  EXPECT_EQ("", show("CIM_ConcreteCollection"));
 }
 
 TEST(PoorMachine, OddTrees) {

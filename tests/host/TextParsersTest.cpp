@@ -14,8 +14,10 @@
 #include "MountText.h"
 #include "NetworkText.h"
 #include "PciText.h"
+#include "ProcessorFlags.h"
 #include "ProcessorText.h"
 #include "SensorText.h"
+#include "ServiceText.h"
 #include "SystemText.h"
 #include "TextFields.h"
 
@@ -143,10 +145,14 @@ const std::map<std::string, TParser> kParsers = {
      [](const TTexts& given) {
        return FindDriveClass(given[0], given[1], ParseDvdDrives(given[2]));
      }},
+    {"member", [](const TTexts& given) { return Row(ParseMemberState(given[0], given[1])); }},
+    {"path to a disk", One(FindDiskOfPath)},
+    {"life time", One(DescribeLifeTime)},
     {"mapper", One(ParseMapperKind)},
     {"swaps", One([](const std::string& text) { return boost::join(ParseSwaps(text), " "); })},
     {"bus", One(FindBus)},
     {"PCI function", One(FindPciFunction)},
+    {"port on USB", One(FindUsbPort)},
     {"reading",
      [](const TTexts& given) {
        const auto kind = FindSensorKind(given[0]);
@@ -177,6 +183,27 @@ const std::map<std::string, TParser> kParsers = {
        return Row(CountUsers(records), CountUsers(records + "x"));
      }},
     {"address type", One(FindAddressType6)},
+    {"radio", One([](const std::string& text) {
+       std::string shown;
+       for (const auto& [port, signal] : ParseRadioSignals(text)) {
+         shown += Row(port, signal.quality, signal.level, signal.noise);
+       }
+       return shown;
+     })},
+    {"extensions", One(ListExtensions)},
+    {"characteristics", One([](const std::string& text) {
+       std::string shown;
+       for (const unsigned code : FindCharacteristics(text)) shown += std::to_string(code) + ' ';
+       return shown;
+     })},
+    {"unit", One([](const std::string& text) {
+       const TUnitFacts facts = ParseUnit(text);
+       return facts.description + (facts.canBeEnabled ? "|can be enabled" : "|fixed");
+     })},
+    {"unit text", [](const TTexts& given) { return FillUnitText(given[0], given[1]); }},
+    {"unit template", One([](const std::string& text) {
+       return IsUnitTemplate(text) ? "template" : FindUnitTemplate(text);
+     })},
     {"mounts", One(ShowMounts)},
     {"selected", [](const TTexts& given) { return ShowSelected(given[0], given[1]); }}};
 

@@ -1,8 +1,10 @@
 #include <set>
 #include <utility>
 
+#include "ArrayMembers.h"
 #include "BlockDeviceText.h"
 #include "CollectAreas.h"
+#include "PciText.h"
 #include "TIdentities.h"
 #include "TextFields.h"
 
@@ -29,9 +31,10 @@ struct TDevice {
 /// Collects the block devices of one machine.
 class TBlockDevices {
  public:
-  TBlockDevices(TCollection& collection, const TPciFunctions& functions)
+  TBlockDevices(TCollection& collection, const TProviders& providers, const TMachineFolder& devices)
       : collection_(collection),
-        functions_(functions),
+        providers_(providers),
+        members_(ListArrayMembers(devices)),
         dvdDrives_(ParseDvdDrives(collection.GetFiles().ReadValue("/proc/sys/dev/cdrom/info"))),
         swaps_(ParseSwaps(collection.GetFiles().ReadTable("/proc/swaps"))) {}
 
@@ -39,9 +42,11 @@ class TBlockDevices {
   /// Links devices that the kernel makes from others, when all of them have been added.
   void LinkLayers();
 
-  const TExtents& GetExtents() const { return extents_; }
+  const TStorage& GetStorage() const { return storage_; }
 
  private:
+  void AddDriveName(const std::string& name, const TCIMReference& path);
+  void LinkDrive(const TDevice& drive, const TCIMReference& path, bool isFixed);
   void AddDrive(const TDevice& drive, const std::string& rotational);
   void SetIdentities(TInstanceDraft& draft, const TDevice& drive,
                      const TMachineFolder& folder) const;
@@ -51,10 +56,12 @@ class TBlockDevices {
   void LinkPartition(const std::string& disk, const TDevice& partition);
 
   TCollection& collection_;
-  const TPciFunctions& functions_;
+  const TProviders& providers_;
+  std::map<std::string, TArrayMember> members_;
+  std::multimap<std::string, std::string> paths_;  ///< to disks that have several
   std::set<std::string> dvdDrives_;
   std::set<std::string> swaps_;
-  TExtents extents_;
+  TStorage storage_;
   std::vector<std::pair<std::string, std::string>> layers_;  ///< each with one of what is below it
 };
 
@@ -66,7 +73,10 @@ std::string GetVendorName(const std::string& vendor) {
 void TBlockDevices::AddDevice(const std::string& name, TMachineFolder folder) {
   TDevice device(name, std::move(folder));
   // One of several paths to a disk that has a name of its own.
-  if (device.folder.ReadValue("hidden") == "1") return;
+  if (device.folder.ReadValue("hidden") == "1") {
+    paths_.emplace(FindDiskOfPath(name), name);
+    return;
+  }
   const TMachineFolder queue = device.folder.Enter("queue");
   device.size =
       ParseExtentSize(device.folder.ReadValue("size"), queue.ReadValue("logical_block_size"));
@@ -113,13 +123,38 @@ void TBlockDevices::AddDrive(const TDevice& drive, const std::string& rotational
         .Set("Caption", DescribeSize(drive.size->blocks * drive.size->blockSize));
   }
   SetIdentities(draft, drive, folder);
+  draft.Set("HealthState", ParseWear(folder.ReadValue("pre_eol_info")));
   const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_SystemDevice");
-  if (path) LinkToFunction(collection_, functions_, kBlockFolder + ('/' + drive.name), *path);
-  const auto medium = extents_.find(drive.name);
-  if (path && medium != extents_.end()) {
-    collection_.Link(collection_.DraftDependency("CIM_MediaPresent", *path, medium->second)
-                         .Set("FixedMedia", !isRemovable));
+  if (path) LinkDrive(drive, *path, !isRemovable);
+}
+
+/// What sensors of the drive call it.
+void TBlockDevices::AddDriveName(const std::string& name, const TCIMReference& path) {
+  const std::string device =
+      collection_.GetFiles().ReadLinkName(kBlockFolder + ('/' + name) + "/device");
+  if (!device.empty()) storage_.drives.emplace(device, path);
+}
+
+void TBlockDevices::LinkDrive(const TDevice& drive, const TCIMReference& path, bool isFixed) {
+  const std::string link = kBlockFolder + ('/' + drive.name);
+  LinkToProviders(collection_, providers_, link, path);
+  const auto [begin, end] = paths_.equal_range(drive.name);
+  for (auto other = begin; other != end; ++other) {
+    LinkToProviders(collection_, providers_, kBlockFolder + ('/' + other->second), path);
+    AddDriveName(other->second, path);
   }
+  AddDriveName(drive.name, path);
+  const auto medium = storage_.extents.find(drive.name);
+  if (medium == storage_.extents.end()) return;
+  collection_.Link(collection_.DraftDependency("CIM_MediaPresent", path, medium->second)
+                       .Set("FixedMedia", isFixed));
+}
+
+/// Of a disk on SCSI, which those on SATA and USB are, too: requests that failed since the start.
+std::string ReadErrorCount(const TMachineFolder& folder) {
+  constexpr unsigned kBits = 32;
+  const auto count = ParsePciNumber(folder.ReadValue("ioerr_cnt"), kBits);
+  return count ? std::to_string(*count) : std::string();
 }
 
 /// Each bus has its own places for these.
@@ -133,6 +168,8 @@ void TBlockDevices::SetIdentities(TInstanceDraft& draft, const TDevice& drive,
       .Add("Serial number", first("serial", "serial"))
       .Add("World wide name", first("wwid", "wwid"))
       .Add("Firmware", folder.ReadValue(folder.Has("firmware_rev") ? "firmware_rev" : "rev"))
+      .Add("Failed requests", ReadErrorCount(folder))
+      .Add("Life time used", DescribeLifeTime(folder.ReadValue("life_time")))
       .Add("Bus", FindBus(collection_.GetFiles().ReadLink(kBlockFolder + ('/' + drive.name))))
       .SetIn(draft);
 }
@@ -147,15 +184,11 @@ void TBlockDevices::AddPartition(const TDevice& disk, const std::string& name) {
   LinkPartition(disk.name, partition);
 }
 
-void SetArray(TInstanceDraft& draft, const TMachineFolder& folder) {
-  const TArrayState state =
-      ParseArrayState(folder.ReadValue("array_state"), folder.ReadValue("degraded"),
-                      folder.ReadValue("raid_disks"), folder.ReadValue("sync_action"));
-  draft.Set("Description", "Array of disks")
-      .SetText("ErrorMethodology", folder.ReadValue("level"))
-      .SetCodes("OperationalStatus", {state.operationalStatus})
-      .SetTexts("StatusDescriptions", {state.description})
-      .SetCode("HealthState", state.healthState);
+/// What the storage is made of, where the kernel made it from something else.
+std::string DescribeVolume(const TMachineFolder& folder) {
+  const std::string file = folder.Enter("loop").ReadValue("backing_file");
+  if (!file.empty()) return "File " + file;
+  return ParseMapperKind(folder.Enter("dm").ReadValue("uuid"));
 }
 
 TInstanceDraft TBlockDevices::DraftExtent(const std::string& className,
@@ -163,10 +196,12 @@ TInstanceDraft TBlockDevices::DraftExtent(const std::string& className,
   TInstanceDraft draft = collection_.DraftDevice(className, device.name);
   draft.Set("Name", GetDeviceFile(device.name))
       .Set("ElementName", device.mapped.empty() ? device.name : device.mapped)
-      .SetText("Description", ParseMapperKind(device.folder.Enter("dm").ReadValue("uuid")));
+      .SetText("Description", DescribeVolume(device.folder));
   if (device.size) SetSize(draft, *device.size);
   if (swaps_.count(device.name) > 0) draft.Set("Purpose", "Swap space");
   if (!device.readOnly.empty()) draft.SetCode("Access", device.readOnly == "0" ? 3 : 1);
+  const auto member = members_.find(device.name);
+  if (member != members_.end()) SetMember(draft, member->second);
   if (device.folder.HasFolder("md")) SetArray(draft, device.folder.Enter("md"));
   return draft;
 }
@@ -174,15 +209,15 @@ TInstanceDraft TBlockDevices::DraftExtent(const std::string& className,
 void TBlockDevices::AddExtent(const TInstanceDraft& draft, const TDevice& device) {
   const auto path = collection_.AddPart(draft, "CIM_SystemDevice");
   if (!path) return;
-  extents_.emplace(device.name, *path);
+  storage_.extents.emplace(device.name, *path);
   // File systems are mounted by the name that the device mapper gives.
-  if (!device.mapped.empty()) extents_.emplace("mapper!" + device.mapped, *path);
+  if (!device.mapped.empty()) storage_.extents.emplace("mapper!" + device.mapped, *path);
 }
 
 void TBlockDevices::LinkPartition(const std::string& disk, const TDevice& partition) {
-  const auto whole = extents_.find(disk);
-  const auto part = extents_.find(partition.name);
-  if (whole == extents_.end() || part == extents_.end()) return;
+  const auto whole = storage_.extents.find(disk);
+  const auto part = storage_.extents.find(partition.name);
+  if (whole == storage_.extents.end() || part == storage_.extents.end()) return;
   TInstanceDraft draft = collection_.DraftDependency("CIM_BasedOn", whole->second, part->second);
   draft.Set("OrderIndex", ParseNumber<std::uint16_t>(partition.folder.ReadValue("partition")));
   if (const auto start = Multiply(ParseUnsigned(partition.folder.ReadValue("start")), 512)) {
@@ -195,10 +230,15 @@ void TBlockDevices::LinkPartition(const std::string& disk, const TDevice& partit
 
 void TBlockDevices::LinkLayers() {
   for (const auto& [above, below] : layers_) {
-    const auto upper = extents_.find(above);
-    const auto lower = extents_.find(below);
-    if (upper == extents_.end() || lower == extents_.end()) continue;
-    collection_.Link(collection_.DraftDependency("CIM_BasedOn", lower->second, upper->second));
+    const auto upper = storage_.extents.find(above);
+    const auto lower = storage_.extents.find(below);
+    if (upper == storage_.extents.end() || lower == storage_.extents.end()) continue;
+    TInstanceDraft draft = collection_.DraftDependency("CIM_BasedOn", lower->second, upper->second);
+    const auto member = members_.find(below);
+    if (member != members_.end() && member->second.array == above) {
+      draft.Set("OrderIndex", ParseNumber<std::uint16_t>(member->second.slot));
+    }
+    collection_.Link(draft);
   }
 }
 
@@ -211,12 +251,12 @@ void SetSize(TInstanceDraft& draft, const TExtentSize& size) {
   }
 }
 
-TExtents CollectBlockDevices(TCollection& collection, const TPciFunctions& functions) {
+TStorage CollectBlockDevices(TCollection& collection, const TProviders& providers) {
   const TMachineFolder folder = collection.Enter(kBlockFolder);
-  TBlockDevices devices(collection, functions);
+  TBlockDevices devices(collection, providers, folder);
   for (const std::string& name : folder.GetNames()) devices.AddDevice(name, folder.Enter(name));
   devices.LinkLayers();
-  return devices.GetExtents();
+  return devices.GetStorage();
 }
 
 }  // namespace NZELVYR20

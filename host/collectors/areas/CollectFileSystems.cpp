@@ -27,10 +27,22 @@ bool IsMountPoint(const TDescriptor& place) {
          (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) != 0;
 }
 
+/// The names of the devices that one file system of the kind btrfs has.
+using TPool = std::vector<std::string>;
+
+std::vector<TPool> ListPools(const TMachineFiles& files) {
+  std::vector<TPool> pools;
+  const TMachineFolder folder(files, "/sys/fs/btrfs");
+  for (const std::string& name : folder.GetNames()) {
+    pools.push_back(folder.Enter(name).Enter("devices").GetNames());
+  }
+  return pools;
+}
+
 class TFileSystems {
  public:
   TFileSystems(TCollection& collection, const TExtents& extents)
-      : collection_(collection), extents_(extents) {}
+      : collection_(collection), extents_(extents), pools_(ListPools(collection.GetFiles())) {}
 
   void Add(const TFileSystemFacts& facts);
   /// Notes what was not asked: once for all, since a machine may have many of them.
@@ -39,9 +51,11 @@ class TFileSystems {
  private:
   void SetSizes(TInstanceDraft& draft, const TFileSystemFacts& facts);
   std::optional<TCIMReference> FindExtent(const std::string& source) const;
+  std::vector<TCIMReference> FindExtents(const TMount& mount) const;
 
   TCollection& collection_;
   const TExtents& extents_;
+  std::vector<TPool> pools_;
   std::size_t slow_ = 0;
   std::size_t saved_ = 0;
 };
@@ -60,9 +74,9 @@ void TFileSystems::Add(const TFileSystemFacts& facts) {
       .SetCode("EnabledState", 2);
   SetSizes(draft, facts);
   const std::optional<TCIMReference> path = collection_.AddPart(draft, "CIM_HostedFileSystem");
-  const std::optional<TCIMReference> extent = FindExtent(facts.mount.source);
-  if (path && extent && facts.kind == TFileSystemFacts::kOnDevice) {
-    collection_.Link(collection_.DraftDependency("CIM_ResidesOnExtent", *extent, *path));
+  if (!path || facts.kind != TFileSystemFacts::kOnDevice) return;
+  for (const TCIMReference& extent : FindExtents(facts.mount)) {
+    collection_.Link(collection_.DraftDependency("CIM_ResidesOnExtent", extent, *path));
   }
 }
 
@@ -96,6 +110,24 @@ std::optional<TCIMReference> TFileSystems::FindExtent(const std::string& source)
   // /dev/disk/by-uuid and the like are links to the device.
   if (found == extents_.end()) found = extents_.find(collection_.GetFiles().ReadLinkName(source));
   return found == extents_.end() ? std::nullopt : std::make_optional(found->second);
+}
+
+/// A mount names one device, also where there are more.
+std::vector<TCIMReference> TFileSystems::FindExtents(const TMount& mount) const {
+  const std::optional<TCIMReference> first = FindExtent(mount.source);
+  if (!first) return {};
+  for (const TPool& pool : pools_) {
+    std::vector<TCIMReference> extents;
+    bool isHere = false;
+    for (const std::string& device : pool) {
+      const auto found = extents_.find(device);
+      if (found == extents_.end()) continue;
+      extents.push_back(found->second);
+      isHere = isHere || found->second.ToString() == first->ToString();
+    }
+    if (isHere && mount.type == "btrfs") return extents;
+  }
+  return {*first};
 }
 
 void TFileSystems::NoteUnmeasured() {

@@ -20,6 +20,11 @@ TLinkKind FindLinkKind(const TMachineFolder& folder) {
   return ParseLinkKind(folder.ReadValue("type"));
 }
 
+std::string FindPortClass(std::uint16_t technology) {
+  if (technology == kWirelessLan) return "CIM_WiFiPort";
+  return technology == kEthernet ? "CIM_EthernetPort" : "CIM_NetworkPort";
+}
+
 void SetAddresses(TInstanceDraft& draft, const TMachineFolder& folder) {
   const std::string address = ParseHardwareAddress(folder.ReadValue("address"));
   if (address.empty()) return;
@@ -41,12 +46,10 @@ void SetLayer(TInstanceDraft& draft, const TMachineFolder& folder,
 }
 
 std::optional<TCIMReference> AddPort(TCollection& collection, const std::string& name,
-                                     const TMachineFolder& folder,
+                                     const TMachineFolder& folder, const TLinkKind& link,
                                      const std::string& virtualNetwork) {
-  const TLinkKind link = FindLinkKind(folder);
   const TPortState state = ParsePortState(folder.ReadValue("operstate"), folder.ReadValue("flags"));
-  TInstanceDraft draft = collection.DraftDevice(
-      link.technology == kEthernet ? "CIM_EthernetPort" : "CIM_NetworkPort", name);
+  TInstanceDraft draft = collection.DraftDevice(FindPortClass(link.technology), name);
   draft.Set("Name", name)
       .Set("ElementName", name)
       .SetText("Description", ParseDeviceType(folder.ReadValue("uevent")))
@@ -92,6 +95,17 @@ void AddCounts(TCollection& collection, const std::string& name, const TCIMRefer
                       .Set("Stats", *path));
 }
 
+void AddRadio(TCollection& collection, const std::string& name, const TCIMReference& port,
+              const TRadioSignal& signal) {
+  TInstanceDraft draft = collection.DraftDevice("CIM_WiFiRadio", name + "/radio");
+  draft.Set("ElementName", "Radio of " + name)
+      .Set("Caption", "Quality of the link: " + signal.quality)
+      .Set("SignalStrength", signal.level)
+      .Set("SignalNoise", signal.noise);
+  const auto radio = collection.AddPart(draft, "CIM_SystemDevice");
+  if (radio) collection.Link(collection.DraftComponent("CIM_ConcreteComponent", port, *radio));
+}
+
 /// The ports that one is made of.
 std::vector<std::string> ListBelow(const TMachineFolder& folder) {
   static const std::string kBelow = "lower_";
@@ -100,6 +114,24 @@ std::vector<std::string> ListBelow(const TMachineFolder& folder) {
     if (entry.compare(0, kBelow.size(), kBelow) == 0) names.push_back(entry.substr(kBelow.size()));
   }
   return names;
+}
+
+bool IsTunnel(const TLinkKind& link) { return link.other.find("Tunnel") != std::string::npos; }
+
+/// A tunnel has the number of the port that it goes through, if it is bound to one. Ports of other
+/// kinds have such a number, too, but it may be one of another network namespace.
+void AddTunnels(const TMachineFolder& folders, const std::vector<std::string>& tunnels,
+                TLayers& layers) {
+  if (tunnels.empty()) return;
+  std::map<std::string, std::string> byNumber;
+  for (const std::string& name : folders.GetNames()) {
+    if (folders.HasFolder(name)) byNumber[folders.Enter(name).ReadValue("ifindex")] = name;
+  }
+  for (const std::string& tunnel : tunnels) {
+    const auto below = byNumber.find(folders.Enter(tunnel).ReadValue("iflink"));
+    if (below == byNumber.end() || below->second == tunnel) continue;
+    layers.emplace_back(tunnel, below->second);
+  }
 }
 
 void LinkLayers(TCollection& collection, const TLayers& layers, const TNetworkPorts& ports) {
@@ -114,28 +146,36 @@ void LinkLayers(TCollection& collection, const TLayers& layers, const TNetworkPo
 
 }  // namespace
 
-TNetworkPorts CollectNetworkPorts(TCollection& collection, const TPciFunctions& functions) {
+TNetworkPorts CollectNetworkPorts(TCollection& collection, const TProviders& providers) {
   const TMachineFiles& files = collection.GetFiles();
   const TMachineFolder folders = collection.Enter(kPortsFolder);
   const auto networks = ParseVirtualNetworks(files.ReadTable("/proc/net/vlan/config"));
   const auto counts = ParsePortCounts(files.ReadTable("/proc/net/dev"));
+  const auto signals = ParseRadioSignals(files.ReadTable("/proc/net/wireless"));
   TNetworkPorts ports;
   TLayers layers;
+  std::vector<std::string> tunnels;
   for (const std::string& name : folders.GetNames()) {
     // Settings of drivers stand here, too, as plain files.
     if (!folders.HasFolder(name)) continue;
     const auto network = networks.find(name);
     const TMachineFolder folder = folders.Enter(name);
     for (const std::string& below : ListBelow(folder)) layers.emplace_back(name, below);
-    const auto port = AddPort(collection, name, folder,
+    const TLinkKind link = FindLinkKind(folder);
+    const auto port = AddPort(collection, name, folder, link,
                               network == networks.end() ? std::string() : network->second);
     if (!port) continue;
     ports.emplace(name, *port);
-    LinkToFunction(collection, functions, kPortsFolder + ('/' + name), *port);
+    if (IsTunnel(link)) tunnels.push_back(name);
+    LinkToProviders(collection, providers, kPortsFolder + ('/' + name), *port);
     if (const auto count = counts.find(name); count != counts.end()) {
       AddCounts(collection, name, *port, count->second);
     }
+    if (const auto signal = signals.find(name); signal != signals.end()) {
+      AddRadio(collection, name, *port, signal->second);
+    }
   }
+  AddTunnels(folders, tunnels, layers);
   LinkLayers(collection, layers, ports);
   return ports;
 }

@@ -35,6 +35,7 @@ struct TFunction {
   TPciAddress address;
   TMachineFolder folder;
   TDeviceNumbers numbers;
+  std::optional<std::uint8_t> classCode;
 };
 
 using TFunctions = std::map<std::string, TFunction>;
@@ -49,7 +50,8 @@ TFunctions ListFunctions(const TMachineFiles& files) {
     TMachineFolder folder = devices.Enter(name);
     const TDeviceNumbers numbers(ReadWord(folder, "vendor").value_or(0),
                                  ReadWord(folder, "device").value_or(0));
-    functions.emplace(name, TFunction{*address, std::move(folder), numbers});
+    const auto classCode = ReadClassCode(folder, "class");
+    functions.emplace(name, TFunction{*address, std::move(folder), numbers, classCode});
   }
   return functions;
 }
@@ -63,7 +65,7 @@ std::map<TDeviceNumbers, TDeviceNames> ReadNames(const TMachineFiles& files,
 
 TInstanceDraft DraftFunction(const TCollection& collection, const std::string& name,
                              const TFunction& function, const TDeviceNames& names) {
-  const auto& [address, folder, numbers] = function;
+  const auto& [address, folder, numbers, classCode] = function;
   TInstanceDraft draft = collection.DraftDevice("CIM_PCIDevice", name);
   draft.Set("ElementName", names.device.empty() ? name : names.device)
       .SetText("Description", names.vendor)
@@ -75,7 +77,7 @@ TInstanceDraft DraftFunction(const TCollection& collection, const std::string& n
       .Set("SubsystemVendorID", ReadWord(folder, "subsystem_vendor"))
       .Set("SubsystemID", ReadWord(folder, "subsystem_device"))
       .Set("RevisionID", ReadRevision(folder, "revision"))
-      .Set("ClassCode", ReadClassCode(folder, "class"));
+      .Set("ClassCode", classCode);
   TIdentities()
       .Add("Driver", collection.GetFiles().ReadLinkName(kPciFolder + ('/' + name) + "/driver"))
       .SetIn(draft);
@@ -85,25 +87,32 @@ TInstanceDraft DraftFunction(const TCollection& collection, const std::string& n
 }  // namespace
 
 TPciFunctions CollectPciDevices(TCollection& collection) {
+  constexpr std::uint8_t kDisplay = 3;
   const TFunctions functions = ListFunctions(collection.GetFiles());
   const auto names = ReadNames(collection.GetFiles(), functions);
   TPciFunctions added;
   for (const auto& [name, function] : functions) {
-    const auto known = names.find(function.numbers);
+    const auto found = names.find(function.numbers);
+    const TDeviceNames known = found == names.end() ? TDeviceNames() : found->second;
     const auto path =
-        collection.AddPart(DraftFunction(collection, name, function,
-                                         known == names.end() ? TDeviceNames() : known->second),
-                           "CIM_SystemDevice");
-    if (path) added.emplace(name, *path);
+        collection.AddPart(DraftFunction(collection, name, function, known), "CIM_SystemDevice");
+    if (!path) continue;
+    added.emplace(name, TPciFunction{*path, known.device, function.classCode == kDisplay});
   }
   return added;
 }
 
-void LinkToFunction(TCollection& collection, const TPciFunctions& functions,
-                    const std::string& link, const TCIMReference& device) {
-  const auto function = functions.find(FindPciFunction(collection.GetFiles().ReadLink(link)));
-  if (function == functions.end()) return;
-  collection.Link(collection.DraftDependency("CIM_ControlledBy", function->second, device));
+void LinkToProviders(TCollection& collection, const TProviders& providers, const std::string& link,
+                     const TCIMReference& device) {
+  const std::string way = collection.GetFiles().ReadLink(link);
+  const auto function = providers.functions.find(FindPciFunction(way));
+  if (function != providers.functions.end()) {
+    collection.Link(collection.DraftDependency("CIM_ControlledBy", function->second.path, device));
+  }
+  const auto usb = providers.usbDevices.find(FindUsbPort(way));
+  if (usb != providers.usbDevices.end()) {
+    collection.Link(collection.DraftDependency("CIM_ConcreteDependency", usb->second, device));
+  }
 }
 
 }  // namespace NZELVYR20

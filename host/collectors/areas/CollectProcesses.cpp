@@ -60,22 +60,4 @@ void CollectProcesses(TCollection& collection, const TOperatingSystem& operating
   }
 }
 
-void CollectPackages(TCollection& collection) {
-  for (const TPackageFacts& package : ParsePackages(collection.Read("/var/lib/dpkg/status"))) {
-    TInstanceDraft draft = collection.Draft("CIM_SoftwareIdentity");
-    // One package may be there for several architectures.
-    draft.Set("InstanceID", "dpkg:" + package.name + ':' + package.architecture)
-        .Set("Name", package.name)
-        .Set("ElementName", package.name)
-        .SetText("Description", package.summary)
-        .SetText("VersionString", package.version)
-        .SetText("Manufacturer", package.maintainer);
-    const std::optional<TCIMReference> path = collection.Add(draft);
-    if (!path || !collection.GetSystem()) continue;
-    collection.Link(collection.Draft("CIM_InstalledSoftwareIdentity")
-                        .Set("InstalledSoftware", *path)
-                        .Set("System", *collection.GetSystem()));
-  }
-}
-
 }  // namespace NZELVYR20

@@ -3,7 +3,9 @@
 #include <set>
 #include <vector>
 
+#include "AddCaches.h"
 #include "CollectAreas.h"
+#include "ProcessorFlags.h"
 #include "ProcessorText.h"
 #include "SystemText.h"
 #include "TIdentities.h"
@@ -51,6 +53,7 @@ std::map<std::uint32_t, TPackage> GroupByPackage(const TMachineFiles& files,
 struct TCore {
   std::string name;
   std::vector<std::uint32_t> threads;
+  std::string neighbours;  ///< the logical processors of its cluster
 };
 
 /// Logical processors of one core say the same about their siblings; where nothing is said, they
@@ -69,7 +72,8 @@ std::vector<TCore> ListCores(const TMachineFiles& files, std::uint32_t number,
         bySiblings.emplace(siblings.empty() ? "of " + name : siblings, cores.size());
     if (isNew) {
       if (!names.insert(name).second) name += "/cpu" + std::to_string(processor.index);
-      cores.push_back({name, {}});
+      cores.push_back(
+          {name, {}, files.ReadValue(GetFolder(processor) + "topology/cluster_cpus_list")});
     }
     cores[place->second].threads.push_back(processor.index);
   }
@@ -101,6 +105,7 @@ std::string JoinModelNames(const TPackage& package) {
 
 TInstanceDraft DraftProcessor(const TCollection& collection, std::uint32_t number,
                               const TPackage& package, std::size_t coreCount) {
+  constexpr unsigned kHardwareThread = 5;
   const TLogicalProcessor& first = package.front();
   const std::string model = JoinModelNames(package);
   const std::uint16_t family = FindProcessorFamily(first);
@@ -120,10 +125,14 @@ TInstanceDraft DraftProcessor(const TCollection& collection, std::uint32_t numbe
       .SetCode("NumberOfEnabledCores", static_cast<unsigned>(coreCount));
   TIdentities()
       .Add("Microcode", first.microcode)
-      .Add("Virtualization", first.virtualization)
+      .Add("Virtualization", FindVirtualization(first.flags))
+      .Add("Instruction sets", ListExtensions(first.flags.empty() ? first.features : first.flags))
       .Add("Governor",
            collection.GetFiles().ReadValue(GetFolder(first) + "cpufreq/scaling_governor"))
       .SetIn(draft);
+  std::vector<unsigned> characteristics = FindCharacteristics(first.flags);
+  if (coreCount < package.size()) characteristics.push_back(kHardwareThread);
+  if (!characteristics.empty()) draft.SetCodes("Characteristics", characteristics);
   if (family == kOther) {
     draft.SetText("OtherFamilyDescription", first.isa.empty() ? model : "RISC-V " + first.isa);
   }
@@ -142,67 +151,60 @@ void AddThreads(TCollection& collection, const TCIMReference& core,
   }
 }
 
-void AddCores(TCollection& collection, const TCIMReference& processor,
-              const std::vector<TCore>& cores) {
-  for (const auto& [name, threads] : cores) {
+/// Boards have processors in clusters of several cores; where each core is a cluster, or all are
+/// one, there is nothing to tell.
+std::map<std::string, std::string> NameClusters(const TMachineFiles& files, std::uint32_t package,
+                                                const std::vector<TCore>& cores) {
+  std::map<std::string, std::string> names;
+  for (const TCore& core : cores) {
+    if (core.neighbours.empty()) continue;
+    const std::string number =
+        files.ReadValue(kProcessorsFolder + ("cpu" + std::to_string(core.threads.front())) +
+                        "/topology/cluster_id");
+    names.emplace(core.neighbours, GetPackageId(package) + "/cluster" + number);
+  }
+  if (names.size() < 2 || names.size() == cores.size()) names.clear();
+  return names;
+}
+
+void AddClusters(TCollection& collection, const TCIMReference& processor,
+                 const std::map<std::string, std::string>& clusters,
+                 const std::multimap<std::string, TCIMReference>& cores) {
+  for (const auto& [neighbours, name] : clusters) {
+    TInstanceDraft draft = collection.Draft("CIM_ConcreteCollection");
+    draft.Set("InstanceID", name)
+        .Set("ElementName", name)
+        .Set("Description", "Cluster of the processors " + neighbours);
+    const std::optional<TCIMReference> cluster = collection.Add(draft);
+    if (!cluster) continue;
+    collection.Link(collection.DraftComponent("CIM_ConcreteComponent", processor, *cluster));
+    const auto [begin, end] = cores.equal_range(neighbours);
+    for (auto core = begin; core != end; ++core) {
+      collection.Link(collection.Draft("CIM_MemberOfCollection")
+                          .Set("Collection", *cluster)
+                          .Set("Member", core->second));
+    }
+  }
+}
+
+TAddedCores AddCores(TCollection& collection, const TCIMReference& processor, std::uint32_t package,
+                     const std::vector<TCore>& cores) {
+  const auto clusters = NameClusters(collection.GetFiles(), package, cores);
+  std::multimap<std::string, TCIMReference> byCluster;
+  TAddedCores added;
+  for (const auto& [name, threads, neighbours] : cores) {
     TInstanceDraft draft = collection.Draft("CIM_ProcessorCore");
     draft.Set("InstanceID", name).Set("ElementName", name);
     draft.SetCode("CoreEnabledState", 2).SetCode("EnabledState", 2);
     if (const std::optional<TCIMReference> path = collection.Add(draft)) {
       collection.Link(collection.DraftComponent("CIM_ConcreteComponent", processor, *path));
       AddThreads(collection, *path, threads);
+      byCluster.emplace(neighbours, *path);
+      added.emplace_back(*path, threads);
     }
   }
-}
-
-TInstanceDraft DraftCacheLink(const TCollection& collection, const TCIMReference& cache,
-                              const TCIMReference& processor, const TMachineFolder& folder) {
-  const std::string level = folder.ReadValue("level");
-  const std::string type = folder.ReadValue("type");
-  const std::string ways = folder.ReadValue("ways_of_associativity");
-  const std::uint16_t levelCode = ParseCacheLevel(level);
-  const std::uint16_t typeCode = ParseCacheType(type);
-  const std::uint16_t waysCode = ParseAssociativity(ways);
-  TInstanceDraft draft = collection.DraftDependency("CIM_AssociatedCacheMemory", cache, processor);
-  draft.SetCode("Level", levelCode)
-      .SetCode("CacheType", typeCode)
-      .SetCode("Associativity", waysCode)
-      .Set("LineSize", ParseNumber<std::uint32_t>(folder.ReadValue("coherency_line_size")));
-  if (levelCode == kOther) draft.Set("OtherLevelDescription", "Level " + level);
-  if (typeCode == kOther) draft.Set("OtherCacheTypeDescription", type);
-  if (waysCode == kOther) draft.Set("OtherAssociativityDescription", ways + "-way");
-  return draft;
-}
-
-void AddCache(TCollection& collection, const TCIMReference& processor, const std::string& id,
-              const TMachineFolder& folder) {
-  const std::optional<std::uint64_t> size = ParseCacheSize(folder.ReadValue("size"));
-  TInstanceDraft draft = collection.DraftDevice("CIM_Memory", id);
-  draft.Set("ElementName", id).Set("Purpose", "Processor cache").Set("Volatile", true);
-  if (size) SetSize(draft, {1, *size});
-  if (const std::optional<TCIMReference> cache = collection.AddPart(draft, "CIM_SystemDevice")) {
-    collection.Link(DraftCacheLink(collection, *cache, processor, folder));
-  }
-}
-
-/// A cache that several logical processors share shows under each of them, and is named after the
-/// first.
-void AddCaches(TCollection& collection, const TCIMReference& processor, const TPackage& package) {
-  const TMachineFiles& files = collection.GetFiles();
-  std::set<std::string> known;
-  for (const TLogicalProcessor& logical : package) {
-    const TMachineFolder caches(files, GetFolder(logical) + "cache");
-    for (const std::string& name : caches.GetNames()) {
-      const TMachineFolder folder = caches.Enter(name);
-      const std::string level = folder.ReadValue("level");
-      if (level.empty()) continue;
-      const std::vector<std::uint32_t> sharers = ParseList(folder.ReadValue("shared_cpu_list"));
-      const std::string id = "cpu" +
-                             std::to_string(sharers.empty() ? logical.index : sharers.front()) +
-                             "/L" + level + ' ' + folder.ReadValue("type");
-      if (known.insert(id).second) AddCache(collection, processor, id, folder);
-    }
-  }
+  AddClusters(collection, processor, clusters, byCluster);
+  return added;
 }
 
 /// Some kernels do not list their processors one by one in cpuinfo; then those that are online
@@ -244,8 +246,7 @@ TProcessorsByIndex CollectProcessors(TCollection& collection) {
         DraftProcessor(collection, number, package, cores.size()).Set("LoadPercentage", load),
         "CIM_SystemDevice");
     if (!processor) continue;
-    AddCores(collection, *processor, cores);
-    AddCaches(collection, *processor, package);
+    AddCaches(collection, *processor, AddCores(collection, *processor, number, cores));
     for (const TLogicalProcessor& logical : package) byIndex.emplace(logical.index, *processor);
   }
   return byIndex;

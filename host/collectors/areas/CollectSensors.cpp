@@ -70,9 +70,19 @@ void AddSensors(TCollection& collection, const TMonitor& monitor,
   }
 }
 
+/// Drives measure themselves, and so do cards.
+std::optional<TCIMReference> FindMeasured(const std::string& device, const TPciFunctions& functions,
+                                          const TStorage& storage) {
+  const auto drive = storage.drives.find(device);
+  if (drive != storage.drives.end()) return drive->second;
+  const auto function = functions.find(device);
+  return function == functions.end() ? std::nullopt : std::optional(function->second.path);
+}
+
 }  // namespace
 
-void CollectSensors(TCollection& collection, const TPciFunctions& functions) {
+void CollectSensors(TCollection& collection, const TPciFunctions& functions,
+                    const TStorage& storage) {
   const TMachineFiles& files = collection.GetFiles();
   const TMachineFolder monitors(files, kMonitorsFolder);
   std::set<std::string> known;
@@ -85,9 +95,7 @@ void CollectSensors(TCollection& collection, const TPciFunctions& functions) {
     std::string name = chip;
     if (!device.empty()) name.append("/").append(device);
     if (!known.insert(name).second) known.insert(name.append("/").append(entry));
-    const auto measured = functions.find(device);
-    AddSensors(collection, {folder, chip, name},
-               measured == functions.end() ? std::nullopt : std::optional(measured->second));
+    AddSensors(collection, {folder, chip, name}, FindMeasured(device, functions, storage));
   }
 }
 

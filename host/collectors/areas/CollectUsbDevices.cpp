@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "CollectAreas.h"
 #include "ReadDeviceNames.h"
 #include "TextFields.h"
@@ -57,16 +59,22 @@ TInstanceDraft DraftUsbDevice(const TCollection& collection, const std::string& 
 
 }  // namespace
 
-void CollectUsbDevices(TCollection& collection, const TPciFunctions& functions) {
+TProviders CollectUsbDevices(TCollection& collection, const TPciFunctions& functions) {
   const std::map<std::string, TUsbDevice> devices = ListDevices(collection.GetFiles());
   std::set<TDeviceNumbers> wanted;
   for (const auto& [name, device] : devices) wanted.insert(device.numbers);
+  TProviders providers{functions, {}};
+  std::map<std::string, TCIMReference> added;
   auto names = ReadDeviceNames(collection.GetFiles(), "usb.ids", wanted);
   for (const auto& [name, device] : devices) {
     const auto path = collection.AddPart(
         DraftUsbDevice(collection, name, device, names[device.numbers]), "CIM_SystemDevice");
-    if (path) LinkToFunction(collection, functions, kUsbFolder + ('/' + name), *path);
+    if (!path) continue;
+    added.emplace(name, *path);
+    LinkToProviders(collection, providers, kUsbFolder + ('/' + name), *path);
   }
+  providers.usbDevices = std::move(added);
+  return providers;
 }
 
 }  // namespace NZELVYR20

@@ -77,11 +77,16 @@ std::set<std::string> ParseDvdDrives(std::string_view text) {
 
 std::string ParseMapperKind(std::string_view uuid) {
   using TRow = std::pair<std::string_view, const char*>;
-  static constexpr std::array<TRow, 5> kKinds = {{{"LVM", "Logical volume"},
-                                                  {"CRYPT", "Encrypted volume"},
+  static constexpr std::array<TRow, 4> kKinds = {{{"LVM", "Logical volume"},
                                                   {"mpath", "Disk with several paths"},
                                                   {"part", "Partition"},
                                                   {"DMRAID", "Array of disks"}}};
+  constexpr std::string_view kCrypt = "CRYPT-";
+  if (uuid.substr(0, kCrypt.size()) == kCrypt) {
+    const std::string_view rest = uuid.substr(kCrypt.size());
+    const std::string kind(rest.substr(0, rest.find('-')));
+    return kind == "VERITY" ? "Verified volume" : "Encrypted volume (" + kind + ')';
+  }
   for (const auto& [prefix, kind] : kKinds) {
     if (uuid.substr(0, prefix.size()) == prefix) return kind;
   }
@@ -104,6 +109,53 @@ TArrayState ParseArrayState(std::string_view state, std::string_view degraded,
   if (state == "broken") return {kFailed, 25, text};
   if (state == "inactive" || state == "clear") return {kStopped, 0, text};
   return missing > 0 ? TArrayState{kDegraded, 10, text} : TArrayState{kOK, 5, text};
+}
+
+std::uint16_t ParseMemberState(std::string_view state, std::string_view slot) {
+  constexpr std::uint16_t kUnusual = 1;
+  constexpr std::uint16_t kOK = 2;
+  constexpr std::uint16_t kError = 6;
+  constexpr std::uint16_t kInService = 11;
+  constexpr std::uint16_t kDormant = 15;
+  const auto has = [state](std::string_view word) {
+    return state.find(word) != std::string_view::npos;
+  };
+  if (has("faulty")) return kError;
+  if (has("in_sync")) return kOK;
+  if (!has("spare")) return kUnusual;
+  // One with a place in the array is being filled.
+  return ParseUnsigned(slot) ? kInService : kDormant;
+}
+
+std::string FindDiskOfPath(std::string_view name) {
+  constexpr std::string_view kDigits = "0123456789";
+  constexpr std::string_view kKind = "nvme";
+  if (name.substr(0, kKind.size()) != kKind) return {};
+  const std::size_t path = name.find_first_not_of(kDigits, kKind.size());
+  if (path == std::string_view::npos || name[path] != 'c') return {};
+  const std::size_t space = name.find_first_not_of(kDigits, path + 1);
+  if (space == std::string_view::npos || name[space] != 'n') return {};
+  return std::string(name.substr(0, path)).append(name.substr(space));
+}
+
+std::optional<std::uint16_t> ParseWear(std::string_view endOfLife) {
+  static constexpr std::array<std::pair<std::string_view, std::uint16_t>, 3> kWear = {
+      {{"0x01", 5}, {"0x02", 10}, {"0x03", 25}}};
+  for (const auto& [text, state] : kWear) {
+    if (text == endOfLife) return state;
+  }
+  return std::nullopt;
+}
+
+std::string DescribeLifeTime(std::string_view lifeTime) {
+  constexpr std::uint64_t kTenths = 10;
+  std::uint64_t most = 0;
+  for (const std::string_view word : SplitWords(lifeTime)) {
+    if (word.substr(0, 2) != "0x") return {};
+    most = std::max(most, ParseUnsigned(word.substr(2), kHexadecimal).value_or(0));
+  }
+  if (most > kTenths) return "More than 100 %";
+  return most == 0 ? std::string() : std::to_string(most * kTenths) + " %";
 }
 
 std::string GetDeviceFile(const std::string& name) {

@@ -46,6 +46,20 @@ struct TArrayState {
 TArrayState ParseArrayState(std::string_view state, std::string_view degraded,
                             std::string_view members, std::string_view action);
 
+/// The standard's OperationalStatus of a disk in an array, by its files "state", such as
+/// "in_sync,write_mostly", and "slot".
+std::uint16_t ParseMemberState(std::string_view state, std::string_view slot);
+
+/// The name of the disk for one of the paths to it, such as "nvme0n1" for "nvme0c1n1"; empty for
+/// what is no such path.
+std::string FindDiskOfPath(std::string_view name);
+
+/// The standard's HealthState for the file "pre_eol_info" of a memory card.
+std::optional<std::uint16_t> ParseWear(std::string_view endOfLife);
+
+/// How much of its life such a card has used at most, by the file "life_time": "30 %".
+std::string DescribeLifeTime(std::string_view lifeTime);
+
 /// The standard's OperationalStatus for the file "device/state"; nothing where there is none.
 std::optional<std::uint16_t> ParseDriveState(std::string_view state);
 

@@ -16,7 +16,7 @@ struct TLinkRow {
   std::string_view other;
 };
 
-constexpr std::array<TLinkRow, 13> kLinks = {{{"1", 2, ""},
+constexpr std::array<TLinkRow, 14> kLinks = {{{"1", 2, ""},
                                               {"32", 3, ""},
                                               {"512", 1, "Point-to-Point"},
                                               {"768", 1, "IPv4 Tunnel"},
@@ -25,6 +25,7 @@ constexpr std::array<TLinkRow, 13> kLinks = {{{"1", 2, ""},
                                               {"774", 5, ""},
                                               {"776", 1, "IPv6 in IPv4 Tunnel"},
                                               {"778", 1, "GRE Tunnel"},
+                                              {"823", 1, "GRE over IPv6 Tunnel"},
                                               {"801", 11, ""},
                                               {"802", 11, ""},
                                               {"803", 11, ""},
@@ -45,6 +46,15 @@ constexpr std::array<TStateRow, 6> kStates = {{{"up", {2, 2}},
 std::optional<std::uint64_t> ParseFlags(std::string_view text) {
   if (text.substr(0, 2) == "0x") text.remove_prefix(2);
   return ParseUnsigned(text, 16);
+}
+
+/// "-56." as 56: what has no sign is no such level, and -256 stands for one that is not known.
+std::optional<std::uint32_t> ParseDecibels(std::string_view text) {
+  constexpr std::uint32_t kLargest = 255;
+  if (text.substr(0, 1) != "-") return std::nullopt;
+  text.remove_prefix(1);
+  const auto number = ParseNumber<std::uint32_t>(text.substr(0, text.find('.')));
+  return number && *number <= kLargest ? number : std::nullopt;
 }
 
 }  // namespace
@@ -132,6 +142,19 @@ std::map<std::string, std::string> ParseVirtualNetworks(std::string_view text) {
     if (number && ParseUnsigned(number->name)) numbers.emplace(name->name, number->name);
   }
   return numbers;
+}
+
+std::map<std::string, TRadioSignal> ParseRadioSignals(std::string_view text) {
+  constexpr std::size_t kColumns = 4;
+  std::map<std::string, TRadioSignal> signals;
+  for (const std::string_view line : SplitLines(text)) {
+    const std::optional<TField> port = SplitField(line, ':');
+    const auto words = port ? SplitWords(port->value) : std::vector<std::string_view>();
+    if (words.size() < kColumns) continue;
+    signals[std::string(port->name)] = {std::string(words[1].substr(0, words[1].find('.'))),
+                                        ParseDecibels(words[2]), ParseDecibels(words[3])};
+  }
+  return signals;
 }
 
 }  // namespace NZELVYR20

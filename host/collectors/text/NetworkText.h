@@ -58,4 +58,14 @@ std::map<std::string, TPortCounts> ParsePortCounts(std::string_view text);
 /// /proc/net/vlan/config.
 std::map<std::string, std::string> ParseVirtualNetworks(std::string_view text);
 
+/// What a wireless port receives.
+struct TRadioSignal {
+  std::string quality;                 ///< a number of the driver's own
+  std::optional<std::uint32_t> level;  ///< in decibels below one milliwatt
+  std::optional<std::uint32_t> noise;  ///< the same
+};
+
+/// The lines of /proc/net/wireless, by the names of the ports.
+std::map<std::string, TRadioSignal> ParseRadioSignals(std::string_view text);
+
 }  // namespace NZELVYR20

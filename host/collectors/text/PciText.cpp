@@ -34,14 +34,33 @@ std::optional<std::uint64_t> ParsePciNumber(std::string_view text, unsigned bits
   return number && *number >> bits == 0 ? number : std::nullopt;
 }
 
-std::string FindPciFunction(std::string_view link) {
-  std::string found;
+namespace {
+
+/// The last part of the way that is one of those looked for; empty where none is.
+template <class TIsWanted>
+std::string_view FindPart(std::string_view link, TIsWanted isWanted) {
+  std::string_view found;
   while (!link.empty()) {
     const std::string_view part = link.substr(0, link.find('/'));
-    if (ParsePciAddress(part)) found = part;
+    if (isWanted(part)) found = part;
     link.remove_prefix(std::min(part.size() + 1, link.size()));
   }
   return found;
+}
+
+}  // namespace
+
+std::string FindPciFunction(std::string_view link) {
+  return std::string(
+      FindPart(link, [](std::string_view part) { return ParsePciAddress(part).has_value(); }));
+}
+
+std::string FindUsbPort(std::string_view link) {
+  // After the port stands which of the device's functions it is.
+  const std::string_view part = FindPart(link, [](std::string_view name) {
+    return name.find('-') < name.find(':') && name.find(':') != std::string_view::npos;
+  });
+  return std::string(part.substr(0, part.find(':')));
 }
 
 }  // namespace NZELVYR20

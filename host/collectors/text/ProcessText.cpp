@@ -24,9 +24,9 @@ enum EField : std::size_t {
 /// The standard's ExecutionState for the kernel's letter.
 std::uint16_t FindExecutionState(std::string_view letter) {
   constexpr std::string_view kLetters = "RSDIZTtXx";
-  constexpr std::uint16_t kStates[] = {3, 4, 4, 4, 7, 8, 8, 7, 7};
+  constexpr std::uint16_t kExecutionStates[] = {3, 4, 4, 4, 7, 8, 8, 7, 7};
   const std::size_t place = letter.size() == 1 ? kLetters.find(letter) : std::string_view::npos;
-  return place == std::string_view::npos ? 0 : kStates[place];
+  return place == std::string_view::npos ? 0 : kExecutionStates[place];
 }
 
 /// The kernel counts those that must run at once below 0.
@@ -36,20 +36,6 @@ std::uint32_t ShiftPriority(std::string_view text) {
   const auto size = ParseNumber<std::uint32_t>(isNegative ? text.substr(1) : text).value_or(0);
   if (!isNegative) return kFirst + size;
   return kFirst - std::min(size, kFirst);
-}
-
-bool IsInstalled(std::string_view status) {
-  const std::vector<std::string_view> words = SplitWords(status);
-  return !words.empty() && words.back() == "installed";
-}
-
-void SetField(TPackageFacts& package, const TField& field, bool& isInstalled) {
-  if (field.name == "Package") package.name = field.value;
-  if (field.name == "Version") package.version = field.value;
-  if (field.name == "Architecture") package.architecture = field.value;
-  if (field.name == "Maintainer") package.maintainer = field.value;
-  if (field.name == "Description") package.summary = field.value;
-  if (field.name == "Status") isInstalled = IsInstalled(field.value);
 }
 
 }  // namespace
@@ -73,25 +59,6 @@ std::optional<TProcessFacts> ParseProcess(std::string_view text) {
   facts.startTime = number(kStartTime);
   facts.residentPages = number(kResident);
   return facts;
-}
-
-std::vector<TPackageFacts> ParsePackages(std::string_view text) {
-  std::vector<TPackageFacts> packages;
-  TPackageFacts package;
-  bool isInstalled = false;
-  const auto finish = [&] {
-    if (isInstalled && !package.name.empty()) packages.push_back(package);
-    package = {};
-    isInstalled = false;
-  };
-  for (const std::string_view line : SplitLines(text)) {
-    if (Trim(line).empty()) finish();
-    // What goes on with a blank belongs to the field above.
-    if (line.empty() || line.front() == ' ') continue;
-    if (const auto field = SplitField(line, ':')) SetField(package, *field, isInstalled);
-  }
-  finish();
-  return packages;
 }
 
 }  // namespace NZELVYR20

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace NZELVYR20 {
 
@@ -24,17 +23,5 @@ struct TProcessFacts {
 
 /// The name stands in brackets, and may have any in itself.
 std::optional<TProcessFacts> ParseProcess(std::string_view text);
-
-/// A package of software that is installed.
-struct TPackageFacts {
-  std::string name;
-  std::string version;
-  std::string architecture;
-  std::string maintainer;
-  std::string summary;
-};
-
-/// The installed ones of /var/lib/dpkg/status.
-std::vector<TPackageFacts> ParsePackages(std::string_view text);
 
 }  // namespace NZELVYR20

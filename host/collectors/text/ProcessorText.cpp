@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ArmNames.h"
+#include "ProcessorFlags.h"
 #include "TextFields.h"
 
 namespace NZELVYR20 {
@@ -27,11 +28,6 @@ std::uint16_t FindCode(const std::array<TCodeName, count>& codes, std::string_vi
 /// "2600.002" and "3800.000000MHz" alike.
 std::optional<std::uint32_t> ParseMegaHertz(std::string_view text) {
   return ParseNumber<std::uint32_t>(text.substr(0, text.find_first_not_of("0123456789")));
-}
-
-std::uint16_t FindAddressBitsByFlags(std::string_view flags) {
-  const std::vector<std::string_view> words = SplitWords(flags);
-  return std::find(words.begin(), words.end(), "lm") == words.end() ? 32 : 64;
 }
 
 void SetArmArchitecture(TLogicalProcessor& processor, std::string_view text) {
@@ -62,16 +58,6 @@ void SetName(TLogicalProcessor& processor, std::string_view name, std::string_vi
   if (name == "stepping") processor.stepping = value;
 }
 
-bool HasWord(std::string_view text, std::string_view word) {
-  const std::vector<std::string_view> words = SplitWords(text);
-  return std::find(words.begin(), words.end(), word) != words.end();
-}
-
-std::string FindVirtualization(std::string_view flags) {
-  if (HasWord(flags, "vmx")) return "VT-x";
-  return HasWord(flags, "svm") ? "AMD-V" : "";
-}
-
 /// ARM's own name, such as "r1p3".
 std::string NameStepping(const std::optional<std::uint64_t>& variant, std::string_view revision) {
   const std::string number(revision);
@@ -90,11 +76,12 @@ void SetField(TLogicalProcessor& processor, const TField& field) {
     processor.megaHertz = ParseMegaHertz(value);
   }
   if (name == "flags") {
-    processor.addressBits = FindAddressBitsByFlags(value);
-    processor.virtualization = FindVirtualization(value);
+    processor.addressBits = HasFlag(value, "lm") ? 64 : 32;
+    processor.flags = value;
   }
+  if (IsOneOf(name, {"Features", "features"})) processor.features = value;
   // On s390x.
-  if (name == "features" && HasWord(value, "zarch")) processor.addressBits = 64;
+  if (name == "features" && HasFlag(value, "zarch")) processor.addressBits = 64;
   if (name == "microcode") processor.microcode = value;
   if (name == "isa") {
     processor.isa = value;
@@ -147,6 +134,7 @@ void NameArm(TLogicalProcessor& processor) {
 }
 
 void TakeOverWhatIsMissing(TLogicalProcessor& processor, const TLogicalProcessor& shared) {
+  if (processor.features.empty()) processor.features = shared.features;
   if (processor.vendor.empty()) processor.vendor = shared.vendor;
   if (processor.modelName.empty()) processor.modelName = shared.modelName;
   if (processor.stepping.empty()) processor.stepping = shared.stepping;
@@ -193,7 +181,7 @@ TProcessorList ParseProcessors(std::string_view text) {
 bool HasProcessorFlag(std::string_view text, std::string_view flag) {
   for (const std::string_view line : SplitLines(text)) {
     const std::optional<TField> field = SplitField(line, ':');
-    if (field && field->name == "flags") return HasWord(field->value, flag);
+    if (field && field->name == "flags") return HasFlag(field->value, flag);
   }
   return false;
 }

@@ -16,7 +16,8 @@ struct TLogicalProcessor {
   std::string stepping;
   std::string isa;  ///< of RISC-V
   std::string microcode;
-  std::string virtualization;  ///< what it offers for virtual machines
+  std::string flags;     ///< words of what it is able to do, of x86
+  std::string features;  ///< the same of others
   std::optional<std::uint32_t> package;
   std::optional<std::uint32_t> core;  ///< within the package, or within a cluster of it
   std::optional<std::uint32_t> megaHertz;

@@ -52,7 +52,7 @@ if(VYR_SERVER)
   install(FILES cmake/vyr.service DESTINATION ${CMAKE_INSTALL_LIBDIR}/systemd/system)
 endif()
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md PATTERN *.svg)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} FILES_MATCHING PATTERN *.md PATTERN *.svg PATTERN *.png)
 # The API reference, where scripts/package or scripts/docs has written it.
 install(DIRECTORY build/docs/html DESTINATION ${CMAKE_INSTALL_DOCDIR} OPTIONAL)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md cmake/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})

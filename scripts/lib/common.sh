@@ -11,6 +11,7 @@ test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest local
   sqlite3 jq python3 graphviz zsh)
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
 fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
+site_packages=("${run_packages[@]}" python3 chromium chromium-driver)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck python3)
 docs_packages=("${run_packages[@]}" doxygen mandoc)

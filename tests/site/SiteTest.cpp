@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "Cases.h"
+#include "ICIMProperty.h"
 #include "LoadMof.h"
 #include "PluginNamespace.h"
 #include "TInstanceDraft.h"
@@ -36,6 +37,7 @@ boost::shared_ptr<ICIMNamespace> LoadSample() {
                                     .Add();
   const TCIMReference other = TInstanceDraft(space, "MY_Odd").Set("Id", TCIMValue("")).Add();
   const auto target = space->GetClass("MY_Odd", {});
+  space->GetInstance(hostile, {})->GetProperty("Text", {})->SetPrevValue(TCIMValue("<old>"));
   TInstanceDraft(space, "MY_Near")
       .Set("One", TCIMValue(hostile, target))
       .Set("Other", TCIMValue(other, target))
@@ -144,7 +146,8 @@ TEST(SiteTest, WhateverAnInstanceHoldsIsTextOnItsPage) {
   const pugi::xml_document page = Parse(Get(site, url));
   const std::string shown = TText::OneLine(kHostile);
   EXPECT_EQ(Select(page, "//h1"), shown);
-  EXPECT_EQ(Select(page, "//tr[starts-with(th, 'Text')]/td[1]"), "two\nlines ]]> <b>");
+  EXPECT_EQ(Select(page, "//tr[starts-with(th, 'Text')]/td[position() < 3]"),
+            "two\nlines ]]> <b> | <old>");
   const pugi::xml_document around = Parse(Get(site, Select(page, "//svg//a/@href")));
   EXPECT_EQ(Select(around, "//svg//a/g/title"), shown + ", MY_Odd");
 }

@@ -19,8 +19,8 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr std::size_t kMostFound = 50;    ///< of a kind
-constexpr std::size_t kMostRead = 20000;  ///< instances
+constexpr std::size_t kMostFound = 50;     ///< of a kind
+constexpr std::size_t kMostRead = 100000;  ///< instances
 constexpr std::size_t kTextWidth = 100;
 
 struct TFound {
@@ -52,6 +52,8 @@ class TSearch {
   const THits& GetClasses() const { return inClasses_; }
   const THits& GetProperties() const { return inProperties_; }
   const THits& GetInstances() const { return inInstances_; }
+  /// Whether there are too many instances to look through all.
+  bool IsPartial() const { return isPartial_; }
 
  private:
   bool Matches(const std::string& text) const {
@@ -87,11 +89,8 @@ class TSearch {
     for (const auto& cimClass : classes_) {
       if (cimClass->IsAssociation({})) continue;
       for (const auto& instance : ListInstances(*cimClass, false)) {
-        if (inInstances_.isCut) return;
-        if (++read > kMostRead) {
-          inInstances_.isCut = true;
-          return;
-        }
+        isPartial_ = ++read > kMostRead;
+        if (isPartial_ || inInstances_.isCut) return;
         if (const auto note = FindValue(*instance)) AddInstance(*instance, *note);
       }
     }
@@ -122,6 +121,7 @@ class TSearch {
   THits inClasses_;
   THits inProperties_;
   THits inInstances_;
+  bool isPartial_ = false;
 };
 
 void AddHits(TPage& page, const std::string& id, const std::string& kind, const THits& hits) {
@@ -157,6 +157,10 @@ std::string SearchPage(const TPageRequest& asked) {
                        !search.GetProperties().found.empty() ||
                        !search.GetInstances().found.empty();
   if (!isFound) html.Add("p", "Nothing has this text in its name or its values.");
+  if (search.IsPartial()) {
+    html.Add("p", "Of the instances only the first " + std::to_string(kMostRead) +
+                      " were looked through.");
+  }
   for (const auto& [id, kind, hits] :
        {std::tuple("instances", "Instances", &search.GetInstances()),
         std::tuple("classes", "Classes", &search.GetClasses()),

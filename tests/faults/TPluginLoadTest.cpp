@@ -1,6 +1,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -12,9 +13,8 @@
 namespace NZELVYR20 {
 namespace {
 
-/// A registration that fails, in the plug-in or in the manager, must not leave through the loader.
 /// The plug-in stays mapped once it was loaded, and so each try has a copy of its own.
-TEST(TPluginLoadTest, ARegistrationThatFailsLeavesTheProvidersAsTheyWere) {
+void LoadWithFaults() {
   namespace fs = std::filesystem;
   const auto find = [] {
     return TRootObject::GetNamespaceProviderManager()->FindNamespaceProvider("inmem");
@@ -41,6 +41,17 @@ TEST(TPluginLoadTest, ARegistrationThatFailsLeavesTheProvidersAsTheyWere) {
   }
   EXPECT_GT(tries, 3);
   fs::remove_all(folder);
+}
+
+/// A registration that fails, in the plug-in or in the manager, must not leave through the loader.
+/// In a process of its own: where a copy has registered, no other one will be loaded.
+TEST(TPluginLoadTest, ARegistrationThatFailsLeavesTheProvidersAsTheyWere) {
+  EXPECT_EXIT(
+      {
+        LoadWithFaults();
+        std::exit(::testing::Test::HasFailure() ? 1 : 0);
+      },
+      ::testing::ExitedWithCode(0), "");
 }
 
 }  // namespace

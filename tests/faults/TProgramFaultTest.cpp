@@ -98,6 +98,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
     Run(command, EKind::kNone, 1);
     Run(command, EKind::kNone, 1);  // by now there is what is made once for the process
     const TRun whole = run_;
+    ASSERT_NE(whole.status, 1) << whole.errors;
     for (const EKind kind : {EKind::kNew, EKind::kC, EKind::kMemory}) {
       const int step = kind == EKind::kMemory ? 5 : 1;
       const int begin = std::max(common[kind] - kOwnPart, 1);

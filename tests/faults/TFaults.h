@@ -10,6 +10,13 @@ class TFaults {
   /// kMemory: new and C alike, and from the n-th on every one.
   enum class EKind { kNone, kNew, kC, kMemory, kLog };
 
+  /// Whether this build can make the functions of C fail.
+#ifdef VYR_SANITIZED
+  static constexpr bool kHasC = false;
+#else
+  static constexpr bool kHasC = true;
+#endif
+
   TFaults() = delete;
 
   /// From now on the n-th event of the kind fails.

@@ -112,7 +112,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
         const char* const reason = kind == EKind::kC ? ": error: " : ": error: out of memory\n";
         EXPECT_NE(run_.errors.find(reason), std::string::npos) << run_.errors;
       }
-      EXPECT_GT(n, begin);
+      EXPECT_TRUE(n > begin || (kind == EKind::kC && !TFaults::kHasC));
       if (index < kFirst) common[kind] = n;
     }
   }

@@ -27,7 +27,7 @@ TEST(Operation, ReturnsWhatItsParametersAskForToEveryClient) {
   TSampleService service(kOperationMof);
   CheckCases("requests.txt", [&](const std::string& given) {
     const TClientCall call = TClientCall::Read(given);
-    const std::string lines = Lines(service.Ask(call.ByShell()));
+    std::string lines = Lines(service.Ask(call.ByShell()));
     EXPECT_EQ(Lines(service.Ask(call.ByPython())), lines) << given;
     return lines;
   });

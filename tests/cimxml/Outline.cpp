@@ -10,7 +10,7 @@ std::string Outline(const pugi::xml_node& node) {
   if (const pugi::xml_node host = node.child("HOST")) {
     return "//" + std::string(host.child_value()) + '/' + Outline(host.next_sibling());
   }
-  if (node.child("NAMESPACE")) {
+  if (!node.child("NAMESPACE").empty()) {
     std::vector<std::string> names;
     for (const pugi::xml_node& name : node) names.emplace_back(name.attribute("NAME").value());
     return boost::join(names, "/");

@@ -82,7 +82,8 @@ TCimXmlRequest TClientCall::Make(const std::string& id, const std::string& gap) 
   }
   std::string content = Element("LOCALNAMESPACEPATH", gap + space + gap);
   for (const auto& [name, value] : parameters) {
-    content += gap + "<IPARAMVALUE NAME=\"" + name + "\">" + gap + value + gap + "</IPARAMVALUE>";
+    content.append(gap).append("<IPARAMVALUE NAME=\"").append(name).append("\">");
+    content.append(gap).append(value).append(gap).append("</IPARAMVALUE>");
   }
   request.body =
       "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n"

@@ -59,7 +59,8 @@ TEST_F(VyrhostSql, SavesAClassOfManySubclasses) {
       "Qualifier Key : boolean = false, Scope(any);\nclass MY_A { [Key] string Id; };\n";
   for (int n = 1; n <= 1100; ++n) {
     const std::string name = "MY_A" + std::to_string(n);
-    mof += "class " + name + " : MY_A { };\ninstance of " + name + " { Id = \"x\"; };\n";
+    mof.append("class ").append(name).append(" : MY_A { };\n");
+    mof.append("instance of ").append(name).append(" { Id = \"x\"; };\n");
   }
   const std::string file = GetRoot() + "/many.db";
   EXPECT_EQ(Execute({"--empty", "--mof", Write("many.mof", mof), "sql", "--save", file}).errors,

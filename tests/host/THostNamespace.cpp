@@ -88,8 +88,7 @@ std::string THostNamespace::ShowAll(const std::string& path) const {
         bool isKey = false;
         declaration->GetQualifier("Key", isKey, {});
         if (value.IsNull() || (isKey && !value.IsReference())) return true;
-        const std::string text =
-            value.IsReference() ? ShowEnd(value) : ShowValue(*property);
+        const std::string text = value.IsReference() ? ShowEnd(value) : ShowValue(*property);
         shown += (shown.empty() ? "" : "|") + declaration->GetName({}) + '=' + text;
         return true;
       },

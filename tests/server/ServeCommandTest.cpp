@@ -36,6 +36,7 @@ class TServing {
                                             "serve",      "--port", "0"};
     arguments.insert(arguments.begin(), first.begin(), first.end());
     std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) words.push_back(argument.data());
     words.push_back(nullptr);
     posix_spawn_file_actions_t actions;

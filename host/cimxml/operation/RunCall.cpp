@@ -40,9 +40,7 @@ void RunOperation(const TMessage& message, const TNamespaces& namespaces,
   const TResult result = operation->run({arguments, place, paths, enumerations});
   TElementWriter elements(xml, place);
   WriteAnswer(xml, message, [&] {
-    if (result.returned) {
-      xml.WriteElement("IRETURNVALUE", [&] { result.returned(xml, elements); });
-    }
+    if (result.returned) xml.WriteElement("IRETURNVALUE", [&] { result.returned(xml, elements); });
     if (result.parameters) result.parameters(xml, elements);
   });
 }

@@ -43,9 +43,7 @@ void CheckReference(std::string_view name) {
     RefuseXml("a reference to no character");
   }
   constexpr std::array<std::string_view, 5> kKnown = {"amp", "lt", "gt", "quot", "apos"};
-  if (std::find(kKnown.begin(), kKnown.end(), name) == kKnown.end()) {
-    RefuseXml("an unknown entity");
-  }
+  if (std::find(kKnown.begin(), kKnown.end(), name) == kKnown.end()) RefuseXml("an unknown entity");
 }
 
 void CheckReferences(std::string_view text) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <pugixml.hpp>
 #include <string>
 
@@ -23,10 +24,11 @@ struct TTextSink : IAnswerSink {
 /// A service of a small namespace.
 class TSampleService {
  public:
-  explicit TSampleService(const std::string& mof) {
+  explicit TSampleService(const std::string& mof, TWbemLimits limits = {}) {
     const std::string path = VYR_SCHEMA_DIR "/qualifiers.mof";
     mof_.LoadFile(path).LoadText(mof);
     EXPECT_EQ(mof_.TakeMessages(), "");
+    service_ = std::make_unique<TWbemService>(mof_.nameSpace, limits);
   }
 
   TWbemService& Get() { return service_; }
@@ -35,7 +37,7 @@ class TSampleService {
   /// The status of HTTP and the header CIMError; of an error of CIM "200 CIM" and its code.
   std::string Status(const TCimXmlRequest& request) {
     TTextSink sink;
-    const TCimXmlReply reply = service_.Answer(request, sink);
+    const TCimXmlReply reply = service_->Answer(request, sink);
     EXPECT_EQ(reply.status == 200, !sink.text.empty()) << request.body;
     const std::string status = std::to_string(reply.status);
     if (reply.status != 200) return status + (reply.cimError.empty() ? "" : ' ' + reply.cimError);
@@ -49,7 +51,7 @@ class TSampleService {
   /// What stands in the response.
   pugi::xml_node Ask(const TCimXmlRequest& request) {
     TTextSink sink;
-    EXPECT_EQ(service_.Answer(request, sink).status, 200) << request.body;
+    EXPECT_EQ(service_->Answer(request, sink).status, 200) << request.body;
     return Read(sink.text).first_child();
   }
 
@@ -68,7 +70,7 @@ class TSampleService {
   }
 
   TLoadedMof mof_;
-  TWbemService service_{mof_.nameSpace, {}};
+  std::unique_ptr<TWbemService> service_;
   pugi::xml_document document_;
 };
 

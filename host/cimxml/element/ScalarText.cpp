@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <vector>
 
 #include "FoldName.h"
 #include "TCIMDateTime.h"
@@ -20,11 +21,21 @@ std::string DateTimeText(const TCIMDateTime& value) {
   return text.size() == kLength ? text : "99999999235959.999999:000";
 }
 
+/// Made once: a stream for each property costs more than all else that is written of it.
+std::vector<std::string> ScalarTypeWords() {
+  std::vector<std::string> words(TType::kArray);
+  for (std::size_t type = 0; type < words.size(); ++type) {
+    words[type] = TypeText(static_cast<TType::ECIMType>(type));
+  }
+  return words;
+}
+
 }  // namespace
 
-std::string XmlTypeOf(TType type) {
+const std::string& XmlTypeOf(TType type) {
+  static const std::vector<std::string> words = ScalarTypeWords();
   const bool isText = type == TType::kNone || type == TType::kReferenceArray;
-  return isText ? "string" : TypeText(type.GetElementType());
+  return words[isText ? TType(TType::kString) : type.GetElementType()];
 }
 
 std::string RealText(std::string text) {
@@ -53,7 +64,7 @@ std::string BareText(const std::string& text) {
   constexpr const char* kCharacters =
       "+-.0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   const std::size_t start = std::min(text.find_first_not_of(kBlanks), text.size());
-  const std::string bare = text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
+  std::string bare = text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
   if (bare.find_first_not_of(kCharacters) != std::string::npos) return {};
   const std::size_t hex = FoldName(bare).find("0x");
   if (hex > 1) return bare;

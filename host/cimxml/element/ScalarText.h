@@ -8,7 +8,7 @@ namespace NZELVYR20 {
 
 /// The word of the protocol for a type or for that of an array's elements: that of strings for no
 /// type, as methods without a result have it, and for references in arrays.
-std::string XmlTypeOf(TCIMValue::TCIMType type);
+const std::string& XmlTypeOf(TCIMValue::TCIMType type);
 
 /// The text of a value that is neither null nor an array, before anything is escaped.
 std::string ScalarText(const TCIMValue& value);

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <boost/locale/utf.hpp>
-#include <cstdint>
+
+#include "IsXmlCharacter.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -13,11 +14,6 @@ constexpr const char* kReplacement = "\xEF\xBF\xBD";
 bool IsPlain(char character) {
   const auto code = static_cast<unsigned char>(character);
   return code >= 0x20 && code < 0x80 && code != '&' && code != '<' && code != '>' && code != '"';
-}
-
-/// Whether XML 1.0 has a character of that code above those of ASCII.
-bool IsXmlCharacter(boost::locale::utf::code_point code) {
-  return boost::locale::utf::is_valid_codepoint(code) && code != 0xFFFE && code != 0xFFFF;
 }
 
 /// A reader of attributes takes line ends and tabs for blanks, one of texts a carriage return for

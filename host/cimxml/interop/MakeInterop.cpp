@@ -76,7 +76,7 @@ void AddProfile(const TNamespacePtr& interop) {
 }  // namespace
 
 TNamespacePtr MakeInterop(ICIMNamespace& machine, const std::vector<std::string>& names) {
-  const TNamespacePtr interop = machine.GetNamespaceProvider({})->AllocateNamespace({}, false);
+  TNamespacePtr interop = machine.GetNamespaceProvider({})->AllocateNamespace({}, false);
   LoadSchema(interop, {}, "interop.mof");
   const std::string system = SystemName(machine);
   const std::string manager = "VYR:" + system;

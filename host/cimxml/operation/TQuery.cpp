@@ -63,8 +63,9 @@ TQuery::TQuery(const std::string& language, const std::string& text,
   if (!names.empty()) form_.properties.emplace();
   for (const std::string& name : names) form_.properties->insert(FoldName(FindProperty(name)));
   if (tokens.Accept("WHERE")) {
-    do condition_ += ReadCondition(tokens);
-    while (!tokens.IsAtEnd());
+    do {
+      condition_ += ReadCondition(tokens);
+    } while (!tokens.IsAtEnd());
   }
   if (!tokens.IsAtEnd()) FailQuery("not understood: " + tokens.Peek().text);
 }

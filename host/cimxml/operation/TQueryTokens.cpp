@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "FoldName.h"
 #include "TCimFailure.h"
@@ -16,7 +17,8 @@ constexpr const char* kWordStart = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqr
 constexpr const char* kWordPart = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_0123456789";
 
 bool IsAmong(const std::string& query, std::size_t place, const char* characters) {
-  return place < query.size() && query[place] != '\0' && std::strchr(characters, query[place]);
+  return place < query.size() &&
+         std::string_view(characters).find(query[place]) != std::string_view::npos;
 }
 
 std::string TakeWhile(const std::string& query, std::size_t& place, const char* characters) {
@@ -84,7 +86,7 @@ TQueryTokens::TQueryTokens(const std::string& query) {
 }
 
 TQueryToken TQueryTokens::Take() {
-  const TQueryToken token = Peek();
+  TQueryToken token = Peek();
   if (!IsAtEnd()) ++next_;
   return token;
 }

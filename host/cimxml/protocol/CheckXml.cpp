@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <boost/locale/utf.hpp>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <system_error>
 
+#include "IsXmlCharacter.h"
 #include "TRefusal.h"
 
 namespace NZELVYR20 {
@@ -19,36 +21,13 @@ constexpr std::string_view kBlanks = " \t\r\n";
   throw TRefusal(400, "request-not-well-formed", why);
 }
 
-bool IsXmlCharacter(std::uint32_t code) {
-  if (code < 0x20) return code == '\t' || code == '\n' || code == '\r';
-  return code < 0xD800 || (code > 0xDFFF && code < 0xFFFE) || (code > 0xFFFF && code < 0x110000);
-}
-
-/// Takes the first character off the text; the code is one beyond all characters where the bytes
-/// are not UTF-8.
-std::uint32_t TakeCharacter(std::string_view& text) {
-  constexpr std::uint32_t kNoCharacter = 0x110000;
-  constexpr std::array<std::uint32_t, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
-  const auto lead = static_cast<unsigned char>(text.front());
-  std::size_t size = 1;
-  if (lead >= 0xC0) size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-  if (text.size() < size || lead >= 0xF8 || (lead & 0xC0U) == 0x80) return kNoCharacter;
-  std::uint32_t code = size == 1 ? lead : lead & (0x7FU >> size);
-  for (std::size_t i = 1; i < size; ++i) {
-    const auto next = static_cast<unsigned char>(text[i]);
-    if ((next & 0xC0U) != 0x80) return kNoCharacter;
-    code = code << 6U | (next & 0x3FU);
-  }
-  text.remove_prefix(size);
-  const bool isHalf = code >= 0xD800 && code < 0xE000;
-  return code < kLeast.at(size) || isHalf ? kNoCharacter : code;
-}
-
 void CheckCharacters(std::string_view text) {
   bool areAllowed = true;
-  while (!text.empty()) {
-    const std::uint32_t code = TakeCharacter(text);
-    if (code > 0x10FFFF) throw TRefusal(400, "request-not-valid", "not UTF-8");
+  const char* const end = text.data() + text.size();
+  for (const char* next = text.data(); next != end;) {
+    const auto code = boost::locale::utf::utf_traits<char>::decode(next, end);
+    const bool isCharacter = boost::locale::utf::is_valid_codepoint(code);
+    if (!isCharacter) throw TRefusal(400, "request-not-valid", "not UTF-8");
     areAllowed = areAllowed && IsXmlCharacter(code);
   }
   if (!areAllowed) RefuseXml("a character that XML forbids");

@@ -31,7 +31,7 @@ class TSampleService {
     service_ = std::make_unique<TWbemService>(mof_.nameSpace, limits);
   }
 
-  TWbemService& Get() { return service_; }
+  TWbemService& Get() { return *service_; }
   const boost::shared_ptr<ICIMNamespace>& GetNamespace() const { return mof_.nameSpace; }
 
   /// The status of HTTP and the header CIMError; of an error of CIM "200 CIM" and its code.

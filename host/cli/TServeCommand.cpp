@@ -1,5 +1,6 @@
 #include "TServeCommand.h"
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -124,6 +125,8 @@ class TServed {
 }  // namespace
 
 int TServeCommand::Run(const TCommandContext& context, const TServeArguments& arguments) {
+  // One request is answered at a time: memory of its own for each thread would only be kept idle.
+  mallopt(M_ARENA_MAX, 1);
   return TServed(context, arguments).Run();
 }
 

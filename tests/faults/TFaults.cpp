@@ -35,10 +35,11 @@ long TFaults::CountLiveAllocations() { return live; }
 
 using NZELVYR20::TFaults;
 
-// What operator new stands on, by the names that C has for it.
+// What operator new stands on, by the names that C has for it. Under a sanitizer it is the
+// sanitizer's own.
 // NOLINTBEGIN(cppcoreguidelines-no-malloc,readability-identifier-naming)
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VYR_SANITIZED
 #define __libc_malloc malloc
 #else
 namespace {

@@ -109,8 +109,9 @@ TEST(AccessTest, Spool) {
     spool.Restart();
     for (std::size_t at = 0; at < size; ++at) spool.Write(std::string(1, static_cast<char>(at)));
     EXPECT_EQ(total, size);
-    for (std::size_t at = 0; at < size; ++at)
+    for (std::size_t at = 0; at < size; ++at) {
       EXPECT_EQ(spool.Read(at, 2)[0], static_cast<char>(at));
+    }
     EXPECT_TRUE(spool.Read(size, 1).empty());
   }
   TSpool one(limits, total);

@@ -61,11 +61,11 @@ void TSpool::WriteFile(std::string_view text) {
 
 std::string_view TSpool::Read(std::uint64_t offset, std::size_t length) {
   if (!file_.IsOpen()) {
-    return std::string_view(text_).substr(static_cast<std::size_t>(offset), length);
+    return std::string_view{text_}.substr(static_cast<std::size_t>(offset), length);
   }
   text_.resize(std::min<std::size_t>(length, 65536));
   const ssize_t count = pread(file_.Get(), text_.data(), text_.size(), static_cast<off_t>(offset));
-  return std::string_view(text_).substr(0, count < 0 ? 0 : static_cast<std::size_t>(count));
+  return std::string_view{text_}.substr(0, count < 0 ? 0 : static_cast<std::size_t>(count));
 }
 
 }  // namespace NZELVYR20

@@ -14,6 +14,8 @@ namespace {
 constexpr std::string_view kHeadEnd = "\r\n\r\n";
 constexpr std::chrono::milliseconds kDrainTime{500};
 constexpr std::size_t kDrainReads = 64;
+/// What goes out in the time for one piece.
+constexpr std::size_t kPiece = 65536;
 
 int CountMilliseconds(std::chrono::steady_clock::duration time) {
   using TMilliseconds = std::chrono::milliseconds;
@@ -99,7 +101,8 @@ ssize_t TConnection::read(char* ptr, size_t size) {
 }
 
 ssize_t TConnection::write(const char* ptr, size_t size) {
-  const auto deadline = TClock::now() + limits_.writeTime;
+  const auto pieces = static_cast<int>(size / kPiece) + 1;
+  const auto deadline = TClock::now() + limits_.writeTime * pieces;
   std::size_t written = 0;
   while (written < size) {
     const std::size_t count =

@@ -115,7 +115,7 @@ bool THttpServer::ServeOne(TConnection& connection, std::chrono::milliseconds id
   return isAnswered && isKept && !connection.IsCutShort();
 }
 
-bool THttpServer::Refuse(TConnection& connection, const THttpRefusal& refusal) const {
+bool THttpServer::Refuse(TConnection& connection, const THttpRefusal& refusal) {
   connection.write(refusal.ToString());
   connection.Drain();
   return false;

@@ -34,7 +34,7 @@ class THttpServer : public httplib::Server {
   bool process_and_close_socket(socket_t sock) override;
   void Serve(TConnection& connection);
   bool ServeOne(TConnection& connection, std::chrono::milliseconds idleTime, bool mayStay);
-  bool Refuse(TConnection& connection, const THttpRefusal& refusal) const;
+  static bool Refuse(TConnection& connection, const THttpRefusal& refusal);
 
   const TServerLimits& limits_;
   TRequestRules rules_;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "IsXmlCharacter.h"
 #include "TRefusal.h"
 
 namespace NZELVYR20 {
@@ -117,10 +118,8 @@ bool IsText(const pugi::xml_node& node) {
 
 /// The next child that is no blank between elements.
 pugi::xml_node SkipBlanks(pugi::xml_node child) {
-  constexpr std::string_view kBlanksBetween = " \t\r\n";
   while (child.type() == pugi::node_pcdata &&
-         std::string_view(child.value()).find_first_not_of(kBlanksBetween) ==
-             std::string_view::npos) {
+         std::string_view(child.value()).find_first_not_of(kXmlBlanks) == std::string_view::npos) {
     child = child.next_sibling();
   }
   return child;

@@ -15,8 +15,6 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
 [[noreturn]] void RefuseXml(const std::string& why) {
   throw TRefusal(400, "request-not-well-formed", why);
 }
@@ -88,7 +86,7 @@ class TXmlScan {
   }
 
   void CheckText(std::string_view text) const {
-    if (depth_ == 0 && text.find_first_not_of(kBlanks) != std::string_view::npos) {
+    if (depth_ == 0 && text.find_first_not_of(kXmlBlanks) != std::string_view::npos) {
       RefuseXml("text outside the root");
     }
     if (text.find("]]>") != std::string_view::npos) RefuseXml("\"]]>\" in a text");
@@ -104,7 +102,7 @@ class TXmlScan {
       if (depth_ == 0) RefuseXml("text outside the root");
       PassUntil(9, "]]>");
     } else if (Begins("<?")) {
-      if (Begins("<?xml") && text_.find_first_of(kBlanks, at_) == at_ + 5 && at_ > 0) {
+      if (Begins("<?xml") && text_.find_first_of(kXmlBlanks, at_) == at_ + 5 && at_ > 0) {
         RefuseXml("a declaration that is not at the beginning");
       }
       PassUntil(2, "?>");

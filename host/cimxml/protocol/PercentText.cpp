@@ -22,14 +22,14 @@ std::string DecodePercent(std::string_view text) {
 std::string EncodePercent(std::string_view text) {
   constexpr std::string_view kPlain =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  constexpr std::string_view kHexDigits = "0123456789ABCDEF";
   std::string encoded;
   for (const char letter : text) {
     const auto code = static_cast<unsigned char>(letter);
     if (kPlain.find(letter) != std::string_view::npos) {
       encoded += letter;
     } else {
-      encoded += {'%', kDigits[code / 16], kDigits[code % 16]};
+      encoded += {'%', kHexDigits[code / 16], kHexDigits[code % 16]};
     }
   }
   return encoded;

@@ -54,9 +54,9 @@ void CheckHeaders(const TCimXmlRequest& request) {
 
 /// Versions of one major number, such as "2.3", understand each other.
 void CheckVersion(std::string_view version, char major, const char* refusal) {
-  constexpr std::string_view kDigits = "0123456789";
+  constexpr std::string_view kVersionDigits = "0123456789";
   const bool isVersion = version.size() > 2 && version[1] == '.' &&
-                         version.find_first_not_of(kDigits, 2) == std::string_view::npos;
+                         version.find_first_not_of(kVersionDigits, 2) == std::string_view::npos;
   if (!isVersion || version[0] != major) throw TRefusal(501, refusal);
 }
 

@@ -13,7 +13,16 @@ namespace {
 
 using TInstancePtr = boost::shared_ptr<ICIMInstance>;
 
-int OrderOf(EWay way) { return way == EWay::kUp ? 0 : way == EWay::kDown ? 1 : 2; }
+int OrderOf(EWay way) {
+  switch (way) {
+    case EWay::kUp:
+      return 0;
+    case EWay::kDown:
+      return 1;
+    default:
+      return 2;
+  }
+}
 
 class TGathering {
  public:

@@ -19,7 +19,7 @@ struct TNeighbour {
 
 /// The neighbours that associations of one class lead to by one reference.
 struct TNeighbourGroup {
-  EWay way;
+  EWay way = EWay::kLevel;
   std::string association;  ///< the class
   std::string role;         ///< the reference that leads to the neighbours
   std::vector<TNeighbour> members;

@@ -168,18 +168,19 @@ class TInstancesPage {
     for (std::size_t i = 0; i < choice_.GetNames().size(); ++i) {
       if (!IsShown(i)) continue;
       const std::string& name = choice_.GetNames()[i];
-      const bool isAscending = CompareFolded(sort_, name) == 0;
-      const bool isDescending = CompareFolded(sort_, '-' + name) == 0;
-      AddColumn(name, isAscending ? '-' + name : name,
-                isAscending    ? "ascending"
-                : isDescending ? "descending"
-                               : "none");
+      const std::string order = OrderBy(name);
+      AddColumn(name, order == "ascending" ? '-' + name : name, order);
     }
     html_.Close();
     html_.Close();
   }
 
-  void AddColumn(const std::string& name, const std::string& sort, const char* order) {
+  std::string OrderBy(const std::string& property) const {
+    if (CompareFolded(sort_, property) == 0) return "ascending";
+    return CompareFolded(sort_, '-' + property) == 0 ? "descending" : "none";
+  }
+
+  void AddColumn(const std::string& name, const std::string& sort, const std::string& order) {
     html_.Open("th", {{"scope", "col"}, {"aria-sort", order}});
     html_.AddLink(Url(sort), name);
     html_.Close();

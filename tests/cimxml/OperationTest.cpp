@@ -37,8 +37,8 @@ TEST(Operation, ReturnsWhatItsParametersAskForToEveryClient) {
 /// The whole schema of a machine, by the rules of a strict client.
 TEST(Operation, DescribesEveryClassOfTheSchema) {
   std::string mof;
-  for (const char* name : {"systems", "devices", "pci", "storage", "associations", "sensors",
-                           "network", "software"}) {
+  for (const char* name :
+       {"systems", "devices", "pci", "storage", "associations", "sensors", "network", "software"}) {
     mof += std::string("#pragma include (\"" VYR_SCHEMA_DIR "/") + name + ".mof\")\n";
   }
   TSampleService service(mof);

@@ -4,9 +4,12 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <optional>
+#include <string>
+#include <system_error>
 #include <thread>
 
 #include "DropPrivileges.h"
@@ -38,11 +41,16 @@ double GetSeconds(const THostOptions& options, const TServeArguments& arguments)
   return 0;
 }
 
-void GiveUpPrivileges(const TServeArguments& arguments) {
+/// The collectors would report every single file of a root that is closed from then on.
+void GiveUpPrivileges(const TServeArguments& arguments, const std::string& root) {
   if (geteuid() == 0) {
     if (!arguments.keepsPrivileges) DropPrivileges(arguments.user.value_or("nobody"));
   } else if (arguments.user) {
     throw TCommandError("--user: only root can become another user");
+  }
+  if (access(root.c_str(), R_OK | X_OK) != 0) {
+    throw TCommandError("--root \"" + root +
+                        "\" without root's privileges: " + std::generic_category().message(errno));
   }
 }
 
@@ -56,7 +64,7 @@ class TServed {
         kept_(options_),
         server_(arguments.server) {
     if (seconds_ > 0) present_.emplace(options_);
-    GiveUpPrivileges(arguments);
+    GiveUpPrivileges(arguments, options_.root);
     if (!options_.isEmpty) kept_.Collect();
     Report(kept_.GetNotes());
     if (!TMofInput::LoadFiles(kept_.GetNamespace(), options_)) status_ = 1;

@@ -21,8 +21,9 @@ struct TServerLimits {
   unsigned connections = 128;                  ///< these, and those that wait for their turn
   unsigned keptRequests = 1000;                ///< on one connection
   std::chrono::milliseconds readTime{30000};   ///< for a request, from its first byte to its last
+  std::chrono::milliseconds headTime{5000};    ///< for its line and headers, from its first byte
   std::chrono::milliseconds writeTime{30000};  ///< for each piece of an answer, some 64 KiB
-  std::chrono::milliseconds idleTime{5000};    ///< between two requests on one connection
+  std::chrono::milliseconds idleTime{5000};    ///< until a request begins
   TWbemLimits protocol;
 };
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -31,6 +32,20 @@ TEST(Operation, ReturnsWhatItsParametersAskForToEveryClient) {
     EXPECT_EQ(Lines(service.Ask(call.ByPython())), lines) << given;
     return lines;
   });
+}
+
+/// The whole schema of a machine, by the rules of a strict client.
+TEST(Operation, DescribesEveryClassOfTheSchema) {
+  std::string mof;
+  for (const char* name :
+       {"systems", "devices", "pci", "storage", "associations", "sensors", "network", "software"}) {
+    mof += std::string("#pragma include (\"" VYR_SCHEMA_DIR "/") + name + ".mof\")\n";
+  }
+  TSampleService service(mof);
+  const TClientCall call = TClientCall::Read(
+      "EnumerateClasses DeepInheritance=TRUE LocalOnly=FALSE IncludeClassOrigin=TRUE");
+  const pugi::xml_node answer = service.Ask(call.ByPython()).first_child();
+  EXPECT_GT(std::distance(answer.begin(), answer.end()), 80);
 }
 
 TEST(Operation, ListsAllQualifiersOnce) {

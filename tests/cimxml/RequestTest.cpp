@@ -107,6 +107,27 @@ TEST(Request, IsAnsweredWithItsOwnNamesAndTexts) {
   EXPECT_STREQ(response.parent().parent().attribute("ID").value(), "a\"< \nb");
 }
 
+/// The rules themselves: what a client would refuse is found.
+TEST(Request, IsAnsweredByRulesThatSeeFaults) {
+  TSampleService service(kRequestMof);
+  const TAnswerRules rules;
+  TTextSink sink;
+  service.Get().Answer(TClientCall::Read("EnumerateInstances ClassName=:T").ByPython(), sink);
+  EXPECT_EQ(rules.Check(sink.text), "");
+  for (const auto& [before, after] : std::map<std::string, std::string>{
+           {"NAME=\"Id\" TYPE=\"string\"", "NAME=\"Id\""},
+           {"TYPE=\"string\"><VALUE>", "TYPE=\"uint8\"><VALUE>"},
+           {"<PROPERTY ", "<PROPERTY VERSION=\"1\" "},
+           {"<INSTANCE ", "<VALUE></VALUE><INSTANCE "},
+           {"</IRETURNVALUE>", "<CLASSNAME NAME=\"T\"></CLASSNAME></IRETURNVALUE>"},
+           {"<IRETURNVALUE>", "<IRETURNVALUE> "},
+           {"</CIM>", "<!-- --></CIM>"},
+           {"<VALUE>a</VALUE>", "<VALUE/>"}}) {
+    EXPECT_NE(sink.text.find(before), std::string::npos) << before;
+    EXPECT_NE(rules.Check(boost::replace_first_copy(sink.text, before, after)), "") << after;
+  }
+}
+
 TEST(Request, OfAMethodIsAnsweredWithWhatIsMissing) {
   TSampleService service(kRequestMof);
   const auto call = [&](const std::string& method, const std::string& object,

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 #include <vector>
@@ -31,7 +32,10 @@ bool Await(const TTry& attempt) {
 class TServing {
  public:
   explicit TServing(std::vector<std::string> arguments) {
+    using std::filesystem::perms;
     tree_.Write("/root/proc/sys/kernel/hostname", "box\n");
+    permissions(std::filesystem::path(tree_.GetRoot()), perms::others_exec | perms::others_read,
+                std::filesystem::perm_options::add);
     const std::vector<std::string> first = {VYRHOST_PATH, "--root", tree_.GetRoot() + "/root",
                                             "serve",      "--port", "0"};
     arguments.insert(arguments.begin(), first.begin(), first.end());
@@ -94,6 +98,19 @@ TEST(ServeCommandTest, GivesUpPrivileges) {
     EXPECT_NE(text.find("\nNoNewPrivs:\t1\n"), std::string::npos) << text;
     EXPECT_NE(text.find("\nCapPrm:\t0000000000000000\n"), std::string::npos) << text;
   }
+}
+
+/// Rather than a machine of which nothing can be read.
+TEST(ServeCommandTest, DoesNotServeARootThatItMayNotRead) {
+  if (geteuid() != 0) GTEST_SKIP() << "only root has privileges to give up";
+  const TSampleTree closed;
+  const std::string command = std::string(VYRHOST_PATH) + " --root " + closed.GetRoot() +
+                              " serve --port 0 2>" + closed.GetRoot() + "/log";
+  const int status = std::system(command.c_str());  // NOLINT: no text of others
+  EXPECT_EQ(WEXITSTATUS(status), 1);
+  EXPECT_EQ(ReadFile(closed.GetRoot() + "/log"), "vyrhost: error: --root \"" + closed.GetRoot() +
+                                                     "\" without root's privileges: "
+                                                     "Permission denied\n");
 }
 
 }  // namespace

@@ -120,7 +120,7 @@ struct TLate {
 TEST(ServerTest, WhatTakesTooLong) {
   TServerOptions options = SmallOptions();
   options.limits.readTime = options.limits.writeTime = options.limits.idleTime =
-      std::chrono::milliseconds(100);
+      options.limits.headTime = std::chrono::milliseconds(100);
   TRunningServer server(options);
   const std::string get = "GET /last HTTP/1.1\r\nHost: localhost\r\n\r\n";
   const std::vector<TLate> rows = {
@@ -135,6 +135,13 @@ TEST(ServerTest, WhatTakesTooLong) {
     const TClient client(server.GetPort());
     client.Send(row.sent);
     EXPECT_EQ(Summarize(client.ReceiveAll()), row.answer) << row.what;
+  }
+  options.limits.readTime = std::chrono::hours(1);
+  const TRunningServer patient(options);
+  for (const char* sent : {"", "GET / HTTP/1.1\r\nHost"}) {
+    const TClient client(patient.GetPort());
+    client.Send(sent);
+    EXPECT_EQ(Summarize(client.ReceiveAll()), *sent == '\0' ? "" : "408");
   }
 }
 

@@ -61,10 +61,11 @@ bool TConnection::Fill() {
   return count > 0;
 }
 
-TConnection::EHead TConnection::ReadHead(std::chrono::milliseconds idleTime) {
-  deadline_ = TClock::now() + idleTime;
+TConnection::EHead TConnection::ReadHead() {
+  deadline_ = TClock::now() + limits_.idleTime;
   if (incoming_.empty() && !Fill()) return EHead::kNone;
-  deadline_ = TClock::now() + limits_.readTime;
+  const TClock::time_point begin = TClock::now();
+  deadline_ = begin + limits_.headTime;
   for (;;) {
     // An empty line before a request is what some clients end the one before with.
     while (incoming_.compare(0, 2, "\r\n") == 0) incoming_.erase(0, 2);
@@ -75,6 +76,7 @@ TConnection::EHead TConnection::ReadHead(std::chrono::milliseconds idleTime) {
     if (end != std::string::npos) {
       head_ = incoming_.substr(0, end + kHeadEnd.size());
       incoming_.erase(0, head_.size());
+      deadline_ = begin + limits_.readTime;
       return EHead::kWhole;
     }
     if (!Fill()) return TClock::now() >= deadline_ ? EHead::kLate : EHead::kNone;

@@ -27,8 +27,8 @@ class TConnection : public httplib::Stream {
   /// Tells the client that it was the end, and closes.
   ~TConnection() override;
 
-  /// Waits so long for a request and reads it up to the empty line.
-  EHead ReadHead(std::chrono::milliseconds idleTime);
+  /// Waits for a request and reads it up to the empty line.
+  EHead ReadHead();
   /// Up to and with the empty line.
   const std::string& GetHead() const { return head_; }
   /// What is read in its place, before the rest.

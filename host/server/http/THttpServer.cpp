@@ -86,18 +86,15 @@ bool THttpServer::process_and_close_socket(socket_t sock) {
 }
 
 void THttpServer::Serve(TConnection& connection) {
-  auto idleTime = limits_.readTime;
   for (unsigned left = limits_.keptRequests; left > 0; --left) {
-    if (!ServeOne(connection, idleTime, left > 1)) return;
-    idleTime = limits_.idleTime;
+    if (!ServeOne(connection, left > 1)) return;
   }
 }
 
 /// Whether the connection stays.
-bool THttpServer::ServeOne(TConnection& connection, std::chrono::milliseconds idleTime,
-                           bool mayStay) {
+bool THttpServer::ServeOne(TConnection& connection, bool mayStay) {
   using EHead = TConnection::EHead;
-  const EHead read = connection.ReadHead(idleTime);
+  const EHead read = connection.ReadHead();
   if (read == EHead::kNone) return false;
   if (read == EHead::kLate) return Refuse(connection, {408, {}});
   if (read == EHead::kLongLine) return Refuse(connection, {414, {}});

@@ -33,7 +33,7 @@ class THttpServer : public httplib::Server {
  private:
   bool process_and_close_socket(socket_t sock) override;
   void Serve(TConnection& connection);
-  bool ServeOne(TConnection& connection, std::chrono::milliseconds idleTime, bool mayStay);
+  bool ServeOne(TConnection& connection, bool mayStay);
   static bool Refuse(TConnection& connection, const THttpRefusal& refusal);
 
   const TServerLimits& limits_;

@@ -24,7 +24,7 @@ class Machine:
 
     def __init__(self, root):
         self.root = root
-        command = ['build/release/bin/vyrhost', '--quiet', '--root', root or '/',
+        command = ['build/package/bin/vyrhost', '--quiet', '--root', root or '/',
                    '--with', 'processes', '--with', 'packages', '--format', 'jsonl', 'all']
         lines = subprocess.run(command, check=True, capture_output=True, text=True).stdout
         self.instances = [json.loads(line) for line in lines.splitlines()]

@@ -58,12 +58,13 @@ def lsblk(machine, report):
 def ip(machine, report):
     kinds = {'ether': 'CIM_EthernetPort'}
     ports = {one['values']['DeviceID']: one for one in machine.instances
-             if one['class'] in ('CIM_EthernetPort', 'CIM_NetworkPort')}
+             if one['class'] in ('CIM_EthernetPort', 'CIM_NetworkPort', 'CIM_WiFiPort')}
     statistics = {one['InstanceID'].rpartition('/')[2]: one for one in
                   machine.all('CIM_EthernetPortStatistics', 'CIM_NetworkPortStatistics')}
     made_of = {}
     for lower, upper in machine.links('CIM_ConcreteDependency', 'Antecedent', 'Dependent'):
-        made_of.setdefault(upper['DeviceID'], set()).add(lower['DeviceID'])
+        if upper.get('DeviceID') in ports and lower.get('DeviceID') in ports:
+            made_of.setdefault(upper['DeviceID'], set()).add(lower['DeviceID'])
     links = by(ask('ip', '-j', '-s', '-d', 'addr'), 'ifname')
     report.add_sets('ip: link', ports, links)
     own_addresses, addresses = {}, {}

@@ -164,7 +164,9 @@ std::string TMachineTree::DescribeDrive(const boost::shared_ptr<ICIMInstance>& d
   if (!inventory_.FindClass("CIM_MediaPresent")) return "";
   const TInstanceList drives = ListAssociators(disk, {"CIM_MediaPresent", "", "", ""});
   if (drives.empty()) return "";
-  return List({labels_.Read(*drives.front()).title, Text(*drives.front(), "DiskType")});
+  // A drive that has no name of its own is known by its size, as the disk in it is.
+  const std::string title = labels_.Read(*drives.front()).title;
+  return List({title == labels_.Read(*disk).title ? "" : title, Text(*drives.front(), "DiskType")});
 }
 
 void TMachineTree::AddDisk(const boost::shared_ptr<ICIMInstance>& disk, const TWalk& walk) {

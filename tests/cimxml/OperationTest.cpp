@@ -36,12 +36,7 @@ TEST(Operation, ReturnsWhatItsParametersAskForToEveryClient) {
 
 /// The whole schema of a machine, by the rules of a strict client.
 TEST(Operation, DescribesEveryClassOfTheSchema) {
-  std::string mof;
-  for (const char* name :
-       {"systems", "devices", "pci", "storage", "associations", "sensors", "network", "software"}) {
-    mof += std::string("#pragma include (\"" VYR_SCHEMA_DIR "/") + name + ".mof\")\n";
-  }
-  TSampleService service(mof);
+  TSampleService service("", {}, "/vyr.mof");
   const TClientCall call = TClientCall::Read(
       "EnumerateClasses DeepInheritance=TRUE LocalOnly=FALSE IncludeClassOrigin=TRUE");
   const pugi::xml_node answer = service.Ask(call.ByPython()).first_child();

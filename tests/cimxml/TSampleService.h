@@ -25,9 +25,10 @@ struct TTextSink : IAnswerSink {
 /// A service of a small namespace.
 class TSampleService {
  public:
-  explicit TSampleService(const std::string& mof, TWbemLimits limits = {}) {
-    const std::string path = VYR_SCHEMA_DIR "/qualifiers.mof";
-    mof_.LoadFile(path).LoadText(mof);
+  /// `schema` is the file of the schema before the text.
+  explicit TSampleService(const std::string& mof, TWbemLimits limits = {},
+                          const char* schema = "/qualifiers.mof") {
+    mof_.LoadFile(std::string(VYR_SCHEMA_DIR) + schema).LoadText(mof);
     EXPECT_EQ(mof_.TakeMessages(), "");
     service_ = std::make_unique<TWbemService>(mof_.nameSpace, limits);
   }

@@ -47,11 +47,16 @@ std::optional<std::string> GetHeader(const Request& request, const std::string& 
   return request.get_header_value(name);
 }
 
+/// Without Host comes HTTP/1.0 alone: the rules refuse all others.
 TCimXmlRequest MakeRequest(const Request& request, std::string body) {
-  return {GetHeader(request, "Host"),         GetHeader(request, "Content-Type"),
-          GetHeader(request, "CIMOperation"), GetHeader(request, "CIMProtocolVersion"),
-          GetHeader(request, "CIMMethod"),    GetHeader(request, "CIMObject"),
-          GetHeader(request, "CIMBatch"),     std::move(body)};
+  return {GetHeader(request, "Host").value_or("localhost"),
+          GetHeader(request, "Content-Type"),
+          GetHeader(request, "CIMOperation"),
+          GetHeader(request, "CIMProtocolVersion"),
+          GetHeader(request, "CIMMethod"),
+          GetHeader(request, "CIMObject"),
+          GetHeader(request, "CIMBatch"),
+          std::move(body)};
 }
 
 void SetReply(Response& response, const TCimXmlReply& reply) {

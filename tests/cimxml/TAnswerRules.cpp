@@ -85,8 +85,9 @@ std::string TAnswerRules::CheckAttributes(const pugi::xml_node& node,
   for (const pugi::xml_attribute& attribute : node.attributes()) {
     const bool isRight = element.attributes.count(attribute.name()) == 1 &&
                          IsText(attribute.name(), attribute.value());
-    if (!isRight)
+    if (!isRight) {
       return std::string(node.name()) + ' ' + attribute.name() + '=' + attribute.value();
+    }
   }
   for (const auto& [name, isNeeded] : element.attributes) {
     if (isNeeded && !node.attribute(name.c_str())) return node.name() + (" without " + name);

@@ -1,8 +1,6 @@
 #include "TWbemService.h"
 
 #include <exception>
-#include <new>
-#include <stdexcept>
 #include <utility>
 
 #include "MakeInterop.h"
@@ -14,7 +12,6 @@
 #include "TNamespaces.h"
 #include "TRefusal.h"
 #include "TScopedSilence.h"
-#include "TVYRException.h"
 #include "TXmlWriter.h"
 #include "WriteAnswer.h"
 
@@ -34,10 +31,6 @@ void ReplaceAnswer(const TMessage& message, const TCimFailure& failure, IAnswerS
   WriteFailure(xml, message, failure);
 }
 
-TCimFailure UnexpectedFailure(const std::exception& failure) {
-  return {ECimStatus::kFailed, failure.what()};
-}
-
 void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
                    TEnumerations& enumerations, IAnswerSink& sink) {
   try {
@@ -45,14 +38,10 @@ void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
     RunCall(message, namespaces, enumerations, xml);
   } catch (const TCimFailure& failure) {
     ReplaceAnswer(message, failure, sink);
-  } catch (const TVYRException& failure) {
-    ReplaceAnswer(message, UnexpectedFailure(failure), sink);
   } catch (const TAnswerTooLarge&) {
     ReplaceAnswer(message, {ECimStatus::kServerLimitsExceeded, "the answer is too large"}, sink);
-  } catch (const std::bad_alloc& failure) {
-    ReplaceAnswer(message, UnexpectedFailure(failure), sink);
-  } catch (const std::logic_error& failure) {
-    ReplaceAnswer(message, UnexpectedFailure(failure), sink);
+  } catch (const std::exception& failure) {
+    ReplaceAnswer(message, {ECimStatus::kFailed, failure.what()}, sink);
   }
 }
 

@@ -10,7 +10,9 @@ multilib_packages=(g++-multilib libsqlite3-0:i386)
 test_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" googletest locales openssl
   sqlite3 jq python3 graphviz zsh)
 bench_packages=("${run_packages[@]}" "${benchmark_libraries[@]}" python3)
-fuzz_packages=("${run_packages[@]}" clang libclang-rt-dev)
+# What the address and undefined-behaviour sanitizers are built with.
+sanitizer_packages=(clang libclang-rt-dev)
+fuzz_packages=("${run_packages[@]}" "${sanitizer_packages[@]}")
 site_packages=("${run_packages[@]}" python3 chromium chromium-driver)
 lint_packages=("${test_packages[@]}" "${fuzz_packages[@]}" clang-format clang-tidy
   cppcheck python3)

@@ -50,6 +50,12 @@ inline std::string NameRow(const char* work, std::size_t size, const char* conte
   return work + ('/' + std::to_string(size)) + '/' + contender;
 }
 
+/// Registers what measures one contender's work on a model of that size.
+inline auto* RegisterRow(const char* work, std::size_t size, const char* contender,
+                         void (*run)(benchmark::State&, std::size_t)) {
+  return benchmark::RegisterBenchmark(NameRow(work, size, contender).c_str(), run, size);
+}
+
 /// The one model of that kind and size; it is made when it is first asked for, outside of what is
 /// measured, and serves every benchmark of the process.
 template <class TModel>

@@ -1,6 +1,7 @@
 #include "BenchRows.h"
 #include "TClassRows.h"
 #include "TDiskRow.h"
+#include "THandingClasses.h"
 #include "TMapClasses.h"
 #include "TPluginClasses.h"
 #include "TSqliteClasses.h"
@@ -64,9 +65,7 @@ void WalkInstances(benchmark::State& state, std::size_t size) {
 
 template <class TClasses>
 void RegisterClasses(const char* contender, std::size_t size) {
-  const auto add = [&](const char* work, void (*run)(benchmark::State&, std::size_t)) {
-    benchmark::RegisterBenchmark(NameRow(work, size, contender).c_str(), run, size);
-  };
+  const auto add = [&](const char* work, auto run) { RegisterRow(work, size, contender, run); };
   add("classes/declare", &Declare<TClasses>);
   add("classes/look-up", &LookUp<TClasses>);
   add("classes/deep-classes", &WalkClasses<TClasses>);
@@ -79,6 +78,7 @@ void RegisterClassRows(const TBenchSizes& sizes) {
   RegisterClasses<TPluginClasses>("plug-in", sizes.classes);
   RegisterClasses<TMapClasses>("map", sizes.classes);
   RegisterClasses<TSqliteClasses>("sqlite", sizes.classes);
+  RegisterRow("classes/deep-classes", sizes.classes, "handed-out", &WalkClasses<THandingClasses>);
 }
 
 }  // namespace NZELVYR20

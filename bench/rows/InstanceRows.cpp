@@ -1,6 +1,7 @@
 #include "BenchRows.h"
 #include "TCompactStore.h"
 #include "TDiskRow.h"
+#include "THandingStore.h"
 #include "TMapStore.h"
 #include "TPluginStore.h"
 #include "TSqliteStore.h"
@@ -97,8 +98,8 @@ void EnumerateAndRead(benchmark::State& state, std::size_t size) {
 
 template <class TStore>
 void RegisterStore(const char* contender, std::size_t size) {
-  const auto add = [&](const char* work, void (*run)(benchmark::State&, std::size_t)) {
-    return benchmark::RegisterBenchmark(NameRow(work, size, contender).c_str(), run, size);
+  const auto add = [&](const char* work, auto run) {
+    return RegisterRow(work, size, contender, run);
   };
   add("instances/add", &Add<TStore>)->Iterations(1);
   add("instances/get", &Get<TStore>);
@@ -115,6 +116,7 @@ void RegisterInstanceRows(const TBenchSizes& sizes) {
   RegisterStore<TMapStore>("map", sizes.instances);
   RegisterStore<TCompactStore>("compact", sizes.instances);
   RegisterStore<TSqliteStore>("sqlite", sizes.instances);
+  RegisterRow("instances/get-property", sizes.instances, "handed-out", &GetProperty<THandingStore>);
 }
 
 }  // namespace NZELVYR20

@@ -19,7 +19,7 @@ import sys
 COLUMNS = {"plug-in": "plug-in", "map": "map of maps", "compact": "compact C++", "sqlite": "SQLite"}
 # Contenders that stand in another's column, under their own names.
 SHARED_COLUMN = {"adjacency": ("compact", "adjacency table"), "plain": ("compact", "plain code"),
-                 "scan": ("compact", "bare scan"),
+                 "scan": ("compact", "bare scan"), "handed-out": ("compact", "handed out"),
                  "interface": ("compact", "through the interface")}
 
 WORKS = {
@@ -196,11 +196,11 @@ class Table:
     def make_row(self, work, size):
         cells = [WORKS[work], with_commas(size)]
         for column in COLUMNS:
-            cell = self.tell(work, size, column)
+            told = [self.tell(work, size, column)]
             for contender, (shared, label) in SHARED_COLUMN.items():
                 text = self.tell(work, size, contender) if shared == column else ""
-                cell = f"{label} {text}" if text else cell
-            cells.append(cell or "–")
+                told.append(f"{label} {text}" if text else "")
+            cells.append("; ".join(filter(None, told)) or "–")
         floor, limit = BARS.get(work, (None, None))
         if floor is None:
             return cells + ["", ""]

@@ -3,6 +3,7 @@
 
 #include "Failures.h"
 #include "InMemory.h"
+#include "Names.h"
 #include "NormalizedNames.h"
 #include "TInmemClass.h"
 #include "TInmemNamespace.h"
@@ -14,14 +15,10 @@ namespace {
 
 constexpr const char* kOverride = "OVERRIDE";
 
-bool Contains(const std::string& text, const char* part) {
-  return text.find(part) != std::string::npos;
-}
-
 /// Properties of these names may be declared again without OVERRIDE; the later declaration counts.
 /// Hosts declare them class by class without knowing what is inherited.
 bool IsRedeclarable(const std::string& name) {
-  return Contains(name, "PortType") || Contains(name, "speedDuplex");
+  return HasPart(name, "PortType") || HasPart(name, "speedDuplex");
 }
 
 /// "Inmem: Attempt to override property Speed in class CIM_Port: " and the reason.
@@ -94,7 +91,7 @@ bool TInmemClass::IsPropertyOverrideAccepted(const ICIMPropertyDecl& declaration
                                              const TPropertyDeclPointer& existing) const {
   const std::string& name = declaration.GetName({});
   if (!existing) {
-    if (Contains(key, "porttype")) return true;
+    if (HasPart(key, "porttype")) return true;
     LogOverrideFailure("property", name, name_, "property doesn't exist in base class");
     throw Failure::NotFound();  // and so it is added as if it did not override
   }

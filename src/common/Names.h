@@ -28,6 +28,11 @@ constexpr char FoldCharacter(char character) {
   return IsBetween('A', character, 'Z') ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
+/// Whether the part stands anywhere in the name, letter case counting.
+inline bool HasPart(std::string_view name, std::string_view part) {
+  return name.find(part) != std::string_view::npos;
+}
+
 inline std::string FoldName(std::string name) {
   for (char& character : name) character = FoldCharacter(character);
   return name;

@@ -6,6 +6,7 @@
 
 #include "Enumerate.h"
 #include "Failures.h"
+#include "Names.h"
 #include "NormalizedNames.h"
 #include "TCIMDateTime.h"
 #include "TInmemClass.h"
@@ -43,15 +44,11 @@ struct TDerivedProperty {
       : declaration(declared), property(declared) {}
 };
 
-bool Contains(const std::string& text, const char* part) {
-  return text.find(part) != std::string::npos;
-}
-
 /// Names of status properties that every instance answers for, letter case counting.
 bool IsStatusName(const std::string& name) {
   for (const char* part : {"CommunicationStatus", "DetailedStatus", "HealthState",
                            "OperatingStatus", "PrimaryStatus"}) {
-    if (Contains(name, part)) return true;
+    if (HasPart(name, part)) return true;
   }
   return false;
 }
@@ -212,8 +209,8 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::GetProperty(const std::string& n
 
 /// A property that the instance lacks.
 boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(const std::string& name) const {
-  if (Contains(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, std::string("Unknown"));
-  if (Contains(name, "Description")) return DeriveProperty("Description", std::string(" "));
+  if (HasPart(name, kSpeedDuplex)) return DeriveProperty(kSpeedDuplex, std::string("Unknown"));
+  if (HasPart(name, "Description")) return DeriveProperty("Description", std::string(" "));
   if (IsStatusName(name)) return DeriveProperty(name, TCIMValue(static_cast<unsigned short>(0)));
   throw Failure::NotFound();
 }
@@ -238,7 +235,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
     return;
   }
   // Only this one of the derived names may be set in vain.
-  if (!Contains(name, kSpeedDuplex)) throw Failure::NotFound();
+  if (!HasPart(name, kSpeedDuplex)) throw Failure::NotFound();
 }
 
 void TInmemInstance::EnumerateProperties(const TCIMPropertyCallback& callback, TCIMContext) {

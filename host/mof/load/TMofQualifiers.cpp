@@ -7,6 +7,7 @@
 #include "FoldName.h"
 #include "ICIMQualifier.h"
 #include "ListElements.h"
+#include "MofQualifierWords.h"
 #include "TMofFault.h"
 #include "TVYRException.h"
 #include "TypeText.h"
@@ -17,46 +18,18 @@ namespace {
 using D = ICIMQualifierDecl;
 using T = TCIMValue::TCIMType;
 
-template <class TBit>
-struct TWord {
-  const char* word;
-  TBit bit;
-};
-
-constexpr TWord<D::EScope> kScopes[] = {
-    {"schema", D::kSchema},         {"class", D::kClass},         {"association", D::kAssociation},
-    {"indication", D::kIndication}, {"property", D::kProperty},   {"reference", D::kReference},
-    {"method", D::kMethod},         {"parameter", D::kParameter}, {"any", D::kAny},
-};
-constexpr TWord<D::EFlavor> kSetFlavors[] = {
-    {"enableoverride", D::kOverridable},
-    {"tosubclass", D::kToSubclass},
-    {"translatable", D::kTranslatable},
-};
-constexpr TWord<D::EFlavor> kUnsetFlavors[] = {
-    {"disableoverride", D::kOverridable},
-    {"restricted", D::kToSubclass},
-};
-
-/// The bit for a word, in any letter case; none for one that stands for nothing here.
-template <class TBit, std::size_t kCount>
-TBit FindBit(const TWord<TBit> (&words)[kCount], const std::string& text) {
-  const auto* const found =
-      std::find_if(std::begin(words), std::end(words),
-                   [folded = FoldName(text)](const auto& word) { return folded == word.word; });
-  return found == std::end(words) ? TBit{} : found->bit;
-}
-
 D::EScope GetScope(const std::vector<TMofName>& words) {
   D::EScope scope = D::kNoScope;
-  for (const TMofName& word : words) scope = scope | FindBit(kScopes, word.GetText());
+  for (const TMofName& word : words) {
+    scope = scope | FindMofScope(word.GetText()).value_or(D::kNoScope);
+  }
   return scope;
 }
 
 D::EFlavor ApplyFlavors(D::EFlavor flavor, const std::vector<TMofName>& words) {
   for (const TMofName& word : words) {
-    flavor =
-        (flavor - FindBit(kUnsetFlavors, word.GetText())) | FindBit(kSetFlavors, word.GetText());
+    const auto found = FindMofFlavor(word.GetText());
+    if (found) flavor = found->isSet ? flavor | found->flavor : flavor - found->flavor;
   }
   return flavor;
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "FoldName.h"
+#include "MofQualifierWords.h"
 #include "TMofSyntaxError.h"
 
 namespace NZELVYR20 {
@@ -26,41 +27,24 @@ constexpr TDataType kDataTypes[] = {
     {"uint64", TType::kUInt64},   {"uint8", TType::kUInt8},   {"void", TType::kNone},
 };
 
-constexpr std::string_view kScopes[] = {"any",       "association", "class",    "indication",
-                                        "method",    "parameter",   "property", "qualifier",
-                                        "reference", "schema"};
-constexpr std::string_view kFlavors[] = {"disableoverride", "enableoverride", "restricted",
-                                         "tosubclass", "translatable"};
-constexpr std::pair<std::string_view, std::string_view> kContradictions[] = {
-    {"disableoverride", "enableoverride"}, {"restricted", "tosubclass"}};
-
-template <class TWords>
-bool Holds(const TWords& words, const TMofName& word) {
-  return std::find(std::begin(words), std::end(words), FoldName(word.GetText())) != std::end(words);
-}
-
 /// Words that nobody knows are said and left out.
-template <class TWords>
-void Add(const TWords& known, const char* kind, const TMofName& word, TMofDiagnostics& diagnostics,
+void Add(bool isKnown, const char* kind, const TMofName& word, TMofDiagnostics& diagnostics,
          std::vector<TMofName>& words) {
-  if (Holds(known, word)) return words.push_back(word);
+  if (isKnown) return words.push_back(word);
   diagnostics.Warning(word.GetPlace(), "unknown " + std::string(kind) + " " + QuoteMof(word.text));
 }
 
 void AddFlavor(const TMofName& word, TMofDiagnostics& diagnostics, std::vector<TMofName>& words) {
-  const std::string folded = FoldName(word.GetText());
+  const auto found = FindMofFlavor(word.GetText());
+  const auto contradicts = [&](const auto& other) {
+    return found && other && found->flavor == other->flavor && found->isSet != other->isSet;
+  };
   for (const TMofName& before : words) {
-    const std::string other = FoldName(before.GetText());
-    const auto contradicts = [&](const auto& pair) {
-      return (folded == pair.first && other == pair.second) ||
-             (folded == pair.second && other == pair.first);
-    };
-    if (std::any_of(std::begin(kContradictions), std::end(kContradictions), contradicts)) {
-      diagnostics.Warning(word.GetPlace(), "the flavor " + word.GetText() + " contradicts " +
-                                               before.GetText() + "; the later one counts");
-    }
+    if (!contradicts(FindMofFlavor(before.GetText()))) continue;
+    diagnostics.Warning(word.GetPlace(), "the flavor " + word.GetText() + " contradicts " +
+                                             before.GetText() + "; the later one counts");
   }
-  Add(kFlavors, "flavor", word, diagnostics, words);
+  Add(found.has_value(), "flavor", word, diagnostics, words);
 }
 
 [[noreturn]] void Refuse(const TMofPlace& place, std::string text) {
@@ -236,7 +220,9 @@ void TMofBuilder::MissSemicolon() {
 void TMofBuilder::ReadDeclaredName() { qualifierDeclaration_.name = GetName(); }
 
 void TMofBuilder::ReadDeclaredScope() {
-  Add(kScopes, "scope", GetName(), GetDiagnostics(), qualifierDeclaration_.scopes);
+  const TMofName word = GetName();
+  const bool isKnown = FindMofScope(word.GetText()).has_value();
+  Add(isKnown, "scope", word, GetDiagnostics(), qualifierDeclaration_.scopes);
 }
 
 void TMofBuilder::ReadDeclaredFlavor() {

@@ -9,7 +9,6 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr std::uint32_t kReplacement = 0xFFFD;
 constexpr std::uint32_t kLargestCharacter = 0xFFFF;
 constexpr std::uint64_t kLargestNegative = 0x8000000000000000U;
 

@@ -11,6 +11,9 @@ namespace NZELVYR20 {
 /// character is wrong in any case.
 std::string DecodeMofText(std::string bytes);
 
+/// The code of what stands where no character can be told.
+constexpr std::uint32_t kReplacement = 0xFFFD;
+
 /// Adds the character of that code, which is no half of a pair, in UTF-8.
 void AppendUtf8(std::string& text, std::uint32_t code);
 

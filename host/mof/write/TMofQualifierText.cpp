@@ -9,6 +9,7 @@
 #include "FoldName.h"
 #include "ICIMQualifier.h"
 #include "ListElements.h"
+#include "MofQualifierWords.h"
 #include "TMofValueText.h"
 
 namespace NZELVYR20 {
@@ -19,49 +20,6 @@ constexpr std::size_t kIndent = 4;
 using TFlavor = ICIMQualifierDecl::EFlavor;
 using TQualifiers = std::vector<boost::shared_ptr<ICIMQualifier>>;
 using TWords = std::vector<std::string>;
-
-struct TFlavorWords {
-  TFlavor flavor;
-  const char* on;
-  const char* off;  ///< empty where there is no such word
-};
-
-constexpr std::array<TFlavorWords, 3> kFlavors = {{
-    {ICIMQualifierDecl::kOverridable, "EnableOverride", "DisableOverride"},
-    {ICIMQualifierDecl::kToSubclass, "ToSubclass", "Restricted"},
-    {ICIMQualifierDecl::kTranslatable, "Translatable", ""},
-}};
-
-constexpr std::array<std::pair<ICIMQualifierDecl::EScope, const char*>, 8> kScopes = {{
-    {ICIMQualifierDecl::kSchema, "schema"},
-    {ICIMQualifierDecl::kClass, "class"},
-    {ICIMQualifierDecl::kAssociation, "association"},
-    {ICIMQualifierDecl::kIndication, "indication"},
-    {ICIMQualifierDecl::kProperty, "property"},
-    {ICIMQualifierDecl::kReference, "reference"},
-    {ICIMQualifierDecl::kMethod, "method"},
-    {ICIMQualifierDecl::kParameter, "parameter"},
-}};
-
-/// Of the flavors in `which`, how they are in `flavor`.
-TWords FlavorWords(unsigned flavor, unsigned which) {
-  TWords words;
-  for (const TFlavorWords& entry : kFlavors) {
-    if ((which & entry.flavor) == 0) continue;
-    const std::string word = (flavor & entry.flavor) != 0 ? entry.on : entry.off;
-    if (!word.empty()) words.push_back(word);
-  }
-  return words;
-}
-
-TWords ScopeWords(ICIMQualifierDecl::EScope scope) {
-  if (scope == ICIMQualifierDecl::kAny) return {"any"};
-  TWords words;
-  for (const auto& [bit, word] : kScopes) {
-    if ((scope & bit) != 0) words.emplace_back(word);
-  }
-  return words;
-}
 
 std::string Join(const TWords& words, const char* separator) {
   std::string text;
@@ -101,7 +59,7 @@ void AppendQualifier(std::string& text, std::string head, const ICIMQualifier& q
   const bool isBraced = value.IsArray() && !value.IsNull();
   const TFlavor flavor = qualifier.GetFlavor({});
   const std::string flavors =
-      Join(FlavorWords(flavor, flavor ^ qualifier.GetDeclaration({})->GetFlavor({})), " ");
+      Join(GetMofFlavorWords(flavor, flavor ^ qualifier.GetDeclaration({})->GetFlavor({})), " ");
   head += qualifier.GetName({}) + (isBraced ? "" : "(");
   TMofValueText::Append(text, std::move(head), value,
                         (isBraced ? "" : ")") + (flavors.empty() ? "" : " : " + flavors) + end,
@@ -114,11 +72,12 @@ void TMofQualifierText::AppendDeclaration(std::string& text, const ICIMQualifier
   std::ostringstream head;
   head << "Qualifier " << declaration.GetName({}) << " : " << declaration.GetType({}) << " = ";
   TMofValueText::Append(text, head.str(), declaration.GetDefaultValue({}), ",", kIndent);
-  const std::string scopes = Join(ScopeWords(declaration.GetScope({})), ", ");
+  const std::string scopes = Join(GetMofScopeWords(declaration.GetScope({})), ", ");
   if (!scopes.empty()) text += "\n    Scope(" + scopes + "),";
   const TFlavor every = ICIMQualifierDecl::kOverridable | ICIMQualifierDecl::kToSubclass |
                         ICIMQualifierDecl::kTranslatable;
-  text += "\n    Flavor(" + Join(FlavorWords(declaration.GetFlavor({}), every), ", ") + ");\n";
+  text +=
+      "\n    Flavor(" + Join(GetMofFlavorWords(declaration.GetFlavor({}), every), ", ") + ");\n";
 }
 
 void TMofQualifierText::AppendList(std::string& text, const ICIMNamedElement& element,

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "IsShown.h"
+#include "MofUnicode.h"
 #include "TCIMDateTime.h"
 #include "TCIMReference.h"
 
@@ -18,7 +19,6 @@ namespace {
 constexpr std::size_t kWidth = 80;
 constexpr std::size_t kUnlimited = std::numeric_limits<std::size_t>::max();
 
-constexpr unsigned kReplacement = 0xFFFD;
 constexpr unsigned kRawByte = 0xDC00;  ///< a byte is taken for the half of a pair that it makes
 
 using TPieces = std::vector<std::string>;

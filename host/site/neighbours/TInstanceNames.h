@@ -21,6 +21,9 @@ class TInstanceNames {
   TLabels labels_;
 };
 
+/// How much of a name or text stands in a cell, in characters.
+constexpr std::size_t kTextWidth = 100;
+
 /// A long name, cut to so many characters.
 std::string CutName(const std::string& name, std::size_t width);
 

@@ -11,8 +11,6 @@
 namespace NZELVYR20 {
 namespace {
 
-constexpr std::size_t kTextWidth = 100;
-
 struct TGroupQuery {
   std::string path;
   std::string association;

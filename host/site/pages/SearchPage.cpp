@@ -21,7 +21,6 @@ namespace {
 
 constexpr std::size_t kMostFound = 50;     ///< of a kind
 constexpr std::size_t kMostRead = 100000;  ///< instances
-constexpr std::size_t kTextWidth = 100;
 
 struct TFound {
   std::string url;

@@ -5,7 +5,7 @@
 namespace NZELVYR20 {
 namespace {
 
-void Require(bool isDone, sqlite3* database) {
+void RequireDone(bool isDone, sqlite3* database) {
   if (!isDone) throw std::runtime_error(sqlite3_errmsg(database));
 }
 
@@ -16,7 +16,7 @@ TSqliteStatement::TSqliteStatement(sqlite3* database, const std::string& text) {
   const int status =
       sqlite3_prepare_v3(database, text.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &made, nullptr);
   statement_.reset(made);
-  Require(status == SQLITE_OK, database);
+  RequireDone(status == SQLITE_OK, database);
 }
 
 TSqliteStatement& TSqliteStatement::Bind(int position, const std::string& text) {
@@ -33,7 +33,7 @@ TSqliteStatement& TSqliteStatement::Bind(int position, std::uint64_t number) {
 bool TSqliteStatement::Step() {
   const int status = sqlite3_step(statement_.get());
   if (status == SQLITE_ROW) return true;
-  Require(status == SQLITE_DONE, sqlite3_db_handle(statement_.get()));
+  RequireDone(status == SQLITE_DONE, sqlite3_db_handle(statement_.get()));
   Reset();
   return false;
 }
@@ -52,13 +52,13 @@ TSqlite::TSqlite(const std::string& schema) {
   sqlite3* made = nullptr;
   const int status = sqlite3_open(":memory:", &made);
   database_.reset(made);
-  Require(status == SQLITE_OK, made);
+  RequireDone(status == SQLITE_OK, made);
   Execute(schema);
 }
 
 void TSqlite::Execute(const std::string& text) {
-  Require(sqlite3_exec(database_.get(), text.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK,
-          database_.get());
+  RequireDone(sqlite3_exec(database_.get(), text.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK,
+              database_.get());
 }
 
 }  // namespace NZELVYR20

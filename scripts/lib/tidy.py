@@ -2,9 +2,9 @@
 
 usage: tidy.py [--all] BUILD=FOLDER,... [BUILD=FOLDER,...] [--files FILE...]
 
-Most of clang-tidy's time goes into the headers of the libraries, so sources that are compiled with
-options that agree are looked at several at a time, as one text that includes them. Where that has
-findings, those to which they belong are looked at again, each by itself: a few checks see more where
+Most of clang-tidy's time goes into the headers of the libraries, so sources that have warnings and
+checks in common are looked at many at a time, as one text that includes each under its macros. Where
+that has findings, those to which they belong are looked at again, each by itself: a few checks see more where
 they see the functions that are called, and would tell one thing today and another tomorrow. Where
 it does not compile, since two sources give one name to different things, each half is tried.
 
@@ -27,12 +27,12 @@ from concurrent.futures import ThreadPoolExecutor
 ROOT = os.getcwd()
 FOLDERS = ["include", "src", "kit", "host", "tests", "fuzz", "soak", "bench"]
 WORK = os.path.join(ROOT, "build/lint")
-GROUP_SIZE = 12
+GROUP_SIZE = 24
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
 # What a file introduces at the left margin. Sources stay apart where each has a file of its own that
 # introduces the same name.
 INTRODUCED = re.compile(r"^(?![#/\s}]|(?:using|namespace)\b|(?:class|struct|enum)\s[\w ]+;)(?:[^\n(={;]*?[\s*&])"
-                        r"(\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
+                        r"((?!operator\b)\w+)(?:\[\w*\])?\s*(?:[(={;]|: )", re.M)
 # In a group nothing tells that these are unused, so it is looked for here.
 UNMENTIONED = re.compile(
     r"^(?:using\s+(?:[\w:]+::)?(\w+)(?:;|\s*=)|namespace\s+(\w+)\s*=|"
@@ -90,9 +90,14 @@ class Source:
         words = shlex.split(entry["command"])
         self.options = [word for index, word in enumerate(words)
                         if word not in ("-c", "-o", entry["file"]) and words[index - 1] != "-o"]
-        self.macros = dict(word.partition("=")[::2] for word in self.options
-                           if word.startswith("-D"))
-        self.manner = [word for word in self.options if not word.startswith(("-D", "-I"))]
+        self.macros = [word[2:].partition("=")[::2] for word in self.options
+                       if word.startswith("-D")]
+        self.folders = [word if word.startswith("-I") else "-isystem" + self.options[index + 1]
+                        for index, word in enumerate(self.options)
+                        if word.startswith("-I") or word == "-isystem"]
+        # How code is made of it changes nothing of what is found.
+        self.manner = [word for word in self.options
+                       if word.startswith(("-std", "-W", "-m", "-fno-access-control"))]
         self.checks = next(folder for folder in parents(self.path)
                            if os.path.exists(os.path.join(folder, ".clang-tidy")))
         self.files = tree.closure(self.path)
@@ -104,8 +109,6 @@ class Source:
 
     def goes_with(self, other):
         return (self.manner == other.manner and self.checks == other.checks
-                and all(other.macros.get(name, value) == value
-                        for name, value in self.macros.items())
                 and not self.names_beside(other) & other.names_beside(self))
 
     def names_beside(self, other):
@@ -154,12 +157,14 @@ def run(number, group):
             shutil.copy(os.path.join(group[0].checks, ".clang-tidy"), folder)
         with open(path, "w", encoding="utf-8") as file:
             for source in group:
+                for name, value in source.macros:
+                    file.write(f"#undef {name}\n#define {name} {value}\n")
                 file.write(f'#include "{ROOT}/{source.path}"  // NOLINT\n')
     with open(os.path.join(folder, "compile_commands.json"), "w", encoding="utf-8") as file:
-        options = dict.fromkeys(option for source in group for option in source.options
-                                if option.startswith(("-D", "-I")))
+        folders = dict.fromkeys(word for source in group for word in source.folders)
+        macros = [f"-D{name}={value or 1}" for name, value in group[0].macros if len(group) == 1]
         json.dump([{"directory": folder, "file": path,
-                    "arguments": group[0].manner + list(options) + ["-c", path]}], file)
+                    "arguments": ["c++", *group[0].manner, *folders, *macros, "-c", path]}], file)
     result = subprocess.run(["clang-tidy", "-p", folder, "--quiet", path], check=False, text=True,
                             stdout=subprocess.PIPE, stderr=subprocess.PIPE)
     errors = "".join(line for line in result.stderr.splitlines(True)

@@ -10,11 +10,14 @@ class TFaults {
   /// kMemory: new and C alike, and from the n-th on every one.
   enum class EKind { kNone, kNew, kC, kMemory, kLog };
 
-  /// Whether this build can make the functions of C fail.
+  /// Whether this build can make the functions of C fail; and from one event that fails to the
+  /// next, since a sanitizer makes each run ten times as long.
 #ifdef VYR_SANITIZED
   static constexpr bool kHasC = false;
+  static constexpr int kStep = 5;
 #else
   static constexpr bool kHasC = true;
+  static constexpr int kStep = 1;
 #endif
 
   TFaults() = delete;

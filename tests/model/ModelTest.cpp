@@ -283,30 +283,5 @@ TEST(ModelTest, EveryWalkMayLoseEverything) {
   }
 }
 
-/// The random operations give none up that the next would show.
-TEST(ModelTest, AClassThatCouldNotReplaceAnotherIsAsItWas) {
-  for (int n = 1;; ++n) {
-    const auto space = AllocateInPlugin(true);
-    const auto abstract = space->AllocateQualifierDecl("Abstract", true, {}, {}, {});
-    const auto make = [&](const char* name, const TPtr<ICIMClass>& superClass) {
-      auto made = space->AllocateClass(name, superClass, {});
-      made->AllocateQualifier(abstract, true, {})->AddToClassOrProperty({});
-      return made;
-    };
-    const auto replaced = make("Port_WhoseNameIsAllocated", {});
-    const auto other = make("Port_WhoseNameIsAllocated", {});
-    replaced->AddToNamespace({});
-    make("EthernetPort", replaced)->AddToNamespace({});
-    TFaults::Arm(TFaults::EKind::kNew, n);
-    try {
-      other->AddToNamespace({});
-    } catch (const std::bad_alloc&) {
-    }
-    if (!TFaults::Disarm()) break;
-    EXPECT_EQ(space->GetClass("Port_WhoseNameIsAllocated", {}), replaced);
-    other->EnumerateSubClasses([](const auto&) { return ADD_FAILURE(), true; }, false, {});
-  }
-}
-
 }  // namespace
 }  // namespace NZELVYR20

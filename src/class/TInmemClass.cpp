@@ -42,9 +42,11 @@ void TInmemClass::PropagateFromSuperClass() { Inherit(TInmemQualifierSet::EInher
 void TInmemClass::Inherit(TInmemQualifierSet::EInherit inherit) {
   if (HangsUnderRoot()) return;
   const auto superClass = superClass_.lock();
+  // First what asks declarations of the host's, which may change the tables.
+  auto qualifiers = qualifiers_.GetInherited(superClass->qualifiers_, shared_from_this(), inherit);
   auto properties = propertyDecls_.GetMissing(superClass->propertyDecls_);
   auto methods = methodDecls_.GetMissing(superClass->methodDecls_);
-  qualifiers_.Inherit(superClass->qualifiers_, shared_from_this(), inherit);
+  qualifiers_.Insert(std::move(qualifiers));
   if (!properties.IsEmpty()) declaredProperties_.reset();
   propertyDecls_.Insert(std::move(properties));
   methodDecls_.Insert(std::move(methods));
@@ -217,6 +219,7 @@ void TInmemClass::AddInstance(const boost::shared_ptr<TInmemInstance>& instance,
 }
 
 void TInmemClass::RemoveInstance(boost::shared_ptr<ICIMInstance> instance) {
+  const auto self = shared_from_this();
   instances_.Erase(instance->GetReference({}).GetPath());
 }
 

@@ -103,6 +103,7 @@ bool TInmemClass::IsPropertyOverrideAccepted(const ICIMPropertyDecl& declaration
 }
 
 void TInmemClass::RemovePropertyDecl(boost::shared_ptr<ICIMPropertyDecl> declaration) {
+  const auto self = shared_from_this();
   const std::string key = NormalizeName(declaration->GetName({}));
   if (!propertyDecls_.Erase(key)) throw Failure::NotFound();
   declaredProperties_.reset();
@@ -186,6 +187,7 @@ void TInmemClass::CheckMethodOverride(const ICIMMethodDecl& declaration,
 }
 
 void TInmemClass::RemoveMethodDecl(boost::shared_ptr<ICIMMethodDecl> declaration) {
+  const auto self = shared_from_this();
   const std::string key = NormalizeName(declaration->GetName({}));
   if (!methodDecls_.Erase(key)) throw Failure::NotFound();
 }

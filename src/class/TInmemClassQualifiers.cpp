@@ -47,8 +47,8 @@ void TInmemClass::EnumerateKeyNames(const TCIMKeyNameCallback& callback, TCIMCon
 
 void TInmemClass::Validate(TCIMContext) const {
   if (IsAbstract({})) return;
-  TPropertyDecls::TCursor cursor(propertyDecls_);
-  if (cursor.Next(IsKey)) return;
+  // The cursor is gone before the logger is called, with which the class may go.
+  if (TPropertyDecls::TCursor(propertyDecls_).Next(IsKey)) return;
   LogDefinitionFailure("Inmem: Class " + name_ + " has no keys");
   throw Failure::NoKeys();
 }

@@ -89,7 +89,7 @@ class TInmemNamespace : public ICIMNamespace,
 
  private:
   boost::shared_ptr<TInmemClass> FindClassToRefresh(const std::string& name) const;
-  void ReplaceClass(const std::string& key, const boost::shared_ptr<TInmemClass>& cimClass);
+  void ReplaceClass(std::string key, const boost::shared_ptr<TInmemClass>& cimClass);
   void Track(const boost::shared_ptr<TInmemClass>& cimClass);
 
   TNameTable<TInmemQualifierDecl> qualifierDecls_;

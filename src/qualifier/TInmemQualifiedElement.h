@@ -18,15 +18,18 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   TInterface& operator=(const TInterface&) override { return *this; }
   TInmemQualifiedElement& operator=(const TInmemQualifiedElement&) { return *this; }
 
+  // A qualifier or declaration of the host's may drop the last other pointer to the element when it
+  // is asked.
   void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TCIMContext) override {
+    const auto self = this->shared_from_this();
     qualifiers_.Add(std::move(qualifier));
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       TCIMContext) override {
-    const auto flavor = declaration->GetFlavor({});
-    return TInmemQualifier::Make(GetOwner(), std::move(declaration), value, flavor);
+    const auto self = this->shared_from_this();
+    return TInmemQualifier::Make(GetOwner(), std::move(declaration), value);
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(

@@ -16,6 +16,11 @@ boost::shared_ptr<TInmemQualifier> TInmemQualifier::Make(
                                           flavor);
 }
 
+boost::shared_ptr<TInmemQualifier> TInmemQualifier::Make(
+    TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value) {
+  return TOneBlock<TInmemQualifier>::Make(0, std::move(owner), std::move(declaration), value);
+}
+
 TInmemQualifier::TInmemQualifier(TOwner owner,
                                  boost::shared_ptr<const ICIMQualifierDecl> declaration,
                                  const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor)

@@ -21,6 +21,10 @@ class TInmemQualifier : public ICIMQualifier {
       TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       ICIMQualifierDecl::EFlavor flavor);
 
+  /// The same, with the flavor of the declaration.
+  static boost::shared_ptr<TInmemQualifier> Make(
+      TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value);
+
   TInmemQualifier(TOwner owner, boost::shared_ptr<const ICIMQualifierDecl> declaration,
                   const TCIMValue& value, ICIMQualifierDecl::EFlavor flavor);
 

@@ -2,6 +2,7 @@
 
 #include <new>
 #include <utility>
+#include <vector>
 
 #include "Failures.h"
 #include "InMemory.h"
@@ -66,16 +67,24 @@ bool TInmemQualifierSet::IsTrue(const TInmemQualifier& qualifier) {
   return !value.IsNull() && static_cast<bool>(value);
 }
 
-void TInmemQualifierSet::Inherit(const TInmemQualifierSet& superClass,
-                                 const boost::shared_ptr<const ICIMNamedElement>& owner,
-                                 EInherit inherit) {
-  TNameTable<TInmemQualifier>::TDraft copies;
+TInmemQualifierSet::TInherited TInmemQualifierSet::GetInherited(
+    const TInmemQualifierSet& superClass, const boost::shared_ptr<const ICIMNamedElement>& owner,
+    EInherit inherit) const {
+  std::vector<boost::shared_ptr<TInmemQualifier>> passing;
   superClass.qualifiers_.ForEach(
       [&](const std::string& key, const boost::shared_ptr<TInmemQualifier>& qualifier) {
         if (inherit == EInherit::kAllButAbstract && key == QualifierKey::kAbstract) return;
-        if (!HasFlavor(*qualifier, ICIMQualifierDecl::kToSubclass) || FindKey(key)) return;
-        copies.Add(key, qualifier->PassDown(owner));
+        if (HasFlavor(*qualifier, ICIMQualifierDecl::kToSubclass)) passing.push_back(qualifier);
       });
+  TInherited copies;
+  for (const auto& qualifier : passing) {
+    const std::string key = NormalizeName(qualifier->GetName({}));
+    if (!FindKey(key)) copies.Add(key, qualifier->PassDown(owner));
+  }
+  return copies;
+}
+
+void TInmemQualifierSet::Insert(TInherited copies) noexcept {
   qualifiers_.Insert(std::move(copies));
   NoteChange();
 }

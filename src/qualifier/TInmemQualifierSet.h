@@ -75,10 +75,15 @@ class TInmemQualifierSet {
   /// refreshing one takes it along: hosts rely on the difference.
   enum class EInherit { kAllButAbstract, kAll };
 
-  /// Copies what the superclass's flavors pass to subclasses, marked propagated, for `owner`. What
-  /// is attached already stays. A failure changes nothing.
-  void Inherit(const TInmemQualifierSet& superClass,
-               const boost::shared_ptr<const ICIMNamedElement>& owner, EInherit inherit);
+  /// Copies of what the superclass's flavors pass to subclasses, marked propagated, for `owner`,
+  /// under the names that their declarations have now: those of a host's may have changed. Status
+  /// 25.
+  using TInherited = TNameTable<TInmemQualifier>::TDraft;
+  TInherited GetInherited(const TInmemQualifierSet& superClass,
+                          const boost::shared_ptr<const ICIMNamedElement>& owner,
+                          EInherit inherit) const;
+  /// Attaches them. What is attached already stays.
+  void Insert(TInherited copies) noexcept;
 
   /// Puts copies that hold no classes in place of the qualifiers that may.
   void ReleaseClasses() noexcept;

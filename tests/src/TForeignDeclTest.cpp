@@ -12,6 +12,26 @@ struct TForeignFailure : TVYRException {
   using TVYRException::TVYRException;
 };
 
+struct TActingLogger : ICoreLogger {
+  void Log(int, const std::string&) override {
+    std::exchange(act, [] {})();
+  }
+  std::function<void()> act = [] {};
+};
+
+/// A declaration of another implementation that acts when it is asked for its name or flavor.
+template <class TModelDecl>
+struct TActing : TModelDecl {
+  using TModelDecl::operator=;
+  const std::string& GetName(TAny) const override { return act(), this->name; }
+  std::function<void()> act = [] {};
+};
+struct TActingQualifierDecl : TActing<TModelQualifierDecl> {
+  TActingQualifierDecl() { name = "Alpha", flavor = kUsualFlavor; }
+  using TModelQualifierDecl::operator=;
+  EFlavor GetFlavor(TAny) const override { return act(), flavor; }
+};
+
 /// A class "Sub" that inherits "Speed" and "Reset" of type string, and declares "Own".
 class TForeignDeclTest : public TRepositoryTest {
  protected:
@@ -95,24 +115,75 @@ TEST_F(TForeignDeclTest, MethodsMeetTheRules) {
 }
 
 TEST_F(TForeignDeclTest, WhatTheLoggerDeclaresMeanwhileStays) {
-  struct TDeclaringLogger : ICoreLogger {
-    void Log(int, const std::string&) override {
-      std::exchange(declare, [] {})();
-    }
-    std::function<void()> declare;
-  };
-  const auto acting = boost::make_shared<TDeclaringLogger>();
+  const auto acting = boost::make_shared<TActingLogger>();
   TRootObject::SetCoreLogger(acting);
   TPropertyDecl property;
-  acting->declare = [&] { property = DeclareProperty(sub, "New", ""); };
+  acting->act = [&] { property = DeclareProperty(sub, "New", ""); };
   DeclareProperty(sub, "New", "", {"Override"});
   EXPECT_EQ(sub->GetPropertyDecl("New", {}), property);
   const auto method = sub->AllocateMethodDecl("New", TType::kString, {});
   const auto late = sub->AllocateMethodDecl("New", TType::kString, {});
   Qualify(*late, "Override");
-  acting->declare = [&] { method->AddToClass({}); };
+  acting->act = [&] { method->AddToClass({}); };
   late->AddToClass({});
   EXPECT_EQ(sub->GetMethodDecl("New", {}), method);
+}
+
+TEST_F(TForeignDeclTest, AQualifierPassesDownUnderTheNameOfTheTime) {
+  const auto declaration = boost::make_shared<TActingQualifierDecl>();
+  const auto above = DefineClass("Above");
+  const auto below = DefineClass("Below", above);
+  above->AllocateQualifier(declaration, true, {})->AddToClassOrProperty({});
+  NewClass("Below");  // refreshes it
+  declaration->name = "BETA";
+  EXPECT_EQ(NewClass("BELOW"), below);
+  EXPECT_TRUE(below->GetQualifier("alpha", {}) && below->GetQualifier("beta", {}));
+  const auto late = NewClass("Late", above);
+  EXPECT_TRUE(!late->GetQualifier("alpha", {}) && late->GetQualifier("beta", {}));
+  declaration->name = "9x";
+  EXPECT_EQ(Try([&] { NewClass("Latest", above); }), InvalidName("9x"));
+}
+
+TEST_F(TForeignDeclTest, WhoIsAskedMayDropTheElementAndSetTheValue) {
+  const auto declaration = boost::make_shared<TActingQualifierDecl>();
+  const auto property = boost::make_shared<TActing<TModelPropertyDecl>>();
+  const auto method = boost::make_shared<TActing<TModelMethodDecl>>();
+  const auto given = NewQualifier(space, *base, "Given", 1U);
+  auto made = base->AllocateQualifier(declaration, true, {});
+  const std::function<void(ICIMClass&)> operations[] = {
+      [&](auto& of) { made = of.AllocateQualifier(declaration, given->GetValue({}), {}); },
+      [&](auto& of) { of.AddQualifier(made, {}); },
+      [&](auto& of) { of.RemovePropertyDecl(property); },
+      [&](auto& of) { of.RemoveMethodDecl(method); },
+  };
+  for (const auto& operation : operations) {
+    auto dropped = NewClass("Dropped");
+    const boost::weak_ptr<ICIMClass> watched = dropped;
+    declaration->act = property->act = method->act = [&] {
+      dropped.reset();
+      EXPECT_FALSE(watched.expired());
+      given->SetValue(2U, {});
+    };
+    Try([&] { operation(*dropped); });
+    EXPECT_TRUE(watched.expired());
+  }
+  EXPECT_EQ(made->GetValue({}), TCIMValue(1U));
+}
+
+TEST_F(TForeignDeclTest, TheLoggerMayDropWhatLogs) {
+  const auto acting = boost::make_shared<TActingLogger>();
+  TRootObject::SetCoreLogger(acting);
+  auto dropped = NewClass("Dropped");
+  DeclareProperty(dropped, "Speed", 1U);
+  acting->act = [&] { dropped.reset(); };
+  EXPECT_EQ(Try([&] { dropped->AddToNamespace({}); }), Quiet(7));
+  space = NewNamespace(false);
+  const boost::weak_ptr<ICIMNamespace> watched = space;
+  acting->act = [&] {
+    space.reset();
+    EXPECT_FALSE(watched.expired());
+  };
+  EXPECT_EQ(NewClass("9x")->GetNamespace({}), nullptr);
 }
 
 }  // namespace

@@ -69,6 +69,7 @@ boost::shared_ptr<TInmemClass> TInmemNamespace::FindClassToRefresh(const std::st
 boost::shared_ptr<ICIMClass> TInmemNamespace::AllocateClass(const std::string& name,
                                                             boost::shared_ptr<ICIMClass> superClass,
                                                             TCIMContext) {
+  const auto self = Hold();
   if (const auto present = FindClassToRefresh(name)) {
     present->PropagateFromSuperClass();
     return present;
@@ -101,20 +102,20 @@ boost::shared_ptr<ICIMClass> TInmemNamespace::GetClass(const std::string& name, 
 
 void TInmemNamespace::AddClass(const boost::shared_ptr<TInmemClass>& cimClass) {
   const std::string& name = cimClass->GetName({});
-  const std::string key = NormalizeName(name);
+  std::string key = NormalizeName(name);
   if (classes_.Insert(key, cimClass)) return;
   if (!allowRedefinition_) FailAlreadyDefined("class", name);
-  ReplaceClass(key, cimClass);
+  ReplaceClass(std::move(key), cimClass);
 }
 
-void TInmemNamespace::ReplaceClass(const std::string& key,
+void TInmemNamespace::ReplaceClass(std::string key,
                                    const boost::shared_ptr<TInmemClass>& cimClass) {
   if (key.find(kNeverRedefined) != std::string::npos) return;
   // The replacement keeps the superclass with which it was made, whatever the replaced class's
   // was, and the subclasses that it takes over are not told: hosts rely on both.
   const auto replaced = classes_.Find(key);
   cimClass->TakeOverSubClasses(*replaced);
-  classes_.Put(key, cimClass);
+  classes_.Put(std::move(key), cimClass);
   if (replaced != cimClass) replaced->LoseStanding();
 }
 
@@ -142,7 +143,7 @@ boost::shared_ptr<ICIMQualifierDecl> TInmemNamespace::GetQualifierDecl(const std
 
 void TInmemNamespace::EnumerateQualifierDecls(const TCIMQualifierDeclCallback& callback,
                                               TCIMContext) {
-  Enumerate(shared_from_this(), qualifierDecls_, kVisitsAllAndDiscards, callback);
+  Enumerate(Hold(), qualifierDecls_, kVisitsAllAndDiscards, callback);
 }
 
 void TInmemNamespace::EnumerateRootClasses(const TCIMClassCallback& callback, TCIMContext context) {
@@ -151,14 +152,16 @@ void TInmemNamespace::EnumerateRootClasses(const TCIMClassCallback& callback, TC
 
 boost::shared_ptr<ICIMInstance> TInmemNamespace::GetInstance(const TCIMReference& path,
                                                              TCIMContext context) {
+  const auto self = Hold();
   const auto cimClass =
       boost::static_pointer_cast<TInmemClass>(GetClass(path.GetClassName(), context));
   return cimClass->FindInstance(path, resolution_);
 }
 
 void TInmemNamespace::ClearInstances() {
-  classes_.ForEach([](const std::string&, const boost::shared_ptr<TInmemClass>& cimClass) {
+  Enumerate(Hold(), classes_, kVisitsAllAndPasses, [](const auto& cimClass) {
     cimClass->ClearInstances();
+    return true;
   });
 }
 

@@ -134,6 +134,16 @@ TEST_F(TLifetimeTest, TheHostMayDropWhatItCalls) {
   path.SetClass(named);
   named->act = [this] { space.reset(); };
   EXPECT_EQ(space->GetInstance(path, {}), nullptr);
+
+  space = NewNamespace(false);
+  const auto link = NewClass("Link");
+  Qualify(*link, "Association");
+  const auto removeTo = [&](ICIMClass*) {
+    link->RemovePropertyDecl(link->GetPropertyDecl("To", {}));
+  };
+  DeclareProperty(link, "To", TCIMValue::NullReference({port.get(), removeTo}));
+  space.reset();
+  EXPECT_EQ(Try([&] { link->GetPropertyDecl("To", {}); }), Quiet(15));
 }
 
 }  // namespace

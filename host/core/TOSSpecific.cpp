@@ -11,7 +11,7 @@ TCIMDateTime TOSSpecific::GetLocalTime() {
   clock_gettime(CLOCK_REALTIME, &now);
   std::tm local{};
   // Zones may be up to a week ahead, CIM knows three digits of minutes.
-  constexpr long kLongestOffset = 999 * 60;
+  constexpr long kLongestOffset = 999L * 60;
   if (localtime_r(&now.tv_sec, &local) == nullptr || std::labs(local.tm_gmtoff) > kLongestOffset) {
     gmtime_r(&now.tv_sec, &local);
   }

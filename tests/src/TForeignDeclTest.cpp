@@ -95,14 +95,22 @@ TEST_F(TForeignDeclTest, MethodsMeetTheRules) {
 }
 
 TEST_F(TForeignDeclTest, WhatTheLoggerDeclaresMeanwhileStays) {
+  struct TDeclaringLogger : ICoreLogger {
+    void Log(int, const std::string&) override {
+      std::exchange(declare, [] {})();
+    }
+    std::function<void()> declare;
+  };
+  const auto acting = boost::make_shared<TDeclaringLogger>();
+  TRootObject::SetCoreLogger(acting);
   TPropertyDecl property;
-  logger->act = [&] { property = DeclareProperty(sub, "New", ""); };
+  acting->declare = [&] { property = DeclareProperty(sub, "New", ""); };
   DeclareProperty(sub, "New", "", {"Override"});
   EXPECT_EQ(sub->GetPropertyDecl("New", {}), property);
   const auto method = sub->AllocateMethodDecl("New", TType::kString, {});
   const auto late = sub->AllocateMethodDecl("New", TType::kString, {});
   Qualify(*late, "Override");
-  logger->act = [&] { method->AddToClass({}); };
+  acting->declare = [&] { method->AddToClass({}); };
   late->AddToClass({});
   EXPECT_EQ(sub->GetMethodDecl("New", {}), method);
 }

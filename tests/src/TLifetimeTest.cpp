@@ -123,10 +123,6 @@ TEST_F(TLifetimeTest, TheHostMayDropWhatItCalls) {
   EXPECT_FALSE(space);
 
   space = NewNamespace(false);
-  logger->act = [this] { space.reset(); };
-  EXPECT_EQ(space->AllocateClass("9x", {}, {})->GetNamespace({}), nullptr);
-
-  space = NewNamespace(false);
   const auto named = boost::make_shared<THostClass>(
       boost::static_pointer_cast<TInmemNamespace>(space), "Port", nullptr);
   DefineClass("Port");

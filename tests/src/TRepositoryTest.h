@@ -128,12 +128,8 @@ class TRepositoryTest : public ::testing::Test {
   }
 
   struct TLogger : ICoreLogger {
-    void Log(int level, const std::string& message) override {
-      text += LogLine(level, message);
-      std::exchange(act, [] {})();
-    }
+    void Log(int level, const std::string& message) override { text += LogLine(level, message); }
     std::string text;
-    std::function<void()> act = [] {};  ///< what the host does at the next message
   };
   const boost::shared_ptr<TLogger> logger = boost::make_shared<TLogger>();
   TSpace space = NewNamespace(false);

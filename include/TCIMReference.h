@@ -26,6 +26,15 @@ class VYR_EXPORT TCIMReference {
   /// namespace of its class. The context is not used.
   TCIMReference(const boost::shared_ptr<ICIMNamespace>& nameSpace, const TCIMContext& context);
 
+  /// @{
+  /// A copy owns key values of its own. An assignment that fails leaves the path as it was.
+  TCIMReference(const TCIMReference& other) = default;
+  TCIMReference(TCIMReference&& other) noexcept = default;
+  TCIMReference& operator=(const TCIMReference& other) { return *this = TCIMReference(other); }
+  TCIMReference& operator=(TCIMReference&& other) noexcept = default;
+  /// @}
+  ~TCIMReference() = default;
+
   /// Makes the path one of this class; the keys stay as they are. Empty takes the class away.
   void SetClass(const boost::shared_ptr<ICIMClass>& cimClass);
 

@@ -1,6 +1,7 @@
 #include "TOSSpecific.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <ctime>
 
 namespace NZELVYR20 {
@@ -9,7 +10,11 @@ TCIMDateTime TOSSpecific::GetLocalTime() {
   timespec now{};
   clock_gettime(CLOCK_REALTIME, &now);
   std::tm local{};
-  if (localtime_r(&now.tv_sec, &local) == nullptr) gmtime_r(&now.tv_sec, &local);
+  // Zones may be up to a week ahead, CIM knows three digits of minutes.
+  constexpr long kLongestOffset = 999L * 60;
+  if (localtime_r(&now.tv_sec, &local) == nullptr || std::labs(local.tm_gmtoff) > kLongestOffset) {
+    gmtime_r(&now.tv_sec, &local);
+  }
 
   // Zones that count leap seconds know a second 60, CIM does not.
   constexpr int kLastSecond = 59;

@@ -61,13 +61,12 @@ class TDeclarationTable : private TNameTable<TDeclaration> {
     return true;
   }
 
-  /// The class has lost its namespace.
+  /// The class has lost its namespace. What goes then may have the host change the table.
   void Retire() {
     isRetired_ = true;
-    ForEach([](const std::string&, const TPointer& declaration) {
-      declaration->BeginRemaining();
-      declaration->EndUse();
-    });
+    ForEach([](const std::string&, const TPointer& declaration) { declaration->Retire(); });
+    TCursor cursor(*this);
+    while (const auto& declaration = cursor.Next()) declaration->ReleaseUnused();
   }
 
  private:

@@ -15,10 +15,13 @@ class TTypedValue {
   TCIMValue::TCIMType GetType() const { return type_; }
   bool IsArray() const { return isArray_; }
 
-  void Set(const TCIMValue& value) {
+  /// Returns what it was, for the caller to let go of last: with that may go whoever holds this.
+  [[nodiscard]] TCIMValue Exchange(const TCIMValue& value) {
+    TCIMValue gone(value_);
     value_ = value;
     type_ = value_.GetType();
     isArray_ = value_.IsArray();
+    return gone;
   }
 
   /// Whether it is a reference, or an array of them.

@@ -21,12 +21,21 @@ class TInmemFeatureDecl : public TInmemDeclaration<TInterface, TSelf> {
   void BeginUse() { ++uses_; }
   void EndUse() {
     --uses_;
-    if (uses_ == 0 && remains_ > 0) static_cast<TSelf&>(*this).ReleaseClasses();
+    ReleaseUnused();
   }
 
   /// A class that has lost its namespace still shows the declaration.
   void BeginRemaining() { ++remains_; }
   void EndRemaining() { --remains_; }
+
+  /// A class that uses the declaration loses its namespace; ReleaseUnused has to follow.
+  void Retire() {
+    --uses_;
+    ++remains_;
+  }
+  void ReleaseUnused() {
+    if (uses_ == 0 && remains_ > 0) static_cast<TSelf&>(*this).ReleaseClasses();
+  }
 
  protected:
   using TInmemDeclaration<TInterface, TSelf>::TInmemDeclaration;

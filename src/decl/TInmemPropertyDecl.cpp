@@ -75,7 +75,7 @@ bool TInmemPropertyDecl::IsArray(TCIMContext) const { return default_.IsArray();
 const TCIMValue& TInmemPropertyDecl::GetDefaultValue(TCIMContext) const { return default_.Get(); }
 
 void TInmemPropertyDecl::SetDefaultValue(const TCIMValue& value, TCIMContext) {
-  default_.Set(value);
+  const TCIMValue gone = default_.Exchange(value);
   ++defaultRevision_;
 }
 

@@ -143,7 +143,7 @@ boost::shared_ptr<ICIMQualifierDecl> TInmemNamespace::GetQualifierDecl(const std
 
 void TInmemNamespace::EnumerateQualifierDecls(const TCIMQualifierDeclCallback& callback,
                                               TCIMContext) {
-  Enumerate(shared_from_this(), qualifierDecls_, kVisitsAllAndDiscards, callback);
+  Enumerate(Hold(), qualifierDecls_, kVisitsAllAndDiscards, callback);
 }
 
 void TInmemNamespace::EnumerateRootClasses(const TCIMClassCallback& callback, TCIMContext context) {
@@ -152,14 +152,16 @@ void TInmemNamespace::EnumerateRootClasses(const TCIMClassCallback& callback, TC
 
 boost::shared_ptr<ICIMInstance> TInmemNamespace::GetInstance(const TCIMReference& path,
                                                              TCIMContext context) {
+  const auto self = Hold();
   const auto cimClass =
       boost::static_pointer_cast<TInmemClass>(GetClass(path.GetClassName(), context));
   return cimClass->FindInstance(path, resolution_);
 }
 
 void TInmemNamespace::ClearInstances() {
-  classes_.ForEach([](const std::string&, const boost::shared_ptr<TInmemClass>& cimClass) {
+  Enumerate(Hold(), classes_, kVisitsAllAndPasses, [](const auto& cimClass) {
     cimClass->ClearInstances();
+    return true;
   });
 }
 

@@ -88,6 +88,10 @@ class TInmemNamespace : public ICIMNamespace,
   TInmemNamespace& operator=(const TInmemNamespace& other);
 
  private:
+  /// For operations that go on after the host was called, which may drop its last pointer to the
+  /// namespace; empty where no pointer owns it.
+  boost::shared_ptr<TInmemNamespace> Hold() { return weak_from_this().lock(); }
+
   boost::shared_ptr<TInmemClass> FindClassToRefresh(const std::string& name) const;
   void ReplaceClass(std::string key, const boost::shared_ptr<TInmemClass>& cimClass);
   void Track(const boost::shared_ptr<TInmemClass>& cimClass);

@@ -97,7 +97,7 @@ const TCIMValue& TInmemQualifier::GetValue(TCIMContext) const { return value_.Ge
 
 void TInmemQualifier::SetValue(const TCIMValue& value, TCIMContext) {
   if (revision_ != kLastRevision) ++revision_;
-  value_.Set(value);
+  const TCIMValue gone = value_.Exchange(value);
   propagated_ = false;
 }
 

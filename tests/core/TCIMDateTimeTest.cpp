@@ -51,15 +51,17 @@ TEST(TCIMDateTime, ComparesMomentsAndLengths) {
 }
 
 TEST(TCIMDateTime, TellsTheLocalTime) {
-  setenv("TZ", "XYZ-05:30", 1);
-  tzset();
-  const std::string text = TOSSpecific::GetLocalTime().ToCIMString();
-  unsetenv("TZ");
-  tzset();
-  std::tm fields{};
-  strptime(text.c_str(), "%Y%m%d%H%M%S", &fields);
-  EXPECT_NEAR(timegm(&fields) - 330L * 60, std::time(nullptr), 10) << text;
-  EXPECT_EQ(text.substr(21), "+330");
+  for (const auto& [zone, offset] : {std::pair("XYZ-05:30", "+330"), {"TooFarAhead-24", "+000"}}) {
+    setenv("TZ", zone, 1);
+    tzset();
+    const std::string text = TOSSpecific::GetLocalTime().ToCIMString();
+    unsetenv("TZ");
+    tzset();
+    std::tm fields{};
+    strptime(text.c_str(), "%Y%m%d%H%M%S", &fields);
+    EXPECT_NEAR(timegm(&fields) - std::stol(offset) * 60, std::time(nullptr), 10) << text;
+    EXPECT_EQ(text.substr(21), offset);
+  }
 }
 
 }  // namespace NZELVYR20

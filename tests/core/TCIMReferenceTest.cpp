@@ -4,6 +4,7 @@
 
 #include "Cases.h"
 #include "Paths.h"
+#include "TFaults.h"
 
 namespace NZELVYR20 {
 
@@ -44,6 +45,21 @@ TEST_F(TCIMReferenceTest, RemakesTheTextAfterEveryChange) {
   EXPECT_EQ(path.ToString(), "B.Second=3,Sec=2");
   path.AddKeyValue("a=1,b", TCIMValue::Array(TType::kString, {"1", "2"}));
   EXPECT_EQ(path.GetPath(), "B.\"a=1,b\"={\"1\",\"2\",},sec=2,second=3");
+}
+
+TEST_F(TCIMReferenceTest, StaysWholeWhenAnAssignmentFails) {
+  const TCIMReference source = MakePath(all, {{"Id", "new"}, {"Text", std::string(50, 'n')}});
+  TCIMReference target = MakePath(MakeClass("B"), {{"Id", "old"}});
+  const std::string whole = target.ToString();
+  int blocks = 0;
+  while (target.GetClass() != all) {
+    EXPECT_EQ(target.ToString(), whole) << "after " << blocks << " blocks";
+    TFaults::Arm(TFaults::EKind::kNew, ++blocks);
+    ResultOf([&] { return target = source, "done"; });
+    TFaults::Disarm();
+  }
+  EXPECT_GT(blocks, 2);
+  EXPECT_EQ(target.ToString(), source.ToString());
 }
 
 TEST_F(TCIMReferenceTest, TheTextOfATemporaryOutlivesIt) {

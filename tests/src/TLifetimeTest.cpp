@@ -1,9 +1,22 @@
 #include "ICIMMethodDecl.h"
 #include "ICIMParameterDecl.h"
+#include "TInmemClass.h"
+#include "TInmemNamespace.h"
 #include "TRepositoryTest.h"
 
 namespace NZELVYR20 {
 namespace {
+
+/// A class of the host's making, as far as that acts when it is asked for its name.
+struct THostClass : TInmemClass {
+  using TInmemClass::TInmemClass;
+  using TInmemClass::operator=;
+  THostClass& operator=(const THostClass&) { return *this; }
+
+  const std::string& GetName(TCIMContext) const override { return act(), TInmemClass::GetName({}); }
+
+  std::function<void()> act = [] {};
+};
 
 /// What the random operations leave out: namespaces that go before what is in them.
 class TLifetimeTest : public TRedefinitionTest {
@@ -82,6 +95,51 @@ TEST_F(TLifetimeTest, WhatTheHostHoldsOutlivesTheNamespace) {
   EXPECT_EQ(instance->GetProperty("HealthState", {})->ToString(), "0");
   instance.reset();
   EXPECT_EQ(CountSurvivors(), 0);
+}
+
+TEST_F(TLifetimeTest, TheHostMayDropWhatItCalls) {
+  const auto port = DefineClass("Port");
+  AddInstance(port, "a");
+  // With the path to the port goes what is held.
+  const auto pathWith = [&](auto& held) {
+    TCIMReference path({}, {});
+    path.SetClass({port.get(), [&](ICIMClass*) { held.reset(); }});
+    path.AddKeyValue("Id", "a");
+    return TCIMValue(path);
+  };
+  auto declaration = space->AllocateQualifierDecl("Q", true, ICIMQualifierDecl::kAny, {}, {});
+  auto property = port->AllocatePropertyDecl("P", true, {});
+  auto qualifier = NewQualifier(space, *port, "Q", true);
+  declaration->SetDefaultValue(pathWith(declaration), {});
+  declaration->SetDefaultValue(true, {});
+  property->SetDefaultValue(pathWith(property), {});
+  property->SetDefaultValue(true, {});
+  qualifier->SetValue(pathWith(qualifier), {});
+  qualifier->SetValue(true, {});
+  EXPECT_FALSE(declaration || property || qualifier);
+
+  PutInstance(DefineAssociation("Link", {{"To", port}}), {{"To", pathWith(space)}});
+  space->ClearInstances();
+  EXPECT_FALSE(space);
+
+  space = NewNamespace(false);
+  const auto named = boost::make_shared<THostClass>(
+      boost::static_pointer_cast<TInmemNamespace>(space), "Port", nullptr);
+  DefineClass("Port");
+  TCIMReference path({}, {});
+  path.SetClass(named);
+  named->act = [this] { space.reset(); };
+  EXPECT_EQ(space->GetInstance(path, {}), nullptr);
+
+  space = NewNamespace(false);
+  const auto link = NewClass("Link");
+  Qualify(*link, "Association");
+  const auto removeTo = [&](ICIMClass*) {
+    link->RemovePropertyDecl(link->GetPropertyDecl("To", {}));
+  };
+  DeclareProperty(link, "To", TCIMValue::NullReference({port.get(), removeTo}));
+  space.reset();
+  EXPECT_EQ(Try([&] { link->GetPropertyDecl("To", {}); }), Quiet(15));
 }
 
 }  // namespace

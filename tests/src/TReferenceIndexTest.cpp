@@ -91,6 +91,9 @@ TEST_F(TReferenceIndexTest, TheHostIsAskedOnlyForWhatIsOpen) {
   EXPECT_EQ(CountAsked(refer), 2);
   b->AddToNamespace({});  // in its own place
   EXPECT_EQ(CountAsked([&] { refer(), ReferencesOf(a); }), 0);
+  host->answer = [this](const TCIMReference&) { return a; };
+  NewLink("3", HostPath("a"), RefTo(a))->AddToNamespace({});
+  EXPECT_EQ(CountAsked(refer), 1) << "the namespace gave it for the other path of that text";
 }
 
 /// Whatever the host does while it is asked, walks find what looking at everything finds.

@@ -157,5 +157,32 @@ TEST_F(TReferenceIndexTest, AWalkMeetsWhatComesToReferAhead) {
   EXPECT_EQ(visited, "1245");
 }
 
+/// Instances made before their class had references stand in no index, until others replace them.
+TEST_F(TReferenceIndexTest, AWalkTakesNothingForGrantedThatChangesAhead) {
+  const TClass late = MakeClass(space, "CIM_Late", "");
+  const TInstance early[] = {NewInstance(late, {{"Id", "2"}}), NewInstance(late, {{"Id", "3"}})};
+  Qualify(*late, "Association");
+  DeclareProperty(late, "System", TCIMValue::NullReference(element));
+  const auto note = DeclareProperty(late, "Note", "");
+  late->AddToNamespace({}), early[0]->AddToNamespace({});
+  const auto put = [&](const char* id, const TInstance& system) {
+    PutInstance(late, {{"Id", id}, {"System", RefTo(system)}});
+  };
+  put("1", a), put("3", a), put("4", b);
+  const std::pair<std::function<void()>, const char*> acts[] = {
+      {[&] { put("2", b), early[1]->AddToNamespace({}); }, "1"},
+      {[&] { note->SetDefaultValue(RefTo(a), {}), ReferencesOf(b); }, "124"}};
+  for (const auto& [act, expected] : acts) {
+    std::string visited;
+    const auto visit = [&, &go = act](const TInstance& association) {
+      visited += association->GetProperty("Id", {})->ToString();
+      go();
+      return true;
+    };
+    a->EnumerateAssociationInstances(visit, "", "", {});
+    EXPECT_EQ(visited, expected);
+  }
+}
+
 }  // namespace
 }  // namespace NZELVYR20

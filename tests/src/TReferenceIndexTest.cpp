@@ -110,6 +110,7 @@ TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
       {"replaces the class of the end", [&] { twin->AddToNamespace({}); }},
       {"clears", [&] { space->ClearInstances(); }},
       {"walks", [&] { ReferencesOf(a), AssociatorsOf(b); }},
+      {"forgets the instance", [&] { pending.reset(); }},
   };
   for (const auto& [description, act] : acts) {
     for (const bool isAdded : {false, true}) {

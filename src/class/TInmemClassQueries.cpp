@@ -160,22 +160,23 @@ TInmemClass::TClassList TInmemClass::GetFarEnds(TInmemClass& association,
   const std::string resultRoleKey = NormalizeName(resultRole);
   bool isOwnEndFound = false;
   TClassList farEnds;
-  association.propertyDecls_.ForEach(
-      [&](const std::string& key, const TPropertyDeclPointer& declaration) {
-        const auto referenced = declaration->GetReferencedClass();
-        if (!referenced) return;
-        const bool isOwnEnd =
-            roleKey.empty() ? referenced.get() == this && key != resultRoleKey : key == roleKey;
-        if (!isOwnEndFound && isOwnEnd) {
-          isOwnEndFound = true;
-          return;
-        }
-        if (!resultRoleKey.empty() && key != resultRoleKey) return;
-        if (!PassesFilter(*referenced, resultClass)) return;
-        if (std::find(farEnds.begin(), farEnds.end(), referenced) == farEnds.end()) {
-          farEnds.push_back(referenced);
-        }
-      });
+  TPropertyDecls::TCursor cursor(association.propertyDecls_);
+  while (cursor.Next()) {
+    const auto referenced = cursor.GetCurrent()->GetReferencedClass();
+    if (!referenced) continue;
+    const std::string key = FoldName(cursor.GetCurrent()->GetGivenName());
+    const bool isOwnEnd =
+        roleKey.empty() ? referenced.get() == this && key != resultRoleKey : key == roleKey;
+    if (!isOwnEndFound && isOwnEnd) {
+      isOwnEndFound = true;
+      continue;
+    }
+    if (!resultRoleKey.empty() && key != resultRoleKey) continue;
+    if (!PassesFilter(*referenced, resultClass)) continue;
+    if (std::find(farEnds.begin(), farEnds.end(), referenced) == farEnds.end()) {
+      farEnds.push_back(referenced);
+    }
+  }
   return farEnds;
 }
 

@@ -32,6 +32,7 @@ void Append(const TReferrers& referrers, TReferenceIndex::TCandidates& candidate
 void TReferenceIndex::Add(TInstanceEntry& entry, const TIndexedInstance& instance,
                           const TFoundReferences& found) {
   Join(instance);
+  TellWalks(entry);  // what stood there before may have been a candidate
   const auto count = countReferences_(instance);
   if (!count) return;
   try {
@@ -40,7 +41,6 @@ void TReferenceIndex::Add(TInstanceEntry& entry, const TIndexedInstance& instanc
     Leave(instance);
     throw;
   }
-  TellWalks(entry);
 }
 
 void TReferenceIndex::AddReferences(TInstanceEntry& entry, std::size_t count,
@@ -213,7 +213,6 @@ void TReferenceIndex::RemoveUnsettled(TReferences& references) noexcept {
 }
 
 void TReferenceIndex::NoteLoss(const TInstanceEntry& entry) noexcept {
-  ++losses_;
   for (TListener& walk : walks_) walk.NoteLoss(entry);
 }
 
@@ -250,7 +249,9 @@ void TReferenceIndex::Renew(const std::vector<std::unique_ptr<TInstanceEntry>>& 
     if (!entry->references && countReferences_(*entry->instance)) {
       entry->references = std::make_unique<TReferences>(*this);
     }
-    if (entry->references && !AreAllLinked(*entry)) AddUnsettled(*entry);
+    if (!entry->references || AreAllLinked(*entry)) continue;
+    AddUnsettled(*entry);
+    TellWalks(*entry);
   }
   isStale_ = false;
 }

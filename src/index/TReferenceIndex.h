@@ -44,8 +44,8 @@ namespace NZELVYR20 {
 ///    look.
 /// 6. Counters tell what was found earlier from what holds now: `removals` of a table guards
 ///    standings, `changes` of a class what was found before its references were set, the revision
-///    of the defaults which properties are references at all, `losses` of an index that all was
-///    settled when a walk began, an entry's `serial` what a walk may meet.
+///    of the defaults which properties are references at all, an entry's `serial` what a walk may
+///    meet.
 /// 7. A walk rests on a copy of its candidates (TReferrerWalk) and hears of what becomes one later.
 ///    Referrers are put in order, and lose their gaps, only where a walk begins.
 /// 8. Where memory is short the index is stale, or the walk unreliable, and that walk looks at
@@ -128,8 +128,6 @@ class TReferenceIndex {
   void Remove(TListener& walk) noexcept { walks_.Remove(walk); }
   bool HasWalks() const { return !walks_.IsEmpty(); }
 
-  /// Differs from before after a link is gone or a reference has become unsettled.
-  std::uint64_t GetLosses() const { return losses_; }
   bool IsAllSettled() const { return unsettled_.IsEmpty(); }
 
  private:
@@ -160,7 +158,6 @@ class TReferenceIndex {
   const TCountReferences countReferences_;
   std::vector<TMake> makes_;
   TReferrers unsettled_;
-  std::uint64_t losses_ = 0;
   TChain<TListener, &TListener::ofIndex> walks_;
   bool isStale_ = false;
 };

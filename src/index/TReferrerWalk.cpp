@@ -33,12 +33,12 @@ TReferrerWalk::TReferrerWalk(TInstanceTable& table, TIndexedInstance& origin,
       roleKey_(roleKey),
       follows_(follows),
       limit_(table.GetSerial()) {
-  table_.BeginWalk(*this);
   try {
     Collect();
   } catch (const std::bad_alloc&) {
     isReliable_ = false;
   }
+  table_.BeginWalk(*this);
 }
 
 TReferrerWalk::~TReferrerWalk() { table_.EndWalk(*this); }
@@ -48,12 +48,9 @@ void TReferrerWalk::Collect() {
   table_.RenewIndex();
   if (index.IsComplete(roleKey_)) index.Collect(origin_, candidates_);
   isSettled_ = index.IsAllSettled();
-  losses_ = index.GetLosses();
 }
 
-bool TReferrerWalk::IsCertain() const {
-  return isSettled_ && !everything_ && losses_ == table_.GetIndex().GetLosses();
-}
+bool TReferrerWalk::IsCertain() const { return isSettled_ && !everything_ && !isMerged_; }
 
 std::size_t TReferrerWalk::GetFirstReference() const {
   return firstReference_ ? *firstReference_ : FindFirstReference();

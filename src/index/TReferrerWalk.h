@@ -59,10 +59,9 @@ class TReferrerWalk : public TReferenceIndex::TListener {
   std::vector<TInstanceEntry*> included_;      ///< a heap, the first of all paths in front
   const TInstanceEntry* last_ = nullptr;       ///< that was handed out
   std::optional<std::size_t> firstReference_;  ///< of last_, before it lost one
-  std::uint64_t losses_ = 0;                   ///< of the index, while all that it knew was settled
   bool isMerged_ = false;  ///< something was included, be it for the second time
   bool isReliable_ = true;
-  bool isSettled_ = false;
+  bool isSettled_ = false;  ///< all that the index knew, when the walk began
   std::optional<TInstanceTable::TCursor> everything_;
 };
 

@@ -144,7 +144,10 @@ bool TInmemInstance::ValidateKeyNonNull(const std::string* keyName) const {
   throw Failure::NullKey();
 }
 
-void TInmemInstance::Validate(TCIMContext) const { ValidateAndFind(); }
+void TInmemInstance::Validate(TCIMContext) const {
+  const auto self = shared_from_this();
+  ValidateAndFind();
+}
 
 TFoundReferences TInmemInstance::ValidateAndFind() const {
   if ((validationFlags_ & kValidateKeys) != 0) {
@@ -156,6 +159,7 @@ TFoundReferences TInmemInstance::ValidateAndFind() const {
 }
 
 void TInmemInstance::AddToNamespace(TCIMContext) {
+  const auto self = shared_from_this();
   TFoundReferences found;
   try {
     found = ValidateAndFind();
@@ -165,7 +169,7 @@ void TInmemInstance::AddToNamespace(TCIMContext) {
     LogValidationFailure("Inmem: Instance " + class_->GetName({}) + ": invalid references");
     return;
   }
-  class_->AddInstance(shared_from_this(), found);
+  class_->AddInstance(self, found);
 }
 
 void TInmemInstance::Delete(TCIMContext) { class_->RemoveInstance(shared_from_this()); }
@@ -231,6 +235,7 @@ void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& 
                                       TCIMContext) {
   const std::size_t position = FindPosition(name);
   if (position != CountProperties()) {
+    const auto held = value.IsReference() ? shared_from_this() : nullptr;  // a class is asked
     TInmemInstanceProperty(*this, position).SetValue(value, {});
     return;
   }

@@ -17,6 +17,7 @@ TResolution::~TResolution() {
 
 /// Rule 3 of TReferenceIndex.
 boost::shared_ptr<ICIMElement> TResolution::Resolve(const TCIMReference& path) {
+  standing_ = TStanding();  // of the path before
   auto element = path.GetCIMElement(false);
   const bool isGiven = standing_.IsCurrent() && given_ == element.get() &&
                        standing_.entry->GetPath() == path.GetPath();

@@ -79,6 +79,30 @@ TEST_F(TJoiningTest, ReferencesAreThoseOfTheTimeWhenEachIsDue) {
   EXPECT_EQ(AssociationsOf(late[0]), TNames{});
 }
 
+TEST_F(TJoiningTest, ReferencesMayGoWhileTheirClassesAreAsked) {
+  DefineClass("Acting");
+  link->AddToNamespace({});
+  acting->act = [&] {
+    acting->act = [] {};
+    for (const char* name : {"A", "B"}) link->RemovePropertyDecl(link->GetPropertyDecl(name, {}));
+  };
+  const auto enumerate = [&](const TNamer& note) {
+    end->EnumerateAssociatedClasses(note, "", "Acting", "", "", {});
+  };
+  EXPECT_EQ(NamesOf(enumerate), TNames{"Acting"});
+}
+
+TEST_F(TJoiningTest, AnInstanceStaysWhileItsReferenceIsChecked) {
+  auto instance = NewInstance(link);
+  const boost::weak_ptr<ICIMInstance> watched = instance;
+  acting->act = [&] {
+    instance.reset();
+    EXPECT_FALSE(watched.expired());
+  };
+  instance->SetPropertyValue("A", TCIMValue::NullReference(acting), {});
+  EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(TJoiningTest, AMissingSuperclassIsNoticedLast) {
   const auto orphan = [this](const char* name) {
     auto made = NewClass(name, NewClass("Gone"));

@@ -91,6 +91,9 @@ TEST_F(TReferenceIndexTest, TheHostIsAskedOnlyForWhatIsOpen) {
   EXPECT_EQ(CountAsked(refer), 2);
   b->AddToNamespace({});  // in its own place
   EXPECT_EQ(CountAsked([&] { refer(), ReferencesOf(a); }), 0);
+  host->answer = [this](const TCIMReference&) { return a; };
+  NewLink("3", HostPath("a"), RefTo(a))->AddToNamespace({});
+  EXPECT_EQ(CountAsked(refer), 1) << "the namespace gave it for the other path of that text";
 }
 
 /// Whatever the host does while it is asked, walks find what looking at everything finds.
@@ -107,6 +110,7 @@ TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
       {"replaces the class of the end", [&] { twin->AddToNamespace({}); }},
       {"clears", [&] { space->ClearInstances(); }},
       {"walks", [&] { ReferencesOf(a), AssociatorsOf(b); }},
+      {"forgets the instance", [&] { pending.reset(); }},
   };
   for (const auto& [description, act] : acts) {
     for (const bool isAdded : {false, true}) {
@@ -152,6 +156,33 @@ TEST_F(TReferenceIndexTest, AWalkMeetsWhatComesToReferAhead) {
   };
   a->EnumerateAssociationInstances(act, "", "", {});
   EXPECT_EQ(visited, "1245");
+}
+
+/// Instances made before their class had references stand in no index, until others replace them.
+TEST_F(TReferenceIndexTest, AWalkTakesNothingForGrantedThatChangesAhead) {
+  const TClass late = MakeClass(space, "CIM_Late", "");
+  const TInstance early[] = {NewInstance(late, {{"Id", "2"}}), NewInstance(late, {{"Id", "3"}})};
+  Qualify(*late, "Association");
+  DeclareProperty(late, "System", TCIMValue::NullReference(element));
+  const auto note = DeclareProperty(late, "Note", "");
+  late->AddToNamespace({}), early[0]->AddToNamespace({});
+  const auto put = [&](const char* id, const TInstance& system) {
+    PutInstance(late, {{"Id", id}, {"System", RefTo(system)}});
+  };
+  put("1", a), put("3", a), put("4", b);
+  const std::pair<std::function<void()>, const char*> acts[] = {
+      {[&] { put("2", b), early[1]->AddToNamespace({}); }, "1"},
+      {[&] { note->SetDefaultValue(RefTo(a), {}), ReferencesOf(b); }, "124"}};
+  for (const auto& [act, expected] : acts) {
+    std::string visited;
+    const auto visit = [&, &go = act](const TInstance& association) {
+      visited += association->GetProperty("Id", {})->ToString();
+      go();
+      return true;
+    };
+    a->EnumerateAssociationInstances(visit, "", "", {});
+    EXPECT_EQ(visited, expected);
+  }
 }
 
 }  // namespace

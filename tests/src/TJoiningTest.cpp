@@ -79,6 +79,22 @@ TEST_F(TJoiningTest, ReferencesAreThoseOfTheTimeWhenEachIsDue) {
   EXPECT_EQ(AssociationsOf(late[0]), TNames{});
 }
 
+TEST_F(TJoiningTest, WhatIsSetStaysWhileAClassIsAsked) {
+  for (const bool byProperty : {true, false}) {
+    auto instance = NewInstance(link);
+    auto property = byProperty ? instance->GetProperty("A", {}) : nullptr;
+    const boost::weak_ptr<const void> watched =
+        byProperty ? boost::weak_ptr<const void>(property) : instance;
+    acting->act = [&] {
+      property.reset(), instance.reset();
+      EXPECT_FALSE(watched.expired());
+    };
+    const TCIMValue value = TCIMValue::NullReference(acting);
+    byProperty ? property->SetValue(value, {}) : instance->SetPropertyValue("A", value, {});
+    EXPECT_TRUE(watched.expired());
+  }
+}
+
 TEST_F(TJoiningTest, AMissingSuperclassIsNoticedLast) {
   const auto orphan = [this](const char* name) {
     auto made = NewClass(name, NewClass("Gone"));

@@ -25,8 +25,9 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       TCIMContext) override {
+    auto owner = GetOwner();  // which a host's declaration may let go of
     const auto flavor = declaration->GetFlavor({});
-    return TInmemQualifier::Make(GetOwner(), std::move(declaration), value, flavor);
+    return TInmemQualifier::Make(std::move(owner), std::move(declaration), value, flavor);
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(

@@ -40,10 +40,10 @@ class VYR_EXPORT ICIMProperty {
   /// Empty when the declaration is gone.
   virtual boost::shared_ptr<const ICIMPropertyDecl> GetDeclaration(TCIMContext context) const = 0;
 
-  /// True when both have the very same declaration object and equal values. Only for a property
-  /// with a value of its own.
+  /// True when both have the very same declaration object and equal values. A property that is
+  /// compared with one of the same declaration needs a value of its own.
   virtual bool operator==(ICIMProperty& other) const = 0;
-  /// By identity of the declaration, then by value. Only for a property with a value of its own.
+  /// By identity of the declaration, then by value, for which it needs one of its own.
   virtual bool operator<(ICIMProperty& other) const = 0;
 
   /// Copies nothing.

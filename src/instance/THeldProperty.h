@@ -35,6 +35,9 @@ class THeldProperty final : public TInmemInstanceProperty, private boost::detail
   using TInmemInstanceProperty::operator=;
   THeldProperty& operator=(const THeldProperty&) { return *this; }
 
+ protected:
+  boost::shared_ptr<const void> Hold() override { return Share(); }
+
  private:
   THeldProperty(TInmemInstance& instance, std::size_t position)
       : TInmemInstanceProperty(instance, position) {}

@@ -34,14 +34,23 @@ struct TBuildPathCallback {
   }
 };
 
-/// A property, and the declaration that it knows only weakly: what a consumer holds of a property
-/// that no instance keeps.
-struct TDerivedProperty {
-  boost::shared_ptr<const ICIMPropertyDecl> declaration;
-  TInmemProperty property;
+/// What a consumer holds of a property that no instance keeps: it holds its declaration.
+class TDerivedProperty : public TInmemProperty,
+                         public boost::enable_shared_from_this<TDerivedProperty> {
+ public:
+  explicit TDerivedProperty(const boost::shared_ptr<const ICIMPropertyDecl>& declaration)
+      : TInmemProperty(declaration), declaration_(declaration) {}
+  TDerivedProperty(const TDerivedProperty&) = delete;
+  ~TDerivedProperty() override = default;
 
-  explicit TDerivedProperty(const boost::shared_ptr<const ICIMPropertyDecl>& declared)
-      : declaration(declared), property(declared) {}
+  using TInmemProperty::operator=;
+  TDerivedProperty& operator=(const TDerivedProperty&) { return *this; }
+
+ protected:
+  boost::shared_ptr<const void> Hold() override { return shared_from_this(); }
+
+ private:
+  const boost::shared_ptr<const ICIMPropertyDecl> declaration_;
 };
 
 /// Names of status properties that every instance answers for, letter case counting.
@@ -228,14 +237,13 @@ boost::shared_ptr<ICIMProperty> TInmemInstance::DeriveProperty(
   auto derived = boost::make_shared<TDerivedProperty>(added);  // before the class changes
   const auto declared = cimClass->Declare(added);
   if (declared != added) derived = boost::make_shared<TDerivedProperty>(declared);
-  return boost::shared_ptr<ICIMProperty>(derived, &derived->property);
+  return derived;
 }
 
 void TInmemInstance::SetPropertyValue(const std::string& name, const TCIMValue& value,
                                       TCIMContext) {
   const std::size_t position = FindPosition(name);
   if (position != CountProperties()) {
-    const auto held = value.IsReference() ? shared_from_this() : nullptr;  // a class is asked
     TInmemInstanceProperty(*this, position).SetValue(value, {});
     return;
   }

@@ -29,4 +29,8 @@ void TInmemInstanceProperty::KeepPreviousValue(const TCIMValue& value) {
   instance_.KeepPreviousValue(position_, value);
 }
 
+boost::shared_ptr<const void> TInmemInstanceProperty::Hold() {
+  return instance_.shared_from_this();
+}
+
 }  // namespace NZELVYR20

@@ -32,6 +32,7 @@ class TInmemInstanceProperty : public TInmemPropertyBase {
   void KeepOwnValue(const TCIMValue& value) override;
   const TCIMValue* FindPreviousValue() const override;
   void KeepPreviousValue(const TCIMValue& value) override;
+  boost::shared_ptr<const void> Hold() override;
 
  private:
   TInmemInstance& instance_;

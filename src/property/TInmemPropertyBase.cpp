@@ -43,13 +43,15 @@ const TCIMValue& TInmemPropertyBase::GetValue(TCIMContext) const {
 }
 
 void TInmemPropertyBase::SetValue(const TCIMValue& value, TCIMContext) {
-  Check(value, "Inmem: SetValue");
+  const auto held = Check(value, "Inmem: SetValue");
   KeepOwnValue(value);
 }
 
 /// The type, and for a reference the class; array-ness is part of the type, and a null needs the
-/// right type as well.
-void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) const {
+/// right type as well. The class may be a host's, which lets go of anything while it is asked: what
+/// is returned holds the property until the value is kept.
+boost::shared_ptr<const void> TInmemPropertyBase::Check(const TCIMValue& value,
+                                                        const char* operation) {
   const ICIMPropertyDecl& declaration = Declaration();
   const TCIMValue::TCIMType type = declaration.GetType({});
   if (type != value.GetType()) {
@@ -57,10 +59,11 @@ void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) co
                          " but value is type " + TypeText(value.GetType()));
     throw Failure::TypeMismatch();
   }
-  if (type != TCIMValue::TCIMType::kReference) return;
+  if (type != TCIMValue::TCIMType::kReference) return {};
+  auto held = Hold();
   const auto referenced = value.GetReferencedClass();
   const auto declared = declaration.GetDefaultValue({}).GetReferencedClass();
-  if (IsSubclass(referenced, declared)) return;
+  if (IsSubclass(referenced, declared)) return held;
   LogDefinitionFailure(operation + std::string(": decl references type ") + GetName(declared) +
                        " but value references " + GetName(referenced));
   throw Failure::TypeMismatch();
@@ -69,20 +72,23 @@ void TInmemPropertyBase::Check(const TCIMValue& value, const char* operation) co
 /// The same test as IsDefaultValue: what has no value of its own has it from the declaration.
 bool TInmemPropertyBase::GetPropagated(TCIMContext) const { return FindOwnValue() == nullptr; }
 
-bool TInmemPropertyBase::operator==(ICIMProperty& other) const {
+/// Its own value, where a comparison comes to it: properties of different declarations need none.
+const TCIMValue& TInmemPropertyBase::GetOwnValue() const {
   const TCIMValue* const own = FindOwnValue();
   BOOST_ASSERT(own);
-  return other.GetDeclaration({}) == GetDeclaration({}) && *own == other.GetValue({});
+  return *own;
+}
+
+bool TInmemPropertyBase::operator==(ICIMProperty& other) const {
+  return other.GetDeclaration({}) == GetDeclaration({}) && GetOwnValue() == other.GetValue({});
 }
 
 bool TInmemPropertyBase::operator<(ICIMProperty& other) const {
-  const TCIMValue* const own = FindOwnValue();
-  BOOST_ASSERT(own);
   const auto declaration = GetDeclaration({});
   const auto otherDeclaration = other.GetDeclaration({});
   if (declaration < otherDeclaration) return true;
   if (otherDeclaration < declaration) return false;
-  return *own < other.GetValue({});
+  return GetOwnValue() < other.GetValue({});
 }
 
 ICIMProperty& TInmemPropertyBase::operator=(const ICIMProperty&) { return *this; }
@@ -94,8 +100,9 @@ const TCIMValue& TInmemPropertyBase::GetPrevValue() const {
 }
 
 void TInmemPropertyBase::SetPrevValue(const TCIMValue& value) {
+  boost::shared_ptr<const void> held;
   // Hosts know these messages without the usual beginning.
-  if (!value.IsNull()) Check(value, "SetPrevValue");
+  if (!value.IsNull()) held = Check(value, "SetPrevValue");
   KeepPreviousValue(value);
 }
 

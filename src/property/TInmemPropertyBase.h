@@ -86,8 +86,12 @@ class TInmemPropertyBase : public ICIMProperty {
   virtual const TCIMValue* FindPreviousValue() const = 0;
   virtual void KeepPreviousValue(const TCIMValue& value) = 0;
 
+  /// A pointer by which the property stays; empty where it cannot make one.
+  virtual boost::shared_ptr<const void> Hold() { return {}; }
+
  private:
-  void Check(const TCIMValue& value, const char* operation) const;
+  const TCIMValue& GetOwnValue() const;
+  boost::shared_ptr<const void> Check(const TCIMValue& value, const char* operation);
 
   const TInmemPropertyDecl* FindOwnDeclaration() const;
   boost::shared_ptr<TValueMapTable> FindTable(const TCIMValue& value, int arrayBit) const;

@@ -18,17 +18,16 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   TInterface& operator=(const TInterface&) override { return *this; }
   TInmemQualifiedElement& operator=(const TInmemQualifiedElement&) { return *this; }
 
-  // A qualifier or declaration of the host's may drop the last other pointer to the element when it
-  // is asked.
   void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TCIMContext) override {
-    const auto self = this->shared_from_this();
+    const auto self =
+        this->shared_from_this();  // with a host's declaration that is asked it may go
     qualifiers_.Add(std::move(qualifier));
   }
 
   boost::shared_ptr<ICIMQualifier> AllocateQualifier(
       boost::shared_ptr<const ICIMQualifierDecl> declaration, const TCIMValue& value,
       TCIMContext) override {
-    const auto self = this->shared_from_this();
+    // The owner is known before a declaration of the host's is asked, with which this may go.
     return TInmemQualifier::Make(GetOwner(), std::move(declaration), value);
   }
 

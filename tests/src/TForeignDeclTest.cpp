@@ -114,6 +114,21 @@ TEST_F(TForeignDeclTest, MethodsMeetTheRules) {
   EXPECT_DEATH(AddMethod("New", "", missing), "");
 }
 
+TEST_F(TForeignDeclTest, AQualifierIsMadeThoughItsDeclarationLetsGoOfTheElement) {
+  struct TLettingGo : TModelQualifierDecl {
+    using TModelQualifierDecl::operator=;
+    EFlavor GetFlavor(TAny) const override {
+      letGo();
+      return flavor;
+    }
+    std::function<void()> letGo;
+  };
+  auto element = sub->AllocatePropertyDecl("New", "", {});
+  const auto declaration = boost::make_shared<TLettingGo>();
+  declaration->letGo = [&] { element.reset(); };
+  EXPECT_FALSE(element->AllocateQualifier(declaration, 1U, {})->GetClassOrProperty({}));
+}
+
 TEST_F(TForeignDeclTest, WhatTheLoggerDeclaresMeanwhileStays) {
   const auto acting = boost::make_shared<TActingLogger>();
   TRootObject::SetCoreLogger(acting);

@@ -78,6 +78,8 @@ TEST_F(TInmemElementsTest, InstancesCompareByTheirClassesAndPropertiesByDeclarat
   EXPECT_FALSE(*idOf(a) < *idOf(a) || *idOf(b) < *idOf(a) || *idOf(a) == *idOf(other));
   EXPECT_NE(*idOf(a) < *idOf(other), *idOf(other) < *idOf(a));
   EXPECT_NE(*idOf(b) < *idOf(other), *idOf(other) < *idOf(b));
+  const auto unset = idOf(NewInstance(port));  // its declaration decides before its value
+  EXPECT_TRUE(!(*unset == *idOf(other)) && (*unset < *idOf(other)) != (*idOf(other) < *unset));
 }
 
 TEST_F(TInmemElementsTest, SomeOperationsDoNothing) {

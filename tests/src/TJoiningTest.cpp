@@ -92,15 +92,20 @@ TEST_F(TJoiningTest, ReferencesMayGoWhileTheirClassesAreAsked) {
   EXPECT_EQ(NamesOf(enumerate), TNames{"Acting"});
 }
 
-TEST_F(TJoiningTest, AnInstanceStaysWhileItsReferenceIsChecked) {
-  auto instance = NewInstance(link);
-  const boost::weak_ptr<ICIMInstance> watched = instance;
-  acting->act = [&] {
-    instance.reset();
-    EXPECT_FALSE(watched.expired());
-  };
-  instance->SetPropertyValue("A", TCIMValue::NullReference(acting), {});
-  EXPECT_TRUE(watched.expired());
+TEST_F(TJoiningTest, WhatIsSetStaysWhileAClassIsAsked) {
+  for (const bool byProperty : {true, false}) {
+    auto instance = NewInstance(link);
+    auto property = byProperty ? instance->GetProperty("A", {}) : nullptr;
+    const boost::weak_ptr<const void> watched =
+        byProperty ? boost::weak_ptr<const void>(property) : instance;
+    acting->act = [&] {
+      property.reset(), instance.reset();
+      EXPECT_FALSE(watched.expired());
+    };
+    const TCIMValue value = TCIMValue::NullReference(acting);
+    byProperty ? property->SetValue(value, {}) : instance->SetPropertyValue("A", value, {});
+    EXPECT_TRUE(watched.expired());
+  }
 }
 
 TEST_F(TJoiningTest, AMissingSuperclassIsNoticedLast) {

@@ -48,7 +48,7 @@ void AnswerMessage(const TMessage& message, const TNamespaces& namespaces,
 }  // namespace
 
 TWbemService::TWbemService(boost::shared_ptr<ICIMNamespace> cimv2, TWbemLimits limits)
-    : state_(new TState{{}, TEnumerations(limits)}) {
+    : state_(new TState{{}, TEnumerations(std::move(limits))}) {
   const auto interop = MakeInterop(*cimv2, {"root/cimv2", "interop"});
   state_->namespaces.Add("root/cimv2", std::move(cimv2));
   for (const char* name : {"interop", "root/interop"}) state_->namespaces.Add(name, interop);

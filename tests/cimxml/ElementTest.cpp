@@ -152,6 +152,10 @@ TEST(Element, PathsThatAreWrittenLeadBack) {
 TEST(Element, PathsOfAnyClientLeadToWhatTheyMean) {
   const TElements elements(kElementMof);
   CheckCases("paths.txt", [&](const std::string& given) { return elements.Read(given); });
+  const std::string key(70000, 'k');
+  EXPECT_EQ(elements.Read("<INSTANCENAME CLASSNAME=\"Text\"><KEYVALUE>" + key +
+                          "</KEYVALUE></INSTANCENAME>"),
+            "4");
 }
 
 }  // namespace

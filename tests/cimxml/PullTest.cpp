@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "Outline.h"
 #include "TClientCall.h"
@@ -21,7 +22,7 @@ instance of Link { From = "T.Id=\"a\""; To = "S.Id=\"c\""; };
 /// A client that takes enumerations by the piece.
 class TPuller {
  public:
-  explicit TPuller(TWbemLimits limits = {}) : service_(kPullMof, limits) {}
+  explicit TPuller(TWbemLimits limits = {}) : service_(kPullMof, std::move(limits)) {}
 
   /// What comes of a call: the names of instances, and whether it is at its end; or the status.
   /// "$" stands for the context that came last and was not empty.
@@ -114,6 +115,7 @@ TEST(Pull, WhatIsNotOfferedOrWrongHasItsStatus) {
       {"OpenEnumerateInstances ClassName=:T OperationTimeout=0", "22"},
       {"OpenEnumerateInstances ClassName=:T OperationTimeout=601", "22"},
       {"OpenEnumerateInstances ClassName=:T MaxObjectCount=-1", "4"},
+      {"OpenEnumerateInstances ClassName=:T MaxObjectCount=+9", "abc."},
       {"OpenAssociatorInstances InstanceName=@T.Id=\"z\"", "6"},
       {"OpenReferenceInstancePaths InstanceName=@T.Id=\"z\"", "6"},
       {"OpenReferenceInstances InstanceName=@T.Id=\"b\" MaxObjectCount=1 Role=From", "."},
@@ -130,21 +132,42 @@ TEST(Pull, WhatIsNotOfferedOrWrongHasItsStatus) {
 }
 
 TEST(Pull, EnumerationsAreFewAndEndWithTheirTime) {
-  TPuller few({2, std::chrono::seconds(60), std::chrono::seconds(60)});
+  TWbemLimits limits;
+  limits.openEnumerations = 2;
+  limits.instancesInPiece = 2;
+  TPuller few(limits);
   const std::string open = "OpenEnumerateInstances ClassName=:T MaxObjectCount=";
   EXPECT_EQ(few(open + '1'), "a+");
   EXPECT_EQ(few(open + '1'), "a+");
   EXPECT_EQ(few(open + '1'), "27");
-  EXPECT_EQ(few(open + '3'), "abc.");
+  EXPECT_EQ(few(open.substr(0, open.find(':')) + ":S MaxObjectCount=3"), "c.");
   EXPECT_EQ(few("CloseEnumeration EnumerationContext=$"), "closed");
-  EXPECT_EQ(few(open + '1'), "a+");
+  EXPECT_EQ(few(open + '9'), "ab+");
 
-  TPuller slow({1, std::chrono::seconds(0), std::chrono::seconds(60)});
-  EXPECT_EQ(slow(open + '1'), "a+");
-  EXPECT_EQ(slow("PullInstancesWithPath EnumerationContext=$ MaxObjectCount=1"), "21");
-  EXPECT_EQ(slow(open + '1'), "a+");
-  EXPECT_EQ(slow(open + "1 OperationTimeout=60"), "a+");
-  EXPECT_EQ(slow("PullInstancesWithPath EnumerationContext=$ MaxObjectCount=9"), "bc.");
+  std::chrono::steady_clock::time_point time;
+  limits.openEnumerations = 1;
+  limits.now = [&time] { return time; };
+  TPuller slow(limits);
+  const std::string pull = "PullInstancesWithPath EnumerationContext=$ MaxObjectCount=";
+  const struct {
+    int wait;
+    std::string call;
+    const char* answer;
+  } rows[] = {
+      {0, open + '1', "a+"},
+      {59, pull + '0', "+"},
+      {59, pull + '9', "bc."},
+      {0, open + '1', "a+"},
+      {60, pull + '1', "21"},
+      {0, open + "1 OperationTimeout=600", "a+"},
+      {599, open + '1', "27"},
+      {1, open + "1 OperationTimeout=1", "a+"},
+      {1, "CloseEnumeration EnumerationContext=$", "21"},
+  };
+  for (const auto& row : rows) {
+    time += std::chrono::seconds(row.wait);
+    EXPECT_EQ(slow(row.call), row.answer) << row.wait << " s, then " << row.call;
+  }
 }
 
 TEST(Pull, WhatLeavesMeanwhileIsStillGiven) {

@@ -19,6 +19,8 @@ TEST_P(Completion, OffersWhatMayFollow) {
   if (std::system(("command -v " + shell + " >/dev/null").c_str()) != 0) GTEST_SKIP();
   Write("etc/os-release", "NAME='Test (7) \"&\"'\n");
   Write("sys/bus/pci/devices/0000:00:1f.0/vendor", "0x1af4");
+  // A device and its controller of pictures have one name.
+  Write("sys/bus/pci/devices/0000:00:02.0/class", "0x030000");
   const std::string completion =
       COMPLETION_DIR + std::string(shell == "zsh" ? "/_vyrhost" : "/vyrhost.bash");
   CheckCases("completion.txt", [&](const std::string& given) {

@@ -15,7 +15,7 @@ std::string BuildDisplay(const std::vector<std::pair<std::size_t, std::string>>&
     block.replace(place, bytes.size(), bytes);
   };
   put(0, "\0\xff\xff\xff\xff\xff\xff\0"s);
-  put(8, "\x4d\xb0\x34\xa0\x07\0\0\0\x01\x22"s);
+  put(8, "\x4d\xb0\x34\xa0\x07\0\x01\0\x01\x22"s);
   put(54, "\x01\x1d\x80\x18\x71\x38\x2d\x40"s);
   put(72, "\0\0\0\xfc\0Sample 27\n  "s);
   for (const auto& [place, bytes] : changes) put(place, bytes);
@@ -38,13 +38,16 @@ std::string ShowDisplay(const std::string& edid) {
 
 TEST(Display, WhatItSays) {
   using namespace std::string_literals;
-  EXPECT_EQ("SMP|0xa034|Sample 27|7|2024|1920x1080", ShowDisplay(BuildDisplay()));
-  EXPECT_EQ("SMP|0xa034|Sample 27|7|2024|1920x1080", ShowDisplay(BuildDisplay() + "another block"));
+  EXPECT_EQ("SMP|0xa034|Sample 27|65543|2024|1920x1080", ShowDisplay(BuildDisplay()));
+  EXPECT_EQ("SMP|0xa034|Sample 27|65543|2024|1920x1080",
+            ShowDisplay(BuildDisplay() + "another block"));
   EXPECT_EQ("SMP|0xa034|Sample 27|S-9|2024|1920x1080",
             ShowDisplay(BuildDisplay({{90, "\0\0\0\xff\0S-9\n         "s}})));
   EXPECT_EQ("|0xa034|Sample 27||2024|1920x1080",
-            ShowDisplay(BuildDisplay({{8, "\0\0"s}, {12, "\0"s}})));
-  EXPECT_EQ("SMP|0xa034|a?|7||-x-",
+            ShowDisplay(BuildDisplay({{8, "\0\0"s}, {12, "\0\0\0"s}})));
+  EXPECT_EQ("|0xa034|Sample 27|65543|2024|1920x1080",
+            ShowDisplay(BuildDisplay({{8, "\x6d\xb0"s}})));
+  EXPECT_EQ("SMP|0xa034|a?|65543||-x-",
             ShowDisplay(BuildDisplay({{17, "\0"s}, {54, "\0\0"s}, {72, "\0\0\0\xfc\0a\x1b\n"s}})));
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -69,7 +70,9 @@ TEST(RpmHeader, WholeDamagedAndOdd) {
   EXPECT_EQ("-", ShowPackage(BuildPackage("gpg-pubkey", "1")));
   EXPECT_EQ("-", ShowPackage(BuildHeader({})));
   EXPECT_EQ("-", ShowPackage(BuildHeader({{1000, 6, "without end"}})));
-  EXPECT_EQ("a|-|||", ShowPackage(BuildHeader({{1000, 6, {'a', 0}}, {1003, 6, {'b', 0}}})));
+  EXPECT_EQ(
+      "a|-|||",
+      ShowPackage(BuildHeader({{1000, 6, {'a', 0}}, {1001, 8, {'b', 0}}, {1003, 6, {'c', 0}}})));
 }
 
 void Execute(sqlite3* database, const std::string& statement) {
@@ -118,6 +121,11 @@ TEST(RpmDatabase, ANoteForWhatIsNotRead) {
     const std::string last = THostNamespace(tree.GetRoot(), {false, true}).GetNoted().at(4);
     EXPECT_EQ(0U, std::string(path).find(last)) << last;
   }
+  const TSampleTree tree;
+  tree.Write("/var/lib/rpm/", "");
+  ASSERT_EQ(0, mkfifo((tree.GetRoot() + "/var/lib/rpm/rpmdb.sqlite").c_str(), 0600));
+  EXPECT_EQ("/var/lib/rpm/rpmdb.sqlite",
+            THostNamespace(tree.GetRoot(), {false, true}).GetNoted().at(4));
 }
 
 }  // namespace

@@ -57,7 +57,10 @@ TEST(AccessTest, Passwords) {
   for (const TPasswordRow& row : rows) {
     EXPECT_EQ(passwords.Admits(row.given), row.isAdmitted) << row.given;
   }
-  EXPECT_THROW(TPasswords(files.Write("/open", "ann:" + kHash, 0644)), TCommandError);
+  EXPECT_NO_THROW(TPasswords(files.Write("/ours", "ann:" + kHash, 0640)));
+  for (const mode_t mode : {0604, 0602, 0660}) {
+    EXPECT_THROW(TPasswords(files.Write("/open", "ann:" + kHash, mode)), TCommandError) << mode;
+  }
   for (const std::string& text : {std::string(), std::string("ann"), ":" + kHash,
                                   std::string("ann:secret"), std::string("ann:$1$x$y")}) {
     EXPECT_THROW(TPasswords(files.Write("/bad", text)), TCommandError) << text;
@@ -93,6 +96,9 @@ TEST(AccessTest, PasswordsOverTls) {
   }
   httplib::Client plain("127.0.0.1", server.GetPort());
   EXPECT_FALSE(plain.Get("/"));
+  chmod(options.key.c_str(), 0644);
+  EXPECT_THROW(TRunningServer{options}, TCommandError);
+  chmod(options.key.c_str(), 0600);
   options.passwordFile.clear();
   EXPECT_THROW(TRunningServer{options}, TCommandError);
 }

@@ -95,6 +95,8 @@ TEST(ServeCommandTest, GivesUpPrivileges) {
   for (const auto& task : std::filesystem::directory_iterator(status)) {
     const std::string text = ReadFile(task.path().string() + "/status");
     EXPECT_NE(text.find("\nUid:\t1\t1\t1\t1\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\nGid:\t1\t1\t1\t1\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\nGroups:\t1 \n"), std::string::npos) << text;
     EXPECT_NE(text.find("\nNoNewPrivs:\t1\n"), std::string::npos) << text;
     EXPECT_NE(text.find("\nCapPrm:\t0000000000000000\n"), std::string::npos) << text;
   }

@@ -19,8 +19,8 @@ namespace {
 
 using TType = TCIMValue::TCIMType;
 
-constexpr unsigned kDeepest = 8;                              ///< references within references
-constexpr std::size_t kLongestPath = std::size_t{64} * 1024;  ///< each level doubles escapes
+/// Each reference within a reference doubles the escapes, which bounds how deeply they nest.
+constexpr std::size_t kLongestPath = std::size_t{64} * 1024;
 
 [[noreturn]] void Refuse(const std::string& what) {
   throw TCimFailure(ECimStatus::kInvalidParameter, what);
@@ -104,7 +104,7 @@ boost::shared_ptr<ICIMClass> TPathReader::ReadClass(const pugi::xml_node& node) 
 }
 
 TCIMReference TPathReader::ReadInstance(const pugi::xml_node& node) const {
-  const std::string text = PathText(node, 0);
+  const std::string text = PathText(node);
   try {
     return TCIMReference::Parse(text, namespace_);
   } catch (const std::invalid_argument& failure) {
@@ -118,19 +118,18 @@ TObjectName TPathReader::ReadObject(const pugi::xml_node& node) const {
   return {path.GetClass(), path};
 }
 
-std::string TPathReader::PathText(const pugi::xml_node& node, unsigned depth) const {
-  if (depth > kDeepest) Refuse("references nest too deeply");
-  if (IsOneOf(node, {"INSTANCENAME"})) return InstanceNameText(node, depth);
+std::string TPathReader::PathText(const pugi::xml_node& node) const {
+  if (IsOneOf(node, {"INSTANCENAME"})) return InstanceNameText(node);
   const bool isPath = IsOneOf(node, {"INSTANCEPATH", "LOCALINSTANCEPATH"});
   if (!isPath && !IsOneOf(node, {"VALUE.REFERENCE"})) {
     Refuse(std::string(node.name()) + " names no instance");
   }
   if (isPath) CheckNamespace(node);
-  return PathText(LastElement(node), depth);
+  return PathText(LastElement(node));
 }
 
 /// The text leaves to one reader what a path's keys must be.
-std::string TPathReader::InstanceNameText(const pugi::xml_node& name, unsigned depth) const {
+std::string TPathReader::InstanceNameText(const pugi::xml_node& name) const {
   const boost::shared_ptr<ICIMClass> cimClass = FindClass(Attribute(name, "CLASSNAME"));
   const std::vector<std::string> keys = ListKeyNames(*cimClass);
   const std::vector<pugi::xml_node> bindings = Elements(name);
@@ -144,7 +143,7 @@ std::string TPathReader::InstanceNameText(const pugi::xml_node& name, unsigned d
     const bool isNamed = IsOneOf(binding, {"KEYBINDING"});
     if (!isNamed && keys.size() != 1) Refuse("KEYBINDING is missing");
     path += separator + KeyText(*cimClass, isNamed ? Attribute(binding, "NAME") : keys.front(),
-                                isNamed ? LastElement(binding) : binding, depth);
+                                isNamed ? LastElement(binding) : binding);
     if (path.size() > kLongestPath) Refuse("a path is too long");
     separator = ',';
   }
@@ -152,10 +151,10 @@ std::string TPathReader::InstanceNameText(const pugi::xml_node& name, unsigned d
 }
 
 std::string TPathReader::KeyText(const ICIMClass& cimClass, const std::string& name,
-                                 const pugi::xml_node& value, unsigned depth) const {
+                                 const pugi::xml_node& value) const {
   const TType type = FindKeyType(cimClass, CheckName(name));
   const std::string start = name + '=';
-  if (type == TType::kReference) return start + Quote(PathText(value, depth + 1));
+  if (type == TType::kReference) return start + Quote(PathText(value));
   if (!IsOneOf(value, {"KEYVALUE"})) Refuse("key " + name + " is no reference");
   const std::string text = ReadText(value);
   return start + (StandsInQuotes(type) ? Quote(text) : BareKeyText(text));

@@ -43,10 +43,10 @@ class TPathReader {
   TObjectName ReadObject(const pugi::xml_node& node) const;
 
  private:
-  std::string PathText(const pugi::xml_node& node, unsigned depth) const;
-  std::string InstanceNameText(const pugi::xml_node& name, unsigned depth) const;
+  std::string PathText(const pugi::xml_node& node) const;
+  std::string InstanceNameText(const pugi::xml_node& name) const;
   std::string KeyText(const ICIMClass& cimClass, const std::string& name,
-                      const pugi::xml_node& value, unsigned depth) const;
+                      const pugi::xml_node& value) const;
   static TCIMValue::TCIMType FindKeyType(const ICIMClass& cimClass, const std::string& name);
   void CheckNamespace(const pugi::xml_node& path) const;
   boost::shared_ptr<ICIMClass> FindClass(const std::string& name) const;

@@ -1,13 +1,9 @@
 #include "GivePiece.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace NZELVYR20 {
 namespace {
-
-/// So that an answer stays of a size that is sent, whatever a client asks for.
-constexpr std::size_t kMostInPiece = 10000;
 
 void WriteInForm(TElementWriter& elements, ICIMInstance& instance, EPulled pulled,
                  const TElementForm& form) {
@@ -31,10 +27,6 @@ void WriteState(TXmlWriter& xml, const std::string& name) {
   write("EndOfSequence", name.empty() ? "TRUE" : "FALSE");
 }
 
-TInstanceList TakePiece(TEnumeration& enumeration, std::size_t most) {
-  return enumeration.Take(std::min(most, kMostInPiece));
-}
-
 TResult PieceOf(TInstanceList piece, EPulled pulled, const TElementForm& form,
                 const std::string& name) {
   TResult result = ResultOf(std::move(piece), [pulled, form](auto& elements, auto& instance) {
@@ -49,7 +41,7 @@ TResult PieceOf(TInstanceList piece, EPulled pulled, const TElementForm& form,
 TResult GiveFirstPiece(TEnumerations& enumerations, TEnumeration enumeration, std::size_t most) {
   const EPulled pulled = enumeration.form;
   const TElementForm form = enumeration.elementForm;
-  TInstanceList piece = TakePiece(enumeration, most);
+  TInstanceList piece = enumerations.Take(enumeration, most);
   const bool isAtEnd = enumeration.IsAtEnd();
   const std::string name = isAtEnd ? std::string() : enumerations.Add(std::move(enumeration));
   return PieceOf(std::move(piece), pulled, form, name);
@@ -59,7 +51,7 @@ TResult GiveNextPiece(TEnumerations& enumerations, const std::string& name, std:
   TEnumeration& enumeration = enumerations.Find(name);
   const EPulled pulled = enumeration.form;
   const TElementForm form = enumeration.elementForm;
-  TInstanceList piece = TakePiece(enumeration, most);
+  TInstanceList piece = enumerations.Take(enumeration, most);
   const bool isAtEnd = enumeration.IsAtEnd();
   if (isAtEnd) enumerations.Remove(name);
   return PieceOf(std::move(piece), pulled, form, isAtEnd ? std::string() : name);

@@ -38,12 +38,16 @@ std::chrono::seconds TEnumerations::GetTimeout(const std::optional<std::uint32_t
   return std::chrono::seconds(*asked);
 }
 
+TInstanceList TEnumerations::Take(TEnumeration& enumeration, std::size_t most) const {
+  return enumeration.Take(std::min(most, limits_.instancesInPiece));
+}
+
 std::string TEnumerations::Add(TEnumeration enumeration) {
   RemoveExpired();
   if (byName_.size() >= limits_.openEnumerations) {
     throw TCimFailure(ECimStatus::kServerLimitsExceeded, "too many enumerations are open");
   }
-  const auto end = TClock::now() + enumeration.timeout;
+  const auto end = limits_.now() + enumeration.timeout;
   return byName_.emplace(MakeContextName(), TEntry{std::move(enumeration), end}).first->first;
 }
 
@@ -54,7 +58,7 @@ TEnumeration& TEnumerations::Find(const std::string& name) {
     throw TCimFailure(ECimStatus::kInvalidEnumerationContext, "no such enumeration is open");
   }
   TEntry& entry = found->second;
-  entry.end = TClock::now() + entry.enumeration.timeout;
+  entry.end = limits_.now() + entry.enumeration.timeout;
   return entry.enumeration;
 }
 
@@ -64,7 +68,7 @@ void TEnumerations::Remove(const std::string& name) {
 }
 
 void TEnumerations::RemoveExpired() {
-  const auto now = TClock::now();
+  const auto now = limits_.now();
   for (auto entry = byName_.begin(); entry != byName_.end();) {
     entry = entry->second.end <= now ? byName_.erase(entry) : std::next(entry);
   }

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "ICIMNamespace.h"
 #include "ListElements.h"
@@ -41,11 +42,14 @@ struct TEnumeration {
 /// next piece in time, or with its last piece.
 class TEnumerations {
  public:
-  explicit TEnumerations(TWbemLimits limits) : limits_(limits) {}
+  explicit TEnumerations(TWbemLimits limits) : limits_(std::move(limits)) {}
 
   /// How long a client may be silent that asks for so many seconds, or for none; no end at all is
   /// more than anybody gets. Throws a TCimFailure of an invalid timeout.
   std::chrono::seconds GetTimeout(const std::optional<std::uint32_t>& asked) const;
+
+  /// The next instances of an enumeration, at most so many, and no more than a piece has.
+  TInstanceList Take(TEnumeration& enumeration, std::size_t most) const;
 
   /// Keeps an enumeration and gives the name by which its client finds it again. Throws a
   /// TCimFailure where there are as many as the limits allow.
@@ -55,11 +59,9 @@ class TEnumerations {
   void Remove(const std::string& name);
 
  private:
-  using TClock = std::chrono::steady_clock;
-
   struct TEntry {
     TEnumeration enumeration;
-    TClock::time_point end;
+    std::chrono::steady_clock::time_point end;
   };
 
   void RemoveExpired();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "IsShown.h"
+#include "StartsCharacter.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -77,8 +78,6 @@ std::size_t AppendRestored(std::string& restored, std::string_view text) {
   }
   return escape.size();
 }
-
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 /// Where the character of that number begins; the end where there are fewer.
 std::size_t FindCharacter(const std::string& text, std::size_t number) {

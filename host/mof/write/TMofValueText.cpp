@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "IsShown.h"
+#include "StartsCharacter.h"
 #include "TCIMDateTime.h"
 #include "TCIMReference.h"
 
@@ -22,8 +23,6 @@ constexpr unsigned kReplacement = 0xFFFD;
 constexpr unsigned kRawByte = 0xDC00;  ///< a byte is taken for the half of a pair that it makes
 
 using TPieces = std::vector<std::string>;
-
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 std::size_t Columns(const std::string& text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));

@@ -188,6 +188,7 @@ std::string TElementFinder::ResolvePath(const std::string& path) const {
 }
 
 boost::shared_ptr<ICIMInstance> TElementFinder::FindInstance(const std::string& path) const {
+  if (path.empty()) throw TCommandError("an empty text names no instance");
   try {
     return FindByFullPath(path);
   } catch (const TCommandError& error) {

@@ -3,10 +3,10 @@
 #include <ICIMClass.h>
 #include <ICIMPropertyDecl.h>
 #include <TCIMReference.h>
-#include <TVYRException.h>
 
 #include <algorithm>
 
+#include "FindOrNothing.h"
 #include "FoldName.h"
 #include "NamedRefusal.h"
 
@@ -45,13 +45,9 @@ std::vector<TAssociationEnd> ListEnds(ICIMInstance& association) {
   for (const auto& property : ListProperties(association)) {
     const TCIMValue value = property->GetValue({});
     if (!value.IsReference() || value.IsNull()) continue;
-    try {
-      const auto element = static_cast<TCIMReference>(value).GetCIMElement(false);
-      ends.push_back({property->GetDeclaration({})->GetName({}),
-                      boost::dynamic_pointer_cast<ICIMInstance>(element)});
-    } catch (const TVYRException& error) {
-      if (error.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
-    }
+    const auto element = boost::dynamic_pointer_cast<ICIMInstance>(
+        FindOrNothing([&] { return static_cast<TCIMReference>(value).GetCIMElement(false); }));
+    if (element) ends.push_back({property->GetDeclaration({})->GetName({}), element});
   }
   return ends;
 }

@@ -3,17 +3,16 @@
 #include <ICIMClass.h>
 #include <ICIMPropertyDecl.h>
 
+#include "FindOrNothing.h"
+
 namespace NZELVYR20 {
 
 /// The class is asked first: an instance answers for some properties that nobody declared.
 boost::shared_ptr<ICIMProperty> FindProperty(ICIMInstance& instance, const std::string& name) {
-  try {
+  return FindOrNothing([&] {
     instance.GetClass({})->GetPropertyDecl(name, {});
     return instance.GetProperty(name, {});
-  } catch (const TVYRException& failure) {
-    if (failure.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
-    return {};
-  }
+  });
 }
 
 TCIMValue ReadValue(ICIMInstance& instance, const std::string& name) {

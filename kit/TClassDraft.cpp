@@ -4,6 +4,7 @@
 #include <ICIMPropertyDecl.h>
 #include <ICIMQualifier.h>
 
+#include "FindOrNothing.h"
 #include "NamedRefusal.h"
 
 namespace NZELVYR20 {
@@ -12,12 +13,7 @@ namespace {
 using TType = TCIMValue::TCIMType;
 
 bool IsDeclared(ICIMNamespace& nameSpace, const std::string& className) {
-  try {
-    return nameSpace.GetClass(className, {}) != nullptr;
-  } catch (const TVYRException& failure) {
-    if (failure.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
-    return false;
-  }
+  return FindOrNothing([&] { return nameSpace.GetClass(className, {}); }) != nullptr;
 }
 
 /// `subject` says for what it is wanted.

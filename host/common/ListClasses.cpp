@@ -16,4 +16,10 @@ TClassList ListAllClasses(ICIMNamespace& nameSpace) {
   return WithDescendants(ListTopClasses(nameSpace));
 }
 
+std::vector<std::string> ListClassNames(ICIMNamespace& nameSpace) {
+  std::vector<std::string> names;
+  for (const auto& cimClass : ListAllClasses(nameSpace)) names.push_back(cimClass->GetName({}));
+  return names;
+}
+
 }  // namespace NZELVYR20

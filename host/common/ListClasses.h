@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "ListElements.h"
 
 namespace NZELVYR20 {
@@ -9,5 +12,8 @@ TClassList WithDescendants(const TClassList& classes);
 
 /// All classes of a namespace, in that order.
 TClassList ListAllClasses(ICIMNamespace& nameSpace);
+
+/// Their names.
+std::vector<std::string> ListClassNames(ICIMNamespace& nameSpace);
 
 }  // namespace NZELVYR20

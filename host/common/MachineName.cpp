@@ -1,19 +1,15 @@
 #include "MachineName.h"
 
+#include "FindOrNothing.h"
 #include "ListElements.h"
 #include "ReadValue.h"
-#include "TVYRException.h"
 
 namespace NZELVYR20 {
 namespace {
 
 TInstanceList ListComputers(ICIMNamespace& nameSpace) {
-  try {
-    return ListInstances(*nameSpace.GetClass("CIM_ComputerSystem", {}), true);
-  } catch (const TVYRException& failure) {
-    if (failure.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
-    return {};
-  }
+  return FindOrNothing(
+      [&] { return ListInstances(*nameSpace.GetClass("CIM_ComputerSystem", {}), true); });
 }
 
 }  // namespace

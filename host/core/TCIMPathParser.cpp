@@ -12,6 +12,7 @@
 #include "ICIMPropertyDecl.h"
 #include "KeyValueReader.h"
 #include "PathText.h"
+#include "StartsCharacter.h"
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
@@ -35,8 +36,7 @@ TLocatedText Locate(const std::string& text) {
   located.columns.reserve(text.size() + 1);
   std::size_t column = 0;
   for (const char byte : text) {
-    const bool isContinuation = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-    if (!isContinuation || column == 0) ++column;
+    if (StartsCharacter(byte) || column == 0) ++column;
     located.columns.push_back(column);
   }
   located.columns.push_back(column + 1);

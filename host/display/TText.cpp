@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "IsShown.h"
+#include "TextWidth.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -78,16 +79,6 @@ std::size_t AppendRestored(std::string& restored, std::string_view text) {
   return escape.size();
 }
 
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
-
-/// Where the character of that number begins; the end where there are fewer.
-std::size_t FindCharacter(const std::string& text, std::size_t number) {
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (StartsCharacter(text[at]) && number-- == 0) return at;
-  }
-  return text.size();
-}
-
 }  // namespace
 
 std::string TText::OneLine(const std::string& text) { return EscapeObeyed(text, ""); }
@@ -123,10 +114,9 @@ std::vector<std::string> TText::Wrap(const std::string& text, std::size_t width)
 }
 
 std::string TText::Cut(const std::string& text, std::size_t width, const std::string& mark) {
-  if (FindCharacter(text, width) == text.size()) return text;
-  const auto length =
-      static_cast<std::size_t>(std::count_if(mark.begin(), mark.end(), StartsCharacter));
-  return text.substr(0, FindCharacter(text, width > length ? width - length : 0)) + mark;
+  if (SizeWithin(text, width) == text.size()) return text;
+  const std::size_t room = width - std::min(width, TextWidth(mark));
+  return text.substr(0, SizeWithin(text, room)) + mark;
 }
 
 std::string TText::Join(const std::vector<std::string>& parts, const std::string& separator) {

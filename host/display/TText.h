@@ -27,7 +27,7 @@ class TText {
   /// without either stays whole.
   static std::vector<std::string> Wrap(const std::string& text, std::size_t width);
 
-  /// The text, or where it has more than `width` characters, its beginning and the mark in so many.
+  /// The text, or where it takes more than `width` columns, its beginning and the mark in so many.
   static std::string Cut(const std::string& text, std::size_t width, const std::string& mark);
 
   static std::string Join(const std::vector<std::string>& parts, const std::string& separator);

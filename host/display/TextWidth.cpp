@@ -5,6 +5,7 @@
 
 #include <boost/locale/utf.hpp>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace NZELVYR20 {
@@ -61,6 +62,17 @@ std::size_t TextWidth(const std::string& text) {
   const char* const end = text.data() + text.size();
   for (const char* next = text.data(); next != end;) width += TakeCharacter(next, end);
   return width;
+}
+
+std::size_t SizeWithin(std::string_view text, std::size_t width) {
+  const char* const end = text.data() + text.size();
+  std::size_t used = 0;
+  for (const char* next = text.data(); next != end;) {
+    const char* const start = next;
+    used += TakeCharacter(next, end);
+    if (used > width) return static_cast<std::size_t>(start - text.data());
+  }
+  return text.size();
 }
 
 std::vector<std::string> FoldText(const std::string& text, std::size_t width) {

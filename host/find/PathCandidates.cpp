@@ -85,8 +85,8 @@ std::vector<std::string> ListPathsOf(ICIMClass& cimClass, const std::string& typ
 
 std::vector<std::string> ListClassCandidates(ICIMNamespace& nameSpace, const std::string& typed) {
   std::vector<std::string> candidates;
-  for (const auto& cimClass : ListAllClasses(nameSpace)) {
-    if (Begins(cimClass->GetName({}), typed)) candidates.push_back(cimClass->GetName({}));
+  for (const std::string& name : ListClassNames(nameSpace)) {
+    if (Begins(name, typed)) candidates.push_back(name);
   }
   std::sort(candidates.begin(), candidates.end());
   return candidates;

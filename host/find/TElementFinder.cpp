@@ -23,12 +23,6 @@
 namespace NZELVYR20 {
 namespace {
 
-std::vector<std::string> ListClassNames(ICIMNamespace& nameSpace) {
-  std::vector<std::string> names;
-  for (const auto& cimClass : ListAllClasses(nameSpace)) names.push_back(cimClass->GetName({}));
-  return names;
-}
-
 /// What stands between a path's namespace, if there is one, and its keys.
 std::string ClassPart(const std::string& path) {
   const std::string front = path.substr(0, path.find('='));
@@ -194,6 +188,7 @@ std::string TElementFinder::ResolvePath(const std::string& path) const {
 }
 
 boost::shared_ptr<ICIMInstance> TElementFinder::FindInstance(const std::string& path) const {
+  if (path.empty()) throw TCommandError("an empty text names no instance");
   try {
     return FindByFullPath(path);
   } catch (const TCommandError& error) {

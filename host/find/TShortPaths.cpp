@@ -5,11 +5,10 @@
 #include <set>
 #include <utility>
 
+#include "FindTarget.h"
 #include "NaturalOrder.h"
 #include "ReadValue.h"
-#include "TCIMReference.h"
 #include "TText.h"
-#include "TVYRException.h"
 
 namespace NZELVYR20 {
 namespace {
@@ -38,16 +37,6 @@ std::string JoinOwnValues(ICIMInstance& instance, const std::vector<TInstanceKey
   return joined;
 }
 
-boost::shared_ptr<ICIMInstance> FindTarget(const TCIMValue& reference) {
-  try {
-    return boost::dynamic_pointer_cast<ICIMInstance>(
-        static_cast<TCIMReference>(reference).GetCIMElement(false));
-  } catch (const TVYRException& error) {
-    if (error.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
-    return {};
-  }
-}
-
 }  // namespace
 
 bool TShortPaths::TClassPaths::IsUnique(const std::string& text) const {
@@ -71,7 +60,7 @@ const TShortPaths::TClassPaths& TShortPaths::PathsOf(const boost::shared_ptr<ICI
 
 std::string TShortPaths::ValueText(ICIMInstance& instance, const TInstanceKey& key) {
   if (!key.isReference) return KeyText(instance, key);
-  const auto target = FindTarget(ReadValue(instance, key.name));
+  const auto target = FindTarget(static_cast<TCIMReference>(ReadValue(instance, key.name)));
   return target ? PathText(*target) : KeyTarget(instance, key);
 }
 

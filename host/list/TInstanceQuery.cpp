@@ -51,8 +51,8 @@ void Sort(TInstanceList& instances, const TPropertyChoice& choice, bool isDescen
 
 TInstanceList TInstanceQuery::List(const boost::shared_ptr<ICIMNamespace>& nameSpace) const {
   const auto cimClass = TElementFinder(nameSpace).FindClass(className);
-  TInstanceList instances = where.empty() ? ListInstances(*cimClass, isDeep)
-                                          : SelectInstances(nameSpace, className, isDeep, where);
+  TInstanceList instances = where ? SelectInstances(nameSpace, className, isDeep, *where)
+                                  : ListInstances(*cimClass, isDeep);
   if (!sort.empty()) {
     const bool hasSign = sort.front() == '-';
     Sort(instances, TPropertyChoice::Name(*cimClass, isDeep, {sort.substr(hasSign ? 1 : 0)}),

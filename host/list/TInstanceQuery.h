@@ -13,8 +13,8 @@ namespace NZELVYR20 {
 /// Which instances are listed, and in which order.
 struct TInstanceQuery {
   std::string className;
-  bool isDeep = true;  ///< with those of subclasses
-  std::string where;   ///< an SQL expression; empty for all
+  bool isDeep = true;                ///< with those of subclasses
+  std::optional<std::string> where;  ///< an SQL expression; none for all
   /// The property by which they are ordered; after "-" in descending order. Empty for the order in
   /// which the class enumerates them.
   std::string sort;

@@ -1,6 +1,5 @@
 #include "TOrigin.h"
 
-#include <ctime>
 #include <string>
 
 #include "ListElements.h"
@@ -9,14 +8,6 @@
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
-
-std::string TOrigin::Now() {
-  const std::time_t now = std::time(nullptr);
-  std::tm parts{};
-  gmtime_r(&now, &parts);
-  char text[sizeof "2026-11-22T14:40:00Z"] = {};
-  return {text, std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &parts)};
-}
 
 std::string TOrigin::FindMachine(ICIMNamespace& nameSpace) {
   const TScopedSilence silence;

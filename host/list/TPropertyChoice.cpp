@@ -49,6 +49,7 @@ TPropertyChoice TPropertyChoice::Name(ICIMClass& cimClass, bool deep,
   const TNameMap declared = ListDeclaredNames(cimClass, deep);
   std::vector<std::string> chosen;
   for (const std::string& name : names) {
+    if (name.empty()) throw TCommandError("an empty text names no property");
     const auto found = declared.find(FoldName(name));
     if (found == declared.end()) {
       throw TCommandError("class " + cimClass.GetName({}) + " has no property " + name +

@@ -7,13 +7,11 @@
 #include <string_view>
 
 #include "ListClasses.h"
+#include "StartsCharacter.h"
 #include "TSuggestion.h"
 
 namespace NZELVYR20 {
 namespace {
-
-/// Of UTF-8 the bytes that begin a character.
-bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 /// What stands after one of SQLite's phrases, without the table before a column; empty elsewhere.
 std::string NameAfter(std::string_view message, std::string_view phrase) {
@@ -22,15 +20,9 @@ std::string NameAfter(std::string_view message, std::string_view phrase) {
   return name.substr(name.rfind('.') + 1);
 }
 
-std::vector<std::string> ListTableNames(ICIMNamespace& nameSpace) {
-  std::vector<std::string> names;
-  for (const auto& cimClass : ListAllClasses(nameSpace)) names.push_back(cimClass->GetName({}));
-  return names;
-}
-
 std::string SuggestTable(const std::string& message, ICIMNamespace& nameSpace) {
   const std::string table = NameAfter(message, "no such table: ");
-  return table.empty() ? "" : TSuggestion::For(table, ListTableNames(nameSpace));
+  return table.empty() ? "" : TSuggestion::For(table, ListClassNames(nameSpace));
 }
 
 /// Who quotes a text as in other languages has named a column.
@@ -61,7 +53,7 @@ TCommandError TSqlText::FailureAt(std::size_t offset, const std::string& what) c
   const std::string before = own.substr(0, offset < origin ? 0 : offset - origin);
   const auto line = std::count(before.begin(), before.end(), '\n') + 1;
   const auto start = before.begin() + static_cast<std::ptrdiff_t>(before.rfind('\n') + 1);
-  const auto column = std::count_if(start, before.end(), BeginsCharacter) + 1;
+  const auto column = std::count_if(start, before.end(), StartsCharacter) + 1;
   return TCommandError(kind + (line > 1 ? "line " + std::to_string(line) + ", " : std::string()) +
                        "column " + std::to_string(column) + ": " + what);
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "FindTarget.h"
 #include "TVYRException.h"
 
 namespace NZELVYR20 {
@@ -15,15 +16,6 @@ namespace {
 
 /// A later one takes the place of an earlier, so that memory stays what it is.
 constexpr std::size_t kRemembered = 1024;
-
-boost::shared_ptr<ICIMElement> Follow(const TCIMReference& reference) {
-  try {
-    return reference.GetCIMElement(false);
-  } catch (const TVYRException& failure) {
-    if (failure.GetStatusCode() != TVYRStatusCode::kNotFound) throw;
-    return {};
-  }
-}
 
 }  // namespace
 
@@ -52,7 +44,7 @@ const std::string& TSqlPaths::TextOf(const boost::shared_ptr<ICIMInstance>& inst
 }
 
 std::string TSqlPaths::TextOf(const TCIMReference& reference) {
-  const auto instance = boost::dynamic_pointer_cast<ICIMInstance>(Follow(reference));
+  const auto instance = FindTarget(reference);
   return instance ? TextOf(instance) : reference.ToString();
 }
 

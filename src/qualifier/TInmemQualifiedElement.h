@@ -19,8 +19,8 @@ class TInmemQualifiedElement : public TInterface, public boost::enable_shared_fr
   TInmemQualifiedElement& operator=(const TInmemQualifiedElement&) { return *this; }
 
   void AddQualifier(boost::shared_ptr<ICIMQualifier> qualifier, TCIMContext) override {
-    const auto self =
-        this->shared_from_this();  // with a host's declaration that is asked it may go
+    // A declaration of the host's that is asked may let go of this.
+    const auto self = this->shared_from_this();
     qualifiers_.Add(std::move(qualifier));
   }
 

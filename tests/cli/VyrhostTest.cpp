@@ -39,7 +39,8 @@ TEST_F(VyrhostTest, Commands) {
 }
 
 TEST_F(VyrhostTest, Drawings) {
-  CheckCommands("draw.txt", {{"$socket", DevicePath("CIM_Processor", "socket0")}});
+  CheckCommands("draw.txt",
+                {{"$root", GetRoot()}, {"$socket", DevicePath("CIM_Processor", "socket0")}});
 }
 
 TEST_F(VyrhostTest, PicturesAreMadeByGraphvizWhereItIsThere) {

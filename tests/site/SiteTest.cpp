@@ -152,6 +152,12 @@ TEST(SiteTest, WhateverAnInstanceHoldsIsTextOnItsPage) {
   EXPECT_EQ(Select(around, "//svg//a/g/title"), shown + ", MY_Odd");
 }
 
+TEST(SiteTest, WhatIsFoundByItsPathIsFoundOnce) {
+  const auto space = LoadSample();
+  TInstanceDraft(space, "MY_Odd").Set("Id", TCIMValue("a.b")).Add();
+  EXPECT_EQ(Select(Parse(Get(TSite(space), "/search?q=a.b")), "//ul[@class='hits']//a"), "a.b");
+}
+
 TEST(SiteTest, ManyInstancesComeInPages) {
   const auto space = LoadSample();
   for (unsigned i = 0; i < 1000; ++i) {

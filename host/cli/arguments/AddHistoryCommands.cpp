@@ -2,13 +2,12 @@
 #include <string>
 
 #include "AddCommands.h"
+#include "SecondsRange.h"
 #include "TCommandError.h"
 #include "THistoryCommands.h"
 
 namespace NZELVYR20 {
 namespace {
-
-constexpr double kLongestInterval = 31536000;  // a year
 
 const char* const kAllHelp = "Show also what changes by nature, such as free memory";
 
@@ -49,7 +48,7 @@ void AddWatch(TCommandSet& commands) {
       commands.Add("watch", "Print what changes on this machine, a line for each change",
                    ENeeds::kInstances, run);
   watch->add_option("--every", given->seconds, "From one look to the next (default: 10)")
-      ->check(CLI::Range(0.0, kLongestInterval).description(""))
+      ->check(SecondsRange())
       ->type_name("SECONDS");
   watch->add_option("--rounds", given->rounds, "End after so many looks")->type_name("N");
   watch->add_flag("--all", given->withMomentary, kAllHelp);

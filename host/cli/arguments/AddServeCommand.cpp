@@ -1,13 +1,13 @@
 #include <memory>
 
 #include "AddCommands.h"
+#include "SecondsRange.h"
 #include "TCommandError.h"
 #include "TServeCommand.h"
 
 namespace NZELVYR20 {
 namespace {
 
-constexpr double kYear = 31536000;
 constexpr int kLastPort = 65535;
 
 void AddAccess(CLI::App& serve, TServeArguments& given) {
@@ -48,7 +48,7 @@ void AddServeCommand(TCommandSet& commands) {
   serve
       ->add_option("--every", given->seconds,
                    "From one collection to the next (default: 60); 0 for one alone")
-      ->check(CLI::Range(0.0, kYear).description(""))
+      ->check(SecondsRange())
       ->type_name("SECONDS");
   AddAccess(*serve, *given);
 }

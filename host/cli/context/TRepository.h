@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <ctime>
 #include <utility>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "TInvocation.h"
 #include "TMachineCollector.h"
 #include "TOrigin.h"
+#include "UtcTimeText.h"
 
 namespace NZELVYR20 {
 
@@ -31,7 +33,7 @@ class TRepository {
   TMachineCollector collector_;
   boost::shared_ptr<ICIMNamespace> namespace_;
   std::vector<TCollectorNote> notes_;
-  TOrigin origin_{{}, TOrigin::Now()};
+  TOrigin origin_{{}, UtcTimeText(std::time(nullptr))};
 };
 
 }  // namespace NZELVYR20

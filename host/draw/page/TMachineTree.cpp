@@ -140,7 +140,7 @@ void TMachineTree::AddProcessors() {
   models.erase("");
   Add(1, Row(List({TText::Count(sockets.size(), "socket"), TText::Count(cores, "core"),
                    threads == cores ? std::string() : TText::Count(threads, "thread"),
-                   TText::Count(caches, "cache")}),
+                   caches == 0 ? std::string() : TText::Count(caches, "cache")}),
              {TText::Join({models.begin(), models.end()}, " + ")}));
 }
 

@@ -1,6 +1,7 @@
 #include "WriteFirstPage.h"
 
 #include <algorithm>
+#include <boost/algorithm/string/replace.hpp>
 #include <string>
 #include <vector>
 
@@ -15,15 +16,15 @@ namespace {
 
 constexpr std::size_t kMostNotes = 2;
 
-/// As a shell wants it; empty where no quotes make it one word.
+/// As a shell wants it.
 std::string Quote(const std::string& word) {
   const auto isPlain = [](char letter) {
     return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
            (letter >= '0' && letter <= '9') ||
            std::string("_-:./").find(letter) != std::string::npos;
   };
-  if (std::all_of(word.begin(), word.end(), isPlain)) return word;
-  return word.find('\'') == std::string::npos ? '\'' + word + '\'' : "";
+  if (!word.empty() && std::all_of(word.begin(), word.end(), isPlain)) return word;
+  return '\'' + boost::replace_all_copy(word, "'", "'\\''") + '\'';
 }
 
 class TPage {
@@ -49,27 +50,30 @@ class TPage {
   const TWriteText& write_;
 };
 
-std::string CommandsText(const std::string& subject, bool isEmpty) {
+std::string CommandsText(const std::vector<std::string>& command, const std::string& subject,
+                         bool isEmpty) {
   TTable table(2);
-  const std::string word = Quote(subject);
-  if (word.empty()) {
-    table.AddRow({"vyrhost classes --tree", "the classes that there are"});
+  std::vector<std::string> words(command.size());
+  std::transform(command.begin(), command.end(), words.begin(), Quote);
+  const std::string program = TText::Join(words, " ");
+  if (subject.empty()) {
+    table.AddRow({program + " classes --tree", "the classes that there are"});
   } else {
-    table.AddRow({"vyrhost tree " + word, "what hangs on it"});
+    table.AddRow({program + " tree " + Quote(subject), "what hangs on it"});
   }
   if (isEmpty) {
-    table.AddRow({"vyrhost --mof FILE", "with the instances of a file"});
-    table.AddRow({"vyrhost --help", "all commands and options"});
+    table.AddRow({program + " --mof FILE", "with the instances of a file"});
+    table.AddRow({program + " --help", "all commands and options"});
   } else {
-    table.AddRow({"vyrhost graph --format svg >all.svg", "a picture of everything"});
-    table.AddRow({"vyrhost all", "everything, class by class"});
+    table.AddRow({program + " graph --format svg >all.svg", "a picture of everything"});
+    table.AddRow({program + " all", "everything, class by class"});
   }
   return table.ToString();
 }
 
 }  // namespace
 
-void WriteFirstPage(ICIMNamespace& nameSpace, const std::vector<std::string>& notes,
+void WriteFirstPage(ICIMNamespace& nameSpace, const TFirstPageFacts& facts,
                     const TTerminal& terminal, const TWriteText& write) {
   TInventory inventory(nameSpace);
   TMachineTree tree(inventory, terminal);
@@ -80,9 +84,9 @@ void WriteFirstPage(ICIMNamespace& nameSpace, const std::vector<std::string>& no
     page.Add("");
   }
   page.Add(count.empty() ? "There are no instances." : count + ".");
-  page.AddNotes(notes);
+  page.AddNotes(facts.notes);
   page.Add("");
-  write(CommandsText(tree.GetSubject(), count.empty()));
+  write(CommandsText(facts.command, tree.GetSubject(), count.empty()));
 }
 
 }  // namespace NZELVYR20

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "DeclarationText.h"
 #include "FindOrNothing.h"
 #include "FoldName.h"
 #include "ICIMMethodDecl.h"
@@ -27,12 +28,10 @@ bool IsOverride(const std::vector<TMofQualifier>& qualifiers) {
 /// What stands there for a class that is not known.
 constexpr const char* kAnyClass = "object";
 
-/// "Disk.Size (uint64)".
 template <class TDeclaration>
 std::string DescribeMember(const TDeclaration& declaration, TCIMValue::TCIMType type) {
-  const auto owner = declaration.GetClass({});
-  return (owner ? owner->GetName({}) + '.' : "") + declaration.GetName({}) + " (" + TypeText(type) +
-         ')';
+  return DeclarationText(declaration.GetClass({})->GetName({}), declaration.GetName({}),
+                         TypeText(type));
 }
 
 std::string DescribeConflict(const std::string& given, const std::string& inherited,

@@ -2,17 +2,17 @@
 
 #include <algorithm>
 
+#include "StartsCharacter.h"
+
 namespace NZELVYR20 {
 namespace {
 
 constexpr std::size_t kLongestPiece = 60;
 
-bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
 /// The word that begins there, or else the one character.
 std::string_view GetFirstToken(std::string_view rest) {
   const auto* end = std::find_if_not(rest.begin(), rest.end(), BelongsToWord);
-  if (end == rest.begin()) end = std::find_if_not(end + 1, rest.end(), ContinuesCharacter);
+  if (end == rest.begin()) end = std::find_if(end + 1, rest.end(), StartsCharacter);
   return rest.substr(0, static_cast<std::size_t>(end - rest.begin()));
 }
 
@@ -26,7 +26,7 @@ bool BelongsToWord(char byte) {
 std::string QuoteMof(std::string_view piece) {
   if (piece.size() <= kLongestPiece) return "\"" + std::string(piece) + "\"";
   std::size_t size = kLongestPiece;
-  while (size > 0 && ContinuesCharacter(piece[size])) --size;
+  while (size > 0 && !StartsCharacter(piece[size])) --size;
   return "\"" + std::string(piece.substr(0, size)) + "...\"";
 }
 

@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "StartsCharacter.h"
+
 namespace NZELVYR20 {
 namespace {
 
@@ -15,7 +17,7 @@ std::string GetIndent(const std::string& line, std::size_t column) {
   std::string indent;
   for (const char byte : line) {
     if (indent.size() + 1 == column) break;
-    if ((static_cast<unsigned char>(byte) & 0xC0U) == 0x80U) continue;
+    if (!StartsCharacter(byte)) continue;
     indent += byte == '\t' ? '\t' : ' ';
   }
   return indent + std::string(column - 1 - std::min(indent.size(), column - 1), ' ');

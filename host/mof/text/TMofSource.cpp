@@ -3,12 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "StartsCharacter.h"
+
 namespace NZELVYR20 {
-namespace {
-
-bool BeginsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
-
-}  // namespace
 
 TMofSource::TMofSource(std::string name, std::string text)
     : name_(std::move(name)), text_(std::move(text)) {}
@@ -29,7 +26,7 @@ TMofPosition TMofSource::Locate(const TMofPlace& place) const {
   const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(),
                                      static_cast<std::size_t>(place.byte - text_.data()));
   const auto characters =
-      std::count_if(text_.data() + *std::prev(next), place.byte, BeginsCharacter);
+      std::count_if(text_.data() + *std::prev(next), place.byte, StartsCharacter);
   return {static_cast<std::size_t>(next - lineStarts.begin()),
           static_cast<std::size_t>(characters) + 1};
 }

@@ -10,6 +10,7 @@
 
 #include "IsShown.h"
 #include "MofUnicode.h"
+#include "StartsCharacter.h"
 #include "TCIMDateTime.h"
 #include "TCIMReference.h"
 
@@ -22,8 +23,6 @@ constexpr std::size_t kUnlimited = std::numeric_limits<std::size_t>::max();
 constexpr unsigned kRawByte = 0xDC00;  ///< a byte is taken for the half of a pair that it makes
 
 using TPieces = std::vector<std::string>;
-
-bool StartsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
 
 std::size_t Columns(const std::string& text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));

@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <string>
 #include <thread>
@@ -43,12 +44,14 @@ THttpServer::THttpServer(const TServerLimits& limits, TRequestRules rules,
 }
 
 int THttpServer::Bind(const std::string& address, int port) {
+  errno = 0;
   const int taken =
       port == 0 ? bind_to_any_port(address) : (bind_to_port(address, port) ? port : -1);
   // The library would let but five clients wait.
   if (taken < 0 || ::listen(svr_sock_, SOMAXCONN) != 0) {
     throw TCommandError("cannot serve at " + GetBoundAddress(address, port) +
-                        ": not an address of this machine, or taken");
+                        (errno == EACCES ? ": only root may take this port"
+                                         : ": not an address of this machine, or taken"));
   }
   return taken;
 }

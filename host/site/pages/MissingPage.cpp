@@ -18,11 +18,7 @@ std::string GuessClass(const TPageRequest& asked) {
 }
 
 std::vector<std::string> Suggest(const TPageRequest& asked) {
-  std::vector<std::string> names;
-  for (const auto& cimClass : ListAllClasses(*asked.nameSpace)) {
-    names.push_back(cimClass->GetName({}));
-  }
-  return TSuggestion::Nearest(GuessClass(asked), names);
+  return TSuggestion::Nearest(GuessClass(asked), ListClassNames(*asked.nameSpace));
 }
 
 }  // namespace

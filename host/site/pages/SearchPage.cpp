@@ -63,8 +63,8 @@ class TSearch {
   void FindPath(const boost::shared_ptr<ICIMNamespace>& nameSpace, const std::string& text) {
     if (text.find_first_of(".:") == std::string::npos) return;
     try {
-      const auto instance = TElementFinder(nameSpace).FindInstance(text);
-      AddInstance(*instance, "by its path");
+      byPath_ = TElementFinder(nameSpace).FindInstance(text);
+      AddInstance(*byPath_, "by its path");
     } catch (const TCommandError&) {
       return;
     }
@@ -90,6 +90,7 @@ class TSearch {
       for (const auto& instance : ListInstances(*cimClass, false)) {
         isPartial_ = ++read > kMostRead;
         if (isPartial_ || inInstances_.isCut) return;
+        if (instance == byPath_) continue;
         if (const auto note = FindValue(*instance)) AddInstance(*instance, *note);
       }
     }
@@ -117,6 +118,7 @@ class TSearch {
   std::string text_;
   TClassList classes_;
   TInstanceNames names_;
+  boost::shared_ptr<ICIMInstance> byPath_;
   THits inClasses_;
   THits inProperties_;
   THits inInstances_;

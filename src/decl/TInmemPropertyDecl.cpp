@@ -75,7 +75,7 @@ bool TInmemPropertyDecl::IsArray(TCIMContext) const { return default_.IsArray();
 const TCIMValue& TInmemPropertyDecl::GetDefaultValue(TCIMContext) const { return default_.Get(); }
 
 void TInmemPropertyDecl::SetDefaultValue(const TCIMValue& value, TCIMContext) {
-  const TCIMValue gone = default_.Exchange(value);
+  [[maybe_unused]] const TCIMValue gone = default_.Exchange(value);
   ++defaultRevision_;
 }
 

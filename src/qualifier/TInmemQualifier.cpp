@@ -97,7 +97,7 @@ const TCIMValue& TInmemQualifier::GetValue(TCIMContext) const { return value_.Ge
 
 void TInmemQualifier::SetValue(const TCIMValue& value, TCIMContext) {
   if (revision_ != kLastRevision) ++revision_;
-  const TCIMValue gone = value_.Exchange(value);
+  [[maybe_unused]] const TCIMValue gone = value_.Exchange(value);
   propagated_ = false;
 }
 

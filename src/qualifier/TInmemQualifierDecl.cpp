@@ -42,7 +42,7 @@ bool TInmemQualifierDecl::IsArray(TCIMContext) const { return default_.IsArray()
 const TCIMValue& TInmemQualifierDecl::GetDefaultValue(TCIMContext) const { return default_.Get(); }
 
 void TInmemQualifierDecl::SetDefaultValue(const TCIMValue& value, TCIMContext) {
-  const TCIMValue gone = default_.Exchange(value);
+  [[maybe_unused]] const TCIMValue gone = default_.Exchange(value);
 }
 
 ICIMQualifierDecl::EScope TInmemQualifierDecl::GetScope(TCIMContext) const { return scope_; }

@@ -174,9 +174,10 @@ TEST_F(TForeignDeclTest, WhoIsAskedMayDropTheElementAndSetTheValue) {
   for (const auto& operation : operations) {
     auto dropped = NewClass("Dropped");
     const boost::weak_ptr<ICIMClass> watched = dropped;
+    const bool isDoneWithIt = &operation == operations;
     declaration->act = property->act = method->act = [&] {
       dropped.reset();
-      EXPECT_FALSE(watched.expired());
+      EXPECT_EQ(watched.expired(), isDoneWithIt);
       given->SetValue(2U, {});
     };
     Try([&] { operation(*dropped); });

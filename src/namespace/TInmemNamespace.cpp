@@ -69,7 +69,7 @@ boost::shared_ptr<TInmemClass> TInmemNamespace::FindClassToRefresh(const std::st
 boost::shared_ptr<ICIMClass> TInmemNamespace::AllocateClass(const std::string& name,
                                                             boost::shared_ptr<ICIMClass> superClass,
                                                             TCIMContext) {
-  const auto self = weak_from_this().lock();  // a logger may drop the last other pointer
+  const auto self = Hold();
   if (const auto present = FindClassToRefresh(name)) {
     present->PropagateFromSuperClass();
     return present;

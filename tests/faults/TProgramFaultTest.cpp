@@ -100,7 +100,7 @@ TEST_F(TProgramFaultTest, ACommandFailsAloudOrTellsEverything) {
     const TRun whole = run_;
     ASSERT_NE(whole.status, 1) << whole.errors;
     for (const EKind kind : {EKind::kNew, EKind::kC, EKind::kMemory}) {
-      const int step = kind == EKind::kMemory ? 5 : TFaults::kStep;
+      const int step = TFaults::kStep * (kind == EKind::kMemory ? 5 : 1);
       const int begin = std::max(common[kind] - kOwnPart, 1);
       int n = begin;
       for (; !HasFailure() && Run(command, kind, n); n += step) {

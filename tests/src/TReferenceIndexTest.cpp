@@ -96,6 +96,18 @@ TEST_F(TReferenceIndexTest, TheHostIsAskedOnlyForWhatIsOpen) {
   EXPECT_EQ(CountAsked(refer), 1) << "the namespace gave it for the other path of that text";
 }
 
+TEST_F(TReferenceIndexTest, AnInstanceStaysWhileItIsValidated) {
+  TInstance pending = NewLink("1", HostPath("a"), RefTo(a));
+  const boost::weak_ptr<ICIMInstance> watched = pending;
+  host->answer = [&](const TCIMReference&) {
+    pending.reset();
+    EXPECT_FALSE(watched.expired());
+    return a;
+  };
+  pending->Validate({});
+  EXPECT_TRUE(watched.expired());
+}
+
 /// Whatever the host does while it is asked, walks find what looking at everything finds.
 TEST_F(TReferenceIndexTest, AHostMayActWhileItIsAsked) {
   TInstance pending;
